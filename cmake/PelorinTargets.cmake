@@ -1,0 +1,38 @@
+# Compiler settings shared by every target of the project.
+add_library(pelorin_options INTERFACE)
+target_compile_options(pelorin_options INTERFACE
+    -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Wold-style-cast -Wnon-virtual-dtor
+    $<$<BOOL:${PELORIN_WARNINGS_AS_ERRORS}>:-Werror>)
+target_compile_definitions(pelorin_options INTERFACE
+    QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_KEYWORDS QT_NO_FOREACH)
+target_include_directories(pelorin_options INTERFACE ${CMAKE_SOURCE_DIR}/src)
+if(PELORIN_SANITIZE)
+    target_compile_options(pelorin_options INTERFACE
+        -fsanitize=${PELORIN_SANITIZE} -fno-sanitize-recover=all)
+    target_link_options(pelorin_options INTERFACE -fsanitize=${PELORIN_SANITIZE})
+endif()
+
+# pelorin_layer(<name> SOURCES <files> [USES <libraries>])
+# One static library per layer, named pelorin_<name>; USES are the layers and libraries it needs.
+function(pelorin_layer name)
+    cmake_parse_arguments(ARG "" "" "SOURCES;USES" ${ARGN})
+    add_library(pelorin_${name} STATIC ${ARG_SOURCES})
+    target_link_libraries(pelorin_${name} PUBLIC ${ARG_USES} PRIVATE pelorin_options)
+    target_include_directories(pelorin_${name} PUBLIC ${CMAKE_SOURCE_DIR}/src)
+endfunction()
+
+# pelorin_test(<Name> [FOLDER <folder>] [USES <libraries>] [TIMEOUT <seconds>])
+# One test program from <Name>.cpp, run offscreen with a profile folder of its own.
+function(pelorin_test name)
+    cmake_parse_arguments(ARG "" "TIMEOUT" "USES" ${ARGN})
+    if(NOT ARG_TIMEOUT)
+        set(ARG_TIMEOUT 60)
+    endif()
+    add_executable(${name} ${name}.cpp)
+    set_target_properties(${name} PROPERTIES
+        RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/tests)
+    target_link_libraries(${name} PRIVATE ${ARG_USES} pelorin_test_support pelorin_options Qt6::Test)
+    add_test(NAME ${name} COMMAND ${name})
+    set_tests_properties(${name} PROPERTIES TIMEOUT ${ARG_TIMEOUT} ENVIRONMENT
+        "QT_QPA_PLATFORM=offscreen:configfile=${CMAKE_SOURCE_DIR}/tests/support/screen.json;XDG_CONFIG_HOME=${CMAKE_BINARY_DIR}/tests/config/${name};LC_ALL=C.UTF-8;TSAN_OPTIONS=suppressions=${CMAKE_SOURCE_DIR}/tests/support/tsan.supp;UBSAN_OPTIONS=print_stacktrace=1")
+endfunction()

@@ -1,0 +1,74 @@
+#pragma once
+
+#include "platform/core/LineSettings.h"
+
+#include <string_view>
+
+namespace pelorin {
+
+/// A serial device, opened exclusively.
+///
+/// Every operation that can fail returns the system's error code, 0 for success. One thread at a
+/// time may use open, setTimeouts, setQueueSizes, purge, read, write and close; setLine, setRts
+/// and interrupt may be called from any thread at any time, also while another one waits in a
+/// read, and on a port that is not open (they then fail with EBADF, interrupt does nothing).
+///
+/// A device that vanished is closed at once by the operation that noticed; this and every later
+/// operation fail with ENODEV until the port is opened again.
+class ComPort
+{
+public:
+    /// Time limits in milliseconds. A read waits for one byte at most readConstant + 1 *
+    /// readMultiplier, a write of n bytes at most writeConstant + n * writeMultiplier.
+    struct Timeouts
+    {
+        int readInterval = 100;
+        int readMultiplier = 1;
+        int readConstant = 500;
+        int writeMultiplier = 1;
+        int writeConstant = 1000;
+    };
+
+    enum class Purge {
+        Receive, ///< discard what was received and not read
+        Both     ///< also discard a write that ended short, never a completed one
+    };
+
+    struct ReadResult
+    {
+        int error = 0;         ///< 0 or the system's error code
+        bool received = false; ///< false with error 0: nothing came within the time limit
+        char byte = 0;
+    };
+
+    struct WriteResult
+    {
+        int error = 0;   ///< 0 or the system's error code
+        int written = 0; ///< bytes that left on the line; fewer than asked when time ran out
+    };
+
+    ComPort() = default;
+    ComPort(const ComPort&) = delete;
+    ComPort& operator=(const ComPort&) = delete;
+    virtual ~ComPort() = default;
+
+    /// Opens the device for reading and writing, EBUSY if somebody else has it. RTS is set.
+    [[nodiscard]] virtual int open() = 0;
+    [[nodiscard]] virtual bool isOpen() const = 0;
+    [[nodiscard]] virtual int setLine(const LineSettings& line) = 0;
+    [[nodiscard]] virtual int setTimeouts(const Timeouts& timeouts) = 0;
+    /// Sizes of the queues in bytes; a port whose system has fixed ones accepts what fits them.
+    [[nodiscard]] virtual int setQueueSizes(int receive, int transmit) = 0;
+    [[nodiscard]] virtual int purge(Purge what) = 0;
+    [[nodiscard]] virtual int setRts(bool on) = 0;
+    [[nodiscard]] virtual ReadResult read() = 0;
+    /// Returns when the bytes have left on the line, or time ran out.
+    [[nodiscard]] virtual WriteResult write(std::string_view bytes) = 0;
+
+    /// Ends a running wait and makes every later read and write fail at once with ECANCELED,
+    /// until the port is closed.
+    virtual void interrupt() = 0;
+    virtual void close() = 0;
+};
+
+} // namespace pelorin
