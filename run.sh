@@ -1,0 +1,24 @@
+#!/usr/bin/env bash
+# Builds Pelorin and starts it on a simulated sensor; arguments are passed on to it.
+#   ./run.sh [/CP:98]
+# Without a display the tour runs instead: the real program off screen, every page visited
+# by real clicks, one picture per page in build/tour, the values read printed as text.
+set -euo pipefail
+cd -- "$(dirname -- "${BASH_SOURCE[0]}")"
+source tools/setup.sh
+
+if [[ -n ${DISPLAY:-} || -n ${WAYLAND_DISPLAY:-} ]]; then
+    if [[ -z ${DISPLAY:-} ]]; then
+        packages+=(qt6-wayland)
+    fi
+    build dev pelorin
+    say "Starting Pelorin"
+    # The first /CP: counts, so that an argument chooses another simulated sensor.
+    PELORIN_REGISTRY=$PWD/build/dev/share/pelorin/demo.reg \
+        build/dev/bin/pelorin "$@" /CP:99
+else
+    build dev pelorin-tour
+    say "No display: running the tour, pictures go to build/tour"
+    QT_QPA_PLATFORM=offscreen:configfile=$PWD/tests/support/screen.json \
+        build/dev/bin/pelorin-tour build/tour
+fi
