@@ -24,8 +24,8 @@ if [[ $base == HEAD~1 ]] && ! git rev-parse --verify --quiet HEAD~1 >/dev/null; 
     base=HEAD
 fi
 changed=$(
-    git diff --name-only --diff-filter=d "$base" -- src
-    git ls-files --others --exclude-standard -- src
+    git diff --name-only --diff-filter=d "$base" -- src &&
+        git ls-files --others --exclude-standard -- src
 )
 
 declare -A units=()

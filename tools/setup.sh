@@ -10,7 +10,8 @@ packages=(
     libbenchmark-dev
     clang-format clang-tidy locales
 )
-# Packages that only save time; without them everything works as well.
+# Packages that only save time. They come along when something is installed, and alone are no
+# reason to ask for network and root.
 optional_packages=(ccache)
 
 say() { printf '== %s\n' "$*"; }
@@ -26,7 +27,8 @@ as_root() {
     elif command -v sudo >/dev/null; then
         sudo "$@"
     else
-        die "this needs root, and there is no sudo: $*"
+        printf 'This needs root, and there is no sudo: %s\n' "$*" >&2
+        return 1
     fi
 }
 
@@ -45,10 +47,11 @@ install_packages() {
         die "this is no Debian system; install the counterparts of these packages" \
             "and use the CMake presets directly: ${packages[*]}"
     local missing
-    missing=$(missing_packages "${packages[@]}" "${optional_packages[@]}")
+    missing=$(missing_packages "${packages[@]}")
     [[ -n $missing ]] || return 0
 
     if command -v apt-get >/dev/null; then
+        missing+=$(missing_packages "${optional_packages[@]}")
         say "Installing $missing"
         local apt=(env DEBIAN_FRONTEND=noninteractive apt-get -o DPkg::Lock::Timeout=120)
         # shellcheck disable=SC2086 # the list is split into package names
