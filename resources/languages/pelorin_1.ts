@@ -1,0 +1,890 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="en" sourcelanguage="en">
+<context>
+    <name></name>
+    <message id="100">
+        <source>Pelorin</source>
+        <translation>Pelorin</translation>
+    </message>
+    <message id="101">
+        <source>Port %1 could not be opened (system error %2).</source>
+        <extracomment>%1 port, %2 system error code</extracomment>
+        <translation>Port %1 could not be opened (system error %2).</translation>
+    </message>
+    <message id="102">
+        <source>The line settings of port %1 could not be set (system error %2).</source>
+        <extracomment>%1 port, %2 system error code</extracomment>
+        <translation>The line settings of port %1 could not be set (system error %2).</translation>
+    </message>
+    <message id="103">
+        <source>The time-outs of port %1 could not be set (system error %2).</source>
+        <extracomment>%1 port, %2 system error code</extracomment>
+        <translation>The time-outs of port %1 could not be set (system error %2).</translation>
+    </message>
+    <message id="104">
+        <source>The queue sizes of port %1 could not be set (system error %2).</source>
+        <extracomment>%1 port, %2 system error code</extracomment>
+        <translation>The queue sizes of port %1 could not be set (system error %2).</translation>
+    </message>
+    <message id="105">
+        <source>The communication could not be started (system error %1).</source>
+        <extracomment>%1 system error code</extracomment>
+        <translation>The communication could not be started (system error %1).</translation>
+    </message>
+    <message id="106">
+        <source>E&amp;xit</source>
+        <extracomment>Item on the menu bar</extracomment>
+        <translation>E&amp;xit</translation>
+    </message>
+    <message id="107">
+        <source>Select Communications Port</source>
+        <extracomment>Menu item and dialog title, so without a mnemonic</extracomment>
+        <translation>Select Communications Port</translation>
+    </message>
+    <message id="108">
+        <source>&amp;Connection</source>
+        <extracomment>Menu</extracomment>
+        <translation>&amp;Connection</translation>
+    </message>
+    <message id="109">
+        <source>&amp;Connect</source>
+        <extracomment>Menu item</extracomment>
+        <translation>&amp;Connect</translation>
+    </message>
+    <message id="110">
+        <source>Sensor Information</source>
+        <extracomment>Page</extracomment>
+        <translation>Sensor Information</translation>
+    </message>
+    <message id="111">
+        <source>Parameter</source>
+        <extracomment>Column heading</extracomment>
+        <translation>Parameter</translation>
+    </message>
+    <message id="112">
+        <source>Value</source>
+        <extracomment>Column heading</extracomment>
+        <translation>Value</translation>
+    </message>
+    <message id="113">
+        <source>Unit</source>
+        <extracomment>Column heading</extracomment>
+        <translation>Unit</translation>
+    </message>
+    <message id="114">
+        <source>COM%1</source>
+        <extracomment>%1 port number</extracomment>
+        <translation>COM%1</translation>
+    </message>
+    <message id="115">
+        <source>No port</source>
+        <extracomment>Status bar, in place of the port</extracomment>
+        <translation>No port</translation>
+    </message>
+    <message id="116">
+        <source>Connecting to the sensor…</source>
+        <extracomment>Status bar</extracomment>
+        <translation>Connecting to the sensor…</translation>
+    </message>
+    <message id="117">
+        <source>Connected to the sensor.</source>
+        <extracomment>Status bar</extracomment>
+        <translation>Connected to the sensor.</translation>
+    </message>
+    <message id="118">
+        <source>Not connected to the sensor.</source>
+        <extracomment>Status bar</extracomment>
+        <translation>Not connected to the sensor.</translation>
+    </message>
+    <message id="119">
+        <source>Pelorin</source>
+        <extracomment>Title of the main window</extracomment>
+        <translation>Pelorin</translation>
+    </message>
+    <message id="120">
+        <source>Cancel</source>
+        <extracomment>Button</extracomment>
+        <translation>Cancel</translation>
+    </message>
+    <message id="121">
+        <source>Reading the sensor's parameters…</source>
+        <extracomment>Status bar</extracomment>
+        <translation>Reading the sensor's parameters…</translation>
+    </message>
+    <message id="122">
+        <source>Data Format</source>
+        <extracomment>Group and table row</extracomment>
+        <translation>Data Format</translation>
+    </message>
+    <message id="123">
+        <source>Parameter %1 could not be read from the sensor.</source>
+        <extracomment>%1 byte value of the parameter's identifier</extracomment>
+        <translation>Parameter %1 could not be read from the sensor.</translation>
+    </message>
+    <message id="124">
+        <source>%1 bits, Gray code</source>
+        <extracomment>%1 number of data bits</extracomment>
+        <translation>%1 bits, Gray code</translation>
+    </message>
+    <message id="125">
+        <source>%1 bits, binary</source>
+        <extracomment>%1 number of data bits</extracomment>
+        <translation>%1 bits, binary</translation>
+    </message>
+    <message id="126">
+        <source>Ready.</source>
+        <extracomment>Status bar, after reading or writing</extracomment>
+        <translation>Ready.</translation>
+    </message>
+    <message id="127">
+        <source>Measurement Mode</source>
+        <extracomment>Caption, group and table row</extracomment>
+        <translation>Measurement Mode</translation>
+    </message>
+    <message id="128">
+        <source>Reverse</source>
+        <extracomment>Direction of measurement</extracomment>
+        <translation>Reverse</translation>
+    </message>
+    <message id="129">
+        <source>Forward</source>
+        <extracomment>Direction of measurement</extracomment>
+        <translation>Forward</translation>
+    </message>
+    <message id="130">
+        <source>Synchronous</source>
+        <extracomment>Measurement mode</extracomment>
+        <translation>Synchronous</translation>
+    </message>
+    <message id="131">
+        <source>Position stream</source>
+        <extracomment>Measurement mode, while the sensor streams positions</extracomment>
+        <translation>Position stream</translation>
+    </message>
+    <message id="132">
+        <source>Asynchronous</source>
+        <extracomment>Measurement mode</extracomment>
+        <translation>Asynchronous</translation>
+    </message>
+    <message id="133">
+        <source>Multiplier</source>
+        <extracomment>Table row</extracomment>
+        <translation>Multiplier</translation>
+    </message>
+    <message id="134">
+        <source>× 8</source>
+        <extracomment>Multiplier</extracomment>
+        <translation>× 8</translation>
+    </message>
+    <message id="135">
+        <source>× 2</source>
+        <extracomment>Multiplier</extracomment>
+        <translation>× 2</translation>
+    </message>
+    <message id="136">
+        <source>× 4</source>
+        <extracomment>Multiplier</extracomment>
+        <translation>× 4</translation>
+    </message>
+    <message id="137">
+        <source>× 1</source>
+        <extracomment>Multiplier</extracomment>
+        <translation>× 1</translation>
+    </message>
+    <message id="138">
+        <source>Factory Text</source>
+        <extracomment>Table row, parameter F</extracomment>
+        <translation>Factory Text</translation>
+    </message>
+    <message id="139">
+        <source>Firmware Version</source>
+        <extracomment>Table row, parameter V</extracomment>
+        <translation>Firmware Version</translation>
+    </message>
+    <message id="140">
+        <source>Resolution</source>
+        <extracomment>Caption and table row</extracomment>
+        <translation>Resolution</translation>
+    </message>
+    <message id="141">
+        <source>mm</source>
+        <extracomment>Unit</extracomment>
+        <translation>mm</translation>
+    </message>
+    <message id="142">
+        <source>Stroke Length</source>
+        <extracomment>Caption and table row</extracomment>
+        <translation>Stroke Length</translation>
+    </message>
+    <message id="143">
+        <source>Pulse Velocity</source>
+        <extracomment>Table row, parameter U: speed of the pulse in the waveguide</extracomment>
+        <translation>Pulse Velocity</translation>
+    </message>
+    <message id="144">
+        <source>m/s (µs/in)</source>
+        <extracomment>Unit of the pulse velocity, in parentheses that of its reciprocal</extracomment>
+        <translation>m/s (µs/in)</translation>
+    </message>
+    <message id="145">
+        <source>Scale Factor</source>
+        <extracomment>Table row, parameter S</extracomment>
+        <translation>Scale Factor</translation>
+    </message>
+    <message id="146">
+        <source>hex</source>
+        <extracomment>Unit of a value shown in hexadecimal digits</extracomment>
+        <translation>hex</translation>
+    </message>
+    <message id="147">
+        <source>Factory Text P</source>
+        <extracomment>Table row, parameter P</extracomment>
+        <translation>Factory Text P</translation>
+    </message>
+    <message id="148">
+        <source>Cycle Code Z</source>
+        <extracomment>Table row, parameter Z</extracomment>
+        <translation>Cycle Code Z</translation>
+    </message>
+    <message id="149">
+        <source>Offset</source>
+        <extracomment>Table row, parameter N</extracomment>
+        <translation>Offset</translation>
+    </message>
+    <message id="150">
+        <source>Cycle Code M</source>
+        <extracomment>Table row, parameter M</extracomment>
+        <translation>Cycle Code M</translation>
+    </message>
+    <message id="151">
+        <source>Factory Value J</source>
+        <extracomment>Table row, parameter J</extracomment>
+        <translation>Factory Value J</translation>
+    </message>
+    <message id="152">
+        <source>Not applicable</source>
+        <extracomment>In place of a value that this type of sensor does not have</extracomment>
+        <translation>Not applicable</translation>
+    </message>
+    <message id="153">
+        <source>Advanced Measurement Setup</source>
+        <extracomment>Group and table row, parameter K</extracomment>
+        <translation>Advanced Measurement Setup</translation>
+    </message>
+    <message id="154">
+        <source>Factory Value O</source>
+        <extracomment>Table row, parameter O</extracomment>
+        <translation>Factory Value O</translation>
+    </message>
+    <message id="155">
+        <source>1 Magnet</source>
+        <extracomment>Option and table cell</extracomment>
+        <translation>1 Magnet</translation>
+    </message>
+    <message id="156">
+        <source>2 Magnets</source>
+        <extracomment>Option and table cell</extracomment>
+        <translation>2 Magnets</translation>
+    </message>
+    <message id="157">
+        <source>Normal Position Output</source>
+        <extracomment>Option and table cell</extracomment>
+        <translation>Normal Position Output</translation>
+    </message>
+    <message id="158">
+        <source>Differential Position</source>
+        <extracomment>Option and table cell</extracomment>
+        <translation>Differential Position</translation>
+    </message>
+    <message id="159">
+        <source>Velocity</source>
+        <extracomment>Option and table cell</extracomment>
+        <translation>Velocity</translation>
+    </message>
+    <message id="160">
+        <source>Unknown number of magnets</source>
+        <extracomment>Table cell</extracomment>
+        <translation>Unknown number of magnets</translation>
+    </message>
+    <message id="161">
+        <source>Unknown output</source>
+        <extracomment>Table cell</extracomment>
+        <translation>Unknown output</translation>
+    </message>
+    <message id="162">
+        <source>No Extension</source>
+        <extracomment>Option and table cell</extracomment>
+        <translation>No Extension</translation>
+    </message>
+    <message id="163">
+        <source>Parity</source>
+        <extracomment>Option and table cell</extracomment>
+        <translation>Parity</translation>
+    </message>
+    <message id="164">
+        <source>Temperature</source>
+        <extracomment>Option and table cell</extracomment>
+        <translation>Temperature</translation>
+    </message>
+    <message id="165">
+        <source>Unknown extension</source>
+        <extracomment>Table cell</extracomment>
+        <translation>Unknown extension</translation>
+    </message>
+    <message id="166">
+        <source>Refresh</source>
+        <extracomment>Button</extracomment>
+        <translation>Refresh</translation>
+    </message>
+    <message id="167">
+        <source>COM%1 could not be opened.
+
+Abort ends the program, Retry tries the same port again, Ignore lets you select another port.</source>
+        <extracomment>%1 port number; names the buttons Abort, Retry and Ignore as the toolkit translates them</extracomment>
+        <translation>COM%1 could not be opened.
+
+Abort ends the program, Retry tries the same port again, Ignore lets you select another port.</translation>
+    </message>
+    <message id="168">
+        <source>Output Setup</source>
+        <extracomment>Page</extracomment>
+        <translation>Output Setup</translation>
+    </message>
+    <message id="169">
+        <source>Data Bits</source>
+        <extracomment>Caption</extracomment>
+        <translation>Data Bits</translation>
+    </message>
+    <message id="170">
+        <source>Parameter %1 could not be written to the sensor.</source>
+        <extracomment>%1 byte value of the parameter's identifier</extracomment>
+        <translation>Parameter %1 could not be written to the sensor.</translation>
+    </message>
+    <message id="171">
+        <source>Binary</source>
+        <extracomment>Output format</extracomment>
+        <translation>Binary</translation>
+    </message>
+    <message id="172">
+        <source>Gray code</source>
+        <extracomment>Output format</extracomment>
+        <translation>Gray code</translation>
+    </message>
+    <message id="173">
+        <source>Format</source>
+        <extracomment>Caption</extracomment>
+        <translation>Format</translation>
+    </message>
+    <message id="174">
+        <source>Measurement Direction</source>
+        <extracomment>Caption</extracomment>
+        <translation>Measurement Direction</translation>
+    </message>
+    <message id="175">
+        <source>mm</source>
+        <extracomment>Unit of the resolution</extracomment>
+        <translation>mm</translation>
+    </message>
+    <message id="176">
+        <source>Error Skip Count</source>
+        <extracomment>Caption and table row</extracomment>
+        <translation>Error Skip Count</translation>
+    </message>
+    <message id="177">
+        <source>Number of Magnets</source>
+        <extracomment>Group</extracomment>
+        <translation>Number of Magnets</translation>
+    </message>
+    <message id="178">
+        <source>Extension</source>
+        <extracomment>Group</extracomment>
+        <translation>Extension</translation>
+    </message>
+    <message id="179">
+        <source>Unlock</source>
+        <extracomment>Button</extracomment>
+        <translation>Unlock</translation>
+    </message>
+    <message id="180">
+        <source>Apply Changes</source>
+        <extracomment>Button</extracomment>
+        <translation>Apply Changes</translation>
+    </message>
+    <message id="181">
+        <source>A value is missing. Please complete it first.</source>
+        <extracomment>Message, with the incomplete field focused</extracomment>
+        <translation>A value is missing. Please complete it first.</translation>
+    </message>
+    <message id="182">
+        <source>This type of sensor does not offer a resolution finer than 0.010 mm.</source>
+        <extracomment>Message</extracomment>
+        <translation>This type of sensor does not offer a resolution finer than 0.010 mm.</translation>
+    </message>
+    <message id="183">
+        <source>This type of sensor has no synchronous measurement mode.</source>
+        <extracomment>Message</extracomment>
+        <translation>This type of sensor has no synchronous measurement mode.</translation>
+    </message>
+    <message id="184">
+        <source>The measurement direction changes, and the offset with it. Select the sensor type or enter the sensor's dimensions; the new offset is calculated from them.</source>
+        <extracomment>Note in a dialog</extracomment>
+        <translation>The measurement direction changes, and the offset with it. Select the sensor type or enter the sensor's dimensions; the new offset is calculated from them.</translation>
+    </message>
+    <message id="185">
+        <source>Calculate Offset</source>
+        <extracomment>Dialog title</extracomment>
+        <translation>Calculate Offset</translation>
+    </message>
+    <message id="186">
+        <source>SE Distance</source>
+        <extracomment>Caption</extracomment>
+        <translation>SE Distance</translation>
+    </message>
+    <message id="187">
+        <source>Dead Zone</source>
+        <extracomment>Caption</extracomment>
+        <translation>Dead Zone</translation>
+    </message>
+    <message id="188">
+        <source>Communications Log</source>
+        <extracomment>Page</extracomment>
+        <translation>Communications Log</translation>
+    </message>
+    <message id="189">
+        <source>Clear</source>
+        <extracomment>Button</extracomment>
+        <translation>Clear</translation>
+    </message>
+    <message id="190">
+        <source>Save To Disk</source>
+        <extracomment>Button</extracomment>
+        <translation>Save To Disk</translation>
+    </message>
+    <message id="191">
+        <source>Text files (*.txt);;All files (*)</source>
+        <extracomment>File filter</extracomment>
+        <translation>Text files (*.txt);;All files (*)</translation>
+    </message>
+    <message id="192">
+        <source>The file %1 could not be opened (system error %2).</source>
+        <extracomment>%1 path, %2 system error code</extracomment>
+        <translation>The file %1 could not be opened (system error %2).</translation>
+    </message>
+    <message id="193">
+        <source>&amp;Refresh</source>
+        <extracomment>Menu item</extracomment>
+        <translation>&amp;Refresh</translation>
+    </message>
+    <message id="194">
+        <source>&amp;View</source>
+        <extracomment>Menu</extracomment>
+        <translation>&amp;View</translation>
+    </message>
+    <message id="195">
+        <source>&amp;Save Backup…</source>
+        <extracomment>Menu item</extracomment>
+        <translation>&amp;Save Backup…</translation>
+    </message>
+    <message id="196">
+        <source>&amp;Restore Backup…</source>
+        <extracomment>Menu item</extracomment>
+        <translation>&amp;Restore Backup…</translation>
+    </message>
+    <message id="197">
+        <source>Send Command &amp;E</source>
+        <extracomment>Menu item</extracomment>
+        <translation>Send Command &amp;E</translation>
+    </message>
+    <message id="198">
+        <source>Send Command &amp;Q</source>
+        <extracomment>Menu item</extracomment>
+        <translation>Send Command &amp;Q</translation>
+    </message>
+    <message id="200">
+        <source>&amp;Sensor</source>
+        <extracomment>Menu</extracomment>
+        <translation>&amp;Sensor</translation>
+    </message>
+    <message id="201">
+        <source>&amp;Help</source>
+        <extracomment>Menu item</extracomment>
+        <translation>&amp;Help</translation>
+    </message>
+    <message id="202">
+        <source>&amp;About…</source>
+        <extracomment>Menu item</extracomment>
+        <translation>&amp;About…</translation>
+    </message>
+    <message id="203">
+        <source>&amp;Help</source>
+        <extracomment>Menu</extracomment>
+        <translation>&amp;Help</translation>
+    </message>
+    <message id="204">
+        <source>&amp;English</source>
+        <extracomment>Menu item, each language in its own words</extracomment>
+        <translation>&amp;English</translation>
+    </message>
+    <message id="205">
+        <source>&amp;Deutsch</source>
+        <extracomment>Menu item, each language in its own words</extracomment>
+        <translation>&amp;Deutsch</translation>
+    </message>
+    <message id="206">
+        <source>&amp;Français</source>
+        <extracomment>Menu item, each language in its own words</extracomment>
+        <translation>&amp;Français</translation>
+    </message>
+    <message id="207">
+        <source>E&amp;spañol</source>
+        <extracomment>Menu item, each language in its own words</extracomment>
+        <translation>E&amp;spañol</translation>
+    </message>
+    <message id="208">
+        <source>&amp;Italiano</source>
+        <extracomment>Menu item, each language in its own words</extracomment>
+        <translation>&amp;Italiano</translation>
+    </message>
+    <message id="209">
+        <source>&amp;Language</source>
+        <extracomment>Menu</extracomment>
+        <translation>&amp;Language</translation>
+    </message>
+    <message id="210">
+        <source>Saving the sensor's parameters…</source>
+        <extracomment>Progress dialog</extracomment>
+        <translation>Saving the sensor's parameters…</translation>
+    </message>
+    <message id="211">
+        <source>Restoring the sensor's parameters…</source>
+        <extracomment>Progress dialog</extracomment>
+        <translation>Restoring the sensor's parameters…</translation>
+    </message>
+    <message id="212">
+        <source>Backup files (*.dat);;All files (*)</source>
+        <extracomment>File filter</extracomment>
+        <translation>Backup files (*.dat);;All files (*)</translation>
+    </message>
+    <message id="213">
+        <source>This is not a backup file of Pelorin.</source>
+        <extracomment>Message</extracomment>
+        <translation>This is not a backup file of Pelorin.</translation>
+    </message>
+    <message id="214">
+        <source>Factory Parameters</source>
+        <extracomment>Page</extracomment>
+        <translation>Factory Parameters</translation>
+    </message>
+    <message id="215">
+        <source>Sensor Type</source>
+        <extracomment>Caption and table row</extracomment>
+        <translation>Sensor Type</translation>
+    </message>
+    <message id="216">
+        <source>Cycle Code M, Suffix</source>
+        <extracomment>Table row, last two digits of parameter M</extracomment>
+        <translation>Cycle Code M, Suffix</translation>
+    </message>
+    <message id="217">
+        <source>Writing to the sensor…</source>
+        <extracomment>Status bar</extracomment>
+        <translation>Writing to the sensor…</translation>
+    </message>
+    <message id="218">
+        <source>About Pelorin</source>
+        <extracomment>Dialog title</extracomment>
+        <translation>About Pelorin</translation>
+    </message>
+    <message id="219">
+        <source>0, 2, 4, 8</source>
+        <extracomment>In place of a unit: the values that the multiplier may have</extracomment>
+        <translation>0, 2, 4, 8</translation>
+    </message>
+    <message id="228">
+        <source>Enter Password</source>
+        <extracomment>Dialog title</extracomment>
+        <translation>Enter Password</translation>
+    </message>
+    <message id="235">
+        <source>The password is wrong.</source>
+        <extracomment>Message</extracomment>
+        <translation>The password is wrong.</translation>
+    </message>
+    <message id="238">
+        <source>No help files are configured. The program starts without help.</source>
+        <extracomment>Message</extracomment>
+        <translation>No help files are configured. The program starts without help.</translation>
+    </message>
+    <message id="239">
+        <source>The help could not be shown (language %1, error %2, detail %3).</source>
+        <extracomment>%1 language code, %2 error code, %3 detail</extracomment>
+        <translation>The help could not be shown (language %1, error %2, detail %3).</translation>
+    </message>
+    <message id="240">
+        <source>Changing the error skip count is protected. Enter the password to unlock it.</source>
+        <extracomment>Note in a dialog</extracomment>
+        <translation>Changing the error skip count is protected. Enter the password to unlock it.</translation>
+    </message>
+    <message id="241">
+        <source>OK</source>
+        <extracomment>Button</extracomment>
+        <translation>OK</translation>
+    </message>
+    <message id="242">
+        <source>The synchronous measurement mode cannot be combined with the reverse direction.</source>
+        <extracomment>Message</extracomment>
+        <translation>The synchronous measurement mode cannot be combined with the reverse direction.</translation>
+    </message>
+    <message id="243">
+        <source>This value must be 0, 1 or 2.</source>
+        <extracomment>Message</extracomment>
+        <translation>This value must be 0, 1 or 2.</translation>
+    </message>
+    <message id="244">
+        <source>Switch the sensor's supply on now, then choose OK.</source>
+        <extracomment>Message while the program calls the sensor</extracomment>
+        <translation>Switch the sensor's supply on now, then choose OK.</translation>
+    </message>
+    <message id="245">
+        <source>Switch the sensor's supply off, then choose OK. Choose Cancel if the sensor is ready for programming already.</source>
+        <extracomment>Message with OK and Cancel</extracomment>
+        <translation>Switch the sensor's supply off, then choose OK. Choose Cancel if the sensor is ready for programming already.</translation>
+    </message>
+    <message id="246">
+        <source>QDL3 Display Unit</source>
+        <extracomment>Menu item and window title, so without a mnemonic</extracomment>
+        <translation>QDL3 Display Unit</translation>
+    </message>
+    <message id="247">
+        <source>The display unit on %1 (node %2) did not acknowledge its set-up.</source>
+        <extracomment>%1 port, %2 node</extracomment>
+        <translation>The display unit on %1 (node %2) did not acknowledge its set-up.</translation>
+    </message>
+    <message id="248">
+        <source>Send</source>
+        <extracomment>Caption</extracomment>
+        <translation>Send</translation>
+    </message>
+    <message id="249">
+        <source>Receive</source>
+        <extracomment>Caption</extracomment>
+        <translation>Receive</translation>
+    </message>
+    <message id="250">
+        <source>Execute</source>
+        <extracomment>Button</extracomment>
+        <translation>Execute</translation>
+    </message>
+    <message id="251">
+        <source>Manual Communications</source>
+        <extracomment>Menu item and dialog title, so without a mnemonic</extracomment>
+        <translation>Manual Communications</translation>
+    </message>
+    <message id="252">
+        <source>Tables</source>
+        <extracomment>Tab</extracomment>
+        <translation>Tables</translation>
+    </message>
+    <message id="253">
+        <source>Temperature Compensation</source>
+        <extracomment>Page</extracomment>
+        <translation>Temperature Compensation</translation>
+    </message>
+    <message id="254">
+        <source>Row</source>
+        <extracomment>Column heading</extracomment>
+        <translation>Row</translation>
+    </message>
+    <message id="255">
+        <source>Point</source>
+        <extracomment>Column heading</extracomment>
+        <translation>Point</translation>
+    </message>
+    <message id="256">
+        <source>Value</source>
+        <extracomment>Column heading</extracomment>
+        <translation>Value</translation>
+    </message>
+    <message id="257">
+        <source>Lookup tables (*.csv);;All files (*)</source>
+        <extracomment>File filter</extracomment>
+        <translation>Lookup tables (*.csv);;All files (*)</translation>
+    </message>
+    <message id="258">
+        <source>This is not a lookup table for temperature compensation.</source>
+        <extracomment>Message</extracomment>
+        <translation>This is not a lookup table for temperature compensation.</translation>
+    </message>
+    <message id="259">
+        <source>Row</source>
+        <extracomment>Column heading</extracomment>
+        <translation>Row</translation>
+    </message>
+    <message id="260">
+        <source>Value %1</source>
+        <extracomment>Column heading, %1 number</extracomment>
+        <translation>Value %1</translation>
+    </message>
+    <message id="261">
+        <source>Magnet Position</source>
+        <extracomment>Page</extracomment>
+        <translation>Magnet Position</translation>
+    </message>
+    <message id="262">
+        <source>Magnet position in mm</source>
+        <extracomment>Caption</extracomment>
+        <translation>Magnet position in mm</translation>
+    </message>
+    <message id="263">
+        <source>While this page is shown, the sensor streams its position over the programming line. Its output settings are changed for that and written back when you leave the page. Do not disconnect the sensor before then.</source>
+        <extracomment>Note on a page</extracomment>
+        <translation>While this page is shown, the sensor streams its position over the programming line. Its output settings are changed for that and written back when you leave the page. Do not disconnect the sensor before then.</translation>
+    </message>
+    <message id="264">
+        <source>The parity extension changes the SSI word that the sensor sends; the controller must be set up for it. Use the parity extension?</source>
+        <extracomment>Question</extracomment>
+        <translation>The parity extension changes the SSI word that the sensor sends; the controller must be set up for it. Use the parity extension?</translation>
+    </message>
+    <message id="265">
+        <source>In the synchronous measurement mode the controller must clock the sensor regularly. Use the synchronous measurement mode?</source>
+        <extracomment>Question</extracomment>
+        <translation>In the synchronous measurement mode the controller must clock the sensor regularly. Use the synchronous measurement mode?</translation>
+    </message>
+    <message id="1000">
+        <source>simulated</source>
+        <extracomment>Stands beside the name of a simulated port</extracomment>
+        <translation>simulated</translation>
+    </message>
+    <message id="1001">
+        <source>You have no permission to open %1. Add your user to the group %2, then log in again.</source>
+        <extracomment>%1 port, %2 group of users</extracomment>
+        <translation>You have no permission to open %1. Add your user to the group %2, then log in again.</translation>
+    </message>
+    <message id="1002">
+        <source>%1 is in use by another program.</source>
+        <extracomment>%1 port</extracomment>
+        <translation>%1 is in use by another program.</translation>
+    </message>
+    <message id="1003">
+        <source>The settings file %1 is damaged in line %2. None of its settings are used.</source>
+        <extracomment>%1 path, %2 line number</extracomment>
+        <translation>The settings file %1 is damaged in line %2. None of its settings are used.</translation>
+    </message>
+    <message id="1004">
+        <source>The profile %1 is damaged. Standard values are used; a copy is kept beside it.</source>
+        <extracomment>%1 path</extracomment>
+        <translation>The profile %1 is damaged. Standard values are used; a copy is kept beside it.</translation>
+    </message>
+    <message id="1005">
+        <source>The sensor answered, but no firmware revision bounds are configured. Enter your site's bounds in the settings.</source>
+        <extracomment>Tool tip</extracomment>
+        <translation>The sensor answered, but no firmware revision bounds are configured. Enter your site's bounds in the settings.</translation>
+    </message>
+    <message id="1006">
+        <source>Green: connected</source>
+        <extracomment>State of the link light</extracomment>
+        <translation>Green: connected</translation>
+    </message>
+    <message id="1007">
+        <source>Red, blinking: not connected</source>
+        <extracomment>State of the link light</extracomment>
+        <translation>Red, blinking: not connected</translation>
+    </message>
+    <message id="1008">
+        <source>Gray: no exchange yet</source>
+        <extracomment>State of the link light</extracomment>
+        <translation>Gray: no exchange yet</translation>
+    </message>
+    <message id="1009">
+        <source>Pages</source>
+        <extracomment>Accessible name of the page list</extracomment>
+        <translation>Pages</translation>
+    </message>
+    <message id="1010">
+        <source>Port:</source>
+        <extracomment>Caption of the list of ports</extracomment>
+        <translation>Port:</translation>
+    </message>
+    <message id="1012">
+        <source>Operation abandoned: the connection to the sensor was lost.</source>
+        <extracomment>Message</extracomment>
+        <translation>Operation abandoned: the connection to the sensor was lost.</translation>
+    </message>
+    <message id="1013">
+        <source>The sensor is not identified. Nothing was written.</source>
+        <extracomment>Message</extracomment>
+        <translation>The sensor is not identified. Nothing was written.</translation>
+    </message>
+    <message id="1014">
+        <source>Pelorin Help</source>
+        <extracomment>Window title</extracomment>
+        <translation>Pelorin Help</translation>
+    </message>
+    <message id="1015">
+        <source>Link light</source>
+        <extracomment>Accessible name</extracomment>
+        <translation>Link light</translation>
+    </message>
+    <message id="1016">
+        <source>Program icon</source>
+        <extracomment>Accessible name</extracomment>
+        <translation>Program icon</translation>
+    </message>
+    <message id="1017">
+        <source>Version:</source>
+        <extracomment>Caption</extracomment>
+        <translation>Version:</translation>
+    </message>
+    <message id="1018">
+        <source>Program:</source>
+        <extracomment>Caption</extracomment>
+        <translation>Program:</translation>
+    </message>
+    <message id="1019">
+        <source>No serial port is present. Plug the adapter in and open this list again.</source>
+        <extracomment>Hint in an empty list of ports</extracomment>
+        <translation>No serial port is present. Plug the adapter in and open this list again.</translation>
+    </message>
+    <message id="1020">
+        <source>Sensor values</source>
+        <extracomment>Accessible name of the table of values</extracomment>
+        <translation>Sensor values</translation>
+    </message>
+    <message id="1021">
+        <source>Enable Compensation</source>
+        <extracomment>Check box</extracomment>
+        <translation>Enable Compensation</translation>
+    </message>
+    <message id="1022">
+        <source>Lookup Table Arrays</source>
+        <extracomment>Caption</extracomment>
+        <translation>Lookup Table Arrays</translation>
+    </message>
+    <message id="1023">
+        <source>Compensation Array</source>
+        <extracomment>Caption</extracomment>
+        <translation>Compensation Array</translation>
+    </message>
+    <message id="1024">
+        <source>Write To Sensor</source>
+        <extracomment>Button</extracomment>
+        <translation>Write To Sensor</translation>
+    </message>
+    <message id="1025">
+        <source>Write To File</source>
+        <extracomment>Button</extracomment>
+        <translation>Write To File</translation>
+    </message>
+    <message id="1026">
+        <source>Read From File</source>
+        <extracomment>Button</extracomment>
+        <translation>Read From File</translation>
+    </message>
+    <message id="1027">
+        <source>The settings file %1 cannot be read.</source>
+        <extracomment>%1 path</extracomment>
+        <translation>The settings file %1 cannot be read.</translation>
+    </message>
+</context>
+</TS>

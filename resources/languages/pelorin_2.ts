@@ -1,0 +1,890 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="de" sourcelanguage="en">
+<context>
+    <name></name>
+    <message id="100">
+        <source>Pelorin</source>
+        <translation>Pelorin</translation>
+    </message>
+    <message id="101">
+        <source>Port %1 could not be opened (system error %2).</source>
+        <extracomment>%1 port, %2 system error code</extracomment>
+        <translation>Der Anschluss %1 konnte nicht geöffnet werden (Systemfehler %2).</translation>
+    </message>
+    <message id="102">
+        <source>The line settings of port %1 could not be set (system error %2).</source>
+        <extracomment>%1 port, %2 system error code</extracomment>
+        <translation>Die Leitungseinstellungen des Anschlusses %1 konnten nicht gesetzt werden (Systemfehler %2).</translation>
+    </message>
+    <message id="103">
+        <source>The time-outs of port %1 could not be set (system error %2).</source>
+        <extracomment>%1 port, %2 system error code</extracomment>
+        <translation>Die Zeitgrenzen des Anschlusses %1 konnten nicht gesetzt werden (Systemfehler %2).</translation>
+    </message>
+    <message id="104">
+        <source>The queue sizes of port %1 could not be set (system error %2).</source>
+        <extracomment>%1 port, %2 system error code</extracomment>
+        <translation>Die Puffergrößen des Anschlusses %1 konnten nicht gesetzt werden (Systemfehler %2).</translation>
+    </message>
+    <message id="105">
+        <source>The communication could not be started (system error %1).</source>
+        <extracomment>%1 system error code</extracomment>
+        <translation>Die Kommunikation konnte nicht gestartet werden (Systemfehler %1).</translation>
+    </message>
+    <message id="106">
+        <source>E&amp;xit</source>
+        <extracomment>Item on the menu bar</extracomment>
+        <translation>&amp;Beenden</translation>
+    </message>
+    <message id="107">
+        <source>Select Communications Port</source>
+        <extracomment>Menu item and dialog title, so without a mnemonic</extracomment>
+        <translation>Anschluss wählen</translation>
+    </message>
+    <message id="108">
+        <source>&amp;Connection</source>
+        <extracomment>Menu</extracomment>
+        <translation>&amp;Verbindung</translation>
+    </message>
+    <message id="109">
+        <source>&amp;Connect</source>
+        <extracomment>Menu item</extracomment>
+        <translation>&amp;Verbinden</translation>
+    </message>
+    <message id="110">
+        <source>Sensor Information</source>
+        <extracomment>Page</extracomment>
+        <translation>Sensorinformation</translation>
+    </message>
+    <message id="111">
+        <source>Parameter</source>
+        <extracomment>Column heading</extracomment>
+        <translation>Parameter</translation>
+    </message>
+    <message id="112">
+        <source>Value</source>
+        <extracomment>Column heading</extracomment>
+        <translation>Wert</translation>
+    </message>
+    <message id="113">
+        <source>Unit</source>
+        <extracomment>Column heading</extracomment>
+        <translation>Einheit</translation>
+    </message>
+    <message id="114">
+        <source>COM%1</source>
+        <extracomment>%1 port number</extracomment>
+        <translation>COM%1</translation>
+    </message>
+    <message id="115">
+        <source>No port</source>
+        <extracomment>Status bar, in place of the port</extracomment>
+        <translation>Kein Anschluss</translation>
+    </message>
+    <message id="116">
+        <source>Connecting to the sensor…</source>
+        <extracomment>Status bar</extracomment>
+        <translation>Verbindung zum Sensor wird aufgebaut …</translation>
+    </message>
+    <message id="117">
+        <source>Connected to the sensor.</source>
+        <extracomment>Status bar</extracomment>
+        <translation>Mit dem Sensor verbunden.</translation>
+    </message>
+    <message id="118">
+        <source>Not connected to the sensor.</source>
+        <extracomment>Status bar</extracomment>
+        <translation>Nicht mit dem Sensor verbunden.</translation>
+    </message>
+    <message id="119">
+        <source>Pelorin</source>
+        <extracomment>Title of the main window</extracomment>
+        <translation>Pelorin</translation>
+    </message>
+    <message id="120">
+        <source>Cancel</source>
+        <extracomment>Button</extracomment>
+        <translation>Abbrechen</translation>
+    </message>
+    <message id="121">
+        <source>Reading the sensor's parameters…</source>
+        <extracomment>Status bar</extracomment>
+        <translation>Parameter des Sensors werden gelesen …</translation>
+    </message>
+    <message id="122">
+        <source>Data Format</source>
+        <extracomment>Group and table row</extracomment>
+        <translation>Datenformat</translation>
+    </message>
+    <message id="123">
+        <source>Parameter %1 could not be read from the sensor.</source>
+        <extracomment>%1 byte value of the parameter's identifier</extracomment>
+        <translation>Parameter %1 konnte nicht aus dem Sensor gelesen werden.</translation>
+    </message>
+    <message id="124">
+        <source>%1 bits, Gray code</source>
+        <extracomment>%1 number of data bits</extracomment>
+        <translation>%1 Bit, Gray-Code</translation>
+    </message>
+    <message id="125">
+        <source>%1 bits, binary</source>
+        <extracomment>%1 number of data bits</extracomment>
+        <translation>%1 Bit, binär</translation>
+    </message>
+    <message id="126">
+        <source>Ready.</source>
+        <extracomment>Status bar, after reading or writing</extracomment>
+        <translation>Bereit.</translation>
+    </message>
+    <message id="127">
+        <source>Measurement Mode</source>
+        <extracomment>Caption, group and table row</extracomment>
+        <translation>Messmodus</translation>
+    </message>
+    <message id="128">
+        <source>Reverse</source>
+        <extracomment>Direction of measurement</extracomment>
+        <translation>Rückwärts</translation>
+    </message>
+    <message id="129">
+        <source>Forward</source>
+        <extracomment>Direction of measurement</extracomment>
+        <translation>Vorwärts</translation>
+    </message>
+    <message id="130">
+        <source>Synchronous</source>
+        <extracomment>Measurement mode</extracomment>
+        <translation>Synchron</translation>
+    </message>
+    <message id="131">
+        <source>Position stream</source>
+        <extracomment>Measurement mode, while the sensor streams positions</extracomment>
+        <translation>Positionsausgabe</translation>
+    </message>
+    <message id="132">
+        <source>Asynchronous</source>
+        <extracomment>Measurement mode</extracomment>
+        <translation>Asynchron</translation>
+    </message>
+    <message id="133">
+        <source>Multiplier</source>
+        <extracomment>Table row</extracomment>
+        <translation>Multiplikator</translation>
+    </message>
+    <message id="134">
+        <source>× 8</source>
+        <extracomment>Multiplier</extracomment>
+        <translation>× 8</translation>
+    </message>
+    <message id="135">
+        <source>× 2</source>
+        <extracomment>Multiplier</extracomment>
+        <translation>× 2</translation>
+    </message>
+    <message id="136">
+        <source>× 4</source>
+        <extracomment>Multiplier</extracomment>
+        <translation>× 4</translation>
+    </message>
+    <message id="137">
+        <source>× 1</source>
+        <extracomment>Multiplier</extracomment>
+        <translation>× 1</translation>
+    </message>
+    <message id="138">
+        <source>Factory Text</source>
+        <extracomment>Table row, parameter F</extracomment>
+        <translation>Werkstext</translation>
+    </message>
+    <message id="139">
+        <source>Firmware Version</source>
+        <extracomment>Table row, parameter V</extracomment>
+        <translation>Firmwareversion</translation>
+    </message>
+    <message id="140">
+        <source>Resolution</source>
+        <extracomment>Caption and table row</extracomment>
+        <translation>Auflösung</translation>
+    </message>
+    <message id="141">
+        <source>mm</source>
+        <extracomment>Unit</extracomment>
+        <translation>mm</translation>
+    </message>
+    <message id="142">
+        <source>Stroke Length</source>
+        <extracomment>Caption and table row</extracomment>
+        <translation>Hublänge</translation>
+    </message>
+    <message id="143">
+        <source>Pulse Velocity</source>
+        <extracomment>Table row, parameter U: speed of the pulse in the waveguide</extracomment>
+        <translation>Impulsgeschwindigkeit</translation>
+    </message>
+    <message id="144">
+        <source>m/s (µs/in)</source>
+        <extracomment>Unit of the pulse velocity, in parentheses that of its reciprocal</extracomment>
+        <translation>m/s (µs/in)</translation>
+    </message>
+    <message id="145">
+        <source>Scale Factor</source>
+        <extracomment>Table row, parameter S</extracomment>
+        <translation>Skalierungsfaktor</translation>
+    </message>
+    <message id="146">
+        <source>hex</source>
+        <extracomment>Unit of a value shown in hexadecimal digits</extracomment>
+        <translation>hex</translation>
+    </message>
+    <message id="147">
+        <source>Factory Text P</source>
+        <extracomment>Table row, parameter P</extracomment>
+        <translation>Werkstext P</translation>
+    </message>
+    <message id="148">
+        <source>Cycle Code Z</source>
+        <extracomment>Table row, parameter Z</extracomment>
+        <translation>Zykluscode Z</translation>
+    </message>
+    <message id="149">
+        <source>Offset</source>
+        <extracomment>Table row, parameter N</extracomment>
+        <translation>Offset</translation>
+    </message>
+    <message id="150">
+        <source>Cycle Code M</source>
+        <extracomment>Table row, parameter M</extracomment>
+        <translation>Zykluscode M</translation>
+    </message>
+    <message id="151">
+        <source>Factory Value J</source>
+        <extracomment>Table row, parameter J</extracomment>
+        <translation>Werkswert J</translation>
+    </message>
+    <message id="152">
+        <source>Not applicable</source>
+        <extracomment>In place of a value that this type of sensor does not have</extracomment>
+        <translation>Nicht vorhanden</translation>
+    </message>
+    <message id="153">
+        <source>Advanced Measurement Setup</source>
+        <extracomment>Group and table row, parameter K</extracomment>
+        <translation>Erweiterte Messeinstellungen</translation>
+    </message>
+    <message id="154">
+        <source>Factory Value O</source>
+        <extracomment>Table row, parameter O</extracomment>
+        <translation>Werkswert O</translation>
+    </message>
+    <message id="155">
+        <source>1 Magnet</source>
+        <extracomment>Option and table cell</extracomment>
+        <translation>1 Magnet</translation>
+    </message>
+    <message id="156">
+        <source>2 Magnets</source>
+        <extracomment>Option and table cell</extracomment>
+        <translation>2 Magnete</translation>
+    </message>
+    <message id="157">
+        <source>Normal Position Output</source>
+        <extracomment>Option and table cell</extracomment>
+        <translation>Normale Positionsausgabe</translation>
+    </message>
+    <message id="158">
+        <source>Differential Position</source>
+        <extracomment>Option and table cell</extracomment>
+        <translation>Differenzposition</translation>
+    </message>
+    <message id="159">
+        <source>Velocity</source>
+        <extracomment>Option and table cell</extracomment>
+        <translation>Geschwindigkeit</translation>
+    </message>
+    <message id="160">
+        <source>Unknown number of magnets</source>
+        <extracomment>Table cell</extracomment>
+        <translation>Unbekannte Magnetanzahl</translation>
+    </message>
+    <message id="161">
+        <source>Unknown output</source>
+        <extracomment>Table cell</extracomment>
+        <translation>Unbekannte Ausgabe</translation>
+    </message>
+    <message id="162">
+        <source>No Extension</source>
+        <extracomment>Option and table cell</extracomment>
+        <translation>Keine Erweiterung</translation>
+    </message>
+    <message id="163">
+        <source>Parity</source>
+        <extracomment>Option and table cell</extracomment>
+        <translation>Parität</translation>
+    </message>
+    <message id="164">
+        <source>Temperature</source>
+        <extracomment>Option and table cell</extracomment>
+        <translation>Temperatur</translation>
+    </message>
+    <message id="165">
+        <source>Unknown extension</source>
+        <extracomment>Table cell</extracomment>
+        <translation>Unbekannte Erweiterung</translation>
+    </message>
+    <message id="166">
+        <source>Refresh</source>
+        <extracomment>Button</extracomment>
+        <translation>Aktualisieren</translation>
+    </message>
+    <message id="167">
+        <source>COM%1 could not be opened.
+
+Abort ends the program, Retry tries the same port again, Ignore lets you select another port.</source>
+        <extracomment>%1 port number; names the buttons Abort, Retry and Ignore as the toolkit translates them</extracomment>
+        <translation>COM%1 konnte nicht geöffnet werden.
+
+„Abbrechen“ beendet das Programm, „Wiederholen“ versucht denselben Anschluss noch einmal, „Ignorieren“ lässt einen anderen Anschluss wählen.</translation>
+    </message>
+    <message id="168">
+        <source>Output Setup</source>
+        <extracomment>Page</extracomment>
+        <translation>Ausgabeeinstellungen</translation>
+    </message>
+    <message id="169">
+        <source>Data Bits</source>
+        <extracomment>Caption</extracomment>
+        <translation>Datenbits</translation>
+    </message>
+    <message id="170">
+        <source>Parameter %1 could not be written to the sensor.</source>
+        <extracomment>%1 byte value of the parameter's identifier</extracomment>
+        <translation>Parameter %1 konnte nicht in den Sensor geschrieben werden.</translation>
+    </message>
+    <message id="171">
+        <source>Binary</source>
+        <extracomment>Output format</extracomment>
+        <translation>Binär</translation>
+    </message>
+    <message id="172">
+        <source>Gray code</source>
+        <extracomment>Output format</extracomment>
+        <translation>Gray-Code</translation>
+    </message>
+    <message id="173">
+        <source>Format</source>
+        <extracomment>Caption</extracomment>
+        <translation>Format</translation>
+    </message>
+    <message id="174">
+        <source>Measurement Direction</source>
+        <extracomment>Caption</extracomment>
+        <translation>Messrichtung</translation>
+    </message>
+    <message id="175">
+        <source>mm</source>
+        <extracomment>Unit of the resolution</extracomment>
+        <translation>mm</translation>
+    </message>
+    <message id="176">
+        <source>Error Skip Count</source>
+        <extracomment>Caption and table row</extracomment>
+        <translation>Fehlerausblendung</translation>
+    </message>
+    <message id="177">
+        <source>Number of Magnets</source>
+        <extracomment>Group</extracomment>
+        <translation>Anzahl der Magnete</translation>
+    </message>
+    <message id="178">
+        <source>Extension</source>
+        <extracomment>Group</extracomment>
+        <translation>Erweiterung</translation>
+    </message>
+    <message id="179">
+        <source>Unlock</source>
+        <extracomment>Button</extracomment>
+        <translation>Entsperren</translation>
+    </message>
+    <message id="180">
+        <source>Apply Changes</source>
+        <extracomment>Button</extracomment>
+        <translation>Änderungen übernehmen</translation>
+    </message>
+    <message id="181">
+        <source>A value is missing. Please complete it first.</source>
+        <extracomment>Message, with the incomplete field focused</extracomment>
+        <translation>Ein Wert fehlt. Bitte ergänzen Sie ihn zuerst.</translation>
+    </message>
+    <message id="182">
+        <source>This type of sensor does not offer a resolution finer than 0.010 mm.</source>
+        <extracomment>Message</extracomment>
+        <translation>Dieser Sensortyp bietet keine feinere Auflösung als 0.010 mm.</translation>
+    </message>
+    <message id="183">
+        <source>This type of sensor has no synchronous measurement mode.</source>
+        <extracomment>Message</extracomment>
+        <translation>Dieser Sensortyp hat keinen synchronen Messmodus.</translation>
+    </message>
+    <message id="184">
+        <source>The measurement direction changes, and the offset with it. Select the sensor type or enter the sensor's dimensions; the new offset is calculated from them.</source>
+        <extracomment>Note in a dialog</extracomment>
+        <translation>Mit der Messrichtung ändert sich der Offset. Wählen Sie den Sensortyp oder geben Sie die Maße des Sensors ein; daraus wird der neue Offset berechnet.</translation>
+    </message>
+    <message id="185">
+        <source>Calculate Offset</source>
+        <extracomment>Dialog title</extracomment>
+        <translation>Offset berechnen</translation>
+    </message>
+    <message id="186">
+        <source>SE Distance</source>
+        <extracomment>Caption</extracomment>
+        <translation>SE-Abstand</translation>
+    </message>
+    <message id="187">
+        <source>Dead Zone</source>
+        <extracomment>Caption</extracomment>
+        <translation>Totzone</translation>
+    </message>
+    <message id="188">
+        <source>Communications Log</source>
+        <extracomment>Page</extracomment>
+        <translation>Kommunikationsprotokoll</translation>
+    </message>
+    <message id="189">
+        <source>Clear</source>
+        <extracomment>Button</extracomment>
+        <translation>Leeren</translation>
+    </message>
+    <message id="190">
+        <source>Save To Disk</source>
+        <extracomment>Button</extracomment>
+        <translation>Speichern</translation>
+    </message>
+    <message id="191">
+        <source>Text files (*.txt);;All files (*)</source>
+        <extracomment>File filter</extracomment>
+        <translation>Textdateien (*.txt);;Alle Dateien (*)</translation>
+    </message>
+    <message id="192">
+        <source>The file %1 could not be opened (system error %2).</source>
+        <extracomment>%1 path, %2 system error code</extracomment>
+        <translation>Die Datei %1 konnte nicht geöffnet werden (Systemfehler %2).</translation>
+    </message>
+    <message id="193">
+        <source>&amp;Refresh</source>
+        <extracomment>Menu item</extracomment>
+        <translation>&amp;Aktualisieren</translation>
+    </message>
+    <message id="194">
+        <source>&amp;View</source>
+        <extracomment>Menu</extracomment>
+        <translation>&amp;Ansicht</translation>
+    </message>
+    <message id="195">
+        <source>&amp;Save Backup…</source>
+        <extracomment>Menu item</extracomment>
+        <translation>Sicherung &amp;speichern …</translation>
+    </message>
+    <message id="196">
+        <source>&amp;Restore Backup…</source>
+        <extracomment>Menu item</extracomment>
+        <translation>Sicherung &amp;zurückschreiben …</translation>
+    </message>
+    <message id="197">
+        <source>Send Command &amp;E</source>
+        <extracomment>Menu item</extracomment>
+        <translation>Befehl &amp;E senden</translation>
+    </message>
+    <message id="198">
+        <source>Send Command &amp;Q</source>
+        <extracomment>Menu item</extracomment>
+        <translation>Befehl &amp;Q senden</translation>
+    </message>
+    <message id="200">
+        <source>&amp;Sensor</source>
+        <extracomment>Menu</extracomment>
+        <translation>S&amp;ensor</translation>
+    </message>
+    <message id="201">
+        <source>&amp;Help</source>
+        <extracomment>Menu item</extracomment>
+        <translation>&amp;Hilfe</translation>
+    </message>
+    <message id="202">
+        <source>&amp;About…</source>
+        <extracomment>Menu item</extracomment>
+        <translation>Ü&amp;ber …</translation>
+    </message>
+    <message id="203">
+        <source>&amp;Help</source>
+        <extracomment>Menu</extracomment>
+        <translation>&amp;Hilfe</translation>
+    </message>
+    <message id="204">
+        <source>&amp;English</source>
+        <extracomment>Menu item, each language in its own words</extracomment>
+        <translation>&amp;English</translation>
+    </message>
+    <message id="205">
+        <source>&amp;Deutsch</source>
+        <extracomment>Menu item, each language in its own words</extracomment>
+        <translation>&amp;Deutsch</translation>
+    </message>
+    <message id="206">
+        <source>&amp;Français</source>
+        <extracomment>Menu item, each language in its own words</extracomment>
+        <translation>&amp;Français</translation>
+    </message>
+    <message id="207">
+        <source>E&amp;spañol</source>
+        <extracomment>Menu item, each language in its own words</extracomment>
+        <translation>E&amp;spañol</translation>
+    </message>
+    <message id="208">
+        <source>&amp;Italiano</source>
+        <extracomment>Menu item, each language in its own words</extracomment>
+        <translation>&amp;Italiano</translation>
+    </message>
+    <message id="209">
+        <source>&amp;Language</source>
+        <extracomment>Menu</extracomment>
+        <translation>&amp;Sprache</translation>
+    </message>
+    <message id="210">
+        <source>Saving the sensor's parameters…</source>
+        <extracomment>Progress dialog</extracomment>
+        <translation>Parameter des Sensors werden gesichert …</translation>
+    </message>
+    <message id="211">
+        <source>Restoring the sensor's parameters…</source>
+        <extracomment>Progress dialog</extracomment>
+        <translation>Parameter werden in den Sensor zurückgeschrieben …</translation>
+    </message>
+    <message id="212">
+        <source>Backup files (*.dat);;All files (*)</source>
+        <extracomment>File filter</extracomment>
+        <translation>Sicherungsdateien (*.dat);;Alle Dateien (*)</translation>
+    </message>
+    <message id="213">
+        <source>This is not a backup file of Pelorin.</source>
+        <extracomment>Message</extracomment>
+        <translation>Dies ist keine Sicherungsdatei von Pelorin.</translation>
+    </message>
+    <message id="214">
+        <source>Factory Parameters</source>
+        <extracomment>Page</extracomment>
+        <translation>Werksparameter</translation>
+    </message>
+    <message id="215">
+        <source>Sensor Type</source>
+        <extracomment>Caption and table row</extracomment>
+        <translation>Sensortyp</translation>
+    </message>
+    <message id="216">
+        <source>Cycle Code M, Suffix</source>
+        <extracomment>Table row, last two digits of parameter M</extracomment>
+        <translation>Zykluscode M, Endung</translation>
+    </message>
+    <message id="217">
+        <source>Writing to the sensor…</source>
+        <extracomment>Status bar</extracomment>
+        <translation>In den Sensor wird geschrieben …</translation>
+    </message>
+    <message id="218">
+        <source>About Pelorin</source>
+        <extracomment>Dialog title</extracomment>
+        <translation>Über Pelorin</translation>
+    </message>
+    <message id="219">
+        <source>0, 2, 4, 8</source>
+        <extracomment>In place of a unit: the values that the multiplier may have</extracomment>
+        <translation>0, 2, 4, 8</translation>
+    </message>
+    <message id="228">
+        <source>Enter Password</source>
+        <extracomment>Dialog title</extracomment>
+        <translation>Kennwort eingeben</translation>
+    </message>
+    <message id="235">
+        <source>The password is wrong.</source>
+        <extracomment>Message</extracomment>
+        <translation>Das Kennwort ist falsch.</translation>
+    </message>
+    <message id="238">
+        <source>No help files are configured. The program starts without help.</source>
+        <extracomment>Message</extracomment>
+        <translation>Es sind keine Hilfedateien eingetragen. Das Programm startet ohne Hilfe.</translation>
+    </message>
+    <message id="239">
+        <source>The help could not be shown (language %1, error %2, detail %3).</source>
+        <extracomment>%1 language code, %2 error code, %3 detail</extracomment>
+        <translation>Die Hilfe konnte nicht angezeigt werden (Sprache %1, Fehler %2, Detail %3).</translation>
+    </message>
+    <message id="240">
+        <source>Changing the error skip count is protected. Enter the password to unlock it.</source>
+        <extracomment>Note in a dialog</extracomment>
+        <translation>Die Fehlerausblendung ist geschützt. Geben Sie das Kennwort ein, um sie zu entsperren.</translation>
+    </message>
+    <message id="241">
+        <source>OK</source>
+        <extracomment>Button</extracomment>
+        <translation>OK</translation>
+    </message>
+    <message id="242">
+        <source>The synchronous measurement mode cannot be combined with the reverse direction.</source>
+        <extracomment>Message</extracomment>
+        <translation>Der synchrone Messmodus lässt sich nicht mit der Messrichtung „Rückwärts“ verbinden.</translation>
+    </message>
+    <message id="243">
+        <source>This value must be 0, 1 or 2.</source>
+        <extracomment>Message</extracomment>
+        <translation>Dieser Wert muss 0, 1 oder 2 sein.</translation>
+    </message>
+    <message id="244">
+        <source>Switch the sensor's supply on now, then choose OK.</source>
+        <extracomment>Message while the program calls the sensor</extracomment>
+        <translation>Schalten Sie jetzt die Versorgung des Sensors ein und wählen Sie dann „OK“.</translation>
+    </message>
+    <message id="245">
+        <source>Switch the sensor's supply off, then choose OK. Choose Cancel if the sensor is ready for programming already.</source>
+        <extracomment>Message with OK and Cancel</extracomment>
+        <translation>Schalten Sie die Versorgung des Sensors aus und wählen Sie dann „OK“. Wählen Sie „Abbrechen“, wenn der Sensor schon programmierbereit ist.</translation>
+    </message>
+    <message id="246">
+        <source>QDL3 Display Unit</source>
+        <extracomment>Menu item and window title, so without a mnemonic</extracomment>
+        <translation>QDL3-Anzeigegerät</translation>
+    </message>
+    <message id="247">
+        <source>The display unit on %1 (node %2) did not acknowledge its set-up.</source>
+        <extracomment>%1 port, %2 node</extracomment>
+        <translation>Das Anzeigegerät an %1 (Knoten %2) hat seine Einstellung nicht bestätigt.</translation>
+    </message>
+    <message id="248">
+        <source>Send</source>
+        <extracomment>Caption</extracomment>
+        <translation>Senden</translation>
+    </message>
+    <message id="249">
+        <source>Receive</source>
+        <extracomment>Caption</extracomment>
+        <translation>Empfang</translation>
+    </message>
+    <message id="250">
+        <source>Execute</source>
+        <extracomment>Button</extracomment>
+        <translation>Ausführen</translation>
+    </message>
+    <message id="251">
+        <source>Manual Communications</source>
+        <extracomment>Menu item and dialog title, so without a mnemonic</extracomment>
+        <translation>Manuelle Kommunikation</translation>
+    </message>
+    <message id="252">
+        <source>Tables</source>
+        <extracomment>Tab</extracomment>
+        <translation>Tabellen</translation>
+    </message>
+    <message id="253">
+        <source>Temperature Compensation</source>
+        <extracomment>Page</extracomment>
+        <translation>Temperaturkompensation</translation>
+    </message>
+    <message id="254">
+        <source>Row</source>
+        <extracomment>Column heading</extracomment>
+        <translation>Zeile</translation>
+    </message>
+    <message id="255">
+        <source>Point</source>
+        <extracomment>Column heading</extracomment>
+        <translation>Stützpunkt</translation>
+    </message>
+    <message id="256">
+        <source>Value</source>
+        <extracomment>Column heading</extracomment>
+        <translation>Wert</translation>
+    </message>
+    <message id="257">
+        <source>Lookup tables (*.csv);;All files (*)</source>
+        <extracomment>File filter</extracomment>
+        <translation>Wertetabellen (*.csv);;Alle Dateien (*)</translation>
+    </message>
+    <message id="258">
+        <source>This is not a lookup table for temperature compensation.</source>
+        <extracomment>Message</extracomment>
+        <translation>Dies ist keine Wertetabelle zur Temperaturkompensation.</translation>
+    </message>
+    <message id="259">
+        <source>Row</source>
+        <extracomment>Column heading</extracomment>
+        <translation>Zeile</translation>
+    </message>
+    <message id="260">
+        <source>Value %1</source>
+        <extracomment>Column heading, %1 number</extracomment>
+        <translation>Wert %1</translation>
+    </message>
+    <message id="261">
+        <source>Magnet Position</source>
+        <extracomment>Page</extracomment>
+        <translation>Magnetposition</translation>
+    </message>
+    <message id="262">
+        <source>Magnet position in mm</source>
+        <extracomment>Caption</extracomment>
+        <translation>Magnetposition in mm</translation>
+    </message>
+    <message id="263">
+        <source>While this page is shown, the sensor streams its position over the programming line. Its output settings are changed for that and written back when you leave the page. Do not disconnect the sensor before then.</source>
+        <extracomment>Note on a page</extracomment>
+        <translation>Solange diese Seite gezeigt wird, sendet der Sensor seine Position über die Programmierleitung. Dafür werden seine Ausgabeeinstellungen geändert und beim Verlassen der Seite zurückgeschrieben. Trennen Sie den Sensor nicht vorher.</translation>
+    </message>
+    <message id="264">
+        <source>The parity extension changes the SSI word that the sensor sends; the controller must be set up for it. Use the parity extension?</source>
+        <extracomment>Question</extracomment>
+        <translation>Die Paritätserweiterung ändert das SSI-Wort, das der Sensor sendet; die Steuerung muss darauf eingestellt sein. Paritätserweiterung verwenden?</translation>
+    </message>
+    <message id="265">
+        <source>In the synchronous measurement mode the controller must clock the sensor regularly. Use the synchronous measurement mode?</source>
+        <extracomment>Question</extracomment>
+        <translation>Im synchronen Messmodus muss die Steuerung den Sensor regelmäßig takten. Synchronen Messmodus verwenden?</translation>
+    </message>
+    <message id="1000">
+        <source>simulated</source>
+        <extracomment>Stands beside the name of a simulated port</extracomment>
+        <translation>simuliert</translation>
+    </message>
+    <message id="1001">
+        <source>You have no permission to open %1. Add your user to the group %2, then log in again.</source>
+        <extracomment>%1 port, %2 group of users</extracomment>
+        <translation>Sie haben keine Berechtigung, %1 zu öffnen. Nehmen Sie Ihren Benutzer in die Gruppe %2 auf und melden Sie sich neu an.</translation>
+    </message>
+    <message id="1002">
+        <source>%1 is in use by another program.</source>
+        <extracomment>%1 port</extracomment>
+        <translation>%1 wird von einem anderen Programm verwendet.</translation>
+    </message>
+    <message id="1003">
+        <source>The settings file %1 is damaged in line %2. None of its settings are used.</source>
+        <extracomment>%1 path, %2 line number</extracomment>
+        <translation>Die Einstellungsdatei %1 ist in Zeile %2 beschädigt. Keine ihrer Einstellungen wird verwendet.</translation>
+    </message>
+    <message id="1004">
+        <source>The profile %1 is damaged. Standard values are used; a copy is kept beside it.</source>
+        <extracomment>%1 path</extracomment>
+        <translation>Das Profil %1 ist beschädigt. Es gelten Standardwerte; eine Kopie bleibt daneben erhalten.</translation>
+    </message>
+    <message id="1005">
+        <source>The sensor answered, but no firmware revision bounds are configured. Enter your site's bounds in the settings.</source>
+        <extracomment>Tool tip</extracomment>
+        <translation>Der Sensor hat geantwortet, aber es sind keine Grenzen der Firmware-Revisionen eingetragen. Tragen Sie die Grenzen Ihres Standorts in den Einstellungen ein.</translation>
+    </message>
+    <message id="1006">
+        <source>Green: connected</source>
+        <extracomment>State of the link light</extracomment>
+        <translation>Grün: verbunden</translation>
+    </message>
+    <message id="1007">
+        <source>Red, blinking: not connected</source>
+        <extracomment>State of the link light</extracomment>
+        <translation>Rot blinkend: nicht verbunden</translation>
+    </message>
+    <message id="1008">
+        <source>Gray: no exchange yet</source>
+        <extracomment>State of the link light</extracomment>
+        <translation>Grau: noch kein Austausch</translation>
+    </message>
+    <message id="1009">
+        <source>Pages</source>
+        <extracomment>Accessible name of the page list</extracomment>
+        <translation>Seiten</translation>
+    </message>
+    <message id="1010">
+        <source>Port:</source>
+        <extracomment>Caption of the list of ports</extracomment>
+        <translation>Anschluss:</translation>
+    </message>
+    <message id="1012">
+        <source>Operation abandoned: the connection to the sensor was lost.</source>
+        <extracomment>Message</extracomment>
+        <translation>Vorgang abgebrochen: Die Verbindung zum Sensor ging verloren.</translation>
+    </message>
+    <message id="1013">
+        <source>The sensor is not identified. Nothing was written.</source>
+        <extracomment>Message</extracomment>
+        <translation>Der Sensor ist nicht identifiziert. Es wurde nichts geschrieben.</translation>
+    </message>
+    <message id="1014">
+        <source>Pelorin Help</source>
+        <extracomment>Window title</extracomment>
+        <translation>Pelorin-Hilfe</translation>
+    </message>
+    <message id="1015">
+        <source>Link light</source>
+        <extracomment>Accessible name</extracomment>
+        <translation>Verbindungsanzeige</translation>
+    </message>
+    <message id="1016">
+        <source>Program icon</source>
+        <extracomment>Accessible name</extracomment>
+        <translation>Programmsymbol</translation>
+    </message>
+    <message id="1017">
+        <source>Version:</source>
+        <extracomment>Caption</extracomment>
+        <translation>Version:</translation>
+    </message>
+    <message id="1018">
+        <source>Program:</source>
+        <extracomment>Caption</extracomment>
+        <translation>Programm:</translation>
+    </message>
+    <message id="1019">
+        <source>No serial port is present. Plug the adapter in and open this list again.</source>
+        <extracomment>Hint in an empty list of ports</extracomment>
+        <translation>Kein serieller Anschluss vorhanden. Stecken Sie den Adapter ein und öffnen Sie diese Liste erneut.</translation>
+    </message>
+    <message id="1020">
+        <source>Sensor values</source>
+        <extracomment>Accessible name of the table of values</extracomment>
+        <translation>Sensorwerte</translation>
+    </message>
+    <message id="1021">
+        <source>Enable Compensation</source>
+        <extracomment>Check box</extracomment>
+        <translation>Kompensation einschalten</translation>
+    </message>
+    <message id="1022">
+        <source>Lookup Table Arrays</source>
+        <extracomment>Caption</extracomment>
+        <translation>Wertetabelle</translation>
+    </message>
+    <message id="1023">
+        <source>Compensation Array</source>
+        <extracomment>Caption</extracomment>
+        <translation>Kompensationstabelle</translation>
+    </message>
+    <message id="1024">
+        <source>Write To Sensor</source>
+        <extracomment>Button</extracomment>
+        <translation>In den Sensor schreiben</translation>
+    </message>
+    <message id="1025">
+        <source>Write To File</source>
+        <extracomment>Button</extracomment>
+        <translation>In Datei schreiben</translation>
+    </message>
+    <message id="1026">
+        <source>Read From File</source>
+        <extracomment>Button</extracomment>
+        <translation>Aus Datei lesen</translation>
+    </message>
+    <message id="1027">
+        <source>The settings file %1 cannot be read.</source>
+        <extracomment>%1 path</extracomment>
+        <translation>Die Einstellungsdatei %1 kann nicht gelesen werden.</translation>
+    </message>
+</context>
+</TS>

@@ -1,0 +1,890 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="fr" sourcelanguage="en">
+<context>
+    <name></name>
+    <message id="100">
+        <source>Pelorin</source>
+        <translation>Pelorin</translation>
+    </message>
+    <message id="101">
+        <source>Port %1 could not be opened (system error %2).</source>
+        <extracomment>%1 port, %2 system error code</extracomment>
+        <translation>Le port %1 n'a pas pu être ouvert (erreur système %2).</translation>
+    </message>
+    <message id="102">
+        <source>The line settings of port %1 could not be set (system error %2).</source>
+        <extracomment>%1 port, %2 system error code</extracomment>
+        <translation>Les paramètres de ligne du port %1 n'ont pas pu être réglés (erreur système %2).</translation>
+    </message>
+    <message id="103">
+        <source>The time-outs of port %1 could not be set (system error %2).</source>
+        <extracomment>%1 port, %2 system error code</extracomment>
+        <translation>Les délais du port %1 n'ont pas pu être réglés (erreur système %2).</translation>
+    </message>
+    <message id="104">
+        <source>The queue sizes of port %1 could not be set (system error %2).</source>
+        <extracomment>%1 port, %2 system error code</extracomment>
+        <translation>La taille des tampons du port %1 n'a pas pu être réglée (erreur système %2).</translation>
+    </message>
+    <message id="105">
+        <source>The communication could not be started (system error %1).</source>
+        <extracomment>%1 system error code</extracomment>
+        <translation>La communication n'a pas pu être démarrée (erreur système %1).</translation>
+    </message>
+    <message id="106">
+        <source>E&amp;xit</source>
+        <extracomment>Item on the menu bar</extracomment>
+        <translation>&amp;Quitter</translation>
+    </message>
+    <message id="107">
+        <source>Select Communications Port</source>
+        <extracomment>Menu item and dialog title, so without a mnemonic</extracomment>
+        <translation>Choisir le port de communication</translation>
+    </message>
+    <message id="108">
+        <source>&amp;Connection</source>
+        <extracomment>Menu</extracomment>
+        <translation>&amp;Connexion</translation>
+    </message>
+    <message id="109">
+        <source>&amp;Connect</source>
+        <extracomment>Menu item</extracomment>
+        <translation>&amp;Connecter</translation>
+    </message>
+    <message id="110">
+        <source>Sensor Information</source>
+        <extracomment>Page</extracomment>
+        <translation>Informations capteur</translation>
+    </message>
+    <message id="111">
+        <source>Parameter</source>
+        <extracomment>Column heading</extracomment>
+        <translation>Paramètre</translation>
+    </message>
+    <message id="112">
+        <source>Value</source>
+        <extracomment>Column heading</extracomment>
+        <translation>Valeur</translation>
+    </message>
+    <message id="113">
+        <source>Unit</source>
+        <extracomment>Column heading</extracomment>
+        <translation>Unité</translation>
+    </message>
+    <message id="114">
+        <source>COM%1</source>
+        <extracomment>%1 port number</extracomment>
+        <translation>COM%1</translation>
+    </message>
+    <message id="115">
+        <source>No port</source>
+        <extracomment>Status bar, in place of the port</extracomment>
+        <translation>Aucun port</translation>
+    </message>
+    <message id="116">
+        <source>Connecting to the sensor…</source>
+        <extracomment>Status bar</extracomment>
+        <translation>Connexion au capteur…</translation>
+    </message>
+    <message id="117">
+        <source>Connected to the sensor.</source>
+        <extracomment>Status bar</extracomment>
+        <translation>Connecté au capteur.</translation>
+    </message>
+    <message id="118">
+        <source>Not connected to the sensor.</source>
+        <extracomment>Status bar</extracomment>
+        <translation>Non connecté au capteur.</translation>
+    </message>
+    <message id="119">
+        <source>Pelorin</source>
+        <extracomment>Title of the main window</extracomment>
+        <translation>Pelorin</translation>
+    </message>
+    <message id="120">
+        <source>Cancel</source>
+        <extracomment>Button</extracomment>
+        <translation>Annuler</translation>
+    </message>
+    <message id="121">
+        <source>Reading the sensor's parameters…</source>
+        <extracomment>Status bar</extracomment>
+        <translation>Lecture des paramètres du capteur…</translation>
+    </message>
+    <message id="122">
+        <source>Data Format</source>
+        <extracomment>Group and table row</extracomment>
+        <translation>Format des données</translation>
+    </message>
+    <message id="123">
+        <source>Parameter %1 could not be read from the sensor.</source>
+        <extracomment>%1 byte value of the parameter's identifier</extracomment>
+        <translation>Le paramètre %1 n'a pas pu être lu dans le capteur.</translation>
+    </message>
+    <message id="124">
+        <source>%1 bits, Gray code</source>
+        <extracomment>%1 number of data bits</extracomment>
+        <translation>%1 bits, code Gray</translation>
+    </message>
+    <message id="125">
+        <source>%1 bits, binary</source>
+        <extracomment>%1 number of data bits</extracomment>
+        <translation>%1 bits, binaire</translation>
+    </message>
+    <message id="126">
+        <source>Ready.</source>
+        <extracomment>Status bar, after reading or writing</extracomment>
+        <translation>Prêt.</translation>
+    </message>
+    <message id="127">
+        <source>Measurement Mode</source>
+        <extracomment>Caption, group and table row</extracomment>
+        <translation>Mode de mesure</translation>
+    </message>
+    <message id="128">
+        <source>Reverse</source>
+        <extracomment>Direction of measurement</extracomment>
+        <translation>Inverse</translation>
+    </message>
+    <message id="129">
+        <source>Forward</source>
+        <extracomment>Direction of measurement</extracomment>
+        <translation>Directe</translation>
+    </message>
+    <message id="130">
+        <source>Synchronous</source>
+        <extracomment>Measurement mode</extracomment>
+        <translation>Synchrone</translation>
+    </message>
+    <message id="131">
+        <source>Position stream</source>
+        <extracomment>Measurement mode, while the sensor streams positions</extracomment>
+        <translation>Flux de positions</translation>
+    </message>
+    <message id="132">
+        <source>Asynchronous</source>
+        <extracomment>Measurement mode</extracomment>
+        <translation>Asynchrone</translation>
+    </message>
+    <message id="133">
+        <source>Multiplier</source>
+        <extracomment>Table row</extracomment>
+        <translation>Multiplicateur</translation>
+    </message>
+    <message id="134">
+        <source>× 8</source>
+        <extracomment>Multiplier</extracomment>
+        <translation>× 8</translation>
+    </message>
+    <message id="135">
+        <source>× 2</source>
+        <extracomment>Multiplier</extracomment>
+        <translation>× 2</translation>
+    </message>
+    <message id="136">
+        <source>× 4</source>
+        <extracomment>Multiplier</extracomment>
+        <translation>× 4</translation>
+    </message>
+    <message id="137">
+        <source>× 1</source>
+        <extracomment>Multiplier</extracomment>
+        <translation>× 1</translation>
+    </message>
+    <message id="138">
+        <source>Factory Text</source>
+        <extracomment>Table row, parameter F</extracomment>
+        <translation>Texte usine</translation>
+    </message>
+    <message id="139">
+        <source>Firmware Version</source>
+        <extracomment>Table row, parameter V</extracomment>
+        <translation>Version du firmware</translation>
+    </message>
+    <message id="140">
+        <source>Resolution</source>
+        <extracomment>Caption and table row</extracomment>
+        <translation>Résolution</translation>
+    </message>
+    <message id="141">
+        <source>mm</source>
+        <extracomment>Unit</extracomment>
+        <translation>mm</translation>
+    </message>
+    <message id="142">
+        <source>Stroke Length</source>
+        <extracomment>Caption and table row</extracomment>
+        <translation>Longueur de course</translation>
+    </message>
+    <message id="143">
+        <source>Pulse Velocity</source>
+        <extracomment>Table row, parameter U: speed of the pulse in the waveguide</extracomment>
+        <translation>Vitesse d'impulsion</translation>
+    </message>
+    <message id="144">
+        <source>m/s (µs/in)</source>
+        <extracomment>Unit of the pulse velocity, in parentheses that of its reciprocal</extracomment>
+        <translation>m/s (µs/in)</translation>
+    </message>
+    <message id="145">
+        <source>Scale Factor</source>
+        <extracomment>Table row, parameter S</extracomment>
+        <translation>Facteur d'échelle</translation>
+    </message>
+    <message id="146">
+        <source>hex</source>
+        <extracomment>Unit of a value shown in hexadecimal digits</extracomment>
+        <translation>hex</translation>
+    </message>
+    <message id="147">
+        <source>Factory Text P</source>
+        <extracomment>Table row, parameter P</extracomment>
+        <translation>Texte usine P</translation>
+    </message>
+    <message id="148">
+        <source>Cycle Code Z</source>
+        <extracomment>Table row, parameter Z</extracomment>
+        <translation>Code de cycle Z</translation>
+    </message>
+    <message id="149">
+        <source>Offset</source>
+        <extracomment>Table row, parameter N</extracomment>
+        <translation>Décalage</translation>
+    </message>
+    <message id="150">
+        <source>Cycle Code M</source>
+        <extracomment>Table row, parameter M</extracomment>
+        <translation>Code de cycle M</translation>
+    </message>
+    <message id="151">
+        <source>Factory Value J</source>
+        <extracomment>Table row, parameter J</extracomment>
+        <translation>Valeur usine J</translation>
+    </message>
+    <message id="152">
+        <source>Not applicable</source>
+        <extracomment>In place of a value that this type of sensor does not have</extracomment>
+        <translation>Sans objet</translation>
+    </message>
+    <message id="153">
+        <source>Advanced Measurement Setup</source>
+        <extracomment>Group and table row, parameter K</extracomment>
+        <translation>Configuration de mesure avancée</translation>
+    </message>
+    <message id="154">
+        <source>Factory Value O</source>
+        <extracomment>Table row, parameter O</extracomment>
+        <translation>Valeur usine O</translation>
+    </message>
+    <message id="155">
+        <source>1 Magnet</source>
+        <extracomment>Option and table cell</extracomment>
+        <translation>1 aimant</translation>
+    </message>
+    <message id="156">
+        <source>2 Magnets</source>
+        <extracomment>Option and table cell</extracomment>
+        <translation>2 aimants</translation>
+    </message>
+    <message id="157">
+        <source>Normal Position Output</source>
+        <extracomment>Option and table cell</extracomment>
+        <translation>Sortie de position normale</translation>
+    </message>
+    <message id="158">
+        <source>Differential Position</source>
+        <extracomment>Option and table cell</extracomment>
+        <translation>Position différentielle</translation>
+    </message>
+    <message id="159">
+        <source>Velocity</source>
+        <extracomment>Option and table cell</extracomment>
+        <translation>Vitesse</translation>
+    </message>
+    <message id="160">
+        <source>Unknown number of magnets</source>
+        <extracomment>Table cell</extracomment>
+        <translation>Nombre d'aimants inconnu</translation>
+    </message>
+    <message id="161">
+        <source>Unknown output</source>
+        <extracomment>Table cell</extracomment>
+        <translation>Sortie inconnue</translation>
+    </message>
+    <message id="162">
+        <source>No Extension</source>
+        <extracomment>Option and table cell</extracomment>
+        <translation>Sans extension</translation>
+    </message>
+    <message id="163">
+        <source>Parity</source>
+        <extracomment>Option and table cell</extracomment>
+        <translation>Parité</translation>
+    </message>
+    <message id="164">
+        <source>Temperature</source>
+        <extracomment>Option and table cell</extracomment>
+        <translation>Température</translation>
+    </message>
+    <message id="165">
+        <source>Unknown extension</source>
+        <extracomment>Table cell</extracomment>
+        <translation>Extension inconnue</translation>
+    </message>
+    <message id="166">
+        <source>Refresh</source>
+        <extracomment>Button</extracomment>
+        <translation>Actualiser</translation>
+    </message>
+    <message id="167">
+        <source>COM%1 could not be opened.
+
+Abort ends the program, Retry tries the same port again, Ignore lets you select another port.</source>
+        <extracomment>%1 port number; names the buttons Abort, Retry and Ignore as the toolkit translates them</extracomment>
+        <translation>COM%1 n'a pas pu être ouvert.
+
+« Abandonner » quitte le programme, « Réessayer » essaie le même port, « Ignorer » permet de choisir un autre port.</translation>
+    </message>
+    <message id="168">
+        <source>Output Setup</source>
+        <extracomment>Page</extracomment>
+        <translation>Réglage de la sortie</translation>
+    </message>
+    <message id="169">
+        <source>Data Bits</source>
+        <extracomment>Caption</extracomment>
+        <translation>Bits de données</translation>
+    </message>
+    <message id="170">
+        <source>Parameter %1 could not be written to the sensor.</source>
+        <extracomment>%1 byte value of the parameter's identifier</extracomment>
+        <translation>Le paramètre %1 n'a pas pu être écrit dans le capteur.</translation>
+    </message>
+    <message id="171">
+        <source>Binary</source>
+        <extracomment>Output format</extracomment>
+        <translation>Binaire</translation>
+    </message>
+    <message id="172">
+        <source>Gray code</source>
+        <extracomment>Output format</extracomment>
+        <translation>Code Gray</translation>
+    </message>
+    <message id="173">
+        <source>Format</source>
+        <extracomment>Caption</extracomment>
+        <translation>Format</translation>
+    </message>
+    <message id="174">
+        <source>Measurement Direction</source>
+        <extracomment>Caption</extracomment>
+        <translation>Sens de mesure</translation>
+    </message>
+    <message id="175">
+        <source>mm</source>
+        <extracomment>Unit of the resolution</extracomment>
+        <translation>mm</translation>
+    </message>
+    <message id="176">
+        <source>Error Skip Count</source>
+        <extracomment>Caption and table row</extracomment>
+        <translation>Erreurs ignorées</translation>
+    </message>
+    <message id="177">
+        <source>Number of Magnets</source>
+        <extracomment>Group</extracomment>
+        <translation>Nombre d'aimants</translation>
+    </message>
+    <message id="178">
+        <source>Extension</source>
+        <extracomment>Group</extracomment>
+        <translation>Extension</translation>
+    </message>
+    <message id="179">
+        <source>Unlock</source>
+        <extracomment>Button</extracomment>
+        <translation>Déverrouiller</translation>
+    </message>
+    <message id="180">
+        <source>Apply Changes</source>
+        <extracomment>Button</extracomment>
+        <translation>Appliquer les modifications</translation>
+    </message>
+    <message id="181">
+        <source>A value is missing. Please complete it first.</source>
+        <extracomment>Message, with the incomplete field focused</extracomment>
+        <translation>Une valeur manque. Veuillez d'abord la compléter.</translation>
+    </message>
+    <message id="182">
+        <source>This type of sensor does not offer a resolution finer than 0.010 mm.</source>
+        <extracomment>Message</extracomment>
+        <translation>Ce type de capteur n'offre pas de résolution plus fine que 0.010 mm.</translation>
+    </message>
+    <message id="183">
+        <source>This type of sensor has no synchronous measurement mode.</source>
+        <extracomment>Message</extracomment>
+        <translation>Ce type de capteur n'a pas de mode de mesure synchrone.</translation>
+    </message>
+    <message id="184">
+        <source>The measurement direction changes, and the offset with it. Select the sensor type or enter the sensor's dimensions; the new offset is calculated from them.</source>
+        <extracomment>Note in a dialog</extracomment>
+        <translation>Le sens de mesure change, et le décalage avec lui. Choisissez le type de capteur ou saisissez ses dimensions ; le nouveau décalage en est calculé.</translation>
+    </message>
+    <message id="185">
+        <source>Calculate Offset</source>
+        <extracomment>Dialog title</extracomment>
+        <translation>Calculer le décalage</translation>
+    </message>
+    <message id="186">
+        <source>SE Distance</source>
+        <extracomment>Caption</extracomment>
+        <translation>Distance SE</translation>
+    </message>
+    <message id="187">
+        <source>Dead Zone</source>
+        <extracomment>Caption</extracomment>
+        <translation>Zone morte</translation>
+    </message>
+    <message id="188">
+        <source>Communications Log</source>
+        <extracomment>Page</extracomment>
+        <translation>Journal de communication</translation>
+    </message>
+    <message id="189">
+        <source>Clear</source>
+        <extracomment>Button</extracomment>
+        <translation>Effacer</translation>
+    </message>
+    <message id="190">
+        <source>Save To Disk</source>
+        <extracomment>Button</extracomment>
+        <translation>Enregistrer</translation>
+    </message>
+    <message id="191">
+        <source>Text files (*.txt);;All files (*)</source>
+        <extracomment>File filter</extracomment>
+        <translation>Fichiers texte (*.txt);;Tous les fichiers (*)</translation>
+    </message>
+    <message id="192">
+        <source>The file %1 could not be opened (system error %2).</source>
+        <extracomment>%1 path, %2 system error code</extracomment>
+        <translation>Le fichier %1 n'a pas pu être ouvert (erreur système %2).</translation>
+    </message>
+    <message id="193">
+        <source>&amp;Refresh</source>
+        <extracomment>Menu item</extracomment>
+        <translation>&amp;Actualiser</translation>
+    </message>
+    <message id="194">
+        <source>&amp;View</source>
+        <extracomment>Menu</extracomment>
+        <translation>&amp;Affichage</translation>
+    </message>
+    <message id="195">
+        <source>&amp;Save Backup…</source>
+        <extracomment>Menu item</extracomment>
+        <translation>Enre&amp;gistrer une sauvegarde…</translation>
+    </message>
+    <message id="196">
+        <source>&amp;Restore Backup…</source>
+        <extracomment>Menu item</extracomment>
+        <translation>&amp;Restaurer une sauvegarde…</translation>
+    </message>
+    <message id="197">
+        <source>Send Command &amp;E</source>
+        <extracomment>Menu item</extracomment>
+        <translation>Envoyer la commande &amp;E</translation>
+    </message>
+    <message id="198">
+        <source>Send Command &amp;Q</source>
+        <extracomment>Menu item</extracomment>
+        <translation>Envoyer la commande &amp;Q</translation>
+    </message>
+    <message id="200">
+        <source>&amp;Sensor</source>
+        <extracomment>Menu</extracomment>
+        <translation>Ca&amp;pteur</translation>
+    </message>
+    <message id="201">
+        <source>&amp;Help</source>
+        <extracomment>Menu item</extracomment>
+        <translation>&amp;Aide</translation>
+    </message>
+    <message id="202">
+        <source>&amp;About…</source>
+        <extracomment>Menu item</extracomment>
+        <translation>À &amp;propos…</translation>
+    </message>
+    <message id="203">
+        <source>&amp;Help</source>
+        <extracomment>Menu</extracomment>
+        <translation>Ai&amp;de</translation>
+    </message>
+    <message id="204">
+        <source>&amp;English</source>
+        <extracomment>Menu item, each language in its own words</extracomment>
+        <translation>&amp;English</translation>
+    </message>
+    <message id="205">
+        <source>&amp;Deutsch</source>
+        <extracomment>Menu item, each language in its own words</extracomment>
+        <translation>&amp;Deutsch</translation>
+    </message>
+    <message id="206">
+        <source>&amp;Français</source>
+        <extracomment>Menu item, each language in its own words</extracomment>
+        <translation>&amp;Français</translation>
+    </message>
+    <message id="207">
+        <source>E&amp;spañol</source>
+        <extracomment>Menu item, each language in its own words</extracomment>
+        <translation>E&amp;spañol</translation>
+    </message>
+    <message id="208">
+        <source>&amp;Italiano</source>
+        <extracomment>Menu item, each language in its own words</extracomment>
+        <translation>&amp;Italiano</translation>
+    </message>
+    <message id="209">
+        <source>&amp;Language</source>
+        <extracomment>Menu</extracomment>
+        <translation>&amp;Langue</translation>
+    </message>
+    <message id="210">
+        <source>Saving the sensor's parameters…</source>
+        <extracomment>Progress dialog</extracomment>
+        <translation>Sauvegarde des paramètres du capteur…</translation>
+    </message>
+    <message id="211">
+        <source>Restoring the sensor's parameters…</source>
+        <extracomment>Progress dialog</extracomment>
+        <translation>Restauration des paramètres du capteur…</translation>
+    </message>
+    <message id="212">
+        <source>Backup files (*.dat);;All files (*)</source>
+        <extracomment>File filter</extracomment>
+        <translation>Fichiers de sauvegarde (*.dat);;Tous les fichiers (*)</translation>
+    </message>
+    <message id="213">
+        <source>This is not a backup file of Pelorin.</source>
+        <extracomment>Message</extracomment>
+        <translation>Ce n'est pas un fichier de sauvegarde de Pelorin.</translation>
+    </message>
+    <message id="214">
+        <source>Factory Parameters</source>
+        <extracomment>Page</extracomment>
+        <translation>Paramètres usine</translation>
+    </message>
+    <message id="215">
+        <source>Sensor Type</source>
+        <extracomment>Caption and table row</extracomment>
+        <translation>Type de capteur</translation>
+    </message>
+    <message id="216">
+        <source>Cycle Code M, Suffix</source>
+        <extracomment>Table row, last two digits of parameter M</extracomment>
+        <translation>Code de cycle M, suffixe</translation>
+    </message>
+    <message id="217">
+        <source>Writing to the sensor…</source>
+        <extracomment>Status bar</extracomment>
+        <translation>Écriture dans le capteur…</translation>
+    </message>
+    <message id="218">
+        <source>About Pelorin</source>
+        <extracomment>Dialog title</extracomment>
+        <translation>À propos de Pelorin</translation>
+    </message>
+    <message id="219">
+        <source>0, 2, 4, 8</source>
+        <extracomment>In place of a unit: the values that the multiplier may have</extracomment>
+        <translation>0, 2, 4, 8</translation>
+    </message>
+    <message id="228">
+        <source>Enter Password</source>
+        <extracomment>Dialog title</extracomment>
+        <translation>Saisir le mot de passe</translation>
+    </message>
+    <message id="235">
+        <source>The password is wrong.</source>
+        <extracomment>Message</extracomment>
+        <translation>Le mot de passe est incorrect.</translation>
+    </message>
+    <message id="238">
+        <source>No help files are configured. The program starts without help.</source>
+        <extracomment>Message</extracomment>
+        <translation>Aucun fichier d'aide n'est configuré. Le programme démarre sans aide.</translation>
+    </message>
+    <message id="239">
+        <source>The help could not be shown (language %1, error %2, detail %3).</source>
+        <extracomment>%1 language code, %2 error code, %3 detail</extracomment>
+        <translation>L'aide n'a pas pu être affichée (langue %1, erreur %2, détail %3).</translation>
+    </message>
+    <message id="240">
+        <source>Changing the error skip count is protected. Enter the password to unlock it.</source>
+        <extracomment>Note in a dialog</extracomment>
+        <translation>La modification des erreurs ignorées est protégée. Saisissez le mot de passe pour la déverrouiller.</translation>
+    </message>
+    <message id="241">
+        <source>OK</source>
+        <extracomment>Button</extracomment>
+        <translation>OK</translation>
+    </message>
+    <message id="242">
+        <source>The synchronous measurement mode cannot be combined with the reverse direction.</source>
+        <extracomment>Message</extracomment>
+        <translation>Le mode de mesure synchrone ne peut pas être combiné avec le sens inverse.</translation>
+    </message>
+    <message id="243">
+        <source>This value must be 0, 1 or 2.</source>
+        <extracomment>Message</extracomment>
+        <translation>Cette valeur doit être 0, 1 ou 2.</translation>
+    </message>
+    <message id="244">
+        <source>Switch the sensor's supply on now, then choose OK.</source>
+        <extracomment>Message while the program calls the sensor</extracomment>
+        <translation>Mettez maintenant le capteur sous tension, puis choisissez « OK ».</translation>
+    </message>
+    <message id="245">
+        <source>Switch the sensor's supply off, then choose OK. Choose Cancel if the sensor is ready for programming already.</source>
+        <extracomment>Message with OK and Cancel</extracomment>
+        <translation>Coupez l'alimentation du capteur, puis choisissez « OK ». Choisissez « Annuler » si le capteur est déjà prêt à être programmé.</translation>
+    </message>
+    <message id="246">
+        <source>QDL3 Display Unit</source>
+        <extracomment>Menu item and window title, so without a mnemonic</extracomment>
+        <translation>Afficheur QDL3</translation>
+    </message>
+    <message id="247">
+        <source>The display unit on %1 (node %2) did not acknowledge its set-up.</source>
+        <extracomment>%1 port, %2 node</extracomment>
+        <translation>L'afficheur sur %1 (nœud %2) n'a pas confirmé sa configuration.</translation>
+    </message>
+    <message id="248">
+        <source>Send</source>
+        <extracomment>Caption</extracomment>
+        <translation>Envoi</translation>
+    </message>
+    <message id="249">
+        <source>Receive</source>
+        <extracomment>Caption</extracomment>
+        <translation>Réception</translation>
+    </message>
+    <message id="250">
+        <source>Execute</source>
+        <extracomment>Button</extracomment>
+        <translation>Exécuter</translation>
+    </message>
+    <message id="251">
+        <source>Manual Communications</source>
+        <extracomment>Menu item and dialog title, so without a mnemonic</extracomment>
+        <translation>Communication manuelle</translation>
+    </message>
+    <message id="252">
+        <source>Tables</source>
+        <extracomment>Tab</extracomment>
+        <translation>Tables</translation>
+    </message>
+    <message id="253">
+        <source>Temperature Compensation</source>
+        <extracomment>Page</extracomment>
+        <translation>Compensation de température</translation>
+    </message>
+    <message id="254">
+        <source>Row</source>
+        <extracomment>Column heading</extracomment>
+        <translation>Ligne</translation>
+    </message>
+    <message id="255">
+        <source>Point</source>
+        <extracomment>Column heading</extracomment>
+        <translation>Point</translation>
+    </message>
+    <message id="256">
+        <source>Value</source>
+        <extracomment>Column heading</extracomment>
+        <translation>Valeur</translation>
+    </message>
+    <message id="257">
+        <source>Lookup tables (*.csv);;All files (*)</source>
+        <extracomment>File filter</extracomment>
+        <translation>Tables de valeurs (*.csv);;Tous les fichiers (*)</translation>
+    </message>
+    <message id="258">
+        <source>This is not a lookup table for temperature compensation.</source>
+        <extracomment>Message</extracomment>
+        <translation>Ce n'est pas une table de compensation de température.</translation>
+    </message>
+    <message id="259">
+        <source>Row</source>
+        <extracomment>Column heading</extracomment>
+        <translation>Ligne</translation>
+    </message>
+    <message id="260">
+        <source>Value %1</source>
+        <extracomment>Column heading, %1 number</extracomment>
+        <translation>Valeur %1</translation>
+    </message>
+    <message id="261">
+        <source>Magnet Position</source>
+        <extracomment>Page</extracomment>
+        <translation>Position de l'aimant</translation>
+    </message>
+    <message id="262">
+        <source>Magnet position in mm</source>
+        <extracomment>Caption</extracomment>
+        <translation>Position de l'aimant en mm</translation>
+    </message>
+    <message id="263">
+        <source>While this page is shown, the sensor streams its position over the programming line. Its output settings are changed for that and written back when you leave the page. Do not disconnect the sensor before then.</source>
+        <extracomment>Note on a page</extracomment>
+        <translation>Tant que cette page est affichée, le capteur transmet sa position sur la ligne de programmation. Ses réglages de sortie sont modifiés pour cela et rétablis quand vous quittez la page. Ne déconnectez pas le capteur avant.</translation>
+    </message>
+    <message id="264">
+        <source>The parity extension changes the SSI word that the sensor sends; the controller must be set up for it. Use the parity extension?</source>
+        <extracomment>Question</extracomment>
+        <translation>L'extension de parité modifie le mot SSI envoyé par le capteur ; l'automate doit être réglé en conséquence. Utiliser l'extension de parité ?</translation>
+    </message>
+    <message id="265">
+        <source>In the synchronous measurement mode the controller must clock the sensor regularly. Use the synchronous measurement mode?</source>
+        <extracomment>Question</extracomment>
+        <translation>En mode de mesure synchrone, l'automate doit cadencer le capteur régulièrement. Utiliser le mode de mesure synchrone ?</translation>
+    </message>
+    <message id="1000">
+        <source>simulated</source>
+        <extracomment>Stands beside the name of a simulated port</extracomment>
+        <translation>simulé</translation>
+    </message>
+    <message id="1001">
+        <source>You have no permission to open %1. Add your user to the group %2, then log in again.</source>
+        <extracomment>%1 port, %2 group of users</extracomment>
+        <translation>Vous n'avez pas le droit d'ouvrir %1. Ajoutez votre utilisateur au groupe %2, puis reconnectez-vous.</translation>
+    </message>
+    <message id="1002">
+        <source>%1 is in use by another program.</source>
+        <extracomment>%1 port</extracomment>
+        <translation>%1 est utilisé par un autre programme.</translation>
+    </message>
+    <message id="1003">
+        <source>The settings file %1 is damaged in line %2. None of its settings are used.</source>
+        <extracomment>%1 path, %2 line number</extracomment>
+        <translation>Le fichier de réglages %1 est endommagé à la ligne %2. Aucun de ses réglages n'est utilisé.</translation>
+    </message>
+    <message id="1004">
+        <source>The profile %1 is damaged. Standard values are used; a copy is kept beside it.</source>
+        <extracomment>%1 path</extracomment>
+        <translation>Le profil %1 est endommagé. Les valeurs standard sont utilisées ; une copie est conservée à côté.</translation>
+    </message>
+    <message id="1005">
+        <source>The sensor answered, but no firmware revision bounds are configured. Enter your site's bounds in the settings.</source>
+        <extracomment>Tool tip</extracomment>
+        <translation>Le capteur a répondu, mais aucune limite de révision du firmware n'est configurée. Saisissez les limites de votre site dans les réglages.</translation>
+    </message>
+    <message id="1006">
+        <source>Green: connected</source>
+        <extracomment>State of the link light</extracomment>
+        <translation>Vert : connecté</translation>
+    </message>
+    <message id="1007">
+        <source>Red, blinking: not connected</source>
+        <extracomment>State of the link light</extracomment>
+        <translation>Rouge clignotant : non connecté</translation>
+    </message>
+    <message id="1008">
+        <source>Gray: no exchange yet</source>
+        <extracomment>State of the link light</extracomment>
+        <translation>Gris : aucun échange pour l'instant</translation>
+    </message>
+    <message id="1009">
+        <source>Pages</source>
+        <extracomment>Accessible name of the page list</extracomment>
+        <translation>Pages</translation>
+    </message>
+    <message id="1010">
+        <source>Port:</source>
+        <extracomment>Caption of the list of ports</extracomment>
+        <translation>Port :</translation>
+    </message>
+    <message id="1012">
+        <source>Operation abandoned: the connection to the sensor was lost.</source>
+        <extracomment>Message</extracomment>
+        <translation>Opération abandonnée : la connexion au capteur a été perdue.</translation>
+    </message>
+    <message id="1013">
+        <source>The sensor is not identified. Nothing was written.</source>
+        <extracomment>Message</extracomment>
+        <translation>Le capteur n'est pas identifié. Rien n'a été écrit.</translation>
+    </message>
+    <message id="1014">
+        <source>Pelorin Help</source>
+        <extracomment>Window title</extracomment>
+        <translation>Aide de Pelorin</translation>
+    </message>
+    <message id="1015">
+        <source>Link light</source>
+        <extracomment>Accessible name</extracomment>
+        <translation>Voyant de liaison</translation>
+    </message>
+    <message id="1016">
+        <source>Program icon</source>
+        <extracomment>Accessible name</extracomment>
+        <translation>Icône du programme</translation>
+    </message>
+    <message id="1017">
+        <source>Version:</source>
+        <extracomment>Caption</extracomment>
+        <translation>Version :</translation>
+    </message>
+    <message id="1018">
+        <source>Program:</source>
+        <extracomment>Caption</extracomment>
+        <translation>Programme :</translation>
+    </message>
+    <message id="1019">
+        <source>No serial port is present. Plug the adapter in and open this list again.</source>
+        <extracomment>Hint in an empty list of ports</extracomment>
+        <translation>Aucun port série n'est présent. Branchez l'adaptateur et rouvrez cette liste.</translation>
+    </message>
+    <message id="1020">
+        <source>Sensor values</source>
+        <extracomment>Accessible name of the table of values</extracomment>
+        <translation>Valeurs du capteur</translation>
+    </message>
+    <message id="1021">
+        <source>Enable Compensation</source>
+        <extracomment>Check box</extracomment>
+        <translation>Activer la compensation</translation>
+    </message>
+    <message id="1022">
+        <source>Lookup Table Arrays</source>
+        <extracomment>Caption</extracomment>
+        <translation>Tables de valeurs</translation>
+    </message>
+    <message id="1023">
+        <source>Compensation Array</source>
+        <extracomment>Caption</extracomment>
+        <translation>Table de compensation</translation>
+    </message>
+    <message id="1024">
+        <source>Write To Sensor</source>
+        <extracomment>Button</extracomment>
+        <translation>Écrire dans le capteur</translation>
+    </message>
+    <message id="1025">
+        <source>Write To File</source>
+        <extracomment>Button</extracomment>
+        <translation>Écrire dans un fichier</translation>
+    </message>
+    <message id="1026">
+        <source>Read From File</source>
+        <extracomment>Button</extracomment>
+        <translation>Lire un fichier</translation>
+    </message>
+    <message id="1027">
+        <source>The settings file %1 cannot be read.</source>
+        <extracomment>%1 path</extracomment>
+        <translation>Le fichier de réglages %1 ne peut pas être lu.</translation>
+    </message>
+</context>
+</TS>

@@ -1,0 +1,890 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="es" sourcelanguage="en">
+<context>
+    <name></name>
+    <message id="100">
+        <source>Pelorin</source>
+        <translation>Pelorin</translation>
+    </message>
+    <message id="101">
+        <source>Port %1 could not be opened (system error %2).</source>
+        <extracomment>%1 port, %2 system error code</extracomment>
+        <translation>No se pudo abrir el puerto %1 (error del sistema %2).</translation>
+    </message>
+    <message id="102">
+        <source>The line settings of port %1 could not be set (system error %2).</source>
+        <extracomment>%1 port, %2 system error code</extracomment>
+        <translation>No se pudieron ajustar los parámetros de línea del puerto %1 (error del sistema %2).</translation>
+    </message>
+    <message id="103">
+        <source>The time-outs of port %1 could not be set (system error %2).</source>
+        <extracomment>%1 port, %2 system error code</extracomment>
+        <translation>No se pudieron ajustar los tiempos de espera del puerto %1 (error del sistema %2).</translation>
+    </message>
+    <message id="104">
+        <source>The queue sizes of port %1 could not be set (system error %2).</source>
+        <extracomment>%1 port, %2 system error code</extracomment>
+        <translation>No se pudo ajustar el tamaño de los búferes del puerto %1 (error del sistema %2).</translation>
+    </message>
+    <message id="105">
+        <source>The communication could not be started (system error %1).</source>
+        <extracomment>%1 system error code</extracomment>
+        <translation>No se pudo iniciar la comunicación (error del sistema %1).</translation>
+    </message>
+    <message id="106">
+        <source>E&amp;xit</source>
+        <extracomment>Item on the menu bar</extracomment>
+        <translation>Sa&amp;lir</translation>
+    </message>
+    <message id="107">
+        <source>Select Communications Port</source>
+        <extracomment>Menu item and dialog title, so without a mnemonic</extracomment>
+        <translation>Seleccionar puerto de comunicación</translation>
+    </message>
+    <message id="108">
+        <source>&amp;Connection</source>
+        <extracomment>Menu</extracomment>
+        <translation>&amp;Conexión</translation>
+    </message>
+    <message id="109">
+        <source>&amp;Connect</source>
+        <extracomment>Menu item</extracomment>
+        <translation>&amp;Conectar</translation>
+    </message>
+    <message id="110">
+        <source>Sensor Information</source>
+        <extracomment>Page</extracomment>
+        <translation>Información del sensor</translation>
+    </message>
+    <message id="111">
+        <source>Parameter</source>
+        <extracomment>Column heading</extracomment>
+        <translation>Parámetro</translation>
+    </message>
+    <message id="112">
+        <source>Value</source>
+        <extracomment>Column heading</extracomment>
+        <translation>Valor</translation>
+    </message>
+    <message id="113">
+        <source>Unit</source>
+        <extracomment>Column heading</extracomment>
+        <translation>Unidad</translation>
+    </message>
+    <message id="114">
+        <source>COM%1</source>
+        <extracomment>%1 port number</extracomment>
+        <translation>COM%1</translation>
+    </message>
+    <message id="115">
+        <source>No port</source>
+        <extracomment>Status bar, in place of the port</extracomment>
+        <translation>Sin puerto</translation>
+    </message>
+    <message id="116">
+        <source>Connecting to the sensor…</source>
+        <extracomment>Status bar</extracomment>
+        <translation>Conectando con el sensor…</translation>
+    </message>
+    <message id="117">
+        <source>Connected to the sensor.</source>
+        <extracomment>Status bar</extracomment>
+        <translation>Conectado con el sensor.</translation>
+    </message>
+    <message id="118">
+        <source>Not connected to the sensor.</source>
+        <extracomment>Status bar</extracomment>
+        <translation>Sin conexión con el sensor.</translation>
+    </message>
+    <message id="119">
+        <source>Pelorin</source>
+        <extracomment>Title of the main window</extracomment>
+        <translation>Pelorin</translation>
+    </message>
+    <message id="120">
+        <source>Cancel</source>
+        <extracomment>Button</extracomment>
+        <translation>Cancelar</translation>
+    </message>
+    <message id="121">
+        <source>Reading the sensor's parameters…</source>
+        <extracomment>Status bar</extracomment>
+        <translation>Leyendo los parámetros del sensor…</translation>
+    </message>
+    <message id="122">
+        <source>Data Format</source>
+        <extracomment>Group and table row</extracomment>
+        <translation>Formato de datos</translation>
+    </message>
+    <message id="123">
+        <source>Parameter %1 could not be read from the sensor.</source>
+        <extracomment>%1 byte value of the parameter's identifier</extracomment>
+        <translation>No se pudo leer el parámetro %1 del sensor.</translation>
+    </message>
+    <message id="124">
+        <source>%1 bits, Gray code</source>
+        <extracomment>%1 number of data bits</extracomment>
+        <translation>%1 bits, código Gray</translation>
+    </message>
+    <message id="125">
+        <source>%1 bits, binary</source>
+        <extracomment>%1 number of data bits</extracomment>
+        <translation>%1 bits, binario</translation>
+    </message>
+    <message id="126">
+        <source>Ready.</source>
+        <extracomment>Status bar, after reading or writing</extracomment>
+        <translation>Listo.</translation>
+    </message>
+    <message id="127">
+        <source>Measurement Mode</source>
+        <extracomment>Caption, group and table row</extracomment>
+        <translation>Modo de medición</translation>
+    </message>
+    <message id="128">
+        <source>Reverse</source>
+        <extracomment>Direction of measurement</extracomment>
+        <translation>Inverso</translation>
+    </message>
+    <message id="129">
+        <source>Forward</source>
+        <extracomment>Direction of measurement</extracomment>
+        <translation>Directo</translation>
+    </message>
+    <message id="130">
+        <source>Synchronous</source>
+        <extracomment>Measurement mode</extracomment>
+        <translation>Síncrono</translation>
+    </message>
+    <message id="131">
+        <source>Position stream</source>
+        <extracomment>Measurement mode, while the sensor streams positions</extracomment>
+        <translation>Flujo de posiciones</translation>
+    </message>
+    <message id="132">
+        <source>Asynchronous</source>
+        <extracomment>Measurement mode</extracomment>
+        <translation>Asíncrono</translation>
+    </message>
+    <message id="133">
+        <source>Multiplier</source>
+        <extracomment>Table row</extracomment>
+        <translation>Multiplicador</translation>
+    </message>
+    <message id="134">
+        <source>× 8</source>
+        <extracomment>Multiplier</extracomment>
+        <translation>× 8</translation>
+    </message>
+    <message id="135">
+        <source>× 2</source>
+        <extracomment>Multiplier</extracomment>
+        <translation>× 2</translation>
+    </message>
+    <message id="136">
+        <source>× 4</source>
+        <extracomment>Multiplier</extracomment>
+        <translation>× 4</translation>
+    </message>
+    <message id="137">
+        <source>× 1</source>
+        <extracomment>Multiplier</extracomment>
+        <translation>× 1</translation>
+    </message>
+    <message id="138">
+        <source>Factory Text</source>
+        <extracomment>Table row, parameter F</extracomment>
+        <translation>Texto de fábrica</translation>
+    </message>
+    <message id="139">
+        <source>Firmware Version</source>
+        <extracomment>Table row, parameter V</extracomment>
+        <translation>Versión de firmware</translation>
+    </message>
+    <message id="140">
+        <source>Resolution</source>
+        <extracomment>Caption and table row</extracomment>
+        <translation>Resolución</translation>
+    </message>
+    <message id="141">
+        <source>mm</source>
+        <extracomment>Unit</extracomment>
+        <translation>mm</translation>
+    </message>
+    <message id="142">
+        <source>Stroke Length</source>
+        <extracomment>Caption and table row</extracomment>
+        <translation>Longitud de carrera</translation>
+    </message>
+    <message id="143">
+        <source>Pulse Velocity</source>
+        <extracomment>Table row, parameter U: speed of the pulse in the waveguide</extracomment>
+        <translation>Velocidad del impulso</translation>
+    </message>
+    <message id="144">
+        <source>m/s (µs/in)</source>
+        <extracomment>Unit of the pulse velocity, in parentheses that of its reciprocal</extracomment>
+        <translation>m/s (µs/in)</translation>
+    </message>
+    <message id="145">
+        <source>Scale Factor</source>
+        <extracomment>Table row, parameter S</extracomment>
+        <translation>Factor de escala</translation>
+    </message>
+    <message id="146">
+        <source>hex</source>
+        <extracomment>Unit of a value shown in hexadecimal digits</extracomment>
+        <translation>hex</translation>
+    </message>
+    <message id="147">
+        <source>Factory Text P</source>
+        <extracomment>Table row, parameter P</extracomment>
+        <translation>Texto de fábrica P</translation>
+    </message>
+    <message id="148">
+        <source>Cycle Code Z</source>
+        <extracomment>Table row, parameter Z</extracomment>
+        <translation>Código de ciclo Z</translation>
+    </message>
+    <message id="149">
+        <source>Offset</source>
+        <extracomment>Table row, parameter N</extracomment>
+        <translation>Offset</translation>
+    </message>
+    <message id="150">
+        <source>Cycle Code M</source>
+        <extracomment>Table row, parameter M</extracomment>
+        <translation>Código de ciclo M</translation>
+    </message>
+    <message id="151">
+        <source>Factory Value J</source>
+        <extracomment>Table row, parameter J</extracomment>
+        <translation>Valor de fábrica J</translation>
+    </message>
+    <message id="152">
+        <source>Not applicable</source>
+        <extracomment>In place of a value that this type of sensor does not have</extracomment>
+        <translation>No aplicable</translation>
+    </message>
+    <message id="153">
+        <source>Advanced Measurement Setup</source>
+        <extracomment>Group and table row, parameter K</extracomment>
+        <translation>Configuración de medición avanzada</translation>
+    </message>
+    <message id="154">
+        <source>Factory Value O</source>
+        <extracomment>Table row, parameter O</extracomment>
+        <translation>Valor de fábrica O</translation>
+    </message>
+    <message id="155">
+        <source>1 Magnet</source>
+        <extracomment>Option and table cell</extracomment>
+        <translation>1 imán</translation>
+    </message>
+    <message id="156">
+        <source>2 Magnets</source>
+        <extracomment>Option and table cell</extracomment>
+        <translation>2 imanes</translation>
+    </message>
+    <message id="157">
+        <source>Normal Position Output</source>
+        <extracomment>Option and table cell</extracomment>
+        <translation>Salida de posición normal</translation>
+    </message>
+    <message id="158">
+        <source>Differential Position</source>
+        <extracomment>Option and table cell</extracomment>
+        <translation>Posición diferencial</translation>
+    </message>
+    <message id="159">
+        <source>Velocity</source>
+        <extracomment>Option and table cell</extracomment>
+        <translation>Velocidad</translation>
+    </message>
+    <message id="160">
+        <source>Unknown number of magnets</source>
+        <extracomment>Table cell</extracomment>
+        <translation>Número de imanes desconocido</translation>
+    </message>
+    <message id="161">
+        <source>Unknown output</source>
+        <extracomment>Table cell</extracomment>
+        <translation>Salida desconocida</translation>
+    </message>
+    <message id="162">
+        <source>No Extension</source>
+        <extracomment>Option and table cell</extracomment>
+        <translation>Sin extensión</translation>
+    </message>
+    <message id="163">
+        <source>Parity</source>
+        <extracomment>Option and table cell</extracomment>
+        <translation>Paridad</translation>
+    </message>
+    <message id="164">
+        <source>Temperature</source>
+        <extracomment>Option and table cell</extracomment>
+        <translation>Temperatura</translation>
+    </message>
+    <message id="165">
+        <source>Unknown extension</source>
+        <extracomment>Table cell</extracomment>
+        <translation>Extensión desconocida</translation>
+    </message>
+    <message id="166">
+        <source>Refresh</source>
+        <extracomment>Button</extracomment>
+        <translation>Actualizar</translation>
+    </message>
+    <message id="167">
+        <source>COM%1 could not be opened.
+
+Abort ends the program, Retry tries the same port again, Ignore lets you select another port.</source>
+        <extracomment>%1 port number; names the buttons Abort, Retry and Ignore as the toolkit translates them</extracomment>
+        <translation>No se pudo abrir COM%1.
+
+«Interrumpir» termina el programa, «Reintentar» prueba el mismo puerto, «Ignorar» permite seleccionar otro puerto.</translation>
+    </message>
+    <message id="168">
+        <source>Output Setup</source>
+        <extracomment>Page</extracomment>
+        <translation>Configuración de salida</translation>
+    </message>
+    <message id="169">
+        <source>Data Bits</source>
+        <extracomment>Caption</extracomment>
+        <translation>Bits de datos</translation>
+    </message>
+    <message id="170">
+        <source>Parameter %1 could not be written to the sensor.</source>
+        <extracomment>%1 byte value of the parameter's identifier</extracomment>
+        <translation>No se pudo escribir el parámetro %1 en el sensor.</translation>
+    </message>
+    <message id="171">
+        <source>Binary</source>
+        <extracomment>Output format</extracomment>
+        <translation>Binario</translation>
+    </message>
+    <message id="172">
+        <source>Gray code</source>
+        <extracomment>Output format</extracomment>
+        <translation>Código Gray</translation>
+    </message>
+    <message id="173">
+        <source>Format</source>
+        <extracomment>Caption</extracomment>
+        <translation>Formato</translation>
+    </message>
+    <message id="174">
+        <source>Measurement Direction</source>
+        <extracomment>Caption</extracomment>
+        <translation>Dirección de medición</translation>
+    </message>
+    <message id="175">
+        <source>mm</source>
+        <extracomment>Unit of the resolution</extracomment>
+        <translation>mm</translation>
+    </message>
+    <message id="176">
+        <source>Error Skip Count</source>
+        <extracomment>Caption and table row</extracomment>
+        <translation>Errores omitidos</translation>
+    </message>
+    <message id="177">
+        <source>Number of Magnets</source>
+        <extracomment>Group</extracomment>
+        <translation>Número de imanes</translation>
+    </message>
+    <message id="178">
+        <source>Extension</source>
+        <extracomment>Group</extracomment>
+        <translation>Extensión</translation>
+    </message>
+    <message id="179">
+        <source>Unlock</source>
+        <extracomment>Button</extracomment>
+        <translation>Desbloquear</translation>
+    </message>
+    <message id="180">
+        <source>Apply Changes</source>
+        <extracomment>Button</extracomment>
+        <translation>Aplicar cambios</translation>
+    </message>
+    <message id="181">
+        <source>A value is missing. Please complete it first.</source>
+        <extracomment>Message, with the incomplete field focused</extracomment>
+        <translation>Falta un valor. Complételo primero.</translation>
+    </message>
+    <message id="182">
+        <source>This type of sensor does not offer a resolution finer than 0.010 mm.</source>
+        <extracomment>Message</extracomment>
+        <translation>Este tipo de sensor no ofrece una resolución más fina que 0.010 mm.</translation>
+    </message>
+    <message id="183">
+        <source>This type of sensor has no synchronous measurement mode.</source>
+        <extracomment>Message</extracomment>
+        <translation>Este tipo de sensor no tiene modo de medición síncrono.</translation>
+    </message>
+    <message id="184">
+        <source>The measurement direction changes, and the offset with it. Select the sensor type or enter the sensor's dimensions; the new offset is calculated from them.</source>
+        <extracomment>Note in a dialog</extracomment>
+        <translation>La dirección de medición cambia, y con ella el offset. Seleccione el tipo de sensor o introduzca sus dimensiones; el nuevo offset se calcula a partir de ellas.</translation>
+    </message>
+    <message id="185">
+        <source>Calculate Offset</source>
+        <extracomment>Dialog title</extracomment>
+        <translation>Calcular offset</translation>
+    </message>
+    <message id="186">
+        <source>SE Distance</source>
+        <extracomment>Caption</extracomment>
+        <translation>Distancia SE</translation>
+    </message>
+    <message id="187">
+        <source>Dead Zone</source>
+        <extracomment>Caption</extracomment>
+        <translation>Zona muerta</translation>
+    </message>
+    <message id="188">
+        <source>Communications Log</source>
+        <extracomment>Page</extracomment>
+        <translation>Registro de comunicación</translation>
+    </message>
+    <message id="189">
+        <source>Clear</source>
+        <extracomment>Button</extracomment>
+        <translation>Borrar</translation>
+    </message>
+    <message id="190">
+        <source>Save To Disk</source>
+        <extracomment>Button</extracomment>
+        <translation>Guardar en disco</translation>
+    </message>
+    <message id="191">
+        <source>Text files (*.txt);;All files (*)</source>
+        <extracomment>File filter</extracomment>
+        <translation>Archivos de texto (*.txt);;Todos los archivos (*)</translation>
+    </message>
+    <message id="192">
+        <source>The file %1 could not be opened (system error %2).</source>
+        <extracomment>%1 path, %2 system error code</extracomment>
+        <translation>No se pudo abrir el archivo %1 (error del sistema %2).</translation>
+    </message>
+    <message id="193">
+        <source>&amp;Refresh</source>
+        <extracomment>Menu item</extracomment>
+        <translation>&amp;Actualizar</translation>
+    </message>
+    <message id="194">
+        <source>&amp;View</source>
+        <extracomment>Menu</extracomment>
+        <translation>&amp;Ver</translation>
+    </message>
+    <message id="195">
+        <source>&amp;Save Backup…</source>
+        <extracomment>Menu item</extracomment>
+        <translation>&amp;Guardar copia de seguridad…</translation>
+    </message>
+    <message id="196">
+        <source>&amp;Restore Backup…</source>
+        <extracomment>Menu item</extracomment>
+        <translation>&amp;Restaurar copia de seguridad…</translation>
+    </message>
+    <message id="197">
+        <source>Send Command &amp;E</source>
+        <extracomment>Menu item</extracomment>
+        <translation>Enviar comando &amp;E</translation>
+    </message>
+    <message id="198">
+        <source>Send Command &amp;Q</source>
+        <extracomment>Menu item</extracomment>
+        <translation>Enviar comando &amp;Q</translation>
+    </message>
+    <message id="200">
+        <source>&amp;Sensor</source>
+        <extracomment>Menu</extracomment>
+        <translation>&amp;Sensor</translation>
+    </message>
+    <message id="201">
+        <source>&amp;Help</source>
+        <extracomment>Menu item</extracomment>
+        <translation>&amp;Ayuda</translation>
+    </message>
+    <message id="202">
+        <source>&amp;About…</source>
+        <extracomment>Menu item</extracomment>
+        <translation>A&amp;cerca de…</translation>
+    </message>
+    <message id="203">
+        <source>&amp;Help</source>
+        <extracomment>Menu</extracomment>
+        <translation>A&amp;yuda</translation>
+    </message>
+    <message id="204">
+        <source>&amp;English</source>
+        <extracomment>Menu item, each language in its own words</extracomment>
+        <translation>&amp;English</translation>
+    </message>
+    <message id="205">
+        <source>&amp;Deutsch</source>
+        <extracomment>Menu item, each language in its own words</extracomment>
+        <translation>&amp;Deutsch</translation>
+    </message>
+    <message id="206">
+        <source>&amp;Français</source>
+        <extracomment>Menu item, each language in its own words</extracomment>
+        <translation>&amp;Français</translation>
+    </message>
+    <message id="207">
+        <source>E&amp;spañol</source>
+        <extracomment>Menu item, each language in its own words</extracomment>
+        <translation>E&amp;spañol</translation>
+    </message>
+    <message id="208">
+        <source>&amp;Italiano</source>
+        <extracomment>Menu item, each language in its own words</extracomment>
+        <translation>&amp;Italiano</translation>
+    </message>
+    <message id="209">
+        <source>&amp;Language</source>
+        <extracomment>Menu</extracomment>
+        <translation>&amp;Idioma</translation>
+    </message>
+    <message id="210">
+        <source>Saving the sensor's parameters…</source>
+        <extracomment>Progress dialog</extracomment>
+        <translation>Guardando los parámetros del sensor…</translation>
+    </message>
+    <message id="211">
+        <source>Restoring the sensor's parameters…</source>
+        <extracomment>Progress dialog</extracomment>
+        <translation>Restaurando los parámetros del sensor…</translation>
+    </message>
+    <message id="212">
+        <source>Backup files (*.dat);;All files (*)</source>
+        <extracomment>File filter</extracomment>
+        <translation>Copias de seguridad (*.dat);;Todos los archivos (*)</translation>
+    </message>
+    <message id="213">
+        <source>This is not a backup file of Pelorin.</source>
+        <extracomment>Message</extracomment>
+        <translation>Este no es un archivo de copia de seguridad de Pelorin.</translation>
+    </message>
+    <message id="214">
+        <source>Factory Parameters</source>
+        <extracomment>Page</extracomment>
+        <translation>Parámetros de fábrica</translation>
+    </message>
+    <message id="215">
+        <source>Sensor Type</source>
+        <extracomment>Caption and table row</extracomment>
+        <translation>Tipo de sensor</translation>
+    </message>
+    <message id="216">
+        <source>Cycle Code M, Suffix</source>
+        <extracomment>Table row, last two digits of parameter M</extracomment>
+        <translation>Código de ciclo M, sufijo</translation>
+    </message>
+    <message id="217">
+        <source>Writing to the sensor…</source>
+        <extracomment>Status bar</extracomment>
+        <translation>Escribiendo en el sensor…</translation>
+    </message>
+    <message id="218">
+        <source>About Pelorin</source>
+        <extracomment>Dialog title</extracomment>
+        <translation>Acerca de Pelorin</translation>
+    </message>
+    <message id="219">
+        <source>0, 2, 4, 8</source>
+        <extracomment>In place of a unit: the values that the multiplier may have</extracomment>
+        <translation>0, 2, 4, 8</translation>
+    </message>
+    <message id="228">
+        <source>Enter Password</source>
+        <extracomment>Dialog title</extracomment>
+        <translation>Introducir contraseña</translation>
+    </message>
+    <message id="235">
+        <source>The password is wrong.</source>
+        <extracomment>Message</extracomment>
+        <translation>La contraseña es incorrecta.</translation>
+    </message>
+    <message id="238">
+        <source>No help files are configured. The program starts without help.</source>
+        <extracomment>Message</extracomment>
+        <translation>No hay archivos de ayuda configurados. El programa se inicia sin ayuda.</translation>
+    </message>
+    <message id="239">
+        <source>The help could not be shown (language %1, error %2, detail %3).</source>
+        <extracomment>%1 language code, %2 error code, %3 detail</extracomment>
+        <translation>No se pudo mostrar la ayuda (idioma %1, error %2, detalle %3).</translation>
+    </message>
+    <message id="240">
+        <source>Changing the error skip count is protected. Enter the password to unlock it.</source>
+        <extracomment>Note in a dialog</extracomment>
+        <translation>El número de errores omitidos está protegido. Introduzca la contraseña para desbloquearlo.</translation>
+    </message>
+    <message id="241">
+        <source>OK</source>
+        <extracomment>Button</extracomment>
+        <translation>Aceptar</translation>
+    </message>
+    <message id="242">
+        <source>The synchronous measurement mode cannot be combined with the reverse direction.</source>
+        <extracomment>Message</extracomment>
+        <translation>El modo de medición síncrono no se puede combinar con la dirección inversa.</translation>
+    </message>
+    <message id="243">
+        <source>This value must be 0, 1 or 2.</source>
+        <extracomment>Message</extracomment>
+        <translation>Este valor debe ser 0, 1 o 2.</translation>
+    </message>
+    <message id="244">
+        <source>Switch the sensor's supply on now, then choose OK.</source>
+        <extracomment>Message while the program calls the sensor</extracomment>
+        <translation>Conecte ahora la alimentación del sensor y elija después «Aceptar».</translation>
+    </message>
+    <message id="245">
+        <source>Switch the sensor's supply off, then choose OK. Choose Cancel if the sensor is ready for programming already.</source>
+        <extracomment>Message with OK and Cancel</extracomment>
+        <translation>Desconecte la alimentación del sensor y elija después «Aceptar». Elija «Cancelar» si el sensor ya está listo para programarse.</translation>
+    </message>
+    <message id="246">
+        <source>QDL3 Display Unit</source>
+        <extracomment>Menu item and window title, so without a mnemonic</extracomment>
+        <translation>Visualizador QDL3</translation>
+    </message>
+    <message id="247">
+        <source>The display unit on %1 (node %2) did not acknowledge its set-up.</source>
+        <extracomment>%1 port, %2 node</extracomment>
+        <translation>El visualizador en %1 (nodo %2) no confirmó su configuración.</translation>
+    </message>
+    <message id="248">
+        <source>Send</source>
+        <extracomment>Caption</extracomment>
+        <translation>Enviar</translation>
+    </message>
+    <message id="249">
+        <source>Receive</source>
+        <extracomment>Caption</extracomment>
+        <translation>Recibido</translation>
+    </message>
+    <message id="250">
+        <source>Execute</source>
+        <extracomment>Button</extracomment>
+        <translation>Ejecutar</translation>
+    </message>
+    <message id="251">
+        <source>Manual Communications</source>
+        <extracomment>Menu item and dialog title, so without a mnemonic</extracomment>
+        <translation>Comunicación manual</translation>
+    </message>
+    <message id="252">
+        <source>Tables</source>
+        <extracomment>Tab</extracomment>
+        <translation>Tablas</translation>
+    </message>
+    <message id="253">
+        <source>Temperature Compensation</source>
+        <extracomment>Page</extracomment>
+        <translation>Compensación de temperatura</translation>
+    </message>
+    <message id="254">
+        <source>Row</source>
+        <extracomment>Column heading</extracomment>
+        <translation>Fila</translation>
+    </message>
+    <message id="255">
+        <source>Point</source>
+        <extracomment>Column heading</extracomment>
+        <translation>Punto</translation>
+    </message>
+    <message id="256">
+        <source>Value</source>
+        <extracomment>Column heading</extracomment>
+        <translation>Valor</translation>
+    </message>
+    <message id="257">
+        <source>Lookup tables (*.csv);;All files (*)</source>
+        <extracomment>File filter</extracomment>
+        <translation>Tablas de valores (*.csv);;Todos los archivos (*)</translation>
+    </message>
+    <message id="258">
+        <source>This is not a lookup table for temperature compensation.</source>
+        <extracomment>Message</extracomment>
+        <translation>Esta no es una tabla de compensación de temperatura.</translation>
+    </message>
+    <message id="259">
+        <source>Row</source>
+        <extracomment>Column heading</extracomment>
+        <translation>Fila</translation>
+    </message>
+    <message id="260">
+        <source>Value %1</source>
+        <extracomment>Column heading, %1 number</extracomment>
+        <translation>Valor %1</translation>
+    </message>
+    <message id="261">
+        <source>Magnet Position</source>
+        <extracomment>Page</extracomment>
+        <translation>Posición del imán</translation>
+    </message>
+    <message id="262">
+        <source>Magnet position in mm</source>
+        <extracomment>Caption</extracomment>
+        <translation>Posición del imán en mm</translation>
+    </message>
+    <message id="263">
+        <source>While this page is shown, the sensor streams its position over the programming line. Its output settings are changed for that and written back when you leave the page. Do not disconnect the sensor before then.</source>
+        <extracomment>Note on a page</extracomment>
+        <translation>Mientras se muestra esta página, el sensor transmite su posición por la línea de programación. Para ello se modifica su configuración de salida, que se restablece al salir de la página. No desconecte el sensor antes.</translation>
+    </message>
+    <message id="264">
+        <source>The parity extension changes the SSI word that the sensor sends; the controller must be set up for it. Use the parity extension?</source>
+        <extracomment>Question</extracomment>
+        <translation>La extensión de paridad cambia la palabra SSI que envía el sensor; el controlador debe estar configurado para ella. ¿Usar la extensión de paridad?</translation>
+    </message>
+    <message id="265">
+        <source>In the synchronous measurement mode the controller must clock the sensor regularly. Use the synchronous measurement mode?</source>
+        <extracomment>Question</extracomment>
+        <translation>En el modo de medición síncrono, el controlador debe sincronizar el sensor con regularidad. ¿Usar el modo de medición síncrono?</translation>
+    </message>
+    <message id="1000">
+        <source>simulated</source>
+        <extracomment>Stands beside the name of a simulated port</extracomment>
+        <translation>simulado</translation>
+    </message>
+    <message id="1001">
+        <source>You have no permission to open %1. Add your user to the group %2, then log in again.</source>
+        <extracomment>%1 port, %2 group of users</extracomment>
+        <translation>No tiene permiso para abrir %1. Añada su usuario al grupo %2 y vuelva a iniciar sesión.</translation>
+    </message>
+    <message id="1002">
+        <source>%1 is in use by another program.</source>
+        <extracomment>%1 port</extracomment>
+        <translation>%1 está en uso por otro programa.</translation>
+    </message>
+    <message id="1003">
+        <source>The settings file %1 is damaged in line %2. None of its settings are used.</source>
+        <extracomment>%1 path, %2 line number</extracomment>
+        <translation>El archivo de ajustes %1 está dañado en la línea %2. No se usa ninguno de sus ajustes.</translation>
+    </message>
+    <message id="1004">
+        <source>The profile %1 is damaged. Standard values are used; a copy is kept beside it.</source>
+        <extracomment>%1 path</extracomment>
+        <translation>El perfil %1 está dañado. Se usan valores estándar; se conserva una copia junto a él.</translation>
+    </message>
+    <message id="1005">
+        <source>The sensor answered, but no firmware revision bounds are configured. Enter your site's bounds in the settings.</source>
+        <extracomment>Tool tip</extracomment>
+        <translation>El sensor respondió, pero no hay límites de revisión de firmware configurados. Introduzca los límites de su instalación en los ajustes.</translation>
+    </message>
+    <message id="1006">
+        <source>Green: connected</source>
+        <extracomment>State of the link light</extracomment>
+        <translation>Verde: conectado</translation>
+    </message>
+    <message id="1007">
+        <source>Red, blinking: not connected</source>
+        <extracomment>State of the link light</extracomment>
+        <translation>Rojo intermitente: sin conexión</translation>
+    </message>
+    <message id="1008">
+        <source>Gray: no exchange yet</source>
+        <extracomment>State of the link light</extracomment>
+        <translation>Gris: aún sin intercambio</translation>
+    </message>
+    <message id="1009">
+        <source>Pages</source>
+        <extracomment>Accessible name of the page list</extracomment>
+        <translation>Páginas</translation>
+    </message>
+    <message id="1010">
+        <source>Port:</source>
+        <extracomment>Caption of the list of ports</extracomment>
+        <translation>Puerto:</translation>
+    </message>
+    <message id="1012">
+        <source>Operation abandoned: the connection to the sensor was lost.</source>
+        <extracomment>Message</extracomment>
+        <translation>Operación cancelada: se perdió la conexión con el sensor.</translation>
+    </message>
+    <message id="1013">
+        <source>The sensor is not identified. Nothing was written.</source>
+        <extracomment>Message</extracomment>
+        <translation>El sensor no está identificado. No se escribió nada.</translation>
+    </message>
+    <message id="1014">
+        <source>Pelorin Help</source>
+        <extracomment>Window title</extracomment>
+        <translation>Ayuda de Pelorin</translation>
+    </message>
+    <message id="1015">
+        <source>Link light</source>
+        <extracomment>Accessible name</extracomment>
+        <translation>Indicador de conexión</translation>
+    </message>
+    <message id="1016">
+        <source>Program icon</source>
+        <extracomment>Accessible name</extracomment>
+        <translation>Icono del programa</translation>
+    </message>
+    <message id="1017">
+        <source>Version:</source>
+        <extracomment>Caption</extracomment>
+        <translation>Versión:</translation>
+    </message>
+    <message id="1018">
+        <source>Program:</source>
+        <extracomment>Caption</extracomment>
+        <translation>Programa:</translation>
+    </message>
+    <message id="1019">
+        <source>No serial port is present. Plug the adapter in and open this list again.</source>
+        <extracomment>Hint in an empty list of ports</extracomment>
+        <translation>No hay ningún puerto serie. Conecte el adaptador y vuelva a abrir esta lista.</translation>
+    </message>
+    <message id="1020">
+        <source>Sensor values</source>
+        <extracomment>Accessible name of the table of values</extracomment>
+        <translation>Valores del sensor</translation>
+    </message>
+    <message id="1021">
+        <source>Enable Compensation</source>
+        <extracomment>Check box</extracomment>
+        <translation>Activar compensación</translation>
+    </message>
+    <message id="1022">
+        <source>Lookup Table Arrays</source>
+        <extracomment>Caption</extracomment>
+        <translation>Tablas de valores</translation>
+    </message>
+    <message id="1023">
+        <source>Compensation Array</source>
+        <extracomment>Caption</extracomment>
+        <translation>Tabla de compensación</translation>
+    </message>
+    <message id="1024">
+        <source>Write To Sensor</source>
+        <extracomment>Button</extracomment>
+        <translation>Escribir en el sensor</translation>
+    </message>
+    <message id="1025">
+        <source>Write To File</source>
+        <extracomment>Button</extracomment>
+        <translation>Escribir en archivo</translation>
+    </message>
+    <message id="1026">
+        <source>Read From File</source>
+        <extracomment>Button</extracomment>
+        <translation>Leer de archivo</translation>
+    </message>
+    <message id="1027">
+        <source>The settings file %1 cannot be read.</source>
+        <extracomment>%1 path</extracomment>
+        <translation>No se puede leer el archivo de ajustes %1.</translation>
+    </message>
+</context>
+</TS>

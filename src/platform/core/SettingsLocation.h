@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QString>
+
+namespace pelorin {
+
+/// The settings file of this run: the one that the environment variable PELORIN_REGISTRY names,
+/// else pelorin/pelorin.reg in the user's configuration folder, else in /etc, else the default
+/// that is installed with the program. The file need not exist.
+[[nodiscard]] QString registryFilePath();
+
+/// The folder that the program was installed to: share/pelorin beside the folder of the
+/// executable. Needs an application object.
+[[nodiscard]] QString programFolder();
+
+/// The folder that an installation path from the settings stands for. A relative path counts
+/// from the folder of the settings file; a Windows path, as a site's exported settings have it,
+/// stands for programFolder(). Both kinds of slashes separate folders.
+[[nodiscard]] QString installationFolder(const QString& installPath);
+
+/// Whether a path begins with a drive letter or a backslash.
+[[nodiscard]] bool isWindowsPath(const QString& path);
+
+} // namespace pelorin

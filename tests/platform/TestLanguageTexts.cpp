@@ -1,0 +1,206 @@
+#include <QDirIterator>
+#include <QFile>
+#include <QMap>
+#include <QRegularExpression>
+#include <QSet>
+#include <QTest>
+#include <QXmlStreamReader>
+
+namespace {
+
+struct Text
+{
+    QString text;
+    bool finished = false;
+};
+
+using Texts = QMap<int, Text>;
+
+constexpr const char* kSource = PELORIN_SOURCE_DIR;
+
+QString contentOf(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+}
+
+/// The texts of a language module's source; doubled numbers are appended to doubled.
+Texts readTexts(int code, QList<int>& doubled)
+{
+    Texts texts;
+    const QString path = QString::fromLatin1(kSource) +
+                         QStringLiteral("/resources/languages/pelorin_%1.ts").arg(code);
+    QXmlStreamReader xml(contentOf(path));
+    int number = 0;
+    while (!xml.atEnd()) {
+        if (xml.readNext() != QXmlStreamReader::StartElement)
+            continue;
+        if (xml.name() == QLatin1String("message")) {
+            number = xml.attributes().value(QLatin1String("id")).toInt();
+            if (texts.contains(number))
+                doubled.append(number);
+        } else if (xml.name() == QLatin1String("translation")) {
+            const bool finished = !xml.attributes().hasAttribute(QLatin1String("type"));
+            texts.insert(number, {xml.readElementText(), finished});
+        }
+    }
+    return xml.hasError() ? Texts() : texts;
+}
+
+QSet<QString> matches(const QString& text, const char* pattern, int group = 0)
+{
+    QSet<QString> found;
+    auto match = QRegularExpression(QString::fromLatin1(pattern)).globalMatch(text);
+    while (match.hasNext())
+        found.insert(match.next().captured(group));
+    return found;
+}
+
+QChar mnemonicOf(const QString& caption)
+{
+    const auto mark = caption.indexOf(QLatin1Char('&'));
+    return mark < 0 || mark + 1 >= caption.size() ? QChar() : caption.at(mark + 1).toUpper();
+}
+
+/// The captions of the menu bar and of each menu, by number.
+const QList<QList<int>> kMenus = {
+    {108, 194, 209, 200, 203, 106}, {107, 109}, {193, 246}, {204, 205, 206, 207, 208},
+    {195, 196, 197, 198, 251},      {201, 202}};
+
+} // namespace
+
+/// Walks the sources of the language modules.
+class TestLanguageTexts : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void everyLanguageHasTheEnglishNumbersAndArguments_data();
+    void everyLanguageHasTheEnglishNumbersAndArguments();
+    void mnemonicsAreUniqueWithinEachMenu_data();
+    void mnemonicsAreUniqueWithinEachMenu();
+    void mnemonicsStandInMenusAlone_data();
+    void mnemonicsStandInMenusAlone();
+    void fileFiltersOfferTheExtensionAndAllFiles_data();
+    void fileFiltersOfferTheExtensionAndAllFiles();
+    void everyNumberThatTheProgramUsesHasAText();
+
+private:
+    static void addLanguages()
+    {
+        QTest::addColumn<int>("code");
+        for (const int code : {1, 2, 4, 8, 16})
+            QTest::addRow("language %d", code) << code;
+    }
+};
+
+void TestLanguageTexts::everyLanguageHasTheEnglishNumbersAndArguments_data()
+{
+    addLanguages();
+}
+
+void TestLanguageTexts::everyLanguageHasTheEnglishNumbersAndArguments()
+{
+    QFETCH(int, code);
+
+    QList<int> doubled;
+    const Texts english = readTexts(1, doubled);
+    const Texts texts = readTexts(code, doubled);
+    QCOMPARE(doubled, QList<int>());
+    QVERIFY(english.size() > 100);
+    QCOMPARE(texts.keys(), english.keys());
+
+    for (auto it = texts.cbegin(); it != texts.cend(); ++it) {
+        const QByteArray where = QByteArray::number(it.key()) + ": " + it->text.toUtf8();
+        QVERIFY2(it->finished, where.constData());
+        QVERIFY2(!it->text.trimmed().isEmpty(), where.constData());
+        QVERIFY2(matches(it->text, "%[0-9L]+") == matches(english[it.key()].text, "%[0-9L]+"),
+                 where.constData());
+        QVERIFY2(matches(it->text, "%[^0-9]").isEmpty(), where.constData());
+    }
+}
+
+void TestLanguageTexts::mnemonicsAreUniqueWithinEachMenu_data()
+{
+    addLanguages();
+}
+
+void TestLanguageTexts::mnemonicsAreUniqueWithinEachMenu()
+{
+    QFETCH(int, code);
+
+    QList<int> doubled;
+    const Texts texts = readTexts(code, doubled);
+    for (const auto& menu : kMenus) {
+        QSet<QChar> taken;
+        for (const int number : menu) {
+            const QChar mnemonic = mnemonicOf(texts[number].text);
+            QVERIFY2(mnemonic.isNull() || !taken.contains(mnemonic),
+                     qPrintable(texts[number].text));
+            taken.insert(mnemonic);
+        }
+    }
+}
+
+void TestLanguageTexts::mnemonicsStandInMenusAlone_data()
+{
+    addLanguages();
+}
+
+void TestLanguageTexts::mnemonicsStandInMenusAlone()
+{
+    QFETCH(int, code);
+
+    QSet<int> captions;
+    for (const auto& menu : kMenus)
+        captions.unite(QSet<int>(menu.cbegin(), menu.cend()));
+    captions.subtract({107, 246, 251}); // also titles, where the mark would show
+
+    QList<int> doubled;
+    const Texts texts = readTexts(code, doubled);
+    for (auto it = texts.cbegin(); it != texts.cend(); ++it)
+        QVERIFY2(captions.contains(it.key()) != mnemonicOf(it->text).isNull(),
+                 qPrintable(it->text));
+}
+
+void TestLanguageTexts::fileFiltersOfferTheExtensionAndAllFiles_data()
+{
+    addLanguages();
+}
+
+void TestLanguageTexts::fileFiltersOfferTheExtensionAndAllFiles()
+{
+    QFETCH(int, code);
+
+    QList<int> doubled;
+    const Texts texts = readTexts(code, doubled);
+    const QMap<int, QString> extensions = {
+        {191, QStringLiteral("txt")}, {212, QStringLiteral("dat")}, {257, QStringLiteral("csv")}};
+    for (auto it = extensions.cbegin(); it != extensions.cend(); ++it) {
+        const auto filters = texts[it.key()].text.split(QStringLiteral(";;"));
+        QCOMPARE(filters.size(), 2);
+        QVERIFY2(filters[0].endsWith(QStringLiteral(" (*.%1)").arg(it.value())),
+                 qPrintable(filters[0]));
+        QVERIFY2(filters[1].endsWith(QStringLiteral(" (*)")), qPrintable(filters[1]));
+    }
+}
+
+void TestLanguageTexts::everyNumberThatTheProgramUsesHasAText()
+{
+    QList<int> doubled;
+    const Texts texts = readTexts(1, doubled);
+    QDirIterator sources(QString::fromLatin1(kSource) + QStringLiteral("/src"),
+                         {QStringLiteral("*.cpp"), QStringLiteral("*.h")}, QDir::Files,
+                         QDirIterator::Subdirectories);
+    while (sources.hasNext()) {
+        const QString path = sources.next();
+        const QString content = contentOf(path);
+        auto numbers = matches(content, "\\b(?:languageString|setStatusText)\\(\\s*(\\d+)", 1);
+        numbers.unite(matches(content, "\\baddToTranslationMap\\(\\s*\\d+\\s*,\\s*(\\d+)", 1));
+        for (const QString& number : std::as_const(numbers))
+            QVERIFY2(texts.contains(number.toInt()), qPrintable(path + QLatin1Char(' ') + number));
+    }
+}
+
+QTEST_APPLESS_MAIN(TestLanguageTexts)
+#include "TestLanguageTexts.moc"
