@@ -1,0 +1,212 @@
+#include "simulator/SimulatedComPort.h"
+
+#include "platform/core/Pacing.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <utility>
+
+namespace pelorin {
+
+namespace {
+
+constexpr int kQueueSize = 4096;
+
+std::chrono::milliseconds timeLimit(int constant, int multiplier, std::size_t bytes)
+{
+    return Pacing::timeout(
+        std::chrono::milliseconds(constant + multiplier * static_cast<int>(bytes)));
+}
+
+} // namespace
+
+SimulatedComPort::SimulatedComPort(std::shared_ptr<SimulatedDevice> device)
+    : m_device(std::move(device))
+{
+}
+
+SimulatedComPort::~SimulatedComPort()
+{
+    SimulatedComPort::close();
+}
+
+int SimulatedComPort::open()
+{
+    if (isOpen())
+        return EBUSY;
+    if (!m_device)
+        return ENOENT;
+    const auto now = Clock::now();
+    if (const int error = m_device->claim(this, now))
+        return error;
+    {
+        const std::lock_guard lock(m_mutex);
+        m_state = State::Open;
+        m_interrupted = false;
+    }
+    m_received.clear();
+    m_device->setRts(true, now);
+    (void)m_device->take(now); // sent while nobody listened
+    return 0;
+}
+
+bool SimulatedComPort::isOpen() const
+{
+    const std::lock_guard lock(m_mutex);
+    return m_state == State::Open;
+}
+
+int SimulatedComPort::setLine(const LineSettings& line)
+{
+    if (const int error = errorFor(Use::Control))
+        return error;
+    if (line.baud <= 0)
+        return EINVAL;
+    {
+        const std::lock_guard lock(m_mutex);
+        m_line = line;
+    }
+    m_device->setLine(line, Clock::now());
+    return 0;
+}
+
+int SimulatedComPort::setTimeouts(const Timeouts& timeouts)
+{
+    if (const int error = errorFor(Use::Control))
+        return error;
+    m_timeouts = timeouts;
+    return 0;
+}
+
+int SimulatedComPort::setQueueSizes(int receive, int transmit)
+{
+    if (const int error = errorFor(Use::Control))
+        return error;
+    return std::min(receive, transmit) < 1 || std::max(receive, transmit) > kQueueSize ? EINVAL : 0;
+}
+
+int SimulatedComPort::purge(Purge /*what*/)
+{
+    if (const int error = errorFor(Use::Control))
+        return error;
+    // Nothing waits on the transmit side: what did not leave in time was dropped.
+    (void)m_device->take(Clock::now());
+    m_received.clear();
+    return 0;
+}
+
+int SimulatedComPort::setRts(bool on)
+{
+    if (const int error = errorFor(Use::Control))
+        return error;
+    m_device->setRts(on, Clock::now());
+    return 0;
+}
+
+ComPort::ReadResult SimulatedComPort::read()
+{
+    const auto limit =
+        Clock::now() + timeLimit(m_timeouts.readConstant, m_timeouts.readMultiplier, 1);
+    for (;;) {
+        const auto seen = m_device ? m_device->changes() : 0;
+        if (const int error = errorFor(Use::Transfer))
+            return {.error = error};
+        const auto now = Clock::now();
+        fetch(now);
+        if (!m_received.empty()) {
+            const char byte = m_received.front();
+            m_received.pop_front();
+            return {.received = true, .byte = byte};
+        }
+        if (now >= limit)
+            return {};
+        m_device->waitForChange(seen, std::min(limit, m_device->nextDue(now).value_or(limit)));
+    }
+}
+
+ComPort::WriteResult SimulatedComPort::write(std::string_view bytes)
+{
+    if (const int error = errorFor(Use::Transfer))
+        return {.error = error};
+    const auto each = byteTime();
+    const auto begin = std::max(Clock::now(), m_lineFree);
+    const TimePoint end = begin + each * static_cast<long>(bytes.size());
+    const auto limit = Clock::now() + timeLimit(m_timeouts.writeConstant,
+                                                m_timeouts.writeMultiplier, bytes.size());
+    const int error = waitUntil(std::min(end, limit));
+    const auto now = Clock::now();
+    m_lineFree = std::min(end, now);
+
+    std::size_t left = bytes.size();
+    if (now < end)
+        left = now < begin ? 0 : static_cast<std::size_t>((now - begin) / each);
+    const int written = m_device->receive(bytes.substr(0, left), now);
+    return {.error = error ? error : errorFor(Use::Transfer), .written = written};
+}
+
+void SimulatedComPort::interrupt()
+{
+    {
+        const std::lock_guard lock(m_mutex);
+        if (m_state != State::Open)
+            return;
+        m_interrupted = true;
+    }
+    m_device->wake();
+}
+
+void SimulatedComPort::close()
+{
+    {
+        const std::lock_guard lock(m_mutex);
+        m_state = State::Closed;
+        m_interrupted = false;
+    }
+    if (m_device)
+        m_device->release(this);
+}
+
+/// Why a port cannot be used at present, 0 if it can. Notices that the device has vanished.
+int SimulatedComPort::errorFor(Use use)
+{
+    const std::lock_guard lock(m_mutex);
+    if (m_state == State::Open && !m_device->isClaimedBy(this, Clock::now()))
+        m_state = State::Gone;
+    switch (m_state) {
+    case State::Closed:
+        return EBADF;
+    case State::Gone:
+        return ENODEV;
+    case State::Open:
+        break;
+    }
+    return use == Use::Transfer && m_interrupted ? ECANCELED : 0;
+}
+
+/// Waits while the port can be used, until a time.
+int SimulatedComPort::waitUntil(TimePoint limit)
+{
+    for (;;) {
+        const auto seen = m_device->changes();
+        if (const int error = errorFor(Use::Transfer))
+            return error;
+        if (Clock::now() >= limit)
+            return 0;
+        m_device->waitForChange(seen, limit);
+    }
+}
+
+std::chrono::nanoseconds SimulatedComPort::byteTime() const
+{
+    const std::lock_guard lock(m_mutex);
+    return SimulatedDevice::byteTime(m_line);
+}
+
+void SimulatedComPort::fetch(TimePoint now)
+{
+    for (const char byte : m_device->take(now))
+        if (m_received.size() < kQueueSize)
+            m_received.push_back(byte);
+}
+
+} // namespace pelorin

@@ -1,0 +1,56 @@
+#pragma once
+
+#include "platform/core/ComPort.h"
+#include "simulator/SimulatedDevice.h"
+
+#include <deque>
+#include <memory>
+#include <mutex>
+
+namespace pelorin {
+
+/// A port whose line leads to a simulated device in this process.
+class SimulatedComPort final : public ComPort
+{
+public:
+    /// @param device null stands for a device that is not there: open fails with ENOENT
+    explicit SimulatedComPort(std::shared_ptr<SimulatedDevice> device);
+    ~SimulatedComPort() override;
+
+    [[nodiscard]] int open() override;
+    [[nodiscard]] bool isOpen() const override;
+    [[nodiscard]] int setLine(const LineSettings& line) override;
+    [[nodiscard]] int setTimeouts(const Timeouts& timeouts) override;
+    [[nodiscard]] int setQueueSizes(int receive, int transmit) override;
+    [[nodiscard]] int purge(Purge what) override;
+    [[nodiscard]] int setRts(bool on) override;
+    [[nodiscard]] ReadResult read() override;
+    [[nodiscard]] WriteResult write(std::string_view bytes) override;
+    void interrupt() override;
+    void close() override;
+
+private:
+    using Clock = SimulatedDevice::Clock;
+    using TimePoint = SimulatedDevice::TimePoint;
+
+    enum class State { Closed, Open, Gone };
+    enum class Use { Control, Transfer };
+
+    [[nodiscard]] int errorFor(Use use);
+    [[nodiscard]] int waitUntil(TimePoint limit);
+    [[nodiscard]] std::chrono::nanoseconds byteTime() const;
+    void fetch(TimePoint now);
+
+    const std::shared_ptr<SimulatedDevice> m_device;
+    mutable std::mutex m_mutex; ///< guards the next three
+    State m_state = State::Closed;
+    bool m_interrupted = false;
+    LineSettings m_line{9600};
+
+    // Used by the thread that reads and writes.
+    Timeouts m_timeouts;
+    std::deque<char> m_received;
+    TimePoint m_lineFree; ///< when the last byte written has left
+};
+
+} // namespace pelorin
