@@ -1,0 +1,52 @@
+#include "link/CommLog.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace pelorin {
+
+void CommLog::append(const QString& line)
+{
+    const QByteArray utf8 = line.toUtf8();
+    const std::lock_guard lock(m_mutex);
+    m_last.text.append(utf8.constData(), static_cast<std::size_t>(utf8.size()));
+    m_last.ends.push_back(static_cast<std::uint32_t>(m_last.text.size()));
+    m_longestLine = std::max(m_longestLine, static_cast<int>(utf8.size()));
+    if (m_last.ends.size() == kLinesPerBlock) {
+        m_last.text.shrink_to_fit();
+        m_full.push_back(std::make_shared<const Block>(std::exchange(m_last, Block())));
+    }
+}
+
+void CommLog::clear()
+{
+    Blocks dropped; // freed after the lock: an append must not wait for it
+    const std::lock_guard lock(m_mutex);
+    dropped.swap(m_full);
+    m_last = Block();
+    m_longestLine = 0;
+}
+
+CommLog::Snapshot CommLog::snapshot() const
+{
+    Snapshot result;
+    const std::lock_guard lock(m_mutex);
+    result.m_blocks.reserve(m_full.size() + 1);
+    result.m_blocks = m_full;
+    result.m_blocks.push_back(std::make_shared<const Block>(m_last));
+    result.m_size = static_cast<int>(m_full.size() * kLinesPerBlock + m_last.ends.size());
+    result.m_longestLine = m_longestLine;
+    return result;
+}
+
+QString CommLog::Snapshot::line(int index) const
+{
+    const auto position = static_cast<std::size_t>(index);
+    const Block& block = *m_blocks[position / kLinesPerBlock];
+    const std::size_t inBlock = position % kLinesPerBlock;
+    const std::uint32_t begin = inBlock == 0 ? 0 : block.ends[inBlock - 1];
+    return QString::fromUtf8(block.text.data() + begin,
+                             static_cast<qsizetype>(block.ends[inBlock] - begin));
+}
+
+} // namespace pelorin

@@ -1,0 +1,56 @@
+#pragma once
+
+#include <QString>
+
+#include <cstdint>
+#include <memory>
+#include <mutex>
+#include <string>
+#include <vector>
+
+namespace pelorin {
+
+/// The communications log: one line per frame or serial error, oldest first, without limit.
+/// Any thread may append, clear and take a snapshot at any time; none waits long for another,
+/// since a snapshot shares all full blocks of lines and copies only the last one.
+class CommLog
+{
+    struct Block
+    {
+        std::string text;                ///< the lines one after the other, UTF-8
+        std::vector<std::uint32_t> ends; ///< where each line ends in text
+    };
+    using Blocks = std::vector<std::shared_ptr<const Block>>;
+
+public:
+    /// The lines as they were at one moment; a value that later appends do not change.
+    class Snapshot
+    {
+    public:
+        [[nodiscard]] int size() const { return m_size; }
+        /// @param index 0 to size() - 1
+        [[nodiscard]] QString line(int index) const;
+        /// Length in bytes of the longest line that the log has held since it was last cleared.
+        [[nodiscard]] int longestLine() const { return m_longestLine; }
+
+    private:
+        friend class CommLog;
+        Blocks m_blocks;
+        int m_size = 0;
+        int m_longestLine = 0;
+    };
+
+    void append(const QString& line);
+    void clear();
+    [[nodiscard]] Snapshot snapshot() const;
+
+private:
+    static constexpr std::size_t kLinesPerBlock = 2048;
+
+    mutable std::mutex m_mutex; ///< guards all fields
+    Blocks m_full;
+    Block m_last;
+    int m_longestLine = 0;
+};
+
+} // namespace pelorin

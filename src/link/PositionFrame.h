@@ -1,0 +1,21 @@
+#pragma once
+
+#include <optional>
+#include <string_view>
+
+namespace pelorin {
+
+/// How a streamed SSI word becomes a length.
+struct PositionScale
+{
+    int dataBits = 0;        ///< width of the SSI word, 0 to 255; 0 while no stream is selected
+    double mmPerCount = 0.0; ///< resolution; 0 while no stream is selected
+};
+
+/// Decodes one frame of the position stream: eight hexadecimal digits and CR. The SSI word
+/// stands left-aligned in 32 bits.
+/// @return millimetres, signed; nothing if the frame is not whole. Any thread.
+[[nodiscard]] std::optional<double> decodePosition(std::string_view frame,
+                                                   const PositionScale& scale) noexcept;
+
+} // namespace pelorin

@@ -1,0 +1,205 @@
+#include "link/SensorProtocol.h"
+
+#include "link/CommLog.h"
+#include "platform/core/ComPort.h"
+#include "platform/core/Pacing.h"
+
+#include <QDeadlineTimer>
+
+#include <cerrno>
+#include <utility>
+
+namespace pelorin {
+
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr char kTerminator = '\r';
+constexpr char kGet = 'A';
+constexpr char kSet = 'N';
+constexpr char kVersionId = 'V';
+constexpr std::string_view kProgFrame = "PROG\r";
+constexpr int kProgFramesPerConnect = 101;
+constexpr int kConnectAttempts = 2;
+constexpr auto kSupplyOffTime = 500ms;
+
+constexpr int kReplyMaximum = 10;
+constexpr int kReplyMinimumWithTerminator = 7;
+constexpr int kReplyMaximumWithTerminator = 9;
+constexpr int kWriteDataMaximum = 9;
+constexpr int kPositionFrameLength = 9;
+
+constexpr qsizetype kRawReplyMaximum = 1024 * 1024;
+constexpr auto kRawReplyTime = 60s;
+
+std::string_view view(const QByteArray& bytes)
+{
+    return {bytes.constData(), static_cast<std::size_t>(bytes.size())};
+}
+
+/// The second byte of a frame says what it asks for.
+QString frameToken(std::size_t index, char byte)
+{
+    if (index == 1 && byte == kGet)
+        return QStringLiteral("[Get]");
+    if (index == 1 && byte == kSet)
+        return QStringLiteral("[Set]");
+    if (index != 1 && byte == kTerminator)
+        return QStringLiteral("[TERM]");
+    return QString::asprintf("[%02X]", static_cast<unsigned>(static_cast<unsigned char>(byte)));
+}
+
+} // namespace
+
+SensorProtocol::SensorProtocol(ComPort& port, CommLog& log, Callbacks callbacks)
+    : m_port(port), m_log(log), m_callbacks(std::move(callbacks))
+{
+}
+
+std::optional<QByteArray> SensorProtocol::readParameter(char id)
+{
+    const char request[] = {id, kGet, kTerminator};
+    (void)writeFrame({request, sizeof request}, 1); // a failed write still waits for a reply
+    QByteArray reply = readFrame(kReplyMaximum);
+
+    const auto count = static_cast<int>(reply.size());
+    if (count < kReplyMinimumWithTerminator || count > kReplyMaximumWithTerminator) {
+        m_log.append(QString::asprintf("Invalid input byte count of %d", count));
+        return std::nullopt;
+    }
+    if (reply.back() != kTerminator) {
+        const auto last = static_cast<unsigned char>(reply.back());
+        m_log.append(QString::asprintf("Invalid message terminator received ($%02X)",
+                                       static_cast<unsigned>(last)));
+        return std::nullopt;
+    }
+    reply.chop(1);
+    return reply;
+}
+
+int SensorProtocol::writeParameter(char id, const QByteArray& value)
+{
+    if (value.size() > kWriteDataMaximum) {
+        m_log.append(QString::asprintf("Invalid output data length of %d",
+                                       static_cast<int>(value.size())));
+        return 0;
+    }
+    QByteArray frame;
+    frame.append(id).append(kSet).append(value).append(kTerminator);
+    return writeFrame(view(frame), 1);
+}
+
+std::optional<QByteArray> SensorProtocol::connect()
+{
+    for (int attempt = 0; attempt < kConnectAttempts; ++attempt) {
+        setRts(m_port, m_log, 0);
+        if (!m_callbacks.pause(kSupplyOffTime))
+            return std::nullopt;
+        setRts(m_port, m_log, 1);
+
+        for (int frame = 0; frame < kProgFramesPerConnect; ++frame) {
+            if (!writeFrame(kProgFrame, frame == 0 ? 1 : 0))
+                return std::nullopt;
+        }
+        if (auto version = readParameter(kVersionId))
+            return version;
+    }
+    return std::nullopt;
+}
+
+void SensorProtocol::sendKeepAlive()
+{
+    (void)writeFrame(kProgFrame, 0);
+}
+
+RawReply SensorProtocol::rawExchange(const QByteArray& bytes)
+{
+    for (const char& byte : bytes)
+        (void)m_port.write({&byte, 1}); // whatever happened shows in what comes back
+
+    RawReply reply;
+    const QDeadlineTimer deadline(Pacing::pause(kRawReplyTime));
+    while (!reply.cut) {
+        const auto result = m_port.read();
+        if (!result.received)
+            break;
+        reply.bytes.append(result.byte);
+        reply.cut = reply.bytes.size() >= kRawReplyMaximum || deadline.hasExpired();
+    }
+    return reply;
+}
+
+std::optional<QByteArray> SensorProtocol::readPositionFrame()
+{
+    if (const int error = m_port.purge(ComPort::Purge::Receive); error != 0) {
+        m_log.append(QString::asprintf("Error in PurgeComm. Error = %d", error));
+        m_callbacks.reportLoss();
+        return std::nullopt;
+    }
+    return readFrame(kPositionFrameLength);
+}
+
+void SensorProtocol::setRts(ComPort& port, CommLog& log, int clear)
+{
+    const bool on = clear != 1;
+    if (const int error = port.setRts(on); error != 0)
+        log.append(QString::asprintf("Error in EscapeCommFunction %s. Error = %d",
+                                     on ? "SETRTS" : "CLRRTS", error));
+}
+
+/// @return 0 only when the worker is stopping; other failures are reported as a loss
+int SensorProtocol::writeFrame(std::string_view frame, int purge)
+{
+    if (purge == 1) {
+        if (const int error = m_port.purge(ComPort::Purge::Both); error != 0) {
+            m_log.append(QString::asprintf("Error in PurgeComm. Error = %d", error));
+            m_callbacks.reportLoss();
+        }
+    }
+
+    const auto [error, written] = m_port.write(frame);
+    const auto length = static_cast<int>(frame.size());
+    if (error == ECANCELED)
+        return 0;
+    if (error != 0) {
+        m_log.append(QString::asprintf("Error in WriteFile. Error = %d", error));
+        m_callbacks.reportLoss();
+    } else if (written < length) {
+        m_log.append(QString::asprintf(
+            "Byte count mismatch in WriteFile. Wrote = %d, Correct = %d,Error = %d", written,
+            length, error));
+    } else {
+        logFrame(1, frame);
+    }
+    return 1;
+}
+
+QByteArray SensorProtocol::readFrame(int maximum)
+{
+    QByteArray bytes;
+    while (bytes.size() < maximum) {
+        const auto result = m_port.read();
+        if (result.error != 0 && result.error != ECANCELED)
+            m_log.append(QString::asprintf("Error in ReadFile. Error = %d", result.error));
+        if (!result.received)
+            break;
+        bytes.append(result.byte);
+        if (result.byte == kTerminator)
+            break;
+    }
+    logFrame(0, view(bytes));
+    return bytes;
+}
+
+void SensorProtocol::logFrame(int transmit, std::string_view bytes)
+{
+    if (transmit == 1 && bytes.starts_with("PR"))
+        return; // a hundred PROG frames would bury the rest of the log
+    QString line = transmit == 1 ? QStringLiteral("TX: ") : QStringLiteral("RX: ");
+    for (std::size_t index = 0; index < bytes.size(); ++index)
+        line += frameToken(index, bytes[index]);
+    m_log.append(line);
+}
+
+} // namespace pelorin

@@ -1,0 +1,57 @@
+#include "platform/core/TerminationSignals.h"
+
+#include <QSocketNotifier>
+
+#include <array>
+#include <csignal>
+#include <fcntl.h>
+#include <unistd.h>
+
+namespace pelorin {
+
+namespace {
+
+constexpr std::array kSignals = {SIGTERM, SIGINT, SIGHUP};
+
+int pipeEnds[2] = {-1, -1}; // a signal handler can reach nothing but globals
+
+void handle(int /*number*/)
+{
+    const char byte = 1;
+    (void)!::write(pipeEnds[1], &byte, 1); // a full pipe already says it
+}
+
+} // namespace
+
+TerminationSignals::TerminationSignals()
+{
+    if (::pipe2(pipeEnds, O_CLOEXEC | O_NONBLOCK) != 0)
+        return; // the signals then end the program at once, as if this were not here
+    m_notifier = std::make_unique<QSocketNotifier>(pipeEnds[0], QSocketNotifier::Read);
+    connect(m_notifier.get(), &QSocketNotifier::activated, this, [this] {
+        char byte = 0;
+        while (::read(pipeEnds[0], &byte, 1) == 1) {
+        }
+        Q_EMIT received();
+    });
+    struct sigaction action = {};
+    action.sa_handler = handle;
+    action.sa_flags = SA_RESTART;
+    for (const int number : kSignals)
+        (void)::sigaction(number, &action, nullptr); // cannot fail for these
+}
+
+TerminationSignals::~TerminationSignals()
+{
+    if (!m_notifier)
+        return;
+    for (const int number : kSignals)
+        (void)std::signal(number, SIG_DFL);
+    m_notifier.reset();
+    for (int& end : pipeEnds) {
+        (void)::close(end); // nothing is lost with it
+        end = -1;
+    }
+}
+
+} // namespace pelorin

@@ -1,0 +1,399 @@
+#include "link/SensorLink.h"
+#include "platform/core/ComPortFactory.h"
+#include "platform/core/MessageNumbers.h"
+#include "platform/core/Pacing.h"
+#include "simulator/SimulatedComPort.h"
+#include "simulator/SimulatedSensor.h"
+#include "support/MessageCollector.h"
+#include "support/TestRegistry.h"
+
+#include <QElapsedTimer>
+#include <QTest>
+
+using namespace pelorin;
+using namespace std::chrono_literals;
+
+namespace {
+
+/// A port that refuses one step of its configuration.
+class RefusingPort final : public ComPort
+{
+public:
+    enum class Step { None, Line, Timeouts, Queues };
+
+    RefusingPort(std::unique_ptr<ComPort> port, Step step) : m_port(std::move(port)), m_step(step)
+    {
+    }
+
+    int open() override { return m_port->open(); }
+    bool isOpen() const override { return m_port->isOpen(); }
+    int setLine(const LineSettings& line) override
+    {
+        return m_step == Step::Line ? EINVAL : m_port->setLine(line);
+    }
+    int setTimeouts(const Timeouts& timeouts) override
+    {
+        return m_step == Step::Timeouts ? EINVAL : m_port->setTimeouts(timeouts);
+    }
+    int setQueueSizes(int receive, int transmit) override
+    {
+        return m_step == Step::Queues ? EINVAL : m_port->setQueueSizes(receive, transmit);
+    }
+    int purge(Purge what) override { return m_port->purge(what); }
+    int setRts(bool on) override { return m_port->setRts(on); }
+    ReadResult read() override { return m_port->read(); }
+    WriteResult write(std::string_view bytes) override { return m_port->write(bytes); }
+    void interrupt() override { m_port->interrupt(); }
+    void close() override { m_port->close(); }
+
+private:
+    std::unique_ptr<ComPort> m_port;
+    Step m_step;
+};
+
+} // namespace
+
+class TestSensorLink : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup();
+
+    void connectIdentifiesEachType_data();
+    void connectIdentifiesEachType();
+    void connectWithoutBoundsFailsButKeepsTheVersion();
+    void requestWithoutWorkerFailsAtOnce();
+    void connectIsServedBeforeRead();
+    void nothingIsPostedWithoutATarget();
+    void lostPortIsCountedOnceAndWriteStillReportsSuccess();
+    void closeTakesBackUndeliveredLossReports();
+    void closeCutsAConnectShortAndAnswersIt();
+    void closeAnswersRequestsNotYetServed();
+    void closeCanSwitchTheSupplyOffLast();
+    void keepAliveRunsBesideReads();
+    void refusedConfigurationClosesThePort_data();
+    void refusedConfigurationClosesThePort();
+    void missingPortIsShownOnlyWhenAsked();
+    void positionsComeFromTheStream();
+    void lostPortDuringStreamIsReported();
+    void windowMayGoWhileTheWorkerPosts();
+
+private:
+    [[nodiscard]] int await(RequestId request);
+    [[nodiscard]] QStringList logged();
+    [[nodiscard]] bool connectSensor();
+    void makeSensor(int type);
+
+    std::unique_ptr<TestRegistry> m_registry;
+    std::shared_ptr<SimulatedSensor> m_sensor;
+    RefusingPort::Step m_refused = RefusingPort::Step::None;
+    std::unique_ptr<ComPortFactory> m_factory;
+    std::unique_ptr<MessageCollector> m_window;
+    std::unique_ptr<SensorLink> m_link;
+    QStringList m_shown;
+};
+
+void TestSensorLink::init()
+{
+    Pacing::setSpeeds({100, 100, 5});
+    m_registry.reset();
+    m_registry = std::make_unique<TestRegistry>(kSimulatedBounds);
+    m_refused = RefusingPort::Step::None;
+    m_shown.clear();
+    makeSensor(2);
+    m_factory = std::make_unique<ComPortFactory>([this](const QString&) {
+        return std::make_unique<RefusingPort>(std::make_unique<SimulatedComPort>(m_sensor),
+                                              m_refused);
+    });
+    m_window = std::make_unique<MessageCollector>();
+    m_link = std::make_unique<SensorLink>(*m_factory);
+    m_link->setErrorPresenter([this](const QString& text) { m_shown << text; });
+    m_link->setReplyTarget(m_window.get(), WM_LINK_REPLY);
+    m_link->setLossTarget(m_window.get());
+}
+
+void TestSensorLink::cleanup()
+{
+    m_link.reset();
+    m_window.reset();
+}
+
+void TestSensorLink::makeSensor(int type)
+{
+    m_sensor = std::make_shared<SimulatedSensor>(SimulatedSensor::Options{.type = type});
+}
+
+/// The result of a request, -1 if it is not answered in time.
+int TestSensorLink::await(RequestId request)
+{
+    (void)QTest::qWaitFor([&] { return m_window->resultOf(request) >= 0; });
+    return m_window->resultOf(request);
+}
+
+QStringList TestSensorLink::logged()
+{
+    QStringList lines;
+    const auto snapshot = m_link->commLog().snapshot();
+    for (int index = 0; index < snapshot.size(); ++index)
+        lines << snapshot.line(index);
+    return lines;
+}
+
+bool TestSensorLink::connectSensor()
+{
+    return m_link->open(7, 1) == 1 && await(m_link->requestConnect()) == 1;
+}
+
+void TestSensorLink::connectIdentifiesEachType_data()
+{
+    QTest::addColumn<int>("type");
+    for (const int type : {0, 1, 2})
+        QTest::addRow("type %d", type) << type;
+}
+
+void TestSensorLink::connectIdentifiesEachType()
+{
+    QFETCH(int, type);
+    makeSensor(type);
+    QVERIFY(connectSensor());
+
+    QCOMPARE(m_link->ssiType(), type);
+    QVERIFY(m_link->isIdentified());
+    QCOMPARE(m_link->portNumber(), 7);
+    QCOMPARE(logged().back(), QStringLiteral("SSI Type: %1").arg(type));
+
+    QCOMPARE(await(m_link->requestRead('D')), 1);
+    QCOMPARE(m_link->lastReply(), QByteArray::fromStdString(m_sensor->parameter('D')));
+    QCOMPARE(await(m_link->requestRead('X')), 0);
+    QCOMPARE(m_link->lastReply(), QByteArray());
+
+    m_link->close();
+    QVERIFY(!m_link->isIdentified());
+}
+
+void TestSensorLink::connectWithoutBoundsFailsButKeepsTheVersion()
+{
+    m_registry->write(QByteArray());
+    QCOMPARE(m_link->open(7, 1), 1);
+    QCOMPARE(await(m_link->requestConnect()), 0);
+
+    QCOMPARE(m_link->versionText(), QByteArray::fromStdString(m_sensor->parameter('V')));
+    QCOMPARE(m_link->ssiType(), 3);
+    QVERIFY(!m_link->isIdentified());
+    QCOMPARE(logged().back(), QStringLiteral("SSY Type: Unknown"));
+}
+
+void TestSensorLink::requestWithoutWorkerFailsAtOnce()
+{
+    const auto read = m_link->requestRead('D');
+    const auto write = m_link->requestWrite('D', "123456");
+    QCOMPARE(await(read), 0);
+    QCOMPARE(await(write), 0);
+
+    QVERIFY(connectSensor());
+    QVERIFY(m_sensor->parameter('D') != "123456");
+    const auto frames = m_sensor->takeReceivedFrames();
+    QVERIFY(std::find(frames.begin(), frames.end(), "DN123456") == frames.end());
+}
+
+void TestSensorLink::connectIsServedBeforeRead()
+{
+    Pacing::setSpeeds({1, 100, 5}); // the first connect lasts while the others are requested
+    QCOMPARE(m_link->open(7, 1), 1);
+    m_link->requestConnect();
+    const auto read = m_link->requestRead('D');
+    const auto connect = m_link->requestConnect();
+    QCOMPARE(await(read), 1);
+
+    const auto& messages = m_window->messages();
+    const auto indexOf = [&messages](RequestId request) {
+        return std::find_if(messages.begin(), messages.end(), [request](const auto& message) {
+                   return message.request == request;
+               }) -
+               messages.begin();
+    };
+    QVERIFY(indexOf(connect) < indexOf(read));
+}
+
+void TestSensorLink::nothingIsPostedWithoutATarget()
+{
+    QVERIFY(connectSensor());
+    const auto posted = m_window->messages().size();
+    m_link->setReplyTarget(nullptr, 0);
+    m_link->requestWrite('D', "020018");
+    m_link->requestWrite('C', QByteArray());
+    QTRY_VERIFY(logged().contains(QStringLiteral("TX: [43][Set][TERM]")));
+    QCoreApplication::processEvents();
+    QCOMPARE(m_window->messages().size(), posted);
+}
+
+void TestSensorLink::lostPortIsCountedOnceAndWriteStillReportsSuccess()
+{
+    QVERIFY(connectSensor());
+    m_sensor->vanish();
+    QCOMPARE(await(m_link->requestWrite('E', QByteArray())), 1);
+
+    QCOMPARE(m_link->linkFailed(), 1);
+    QCOMPARE(m_link->lossCount(), 1);
+    QVERIFY(!m_link->isIdentified());
+    QCOMPARE(m_window->count(WM_LINK_LOST), 2); // the purge and the write
+
+    m_link->close();
+    m_sensor->comeBack();
+    QVERIFY(connectSensor());
+    QCOMPARE(m_link->linkFailed(), 0);
+    QCOMPARE(m_link->lossCount(), 1);
+    QVERIFY(m_link->isIdentified());
+}
+
+void TestSensorLink::closeTakesBackUndeliveredLossReports()
+{
+    QCOMPARE(m_link->open(7, 1), 1);
+    m_sensor->vanish();
+    m_link->requestConnect();
+    while (m_link->linkFailed() == 0)
+        std::this_thread::sleep_for(1ms); // delivers nothing
+    m_link->close();
+    QCoreApplication::processEvents();
+    QCOMPARE(m_window->count(WM_LINK_LOST), 0);
+    QCOMPARE(m_link->lossCount(), 1);
+}
+
+void TestSensorLink::closeCutsAConnectShortAndAnswersIt()
+{
+    Pacing::setSpeeds({1, 1, 1});
+    QCOMPARE(m_link->open(7, 1), 1);
+    const auto connect = m_link->requestConnect();
+    QTRY_VERIFY(m_sensor->progFrames() > 2); // one of the hundred frames is on the line
+
+    QElapsedTimer timer;
+    timer.start();
+    m_link->close();
+    QVERIFY(timer.elapsed() < 500);
+    QCOMPARE(await(connect), 0);
+    QCOMPARE(m_link->linkFailed(), 0);
+    QCOMPARE(m_link->open(7, 1), 1); // the worker has given the port back
+}
+
+void TestSensorLink::closeAnswersRequestsNotYetServed()
+{
+    Pacing::setSpeeds({1, 1, 1});
+    QCOMPARE(m_link->open(7, 1), 1);
+    const auto connect = m_link->requestConnect();
+    const auto write = m_link->requestWrite('D', "111111");
+    m_link->close();
+
+    QCOMPARE(await(connect), 0);
+    QCOMPARE(await(write), 0);
+    QVERIFY(m_sensor->takeReceivedFrames().empty());
+}
+
+void TestSensorLink::closeCanSwitchTheSupplyOffLast()
+{
+    QVERIFY(connectSensor());
+    QCOMPARE(m_sensor->mode(), SimulatedSensor::Mode::Programming);
+    m_link->close(1);
+    QCOMPARE(m_sensor->mode(), SimulatedSensor::Mode::Off);
+}
+
+void TestSensorLink::keepAliveRunsBesideReads()
+{
+    Pacing::setSpeeds({10, 100, 5});
+    QVERIFY(connectSensor());
+    const int frames = m_sensor->progFrames();
+    m_link->setKeepAlive(1);
+    for (int reads = 0; reads < 20; ++reads)
+        QCOMPARE(await(m_link->requestRead('D')), 1);
+    QTRY_VERIFY(m_sensor->progFrames() >= frames + 5);
+
+    m_link->setKeepAlive(0);
+    QCOMPARE(await(m_link->requestRead('D')), 1); // a tick signalled before has been served
+    const int atStop = m_sensor->progFrames();
+    QTest::qWait(20);
+    QCOMPARE(m_sensor->progFrames(), atStop);
+    QVERIFY(!logged().join(QLatin1Char('\n')).contains(QStringLiteral("[50][52]")));
+}
+
+void TestSensorLink::refusedConfigurationClosesThePort_data()
+{
+    QTest::addColumn<RefusingPort::Step>("step");
+    QTest::newRow("line") << RefusingPort::Step::Line;
+    QTest::newRow("time-outs") << RefusingPort::Step::Timeouts;
+    QTest::newRow("queues") << RefusingPort::Step::Queues;
+}
+
+void TestSensorLink::refusedConfigurationClosesThePort()
+{
+    QFETCH(RefusingPort::Step, step);
+    m_refused = step;
+    QCOMPARE(m_link->open(7, 0), 0);
+    QCOMPARE(m_shown.size(), 1);
+    QCOMPARE(logged(), m_shown);
+    QVERIFY(!m_link->hasOpened());
+    QCOMPARE(m_link->portNumber(), 1);
+
+    m_refused = RefusingPort::Step::None;
+    QVERIFY(connectSensor()); // opened and configured anew
+}
+
+void TestSensorLink::missingPortIsShownOnlyWhenAsked()
+{
+    m_sensor->vanish();
+    QCOMPARE(m_link->open(7, 0), 0);
+    QVERIFY(m_shown.isEmpty());
+    QCOMPARE(m_link->open(7, 1), 0);
+    QCOMPARE(m_shown.size(), 1);
+    QVERIFY(logged().isEmpty());
+}
+
+void TestSensorLink::positionsComeFromTheStream()
+{
+    QVERIFY(connectSensor());
+    m_sensor->setParameter('D', "060018");
+    m_sensor->setMagnetPosition(12.5);
+    m_link->setRts(0);
+    m_link->setStreamMode(1, 0x060018, 5);
+    m_link->setRts(1);
+    QTRY_COMPARE(await(m_link->requestPosition()), 1);
+    const double position = m_link->position();
+
+    m_sensor->setMagnetPosition(13.5);
+    QTRY_VERIFY(await(m_link->requestPosition()) == 1 && m_link->position() != position);
+    QCOMPARE(m_link->position() - position, 1.0);
+
+    m_sensor->setFault({SimulatedFault::Kind::Short, 5}, "stream");
+    const double last = m_link->position();
+    QTRY_COMPARE(await(m_link->requestPosition()), 0);
+    QCOMPARE(m_link->position(), last);
+
+    m_link->setStreamMode(0, 0, 0);
+    QCOMPARE(await(m_link->requestPosition()), 0);
+}
+
+void TestSensorLink::lostPortDuringStreamIsReported()
+{
+    QVERIFY(connectSensor());
+    m_sensor->vanish();
+    QCOMPARE(await(m_link->requestPosition()), 0);
+    QCOMPARE(m_window->count(WM_LINK_LOST), 1);
+    QCOMPARE(m_link->linkFailed(), 1);
+}
+
+void TestSensorLink::windowMayGoWhileTheWorkerPosts()
+{
+    QVERIFY(connectSensor());
+    for (int round = 0; round < 200; ++round) {
+        m_link->requestWrite('D', "020018");
+        m_link->setReplyTarget(nullptr, 0);
+        m_link->setLossTarget(nullptr);
+        m_window = std::make_unique<MessageCollector>();
+        m_link->setReplyTarget(m_window.get(), WM_LINK_REPLY);
+        m_link->setLossTarget(m_window.get());
+    }
+    QCOMPARE(await(m_link->requestRead('D')), 1);
+}
+
+QTEST_GUILESS_MAIN(TestSensorLink)
+#include "TestSensorLink.moc"

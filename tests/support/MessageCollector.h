@@ -1,0 +1,54 @@
+#pragma once
+
+#include "platform/core/WindowMessage.h"
+
+#include <QObject>
+
+#include <vector>
+
+namespace pelorin {
+
+/// A window that keeps the messages posted to it, in order.
+class MessageCollector final : public QObject
+{
+public:
+    struct Message
+    {
+        int number;
+        int wParam;
+        RequestId request;
+    };
+
+    [[nodiscard]] const std::vector<Message>& messages() const { return m_messages; }
+
+    /// The result that answers a request; -1 as long as there is none.
+    [[nodiscard]] int resultOf(RequestId request) const
+    {
+        for (const auto& message : m_messages) {
+            if (message.request == request)
+                return message.wParam;
+        }
+        return -1;
+    }
+
+    [[nodiscard]] int count(int number) const
+    {
+        int found = 0;
+        for (const auto& message : m_messages)
+            found += message.number == number ? 1 : 0;
+        return found;
+    }
+
+protected:
+    void customEvent(QEvent* event) override
+    {
+        if (const auto* message = WindowMessage::from(event))
+            m_messages.push_back({message->message(), static_cast<int>(message->wParam()),
+                                  message->request()});
+    }
+
+private:
+    std::vector<Message> m_messages;
+};
+
+} // namespace pelorin

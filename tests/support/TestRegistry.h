@@ -1,0 +1,46 @@
+#pragma once
+
+#include <QByteArray>
+#include <QFile>
+#include <QTemporaryDir>
+
+namespace pelorin {
+
+/// The settings of one test: a settings file of its own, used as long as this object lives.
+class TestRegistry
+{
+public:
+    /// @param text what the file holds behind its first line
+    explicit TestRegistry(const QByteArray& text) : m_path(m_folder.filePath(fileName()))
+    {
+        write(text);
+        qputenv("PELORIN_REGISTRY", m_path.toUtf8());
+    }
+    TestRegistry(const TestRegistry&) = delete;
+    TestRegistry& operator=(const TestRegistry&) = delete;
+    ~TestRegistry() { qunsetenv("PELORIN_REGISTRY"); }
+
+    void write(const QByteArray& text) const
+    {
+        QFile file(m_path);
+        if (file.open(QIODevice::WriteOnly))
+            file.write("Windows Registry Editor Version 5.00\r\n\r\n" + text);
+    }
+
+    [[nodiscard]] const QString& path() const { return m_path; }
+
+private:
+    [[nodiscard]] static QString fileName() { return QStringLiteral("test.reg"); }
+
+    QTemporaryDir m_folder;
+    QString m_path;
+};
+
+/// Bounds that identify the simulated sensors of all three types.
+inline const QByteArray kSimulatedBounds =
+    "[HKEY_LOCAL_MACHINE\\SOFTWARE\\Korvex Systems\\Pelorin\\Firmware Rev Bounds]\r\n"
+    "\"Type0Low\"=dword:00000010\r\n\"Type0High\"=dword:0000001f\r\n"
+    "\"Type1Low\"=dword:00000020\r\n\"Type1High\"=dword:0000002f\r\n"
+    "\"Type2Low\"=dword:00000030\r\n\"Type2High\"=dword:0000003f\r\n";
+
+} // namespace pelorin
