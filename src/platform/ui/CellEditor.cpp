@@ -1,0 +1,162 @@
+#include "platform/ui/CellEditor.h"
+
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QStyledItemDelegate>
+#include <QTableView>
+
+#include <utility>
+
+namespace pelorin {
+
+namespace {
+
+constexpr int kEditControlId = 5000;
+
+/// Makes the edit box and keeps it over its cell. It never ends editing by itself.
+class CellDelegate : public QStyledItemDelegate
+{
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem&,
+                          const QModelIndex& index) const override
+    {
+        auto* edit = new QLineEdit(parent);
+        edit->setObjectName(QStringLiteral("cellEdit"));
+        edit->setProperty("controlId", kEditControlId);
+        edit->setAlignment(Qt::Alignment(index.data(Qt::TextAlignmentRole).toInt()));
+        const QString row = index.siblingAtColumn(0).data().toString();
+        const QString column = index.model()->headerData(index.column(), Qt::Horizontal).toString();
+        edit->setAccessibleName(QStringLiteral("%1, %2").arg(row, column));
+        return edit;
+    }
+
+    void setEditorData(QWidget* editor, const QModelIndex& index) const override
+    {
+        auto* edit = qobject_cast<QLineEdit*>(editor);
+        const QString text = index.data(Qt::EditRole).toString();
+        if (edit->isModified() || edit->text() == text)
+            return;
+        edit->setText(text);
+        edit->selectAll();
+    }
+
+    void setModelData(QWidget*, QAbstractItemModel*, const QModelIndex&) const override {}
+
+    void updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,
+                              const QModelIndex&) const override
+    {
+        editor->setGeometry(option.rect);
+    }
+
+protected:
+    bool eventFilter(QObject*, QEvent*) override { return false; }
+};
+
+} // namespace
+
+CellEditor::CellEditor(QObject* page) : QObject(page) {}
+
+void CellEditor::attach(QTableView* view)
+{
+    view->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    view->setTabKeyNavigation(false);
+    view->setItemDelegate(new CellDelegate(view));
+    view->installEventFilter(this);
+    view->viewport()->installEventFilter(this);
+    connect(view, &QTableView::clicked, this,
+            [this, view](const QModelIndex& index) { begin(view, index.row(), index.column()); });
+}
+
+void CellEditor::begin(QTableView* view, int row, int column)
+{
+    commit();
+    const QModelIndex index = view->model()->index(row, column);
+    if (!index.flags().testFlag(Qt::ItemIsEditable))
+        return;
+
+    view->setCurrentIndex(index);
+    view->scrollTo(index);
+    m_view = view;
+    m_cell = index;
+    view->openPersistentEditor(index);
+    edit()->installEventFilter(this);
+    edit()->setFocus();
+    edit()->selectAll();
+}
+
+void CellEditor::commit()
+{
+    if (!isOpen())
+        return;
+    QTableView* const view = m_view;
+    const QString text = edit()->text();
+    const QModelIndex cell = std::exchange(m_cell, QPersistentModelIndex());
+    view->closePersistentEditor(cell);
+    view->model()->setData(cell, text, Qt::EditRole);
+    Q_EMIT committed(cell.row(), cell.column());
+}
+
+bool CellEditor::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::KeyPress) {
+        const int key = static_cast<QKeyEvent*>(event)->key();
+        if (isOpen() && watched == edit())
+            return editKey(key);
+        auto* view = qobject_cast<QTableView*>(watched);
+        if (view && key == Qt::Key_F2) {
+            beginAtCurrentRow(view);
+            return true;
+        }
+    } else if (event->type() == QEvent::MouseButtonRelease) {
+        const auto* mouse = static_cast<QMouseEvent*>(event);
+        auto* view = qobject_cast<QTableView*>(watched->parent());
+        if (view && watched == view->viewport() && mouse->button() == Qt::LeftButton &&
+            !view->indexAt(mouse->position().toPoint()).flags().testFlag(Qt::ItemIsEnabled))
+            commit(); // what the view does not report as clicked
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+QLineEdit* CellEditor::edit() const
+{
+    return qobject_cast<QLineEdit*>(m_view->indexWidget(m_cell));
+}
+
+/// @return true if the key goes no further
+bool CellEditor::editKey(int key)
+{
+    switch (key) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+    case Qt::Key_Escape:
+        return true; // would press a button of the dialog or close it
+    case Qt::Key_F2:
+        commit();
+        return true;
+    case Qt::Key_Up:
+    case Qt::Key_Down: {
+        const QModelIndex next =
+            m_cell.sibling(m_cell.row() + (key == Qt::Key_Up ? -1 : 1), m_cell.column());
+        if (next.flags().testFlag(Qt::ItemIsEditable))
+            begin(m_view, next.row(), next.column());
+        return true;
+    }
+    default:
+        return false;
+    }
+}
+
+void CellEditor::beginAtCurrentRow(QTableView* view)
+{
+    QModelIndex cell = view->currentIndex();
+    for (int column = 0; !cell.flags().testFlag(Qt::ItemIsEditable); ++column) {
+        if (column == view->model()->columnCount())
+            return;
+        cell = cell.siblingAtColumn(column);
+    }
+    begin(view, cell.row(), cell.column());
+}
+
+} // namespace pelorin

@@ -1,0 +1,56 @@
+#pragma once
+
+#include <QObject>
+#include <QPersistentModelIndex>
+#include <QPointer>
+
+class QLineEdit;
+class QTableView;
+
+namespace pelorin {
+
+/// Edits one cell of a list in place. One editor serves all lists of a page, so that at most one
+/// cell is open over all of them.
+///
+/// A click on a list first commits the open cell, then opens the clicked one if its item is
+/// editable (Qt::ItemIsEditable). F2 opens the list's current cell, or else the first editable
+/// one of its row; in the editor it commits, and Up and Down go on to the cell above or below.
+/// Enter, Escape and the loss of the focus leave the editor open. A cell that is filled while it
+/// is open shows its new text if the user has not typed; what the user has typed stays. Removing
+/// the row or resetting the list discards the editor.
+class CellEditor : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit CellEditor(QObject* page);
+
+    /// Lets the cells of a list be edited. The list must live as long as the editor.
+    void attach(QTableView* view);
+
+    /// Commits an open cell, then opens this one, its text selected and focused, unless it is
+    /// not editable.
+    void begin(QTableView* view, int row, int column);
+
+    /// Ends editing and puts the text, unaltered, into the cell; does nothing if none is open.
+    void commit();
+
+    [[nodiscard]] bool isOpen() const { return m_cell.isValid(); }
+
+Q_SIGNALS:
+    /// A cell has been committed, whether its text has changed or not.
+    void committed(int row, int column);
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    [[nodiscard]] QLineEdit* edit() const;
+    bool editKey(int key);
+    void beginAtCurrentRow(QTableView* view);
+
+    QPointer<QTableView> m_view;
+    QPersistentModelIndex m_cell; ///< the open cell
+};
+
+} // namespace pelorin

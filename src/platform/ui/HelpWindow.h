@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QWidget>
+
+class QTextBrowser;
+
+namespace pelorin {
+
+/// Shows a help file in a window of the program.
+class HelpWindow : public QWidget
+{
+    Q_OBJECT
+
+public:
+    /// Why a help file is not shown.
+    struct Failure
+    {
+        int error = 0;  ///< 0 shown, 1 there is no file of that name, 2 it cannot be read
+        int detail = 0; ///< the system's error code
+    };
+
+    explicit HelpWindow(QWidget* parent = nullptr);
+
+    /// Shows an HTML file from an anchor on, or from its start if the anchor is empty, and brings
+    /// the window to the front. A file that cannot be read leaves the window as it is.
+    [[nodiscard]] Failure showHelp(const QString& path, const QString& anchor = QString());
+
+private:
+    QTextBrowser* m_browser;
+};
+
+} // namespace pelorin

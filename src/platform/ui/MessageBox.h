@@ -1,0 +1,16 @@
+#pragma once
+
+#include <QMessageBox>
+
+namespace pelorin {
+
+/// Shows a message or question and waits for the answer. The box bears the application's name.
+/// The text is shown as it stands, whatever data it holds. Enter means the button that goes on
+/// (OK, Yes or Retry); Escape, closing the box and the end of its parent mean the one that does
+/// nothing more (Cancel, No or Abort, else the only one).
+/// @return the button of the answer
+QMessageBox::StandardButton messageBox(QWidget* parent, const QString& text,
+                                       QMessageBox::StandardButtons buttons,
+                                       QMessageBox::Icon icon);
+
+} // namespace pelorin
