@@ -14,8 +14,8 @@ class SimulatedDevice;
 /// Runs a simulated device behind a pseudo-terminal, on a thread of its own. Programs open the
 /// terminal as they would a serial device. It carries no RTS: give a sensor whose supply follows
 /// the line speed. A device that vanishes takes its terminal with it and comes back on a new one,
-/// which a link makes reachable under one
-/// path.
+/// which a link makes reachable
+/// under one path.
 class PtyServer
 {
 public:

@@ -129,18 +129,17 @@ ComPort::WriteResult SimulatedComPort::write(std::string_view bytes)
     if (const int error = errorFor(Use::Transfer))
         return {.error = error};
     const auto each = byteTime();
-    const auto begin = std::max(Clock::now(), m_lineFree);
+    const auto begin = Clock::now();
     const TimePoint end = begin + each * static_cast<long>(bytes.size());
-    const auto limit = Clock::now() + timeLimit(m_timeouts.writeConstant,
-                                                m_timeouts.writeMultiplier, bytes.size());
+    const TimePoint limit =
+        begin + timeLimit(m_timeouts.writeConstant, m_timeouts.writeMultiplier, bytes.size());
+
     const int error = waitUntil(std::min(end, limit));
     const auto now = Clock::now();
-    m_lineFree = std::min(end, now);
-
-    std::size_t left = bytes.size();
-    if (now < end)
-        left = now < begin ? 0 : static_cast<std::size_t>((now - begin) / each);
-    const int written = m_device->receive(bytes.substr(0, left), now);
+    const TimePoint stopped = std::min(now, limit);
+    if (stopped < end) // what has not left is dropped
+        bytes = bytes.substr(0, static_cast<std::size_t>((stopped - begin) / each));
+    const int written = m_device->receive(bytes, now);
     return {.error = error ? error : errorFor(Use::Transfer), .written = written};
 }
 

@@ -50,7 +50,6 @@ private:
     // Used by the thread that reads and writes.
     Timeouts m_timeouts;
     std::deque<char> m_received;
-    TimePoint m_lineFree; ///< when the last byte written has left
 };
 
 } // namespace pelorin

@@ -217,6 +217,17 @@ void SimulatedDevice::changed()
     m_changed.notify_all();
 }
 
+void SimulatedDevice::handleByte(char byte, TimePoint now)
+{
+    if (byte != kCr) {
+        // Of a frame that is too long only so much is kept that it stays one.
+        if (m_frame.size() <= kLongestFrame)
+            m_frame += byte;
+    } else if (const auto frame = std::exchange(m_frame, {}); frame.size() <= kLongestFrame) {
+        handleReceived(frame, now);
+    }
+}
+
 void SimulatedDevice::bringUpTo(TimePoint now)
 {
     if (m_backAt && *m_backAt <= now)
@@ -227,26 +238,14 @@ void SimulatedDevice::bringUpTo(TimePoint now)
 
 void SimulatedDevice::receiveByte(char byte, TimePoint now)
 {
-    if (m_bytesUntilVanish > 0 && --m_bytesUntilVanish == 0) {
+    if (m_bytesUntilVanish > 0 && --m_bytesUntilVanish == 0)
         disappear(std::nullopt, now);
-        return;
-    }
-    if (!isInTune())
-        return;
-    if (byte != kCr) {
-        // Of a frame that is too long only so much is kept that it stays one.
-        if (m_frame.size() <= kLongestFrame)
-            m_frame += byte;
-        return;
-    }
-    if (m_frame.size() <= kLongestFrame)
-        handleReceived(now);
-    m_frame.clear();
+    else if (isInTune())
+        handleByte(byte, now);
 }
 
-void SimulatedDevice::handleReceived(TimePoint now)
+void SimulatedDevice::handleReceived(const std::string& frame, TimePoint now)
 {
-    const std::string frame = std::exchange(m_frame, {});
     if (const auto fault = takeFault(commandOf(frame), true)) {
         const auto pause = std::chrono::milliseconds(fault->amount);
         disappear(fault->amount > 0 ? std::optional(now + pause) : std::nullopt, now);

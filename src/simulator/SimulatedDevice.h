@@ -81,6 +81,9 @@ public:
 protected:
     // All of these are called with the lock held.
 
+    /// Takes a byte that has arrived. Devices talk in frames that end with CR: the byte completes
+    /// one or is kept for it.
+    virtual void handleByte(char byte, TimePoint now);
     /// The speed at which the device talks at present; 0 while it is off.
     [[nodiscard]] virtual int ownBaud() const = 0;
     /// What the faults are told to strike, in a frame without its CR.
@@ -113,7 +116,7 @@ private:
 
     void bringUpTo(TimePoint now);
     void receiveByte(char byte, TimePoint now);
-    void handleReceived(TimePoint now);
+    void handleReceived(const std::string& frame, TimePoint now);
     void disappear(std::optional<TimePoint> backAt, TimePoint now);
     void reappear(TimePoint now);
     [[nodiscard]] std::optional<SimulatedFault> takeFault(std::string_view command, bool vanishing);
@@ -126,7 +129,7 @@ private:
     bool m_present = true;
     std::optional<TimePoint> m_backAt;
     int m_bytesUntilVanish = 0; ///< 0: it stays
-    LineSettings m_line;
+    LineSettings m_line{9600};
     std::string m_frame; ///< received so far, without CR
     std::deque<TimedByte> m_sent;
     TimePoint m_lineFree; ///< when the last byte of m_sent has arrived

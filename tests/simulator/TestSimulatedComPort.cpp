@@ -1,0 +1,282 @@
+#include "simulator/SimulatedComPort.h"
+
+#include "platform/core/Pacing.h"
+#include "simulator/SimulatedDisplayUnit.h"
+#include "simulator/SimulatedPorts.h"
+#include "simulator/SimulatedSensor.h"
+
+#include <QElapsedTimer>
+#include <QTest>
+
+#include <cerrno>
+#include <thread>
+
+using namespace pelorin;
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr LineSettings kParameterLine{4800};
+constexpr LineSettings kStreamLine{38400};
+
+QByteArray readFrame(ComPort& port)
+{
+    QByteArray frame;
+    while (!frame.endsWith('\r')) {
+        const auto result = port.read();
+        if (!result.received)
+            break;
+        frame += result.byte;
+    }
+    return frame;
+}
+
+/// Opens the port and brings its sensor into programming mode.
+bool connectSensor(ComPort& port)
+{
+    bool done = port.open() == 0 && port.setLine(kParameterLine) == 0 && port.setRts(true) == 0 &&
+                port.setRts(false) == 0;
+    for (int frame = 0; frame < 101; ++frame)
+        done = done && port.write("PROG\r").written == 5;
+    return done;
+}
+
+QByteArray ask(ComPort& port, std::string_view frame)
+{
+    if (port.purge(ComPort::Purge::Both) != 0 ||
+        port.write(frame).written != static_cast<int>(frame.size()))
+        return "not sent";
+    return readFrame(port);
+}
+
+} // namespace
+
+class TestSimulatedComPort : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init() { Pacing::setSpeeds({1.0, 100.0, 50.0}); }
+    void cleanupTestCase() { Pacing::setSpeeds({}); }
+
+    void openingSwitchesTheSupplyOff();
+    void reopenedPortFindsTheSensorAsItWasLeft();
+    void writeReturnsWhenItsBytesHaveLeft();
+    void writeThatRunsOutOfTimeEndsShort();
+    void positionsStreamAfterARestartAtTheStreamSpeed();
+    void sensorIsDeafAtAnotherSpeed();
+    void supplySwitchedByAnotherThreadEndsTheWait();
+    void portThatVanishesInAWriteReportsWhatLeft();
+    void nameDescribesTheDevice_data();
+    void nameDescribesTheDevice();
+    void nameDecidesFaults();
+    void unknownNameCannotBeOpened_data();
+    void unknownNameCannotBeOpened();
+};
+
+void TestSimulatedComPort::openingSwitchesTheSupplyOff()
+{
+    SimulatedPorts ports;
+    const auto name = QStringLiteral("simulator:sensor?type=1");
+    const auto sensor = ports.sensor(name);
+    const auto port = ports.makePort(name);
+    QVERIFY(connectSensor(*port));
+    QCOMPARE(sensor->mode(), SimulatedSensor::Mode::Programming);
+
+    port->close();
+    QCOMPARE(sensor->mode(), SimulatedSensor::Mode::Programming);
+    QCOMPARE(port->open(), 0);
+    QCOMPARE(sensor->mode(), SimulatedSensor::Mode::Off);
+}
+
+void TestSimulatedComPort::reopenedPortFindsTheSensorAsItWasLeft()
+{
+    SimulatedPorts ports;
+    const auto name = QStringLiteral("simulator:sensor?type=2");
+    {
+        const auto port = ports.makePort(name);
+        QVERIFY(connectSensor(*port));
+        QCOMPARE(port->write("KN010102\r").written, 9);
+        QCOMPARE(port->write("CN\r").written, 3);
+        QCOMPARE(ports.makePort(name)->open(), EBUSY);
+    }
+    const auto port = ports.makePort(name);
+    QVERIFY(connectSensor(*port));
+    QCOMPARE(ask(*port, "KA\r"), QByteArray("010102\r"));
+    QCOMPARE(ports.sensor(name)->parameter('K'), std::string("010102"));
+    QCOMPARE(ports.sensor(QStringLiteral("simulator:sensor"))->parameter('K'),
+             std::string("000001"));
+}
+
+void TestSimulatedComPort::writeReturnsWhenItsBytesHaveLeft()
+{
+    Pacing::setSpeeds({});
+    SimulatedPorts ports;
+    const auto port = ports.makePort(QStringLiteral("simulator:sensor"));
+    QCOMPARE(port->open(), 0);
+    QCOMPARE(port->setLine(kParameterLine), 0);
+
+    QElapsedTimer timer;
+    timer.start();
+    for (int frame = 0; frame < 4; ++frame)
+        QCOMPARE(port->write("PROG\r").written, 5);
+    // Twenty bytes of ten bits.
+    QVERIFY2(timer.nsecsElapsed() >= 41'600'000, qPrintable(QString::number(timer.nsecsElapsed())));
+}
+
+void TestSimulatedComPort::writeThatRunsOutOfTimeEndsShort()
+{
+    Pacing::setSpeeds({});
+    const auto sensor = std::make_shared<SimulatedSensor>(SimulatedSensor::Options{});
+    SimulatedComPort port(sensor);
+    QCOMPARE(port.open(), 0);
+    QCOMPARE(port.setLine({300}), 0);
+    ComPort::Timeouts timeouts;
+    timeouts.writeConstant = 50;
+    QCOMPARE(port.setTimeouts(timeouts), 0);
+
+    // A byte takes 33 ms, the time limit is 60 ms.
+    const auto result = port.write("PROG\rPROG\r");
+    QCOMPARE(result.error, 0);
+    QCOMPARE(result.written, 1);
+}
+
+void TestSimulatedComPort::positionsStreamAfterARestartAtTheStreamSpeed()
+{
+    SimulatedPorts ports;
+    const auto name = QStringLiteral("simulator:sensor?position=12.34");
+    const auto port = ports.makePort(name);
+    QVERIFY(connectSensor(*port));
+    QCOMPARE(ask(*port, "DA\r"), QByteArray("4A0519\r"));
+    QCOMPARE(port->write("DN4E0519\r").written, 9);
+    QCOMPARE(port->write("CN\r").written, 3);
+
+    QCOMPARE(port->setRts(true), 0);
+    QCOMPARE(port->setLine(kStreamLine), 0);
+    QCOMPARE(port->setTimeouts({.readConstant = 100'000}), 0);
+    QCOMPARE(port->setRts(false), 0);
+    for (int frame = 0; frame < 3; ++frame)
+        QCOMPARE(readFrame(*port), QByteArray("0004D700\r"));
+}
+
+void TestSimulatedComPort::sensorIsDeafAtAnotherSpeed()
+{
+    SimulatedPorts ports;
+    const auto port = ports.makePort(QStringLiteral("simulator:sensor"));
+    QVERIFY(connectSensor(*port));
+    QCOMPARE(port->setLine({9600}), 0);
+    QCOMPARE(ask(*port, "VA\r"), QByteArray());
+    QCOMPARE(port->setLine({4800, 'E', 7, 1}), 0);
+    QCOMPARE(ask(*port, "VA\r"), QByteArray());
+    QCOMPARE(port->setLine(kParameterLine), 0);
+    QCOMPARE(ask(*port, "VA\r"), QByteArray("3A0102\r"));
+}
+
+void TestSimulatedComPort::supplySwitchedByAnotherThreadEndsTheWait()
+{
+    SimulatedPorts ports;
+    const auto name = QStringLiteral("simulator:sensor");
+    ports.sensor(name)->setParameter('D', "4E0519");
+    const auto port = ports.makePort(name);
+    QCOMPARE(port->open(), 0);
+    QCOMPARE(port->setLine(kStreamLine), 0);
+    QCOMPARE(port->setTimeouts({.readConstant = 1'000'000}), 0);
+
+    std::jthread other([&port] {
+        std::this_thread::sleep_for(10ms);
+        (void)port->setRts(false); // the reader finds out
+    });
+    QCOMPARE(readFrame(*port), QByteArray("00271500\r"));
+}
+
+void TestSimulatedComPort::portThatVanishesInAWriteReportsWhatLeft()
+{
+    SimulatedPorts ports;
+    const auto name = QStringLiteral("simulator:sensor");
+    const auto port = ports.makePort(name);
+    QVERIFY(connectSensor(*port));
+    ports.sensor(name)->vanishAfter(4);
+
+    const auto result = port->write("NN000032\r");
+    QCOMPARE(result.error, ENODEV);
+    QCOMPARE(result.written, 4);
+    QVERIFY(!port->isOpen());
+    QCOMPARE(port->open(), ENOENT);
+    ports.sensor(name)->comeBack();
+    QVERIFY(connectSensor(*port));
+    QCOMPARE(ask(*port, "NA\r"), QByteArray("00000A\r"));
+}
+
+void TestSimulatedComPort::nameDescribesTheDevice_data()
+{
+    QTest::addColumn<int>("type");
+    QTest::addColumn<bool>("followsRts");
+    QTest::addColumn<bool>("moves");
+
+    QTest::newRow("simulator:sensor") << 2 << true << false;
+    QTest::newRow("simulator:sensor?type=0") << 0 << true << false;
+    QTest::newRow("simulator:sensor?type=1&moving=1") << 1 << true << true;
+    QTest::newRow("simulator:sensor?power=manual&moving=0") << 2 << false << false;
+}
+
+void TestSimulatedComPort::nameDescribesTheDevice()
+{
+    QFETCH(int, type);
+    QFETCH(bool, followsRts);
+    QFETCH(bool, moves);
+    const auto name = QString::fromLatin1(QTest::currentDataTag());
+    SimulatedPorts ports;
+    const auto sensor = ports.sensor(name);
+    QVERIFY(sensor);
+    QVERIFY(!ports.displayUnit(name));
+    QCOMPARE(sensor->type(), type);
+    using TimePoint = SimulatedDevice::TimePoint;
+    QCOMPARE(sensor->magnetPosition(TimePoint(5s)) != sensor->magnetPosition(TimePoint(8s)), moves);
+
+    QVERIFY(connectSensor(*ports.makePort(name)));
+    sensor->setRts(true, SimulatedDevice::Clock::now());
+    QCOMPARE(sensor->mode() == SimulatedSensor::Mode::Off, followsRts);
+}
+
+void TestSimulatedComPort::nameDecidesFaults()
+{
+    SimulatedPorts ports;
+    const auto port =
+        ports.makePort(QStringLiteral("simulator:sensor?fault=silent@A&fault=short:2@V"));
+    QVERIFY(connectSensor(*port));
+    QCOMPARE(ask(*port, "AA\r"), QByteArray());
+    QCOMPARE(ask(*port, "VA\r"), QByteArray("3A"));
+    QCOMPARE(ask(*port, "NA\r"), QByteArray("00000A\r"));
+
+    const auto displayName = QStringLiteral("simulator:display?node=3&fault=no-cr@RD");
+    const auto display = ports.makePort(displayName);
+    QCOMPARE(display->open(), 0);
+    QCOMPARE(display->setLine({19200}), 0);
+    ports.displayUnit(displayName)->setReading("1.5");
+    QCOMPARE(ask(*display, "$3WE\r"), QByteArray("*\r"));
+    QCOMPARE(ask(*display, "$3RD\r"), QByteArray("*1.5"));
+}
+
+void TestSimulatedComPort::unknownNameCannotBeOpened_data()
+{
+    QTest::addColumn<QString>("name");
+    for (const char* name :
+         {"simulator:", "simulator:valve", "simulator:sensor?type=3", "simulator:sensor?type=",
+          "simulator:sensor?type=1.5", "simulator:sensor?node=1", "simulator:sensor?moving=yes",
+          "simulator:sensor?fault=late:x", "simulator:display?node=10", "/dev/ttyUSB0", ""})
+        QTest::addRow("'%s'", name) << QString::fromLatin1(name);
+}
+
+void TestSimulatedComPort::unknownNameCannotBeOpened()
+{
+    QFETCH(QString, name);
+    SimulatedPorts ports;
+    QCOMPARE(SimulatedPorts::isSimulated(name), name.startsWith(QLatin1String("simulator:")));
+    QVERIFY(!ports.device(name));
+    const auto port = ports.makePort(name);
+    QCOMPARE(port->open(), ENOENT);
+    QCOMPARE(port->read().error, EBADF);
+}
+
+QTEST_GUILESS_MAIN(TestSimulatedComPort)
+#include "TestSimulatedComPort.moc"
