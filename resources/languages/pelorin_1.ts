@@ -886,5 +886,25 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <extracomment>%1 path</extracomment>
         <translation>The settings file %1 cannot be read.</translation>
     </message>
+    <message id="1100">
+        <source>The sensor is not identified. Connect it before its position is shown.</source>
+        <translation>The sensor is not identified. Connect it before its position is shown.</translation>
+    </message>
+    <message id="1101">
+        <source>The sensor on COM%1 still carries the data format for the position stream. Its own data format %2 is written back as soon as it is connected there again.</source>
+        <translation>The sensor on COM%1 still carries the data format for the position stream. Its own data format %2 is written back as soon as it is connected there again.</translation>
+    </message>
+    <message id="1102">
+        <source>Switch the sensor's supply off and on again now.</source>
+        <translation>Switch the sensor's supply off and on again now.</translation>
+    </message>
+    <message id="1103">
+        <source>Note</source>
+        <translation>Note</translation>
+    </message>
+    <message id="1104">
+        <source>Live magnet position in millimetres</source>
+        <translation>Live magnet position in millimetres</translation>
+    </message>
 </context>
 </TS>

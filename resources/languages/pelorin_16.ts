@@ -886,5 +886,25 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <extracomment>%1 path</extracomment>
         <translation>Impossibile leggere il file delle impostazioni %1.</translation>
     </message>
+    <message id="1100">
+        <source>The sensor is not identified. Connect it before its position is shown.</source>
+        <translation>Il sensore non è identificato. Collegarlo prima di visualizzarne la posizione.</translation>
+    </message>
+    <message id="1101">
+        <source>The sensor on COM%1 still carries the data format for the position stream. Its own data format %2 is written back as soon as it is connected there again.</source>
+        <translation>Il sensore su COM%1 ha ancora il formato dati del flusso di posizioni. Il suo formato %2 verrà riscritto non appena sarà di nuovo collegato lì.</translation>
+    </message>
+    <message id="1102">
+        <source>Switch the sensor's supply off and on again now.</source>
+        <translation>Spegnere e riaccendere ora l'alimentazione del sensore.</translation>
+    </message>
+    <message id="1103">
+        <source>Note</source>
+        <translation>Nota</translation>
+    </message>
+    <message id="1104">
+        <source>Live magnet position in millimetres</source>
+        <translation>Posizione attuale del magnete in millimetri</translation>
+    </message>
 </context>
 </TS>

@@ -886,5 +886,25 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <extracomment>%1 path</extracomment>
         <translation>Die Einstellungsdatei %1 kann nicht gelesen werden.</translation>
     </message>
+    <message id="1100">
+        <source>The sensor is not identified. Connect it before its position is shown.</source>
+        <translation>Der Sensor ist nicht identifiziert. Verbinden Sie ihn, bevor seine Position angezeigt wird.</translation>
+    </message>
+    <message id="1101">
+        <source>The sensor on COM%1 still carries the data format for the position stream. Its own data format %2 is written back as soon as it is connected there again.</source>
+        <translation>Der Sensor an COM%1 hat noch das Datenformat für den Positionsstrom. Sein eigenes Datenformat %2 wird zurückgeschrieben, sobald er dort wieder verbunden ist.</translation>
+    </message>
+    <message id="1102">
+        <source>Switch the sensor's supply off and on again now.</source>
+        <translation>Schalten Sie jetzt die Versorgung des Sensors aus und wieder ein.</translation>
+    </message>
+    <message id="1103">
+        <source>Note</source>
+        <translation>Hinweis</translation>
+    </message>
+    <message id="1104">
+        <source>Live magnet position in millimetres</source>
+        <translation>Aktuelle Magnetposition in Millimetern</translation>
+    </message>
 </context>
 </TS>

@@ -886,5 +886,25 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <extracomment>%1 path</extracomment>
         <translation>Le fichier de réglages %1 ne peut pas être lu.</translation>
     </message>
+    <message id="1100">
+        <source>The sensor is not identified. Connect it before its position is shown.</source>
+        <translation>Le capteur n'est pas identifié. Connectez-le avant d'afficher sa position.</translation>
+    </message>
+    <message id="1101">
+        <source>The sensor on COM%1 still carries the data format for the position stream. Its own data format %2 is written back as soon as it is connected there again.</source>
+        <translation>Le capteur sur COM%1 conserve encore le format de données du flux de positions. Son propre format %2 sera réécrit dès qu'il y sera reconnecté.</translation>
+    </message>
+    <message id="1102">
+        <source>Switch the sensor's supply off and on again now.</source>
+        <translation>Coupez puis rétablissez maintenant l'alimentation du capteur.</translation>
+    </message>
+    <message id="1103">
+        <source>Note</source>
+        <translation>Remarque</translation>
+    </message>
+    <message id="1104">
+        <source>Live magnet position in millimetres</source>
+        <translation>Position actuelle de l'aimant en millimètres</translation>
+    </message>
 </context>
 </TS>

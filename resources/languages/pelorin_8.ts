@@ -886,5 +886,25 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <extracomment>%1 path</extracomment>
         <translation>No se puede leer el archivo de ajustes %1.</translation>
     </message>
+    <message id="1100">
+        <source>The sensor is not identified. Connect it before its position is shown.</source>
+        <translation>El sensor no está identificado. Conéctelo antes de mostrar su posición.</translation>
+    </message>
+    <message id="1101">
+        <source>The sensor on COM%1 still carries the data format for the position stream. Its own data format %2 is written back as soon as it is connected there again.</source>
+        <translation>El sensor en COM%1 conserva aún el formato de datos del flujo de posiciones. Su propio formato %2 se reescribirá en cuanto vuelva a conectarse allí.</translation>
+    </message>
+    <message id="1102">
+        <source>Switch the sensor's supply off and on again now.</source>
+        <translation>Desconecte y vuelva a conectar ahora la alimentación del sensor.</translation>
+    </message>
+    <message id="1103">
+        <source>Note</source>
+        <translation>Nota</translation>
+    </message>
+    <message id="1104">
+        <source>Live magnet position in millimetres</source>
+        <translation>Posición actual del imán en milímetros</translation>
+    </message>
 </context>
 </TS>

@@ -1,0 +1,33 @@
+#pragma once
+
+namespace pelorin {
+
+/// The main window's commands, by their identifiers.
+enum Command : int {
+    kSelectPortCommand = 1038,
+    kConnectCommand = 1039,
+    kRefreshCommand = 1040,
+    kDisplayUnitCommand = 1041,
+    kFirstLanguageCommand = 1042, ///< language code 1; each next one is the next bit
+    kLastLanguageCommand = 1046,  ///< language code 16
+    kSaveBackupCommand = 1047,
+    kRestoreBackupCommand = 1048,
+    kWriteECommand = 1049,
+    kWriteQCommand = 1050,
+    kManualCommCommand = 1051,
+    kHelpCommand = 1053,
+    kAboutCommand = 1054,
+    kExitCommand = 1055
+};
+
+[[nodiscard]] constexpr bool isLanguageCommand(int command)
+{
+    return command >= kFirstLanguageCommand && command <= kLastLanguageCommand;
+}
+
+[[nodiscard]] constexpr int languageCodeOf(int command)
+{
+    return 1 << (command - kFirstLanguageCommand);
+}
+
+} // namespace pelorin

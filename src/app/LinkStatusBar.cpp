@@ -1,0 +1,134 @@
+#include "app/LinkStatusBar.h"
+
+#include "platform/core/LanguageStrings.h"
+#include "platform/core/Pacing.h"
+#include "platform/ui/Pictures.h"
+
+#include <QLabel>
+#include <QResizeEvent>
+
+namespace pelorin {
+
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr int kPortText = 114;
+constexpr int kNoPortText = 115;
+constexpr int kLightConnectedText = 1006;
+constexpr int kLightNotConnectedText = 1007;
+constexpr int kLightNoStateText = 1008;
+constexpr int kLightNameText = 1015;
+
+constexpr int kLightPercent = 2;
+constexpr int kMessagePercent = 85;
+constexpr int kPortPercent = 13;
+constexpr auto kBlinkPeriod = 500ms;
+
+QPixmap lightPicture(QLatin1String name)
+{
+    constexpr QSize kLightSize(13, 13);
+    return picture(name).pixmap(kLightSize);
+}
+
+/// A pane whose width follows from its share of the bar, never from its text.
+QLabel* makePane(QWidget* parent, const QString& name)
+{
+    auto* pane = new QLabel(parent);
+    pane->setObjectName(name);
+    pane->setTextFormat(Qt::PlainText);
+    pane->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    pane->setMinimumWidth(1);
+    return pane;
+}
+
+} // namespace
+
+LinkStatusBar::LinkStatusBar(QWidget* parent)
+    : QStatusBar(parent), m_redLight(lightPicture(QLatin1String("BMP_PELORIN_REDLED"))),
+      m_greenLight(lightPicture(QLatin1String("BMP_PELORIN_GREENLED"))),
+      m_grayLight(lightPicture(QLatin1String("BMP_PELORIN_GRAYLED"))),
+      m_linkLight(makePane(this, QStringLiteral("linkLight"))),
+      m_message(makePane(this, QStringLiteral("messagePane"))),
+      m_portText(makePane(this, QStringLiteral("portPane")))
+{
+    m_linkLight->setAlignment(Qt::AlignCenter);
+    addWidget(m_linkLight, kLightPercent);
+    addWidget(m_message, kMessagePercent);
+    addWidget(m_portText, kPortPercent);
+    m_blinkTimer.setInterval(Pacing::pause(kBlinkPeriod));
+    connect(&m_blinkTimer, &QTimer::timeout, this, &LinkStatusBar::blink);
+    translate();
+}
+
+void LinkStatusBar::setPort(int port)
+{
+    m_port = port;
+    m_portText->setText(port == 0 ? languageString(kNoPortText)
+                                  : languageString(kPortText).arg(port));
+}
+
+void LinkStatusBar::setText(const QString& text)
+{
+    m_message->setText(text);
+}
+
+QString LinkStatusBar::text() const
+{
+    return m_message->text();
+}
+
+void LinkStatusBar::setExplanation(const QString& explanation)
+{
+    m_message->setToolTip(explanation);
+    m_message->setAccessibleDescription(explanation);
+}
+
+void LinkStatusBar::setLinkState(int state)
+{
+    if (state == -1) {
+        m_linkState = -1;
+        showLight(m_grayLight);
+    } else if (state != m_linkState) {
+        m_linkState = state;
+        if (state == 1) {
+            m_blinkTimer.stop();
+            showLight(m_greenLight);
+        } else {
+            m_redShown = true;
+            showLight(m_redLight);
+            m_blinkTimer.start();
+        }
+    }
+    translate();
+}
+
+void LinkStatusBar::translate()
+{
+    setPort(m_port);
+    m_linkLight->setAccessibleName(languageString(kLightNameText));
+    m_linkLight->setAccessibleDescription(
+        languageString(m_linkState == 1    ? kLightConnectedText
+                       : m_linkState == -1 ? kLightNoStateText
+                                           : kLightNotConnectedText));
+    m_linkLight->setToolTip(m_linkLight->accessibleDescription());
+}
+
+void LinkStatusBar::resizeEvent(QResizeEvent* event)
+{
+    setLinkState(m_linkState); // the light has no picture before the first time
+    QStatusBar::resizeEvent(event);
+}
+
+void LinkStatusBar::blink()
+{
+    m_redShown = !m_redShown;
+    showLight(m_redShown ? m_redLight : m_grayLight);
+}
+
+void LinkStatusBar::showLight(const QPixmap& light)
+{
+    m_linkLight->setPixmap(light);
+}
+
+} // namespace pelorin

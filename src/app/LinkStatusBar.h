@@ -1,0 +1,50 @@
+#pragma once
+
+#include <QPixmap>
+#include <QStatusBar>
+#include <QTimer>
+
+class QLabel;
+
+namespace pelorin {
+
+/// The status bar of the main window: a light for the state of the sensor link, the message of
+/// the program and its pages, and the port in use.
+class LinkStatusBar final : public QStatusBar
+{
+    Q_OBJECT
+
+public:
+    explicit LinkStatusBar(QWidget* parent);
+
+    /// @param port number of the COM port, 0 for none
+    void setPort(int port);
+    void setText(const QString& text);
+    [[nodiscard]] QString text() const;
+    /// A longer explanation of the message; empty for none.
+    void setExplanation(const QString& explanation);
+    /// @param state 1 green, -1 gray, any other value red blinking
+    void setLinkState(int state);
+    /// Renders the port and the light's description again, in the current language.
+    void translate();
+
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    void blink();
+    void showLight(const QPixmap& light);
+
+    int m_port = 0;
+    int m_linkState = -1;
+    bool m_redShown = false; ///< the phase of the blinking
+    QTimer m_blinkTimer;
+    QPixmap m_redLight;
+    QPixmap m_greenLight;
+    QPixmap m_grayLight;
+    QLabel* m_linkLight;
+    QLabel* m_message;
+    QLabel* m_portText;
+};
+
+} // namespace pelorin

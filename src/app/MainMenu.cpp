@@ -1,0 +1,105 @@
+#include "app/MainMenu.h"
+
+#include "app/Commands.h"
+#include "platform/core/LanguageStrings.h"
+
+#include <QAction>
+#include <QMenu>
+#include <QMenuBar>
+
+#include <utility>
+#include <vector>
+
+namespace pelorin {
+
+namespace {
+
+constexpr int kSeparator = 0;
+
+struct Item
+{
+    int command;
+    int caption;
+};
+
+struct Menu
+{
+    int caption;
+    std::vector<Item> items;
+};
+
+const std::vector<Menu>& menus()
+{
+    static const std::vector<Menu> kMenus = {
+        {108, {{kSelectPortCommand, 107}, {kSeparator, 0}, {kConnectCommand, 109}}},
+        {194, {{kRefreshCommand, 193}, {kSeparator, 0}, {kDisplayUnitCommand, 246}}},
+        {209,
+         {{kFirstLanguageCommand, 204},
+          {kFirstLanguageCommand + 1, 205},
+          {kFirstLanguageCommand + 2, 206},
+          {kFirstLanguageCommand + 3, 207},
+          {kLastLanguageCommand, 208}}},
+        {200,
+         {{kSaveBackupCommand, 195},
+          {kRestoreBackupCommand, 196},
+          {kSeparator, 0},
+          {kWriteECommand, 197},
+          {kWriteQCommand, 198},
+          {kSeparator, 0},
+          {kManualCommCommand, 251}}},
+        {203, {{kHelpCommand, 201}, {kSeparator, 0}, {kAboutCommand, 202}}},
+    };
+    return kMenus;
+}
+
+constexpr int kExitCaption = 106;
+
+} // namespace
+
+MainMenu::MainMenu(QMenuBar& bar, bool withDisplayUnit, StateOf stateOf)
+    : QObject(&bar), m_bar(bar), m_stateOf(std::move(stateOf))
+{
+    for (const auto& [caption, items] : menus()) {
+        QMenu* menu = m_bar.addMenu(QString());
+        m_captions.insert(menu->menuAction(), caption);
+        connect(menu, &QMenu::aboutToShow, this, [this, menu] { updateItems(*menu); });
+        for (const auto& [command, itemCaption] : items) {
+            if (command == kDisplayUnitCommand && !withDisplayUnit)
+                continue;
+            if (command == kSeparator)
+                menu->addSeparator(); // a trailing one is not shown
+            else
+                addItem(menu, command, itemCaption);
+        }
+    }
+    addItem(nullptr, kExitCommand, kExitCaption);
+    translate();
+}
+
+void MainMenu::addItem(QMenu* menu, int command, int caption)
+{
+    QAction* action = menu ? menu->addAction(QString()) : m_bar.addAction(QString());
+    action->setData(command);
+    m_captions.insert(action, caption);
+    connect(action, &QAction::triggered, this, [this, command] { Q_EMIT commandChosen(command); });
+}
+
+void MainMenu::translate()
+{
+    for (auto item = m_captions.cbegin(); item != m_captions.cend(); ++item)
+        item.key()->setText(languageString(item.value()));
+}
+
+void MainMenu::updateItems(const QMenu& menu)
+{
+    for (QAction* action : menu.actions()) {
+        if (action->isSeparator())
+            continue;
+        const auto [enabled, checkable, checked] = m_stateOf(action->data().toInt());
+        action->setEnabled(enabled);
+        action->setCheckable(checkable);
+        action->setChecked(checked);
+    }
+}
+
+} // namespace pelorin

@@ -1,0 +1,35 @@
+#include "app/PelorinApp.h"
+#include "platform/core/ComPortFactory.h"
+#include "platform/core/TermiosComPort.h"
+#include "platform/core/TerminationSignals.h"
+#include "simulator/SimulatedPorts.h"
+
+#include <QApplication>
+
+using namespace pelorin;
+
+int main(int argc, char* argv[])
+{
+    QApplication application(argc, argv);
+    QApplication::setQuitOnLastWindowClosed(false); // a start-up dialog is not the program's end
+
+    SimulatedPorts simulators;
+    ComPortFactory factory([](const QString& device) {
+        return std::make_unique<TermiosComPort>(device.toStdString());
+    });
+    factory.addScheme(QStringLiteral("simulator:"),
+                      [&simulators](const QString& name) { return simulators.makePort(name); });
+
+    PelorinApp pelorin(factory);
+    TerminationSignals signals;
+    QObject::connect(&signals, &TerminationSignals::received, &pelorin, &PelorinApp::requestClose);
+    QObject::connect(&application, &QGuiApplication::commitDataRequest, &pelorin,
+                     &PelorinApp::requestClose);
+    QObject::connect(&pelorin, &PelorinApp::closed, &application, &QApplication::quit);
+
+    if (!pelorin.initInstance(QApplication::arguments().mid(1).join(QLatin1Char(' '))))
+        return EXIT_FAILURE;
+    const int result = pelorin.mainWindow() ? QApplication::exec() : EXIT_SUCCESS;
+    pelorin.exitInstance();
+    return result;
+}

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "pages/SensorPage.h"
+
+#include <QByteArray>
+#include <QHash>
+
+class QTableWidget;
+
+namespace pelorin {
+
+/// The first page: reads the sensor's parameters one after the other and shows them decoded.
+/// Changes nothing on the sensor.
+class SensorInfoPage final : public SensorPage
+{
+    Q_OBJECT
+
+public:
+    SensorInfoPage();
+
+    void getCurrentValues() override;
+
+protected:
+    void setupTranslationMap() override;
+    void onInitDialog() override;
+    void translate() override;
+    void onLinkReply(int result) override;
+
+private:
+    void markRowsNotApplicable(int firstRow);
+    void renderValue(char id);
+    void renderValues();
+    void setValue(int row, const QString& text);
+
+    QTableWidget* m_list = nullptr;
+    int m_readStep = 0;
+    QHash<char, QByteArray> m_replies; ///< what has been read since the page was last shown
+    int m_firstRowNotApplicable;
+};
+
+} // namespace pelorin
