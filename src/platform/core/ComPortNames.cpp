@@ -1,0 +1,127 @@
+#include "platform/core/ComPortNames.h"
+
+#include "platform/core/RegistryFile.h"
+#include "platform/core/SettingsLocation.h"
+
+#include <QFileInfo>
+#include <QRegularExpression>
+#include <QSerialPortInfo>
+
+#include <optional>
+
+namespace pelorin {
+
+namespace {
+
+constexpr int kDevicesPerKind = 32;
+constexpr const char* kKinds[] = {"ttyS", "ttyUSB", "ttyACM"};
+
+/// The n of "COMn" or "\\.\COMn"; nothing for any other text.
+std::optional<int> comNumber(const QString& name)
+{
+    static const QRegularExpression pattern(QStringLiteral(R"(^(?:\\\\\.\\)?COM(\d{1,9})$)"),
+                                            QRegularExpression::CaseInsensitiveOption);
+    const auto match = pattern.match(name);
+    return match.hasMatch() ? std::optional(match.captured(1).toInt()) : std::nullopt;
+}
+
+QString fixedDevice(int number)
+{
+    const int kind = (number - 1) / kDevicesPerKind;
+    if (number < 1 || kind >= static_cast<int>(std::size(kKinds)))
+        return QString();
+    return QStringLiteral("/dev/%1%2")
+        .arg(QLatin1String(kKinds[kind]), QString::number((number - 1) % kDevicesPerKind));
+}
+
+int fixedNumber(const QString& device)
+{
+    for (int number = 1; number <= kDevicesPerKind * static_cast<int>(std::size(kKinds)); ++number)
+        if (device == fixedDevice(number))
+            return number;
+    return 0;
+}
+
+bool isSimulatedDevice(const QString& device)
+{
+    return device.startsWith(QLatin1String("simulator:"));
+}
+
+/// The device behind a link; a device that does not exist stands for itself.
+QString resolved(const QString& device)
+{
+    const QString target = QFileInfo(device).canonicalFilePath();
+    return target.isEmpty() ? device : target;
+}
+
+} // namespace
+
+ComPortNames::ComPortNames()
+{
+    const auto entries =
+        RegistryFile::read(registryFilePath())
+            .entries(QStringLiteral("\\HKEY_LOCAL_MACHINE\\HARDWARE\\DEVICEMAP\\SERIALCOMM"));
+    for (const auto& entry : entries) {
+        const auto* const name = std::get_if<QString>(&entry.value);
+        const auto number = name ? comNumber(*name) : std::nullopt;
+        // A site's export also lists the devices of the machine that it comes from.
+        if (number && !isWindowsPath(entry.name))
+            m_devices.insert(*number, entry.name);
+    }
+}
+
+QString ComPortNames::devicePath(const QString& name) const
+{
+    const auto number = comNumber(name);
+    if (!number)
+        return name;
+    if (m_devices.contains(*number))
+        return m_devices.value(*number);
+    const QString device = fixedDevice(*number);
+    return numberOf(device) == *number ? device : QString();
+}
+
+int ComPortNames::numberOf(const QString& device) const
+{
+    const QString target = resolved(device);
+    for (auto it = m_devices.cbegin(); it != m_devices.cend(); ++it)
+        if (it.value() == device || resolved(it.value()) == target)
+            return it.key();
+    const int number = fixedNumber(target);
+    return m_devices.contains(number) ? 0 : number;
+}
+
+QList<PresentPort> ComPortNames::presentPorts() const
+{
+    QList<SystemDevice> system;
+    const auto infos = QSerialPortInfo::availablePorts();
+    for (const QSerialPortInfo& info : infos)
+        system.append({info.systemLocation(), info.description()});
+    return presentPorts(system);
+}
+
+QList<PresentPort> ComPortNames::presentPorts(const QList<SystemDevice>& system) const
+{
+    QMap<int, PresentPort> ports;
+    for (auto it = m_devices.cbegin(); it != m_devices.cend(); ++it) {
+        const bool simulated = isSimulatedDevice(it.value());
+        const QString name = simulated ? it.value() : QFileInfo(it.value()).fileName();
+        if (simulated || QFileInfo::exists(it.value()))
+            ports.insert(it.key(), {it.key(), it.value(), name, QString(), simulated});
+    }
+    for (const auto& [path, description] : system) {
+        const int number = numberOf(path);
+        if (number == 0)
+            continue;
+        const QString device = m_devices.value(number, path);
+        ports.insert(number, {number, device, QFileInfo(path).fileName(), description, false});
+    }
+    return ports.values();
+}
+
+bool ComPortNames::isSimulated(const QString& name) const
+{
+    return isSimulatedDevice(devicePath(name));
+}
+
+} // namespace pelorin

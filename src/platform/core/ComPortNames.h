@@ -1,0 +1,57 @@
+#pragma once
+
+#include <QList>
+#include <QMap>
+#include <QString>
+
+namespace pelorin {
+
+/// A port that can be chosen now.
+struct PresentPort
+{
+    int number = 0;
+    QString device;      ///< what devicePath gives for the number
+    QString shortName;   ///< without its folder: "ttyUSB0"
+    QString description; ///< of the adapter; often empty
+    bool simulated = false;
+};
+
+/// Which COM number stands for which device. The settings' key SERIALCOMM comes first; any other
+/// device has a fixed number: ttyS0 to ttyS31 are COM1 to COM32, ttyUSB0 to ttyUSB31 COM33 to
+/// COM64, ttyACM0 to ttyACM31 COM65 to COM96. A device has one number, a number one device. A
+/// link to a device stands for the device. The object holds the numbers as they were when it was
+/// made.
+class ComPortNames
+{
+public:
+    /// A serial device as the system reports it.
+    struct SystemDevice
+    {
+        QString path;
+        QString description;
+    };
+
+    /// Reads the settings of this run.
+    ComPortNames();
+
+    /// The device that a name stands for. "COM7" and "\\.\COM7" name the same port, in either
+    /// letter case; null if no device has the number. Any other text is a device already and
+    /// comes back as it is.
+    [[nodiscard]] QString devicePath(const QString& name) const;
+
+    /// The COM number of a device, 0 if it has none.
+    [[nodiscard]] int numberOf(const QString& device) const;
+
+    /// The ports of this machine that have a number, and those that the settings name if they
+    /// exist or are simulated; by number.
+    [[nodiscard]] QList<PresentPort> presentPorts() const;
+    [[nodiscard]] QList<PresentPort> presentPorts(const QList<SystemDevice>& system) const;
+
+    /// Whether a name stands for a device that is built into the program.
+    [[nodiscard]] bool isSimulated(const QString& name) const;
+
+private:
+    QMap<int, QString> m_devices; ///< by number, from the settings
+};
+
+} // namespace pelorin

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "platform/core/RegistryFile.h"
+
+#include <QString>
+
+namespace pelorin {
+
+/// Reads the values of one key of the settings. The program never writes them.
+class RegistryConfig
+{
+public:
+    /// Points at a key, "\HKEY_LOCAL_MACHINE\SOFTWARE\..." with the hive's full name, and reads
+    /// the settings file of this run afresh.
+    /// @param flags always 0
+    /// @return 1 if the key exists
+    [[nodiscard]] int setStorage(const QString& keyPath, int flags = 0);
+
+    /// The text of a value, a number in decimal; the default if the value is absent.
+    [[nodiscard]] QString getValue(const QString& name, const QString& defaultValue) const;
+
+    /// The number of a value, also of a text that holds a decimal number; the default if the
+    /// value is absent or no number. The stored 32 bits are taken as signed.
+    [[nodiscard]] qint32 getValue(const QString& name, qint32 defaultValue) const;
+
+private:
+    RegistryFile m_file;
+    QString m_keyPath;
+};
+
+} // namespace pelorin

@@ -1,0 +1,52 @@
+#pragma once
+
+#include <QHash>
+#include <QList>
+#include <QString>
+
+#include <optional>
+#include <variant>
+
+namespace pelorin {
+
+/// A settings file in the form that the Windows registry editor exports: UTF-8, or UTF-16LE with
+/// byte order mark; a header line; [keys]; "Name"="text" with backslash escapes and
+/// "Name"=dword:0000001f; comments after a semicolon. Other kinds of values are passed over. Key
+/// and value names are found without regard to case; a leading backslash of a key is ignored.
+class RegistryFile
+{
+public:
+    using Value = std::variant<QString, quint32>;
+
+    struct Entry
+    {
+        QString name; ///< as written; empty for the key's default value
+        Value value;
+    };
+
+    struct Damage
+    {
+        QString path;
+        int line = 0; ///< counted from 1; 0 if the file could not be read at all
+    };
+
+    /// Reads a file. One that is missing or damaged anywhere holds no keys.
+    [[nodiscard]] static RegistryFile read(const QString& path);
+
+    /// What kept a file that exists from being used; the application reports it at start-up.
+    [[nodiscard]] const std::optional<Damage>& damage() const { return m_damage; }
+
+    /// Whether the file has the key, or a key below it.
+    [[nodiscard]] bool hasKey(const QString& keyPath) const;
+
+    [[nodiscard]] std::optional<Value> value(const QString& keyPath, const QString& name) const;
+
+    /// The values of a key in the order of the file, each name once; the last one counts.
+    [[nodiscard]] QList<Entry> entries(const QString& keyPath) const;
+
+private:
+    QHash<QString, QList<Entry>> m_keys; ///< by folded key path
+    std::optional<Damage> m_damage;
+};
+
+} // namespace pelorin
