@@ -1,0 +1,50 @@
+#include "pages/AboutDialog.h"
+
+#include "platform/ui/Pictures.h"
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+
+namespace pelorin {
+
+namespace {
+
+constexpr int kMajorVersion = 1;
+constexpr int kMinorVersion = 6;
+
+constexpr int kOkButton = 1;
+constexpr int kNameEdit = 1038;
+constexpr int kVersionEdit = 1039;
+constexpr int kIconLabel = 1040;
+constexpr int kVersionLabel = 1041;
+
+} // namespace
+
+AboutDialog::AboutDialog(QWidget* parent) : BaseDialog(QStringLiteral("118_About"), parent) {}
+
+void AboutDialog::setupTranslationMap()
+{
+    setTitleString(218);
+    addToTranslationMap(kNameEdit, 100);
+    addToTranslationMap(kVersionLabel, 1017);
+    addToTranslationMap(kOkButton, 241);
+    addAccessibleName(kNameEdit, 1018);
+    addAccessibleName(kIconLabel, 1016);
+}
+
+void AboutDialog::onInitDialog()
+{
+    getControl<QLabel>(kIconLabel)->setPixmap(programIcon().pixmap(128));
+    getControl<QLineEdit>(kVersionEdit)
+        ->setText(QString::asprintf("%01d.%02d", kMajorVersion, kMinorVersion));
+    for (const int id : {kNameEdit, kVersionEdit}) {
+        auto* edit = getControl<QLineEdit>(id);
+        QPalette colors = edit->palette();
+        colors.setColor(QPalette::Base, Qt::transparent); // text to read, not a field to fill
+        edit->setPalette(colors);
+    }
+    getControl<QPushButton>(kOkButton)->setFocus();
+}
+
+} // namespace pelorin

@@ -1,0 +1,65 @@
+#include "pages/SelectPortDialog.h"
+
+#include "pages/SerialPortComboBox.h"
+
+#include <QDesktopServices>
+#include <QFileInfo>
+#include <QPushButton>
+#include <QUrl>
+
+namespace pelorin {
+
+namespace {
+
+constexpr int kOkButton = 1;
+constexpr int kCancelButton = 2;
+constexpr int kDeviceManagerButton = 3;
+constexpr int kPortCombo = 1001;
+constexpr int kPortLabel = 1002;
+
+/// Shows the folder where adapters appear under the names of their makers.
+void openDeviceFolder()
+{
+    const QString byName = QStringLiteral("/dev/serial/by-id");
+    const QString folder = QFileInfo::exists(byName) ? byName : QStringLiteral("/dev");
+    QDesktopServices::openUrl(QUrl::fromLocalFile(folder));
+}
+
+} // namespace
+
+SelectPortDialog::SelectPortDialog(QWidget* parent, int port)
+    : BaseDialog(QStringLiteral("112_SelectPort"), parent), m_port(port)
+{
+}
+
+QWidget* SelectPortDialog::createControl(const QString& className, QWidget* parent)
+{
+    if (className == QLatin1String("SerialPortComboBox"))
+        return new SerialPortComboBox(parent);
+    return BaseDialog::createControl(className, parent);
+}
+
+void SelectPortDialog::setupTranslationMap()
+{
+    setTitleString(107);
+    addToTranslationMap(kPortLabel, 1010);
+    addToTranslationMap(kOkButton, 241);
+    addToTranslationMap(kCancelButton, 120);
+}
+
+void SelectPortDialog::onInitDialog()
+{
+    auto* ports = getControl<SerialPortComboBox>(kPortCombo);
+    ports->init();
+    ports->selectPort(m_port);
+    connect(getControl<QPushButton>(kDeviceManagerButton), &QPushButton::clicked, this,
+            &openDeviceFolder);
+}
+
+void SelectPortDialog::accept()
+{
+    m_port = getControl<SerialPortComboBox>(kPortCombo)->getSelectedPort();
+    BaseDialog::accept();
+}
+
+} // namespace pelorin
