@@ -4,6 +4,7 @@
 
 #include <QLabel>
 #include <QLineEdit>
+#include <QPushButton>
 
 namespace pelorin {
 
@@ -43,6 +44,7 @@ void AboutDialog::onInitDialog()
         colors.setColor(QPalette::Base, Qt::transparent); // text to read, not a field to fill
         edit->setPalette(colors);
     }
+    getControl<QPushButton>(kOkButton)->setFocus();
 }
 
 } // namespace pelorin

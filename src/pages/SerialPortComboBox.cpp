@@ -34,8 +34,8 @@ void SerialPortComboBox::init()
     const auto ports = ComPortNames().presentPorts();
     for (const PresentPort& port : ports)
         addItem(description(port), port.number);
-    setPlaceholderText(languageString(1019));
     selectPort(selected);
+    setPlaceholderText(count() == 0 ? languageString(1019) : QString());
 }
 
 void SerialPortComboBox::selectPort(int port)

@@ -10,8 +10,8 @@
 
 namespace pelorin::test {
 
-/// Answers the next modal window of a kind: polls for it and runs the steps on it, once. A modal
-/// window that is still open after 5 seconds is closed, so that a failing test ends.
+/// Answers the next modal window of a kind: polls until it is active and runs the steps on it,
+/// once. A modal window that is still open after 5 seconds is closed, so that a failing test ends.
 template <class Window>
 class ModalAnswer
 {
@@ -30,7 +30,7 @@ private:
     {
         QWidget* active = QApplication::activeModalWidget();
         auto* window = dynamic_cast<Window*>(active);
-        if (window && window->isVisible() && !m_shown) {
+        if (window && window->isActiveWindow() && !m_shown) {
             m_shown = true;
             m_steps(*window);
         } else if (active && m_age.hasExpired(5000)) {
