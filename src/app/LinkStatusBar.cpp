@@ -107,10 +107,10 @@ void LinkStatusBar::translate()
 {
     setPort(m_port);
     m_linkLight->setAccessibleName(languageString(kLightNameText));
-    m_linkLight->setAccessibleDescription(
-        languageString(m_linkState == 1    ? kLightConnectedText
-                       : m_linkState == -1 ? kLightNoStateText
-                                           : kLightNotConnectedText));
+    m_linkLight->setAccessibleDescription(languageString(m_linkState == 1 ? kLightConnectedText
+                                                         : m_linkState == -1
+                                                             ? kLightNoStateText
+                                                             : kLightNotConnectedText));
     m_linkLight->setToolTip(m_linkLight->accessibleDescription());
 }
 

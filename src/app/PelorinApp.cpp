@@ -159,8 +159,8 @@ void PelorinApp::reportDamagedSettings(int languageCode)
     if (damage && damage->line == 0)
         showError(languageString(kUnreadableRegistryText).arg(damage->path));
     else if (damage)
-        showError(languageString(kDamagedRegistryText)
-                      .arg(damage->path, QString::number(damage->line)));
+        showError(
+            languageString(kDamagedRegistryText).arg(damage->path, QString::number(damage->line)));
     if (m_profile.isDamaged())
         showError(languageString(kDamagedProfileText).arg(m_profile.fileName()));
     m_languages.shutDown();
@@ -188,10 +188,9 @@ bool PelorinApp::connectToPort(int port)
             return true;
         if (m_closeRequested)
             break;
-        const auto answer = messageBox(nullptr, languageString(kPortNotOpenText).arg(port),
-                                       QMessageBox::Abort | QMessageBox::Retry |
-                                           QMessageBox::Ignore,
-                                       QMessageBox::Warning);
+        const auto answer = messageBox(
+            nullptr, languageString(kPortNotOpenText).arg(port),
+            QMessageBox::Abort | QMessageBox::Retry | QMessageBox::Ignore, QMessageBox::Warning);
         if (answer == QMessageBox::Abort)
             break;
         if (answer == QMessageBox::Ignore) {

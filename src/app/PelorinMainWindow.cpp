@@ -53,8 +53,8 @@ constexpr auto kSupplyOffTime = 500ms;
 constexpr auto kSwitchOnTime = 3000ms;
 constexpr auto kStoreTime = 500ms;
 
-constexpr double kListShare = 0.20;   ///< of the window's width
-constexpr double kPageShare = 0.90;   ///< of the window's height
+constexpr double kListShare = 0.20; ///< of the window's width
+constexpr double kPageShare = 0.90; ///< of the window's height
 constexpr int kButtonPoints = 18;
 
 } // namespace
@@ -123,8 +123,8 @@ bool PelorinMainWindow::isBusy() const
 void PelorinMainWindow::readSettings()
 {
     RegistryConfig config;
-    if (config.setStorage(
-            QStringLiteral("\\HKEY_LOCAL_MACHINE\\SOFTWARE\\Korvex Systems\\Pelorin"), 0) != 1)
+    if (config.setStorage(QStringLiteral("\\HKEY_LOCAL_MACHINE\\SOFTWARE\\Korvex Systems\\Pelorin"),
+                          0) != 1)
         return;
     m_manualPowerMode = config.getValue(QStringLiteral("ManualPowerMode"), qint32{0});
     m_displayUnitEnabled = config.getValue(QStringLiteral("EnableQDL3"), qint32{0});
@@ -422,11 +422,11 @@ void PelorinMainWindow::showHelp()
     if (error == 0)
         return;
     delete window;
-    (void)messageBox(this,
-                     languageString(kHelpFailedText)
-                         .arg(QString::number(code), QString::number(error),
-                              QString::number(detail)),
-                     QMessageBox::Ok, QMessageBox::Warning);
+    (void)messageBox(
+        this,
+        languageString(kHelpFailedText)
+            .arg(QString::number(code), QString::number(error), QString::number(detail)),
+        QMessageBox::Ok, QMessageBox::Warning);
 }
 
 void PelorinMainWindow::customEvent(QEvent* event)

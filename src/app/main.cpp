@@ -1,7 +1,7 @@
 #include "app/PelorinApp.h"
 #include "platform/core/ComPortFactory.h"
-#include "platform/core/TermiosComPort.h"
 #include "platform/core/TerminationSignals.h"
+#include "platform/core/TermiosComPort.h"
 #include "simulator/SimulatedPorts.h"
 
 #include <QApplication>

@@ -27,10 +27,10 @@ std::array<RevisionBounds, kSsiTypeCount> configuredBounds()
 
     for (int type = 0; type < kSsiTypeCount; ++type) {
         auto& range = bounds[static_cast<std::size_t>(type)];
-        range.low = static_cast<quint8>(
-            config.getValue(QStringLiteral("Type%1Low").arg(type), qint32{0}));
-        range.high = static_cast<quint8>(
-            config.getValue(QStringLiteral("Type%1High").arg(type), qint32{0}));
+        range.low =
+            static_cast<quint8>(config.getValue(QStringLiteral("Type%1Low").arg(type), qint32{0}));
+        range.high =
+            static_cast<quint8>(config.getValue(QStringLiteral("Type%1High").arg(type), qint32{0}));
     }
     return bounds;
 }

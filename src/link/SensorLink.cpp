@@ -45,9 +45,8 @@ QString openFailedMessage(const QString& deviceName, int error)
 {
     QString message = deviceMessage(kOpenFailedText, deviceName, error);
     if (error == EACCES || error == EPERM)
-        message +=
-            QLatin1Char('\n') +
-            languageString(kNoPermissionText).arg(deviceName, QStringLiteral("dialout"));
+        message += QLatin1Char('\n') +
+                   languageString(kNoPermissionText).arg(deviceName, QStringLiteral("dialout"));
     else if (error == EBUSY)
         message += QLatin1Char('\n') + languageString(kPortInUseText).arg(deviceName);
     return message;

@@ -141,8 +141,7 @@ private:
     [[nodiscard]] int startWorker();
     void present(const QString& message, int show) const;
     void run();
-    [[nodiscard]] int perform(SensorProtocol& protocol, SensorRequest kind,
-                              const Request& request);
+    [[nodiscard]] int perform(SensorProtocol& protocol, SensorRequest kind, const Request& request);
     [[nodiscard]] int connect(SensorProtocol& protocol);
     [[nodiscard]] int readParameter(SensorProtocol& protocol, char id);
     [[nodiscard]] int readPosition(SensorProtocol& protocol);

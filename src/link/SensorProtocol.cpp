@@ -81,8 +81,8 @@ std::optional<QByteArray> SensorProtocol::readParameter(char id)
 int SensorProtocol::writeParameter(char id, const QByteArray& value)
 {
     if (value.size() > kWriteDataMaximum) {
-        m_log.append(QString::asprintf("Invalid output data length of %d",
-                                       static_cast<int>(value.size())));
+        m_log.append(
+            QString::asprintf("Invalid output data length of %d", static_cast<int>(value.size())));
         return 0;
     }
     QByteArray frame;

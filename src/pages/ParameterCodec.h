@@ -10,10 +10,10 @@ namespace pelorin {
 /// Parameter 'D': how the sensor formats its SSI output.
 struct DataFormat
 {
-    static constexpr quint8 kReverse = 0x01;      ///< measures against the usual direction
-    static constexpr quint8 kGray = 0x02;         ///< Gray code instead of binary
-    static constexpr quint8 kStream = 0x04;       ///< streams positions on the programming line
-    static constexpr quint8 kModeOne = 0x08;      ///< the second measurement mode
+    static constexpr quint8 kReverse = 0x01;        ///< measures against the usual direction
+    static constexpr quint8 kGray = 0x02;           ///< Gray code instead of binary
+    static constexpr quint8 kStream = 0x04;         ///< streams positions on the programming line
+    static constexpr quint8 kModeOne = 0x08;        ///< the second measurement mode
     static constexpr quint8 kMultiplierMask = 0xC0; ///< cycles whose counts are summed
 
     quint8 flags = 0;

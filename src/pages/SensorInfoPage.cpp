@@ -53,8 +53,13 @@ constexpr std::array<Row, 18> kRows = {{
     {138, 0},   // factory text
     {139, 0},   // firmware revision
     {143, 144}, // gradient
-    {145, 146}, {147, 146}, {148, 146}, {149, 146}, {150, 146}, {151, 146},
-    {153, 0},   // extension
+    {145, 146},
+    {147, 146},
+    {148, 146},
+    {149, 146},
+    {150, 146},
+    {151, 146},
+    {153, 0}, // extension
     {154, 146},
 }};
 constexpr int kRowCount = static_cast<int>(kRows.size());
@@ -90,8 +95,7 @@ QString modeText(const DataFormat& format)
 QString multiplierText(const DataFormat& format)
 {
     constexpr std::array kTexts = {137, 135, 136, 134};
-    return languageString(
-        kTexts[(format.flags & DataFormat::kMultiplierMask) / std::size_t{0x40}]);
+    return languageString(kTexts[(format.flags & DataFormat::kMultiplierMask) / std::size_t{0x40}]);
 }
 
 QString gradientText(const QByteArray& reply)
@@ -241,8 +245,8 @@ void SensorInfoPage::markRowsNotApplicable(int firstRow)
 void SensorInfoPage::renderValues()
 {
     for (int row = 0; row < kRowCount; ++row)
-        setValue(row, row < m_firstRowNotApplicable ? QString()
-                                                    : languageString(kNotApplicableText));
+        setValue(row,
+                 row < m_firstRowNotApplicable ? QString() : languageString(kNotApplicableText));
     for (auto reply = m_replies.keyBegin(); reply != m_replies.keyEnd(); ++reply)
         renderValue(*reply);
 }

@@ -209,9 +209,8 @@ void TestSensorLink::connectIsServedBeforeRead()
 
     const auto& messages = m_window->messages();
     const auto indexOf = [&messages](RequestId request) {
-        return std::find_if(messages.begin(), messages.end(), [request](const auto& message) {
-                   return message.request == request;
-               }) -
+        return std::find_if(messages.begin(), messages.end(),
+                            [request](const auto& message) { return message.request == request; }) -
                messages.begin();
     };
     QVERIFY(indexOf(connect) < indexOf(read));

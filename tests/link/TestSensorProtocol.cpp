@@ -214,10 +214,12 @@ void TestSensorProtocol::rawExchangeReturnsEveryByte()
 {
     QVERIFY(m_protocol->connect());
     const auto before = logged().size();
-    m_sensor->setParameter('F', "\r\n\x01\xff" "A1");
+    m_sensor->setParameter('F', "\r\n\x01\xff"
+                                "A1");
     const auto reply = m_protocol->rawExchange("FA\r");
 
-    QCOMPARE(reply.bytes, QByteArray("\r\n\x01\xff" "A1\r"));
+    QCOMPARE(reply.bytes, QByteArray("\r\n\x01\xff"
+                                     "A1\r"));
     QVERIFY(!reply.cut);
     QCOMPARE(logged().size(), before);
 }

@@ -43,8 +43,8 @@ protected:
     void customEvent(QEvent* event) override
     {
         if (const auto* message = WindowMessage::from(event))
-            m_messages.push_back({message->message(), static_cast<int>(message->wParam()),
-                                  message->request()});
+            m_messages.push_back(
+                {message->message(), static_cast<int>(message->wParam()), message->request()});
     }
 
 private:

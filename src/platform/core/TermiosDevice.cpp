@@ -215,7 +215,7 @@ int TermiosDevice::wait(short events, TimePoint deadline)
         }
         if ((entries[0].revents & (POLLHUP | POLLERR | POLLNVAL)) != 0)
             return ENODEV;
-        
+
         if (entries[0].revents != 0)
             return 0;
         if (m_calls.now() >= deadline)

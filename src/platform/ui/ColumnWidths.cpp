@@ -27,8 +27,7 @@ void ColumnWidths::apply()
 {
     const int width = m_list.viewport()->width();
     for (std::size_t column = 0; column < m_shares.size(); ++column)
-        m_list.setColumnWidth(static_cast<int>(column),
-                              static_cast<int>(width * m_shares[column]));
+        m_list.setColumnWidth(static_cast<int>(column), static_cast<int>(width * m_shares[column]));
 }
 
 } // namespace pelorin

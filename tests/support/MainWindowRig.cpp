@@ -1,0 +1,124 @@
+#include "support/MainWindowRig.h"
+
+#include "platform/core/Pacing.h"
+#include "simulator/SimulatedComPort.h"
+
+#include <QLabel>
+#include <QListWidget>
+#include <QMenu>
+#include <QMenuBar>
+#include <QPushButton>
+#include <QTest>
+
+namespace pelorin::test {
+
+namespace {
+
+constexpr Pacing::Speeds kFast{100, 200, 10};
+
+/// Clicks an item of an open menu or of the menu bar.
+template <class Menu>
+void clickItem(Menu& menu, QAction* action)
+{
+    QTest::mouseClick(&menu, Qt::LeftButton, {}, menu.actionGeometry(action).center());
+}
+
+} // namespace
+
+MainWindowRig::MainWindowRig(const SimulatedSensor::Options& options, const QByteArray& settings)
+    : m_settings(kSimulatedBounds + settings), m_languages(1),
+      m_sensor(std::make_shared<SimulatedSensor>(options)),
+      m_factory([this](const QString&) { return std::make_unique<SimulatedComPort>(m_sensor); }),
+      m_link(m_factory)
+{
+    Pacing::setSpeeds(kFast);
+}
+
+MainWindowRig::~MainWindowRig() = default;
+
+void MainWindowRig::start()
+{
+    if (m_link.open(kPort, 0) != 1)
+        qWarning("The simulated port could not be opened");
+    m_window = std::make_unique<PelorinMainWindow>(m_link, m_languages);
+    m_window->resize(1280, 720);
+    m_window->show();
+}
+
+bool MainWindowRig::startConnected()
+{
+    start();
+    return QTest::qWaitFor([this] { return m_window->currentPage() == 0; }) && waitIdle();
+}
+
+bool MainWindowRig::waitIdle()
+{
+    return QTest::qWaitFor([this] { return !m_window->isBusy(); });
+}
+
+QListWidget& MainWindowRig::pageList()
+{
+    return *m_window->findChild<QListWidget*>(QStringLiteral("pageList"));
+}
+
+void MainWindowRig::clickPage(int row)
+{
+    auto& list = pageList();
+    QTest::mouseClick(list.viewport(), Qt::LeftButton, {},
+                      list.visualItemRect(list.item(row)).center());
+}
+
+bool MainWindowRig::choosePage(int row)
+{
+    clickPage(row);
+    return QTest::qWaitFor([&] { return m_window->currentPage() == row; }) && waitIdle();
+}
+
+void MainWindowRig::clickRefresh()
+{
+    QTest::mouseClick(m_window->findChild<QPushButton*>(QStringLiteral("refreshButton")),
+                      Qt::LeftButton);
+}
+
+bool MainWindowRig::clickCommand(int command)
+{
+    QMenuBar& bar = *m_window->menuBar();
+    for (QAction* top : bar.actions()) {
+        if (top->data().toInt() == command) {
+            clickItem(bar, top);
+            return true;
+        }
+        for (QAction* item : top->menu() ? top->menu()->actions() : QList<QAction*>()) {
+            if (item->data().toInt() != command)
+                continue;
+            clickItem(bar, top);
+            const bool enabled = item->isEnabled();
+            if (enabled)
+                clickItem(*top->menu(), item);
+            top->menu()->close();
+            return enabled;
+        }
+    }
+    return false;
+}
+
+QString MainWindowRig::statusText()
+{
+    return m_window->findChild<QLabel*>(QStringLiteral("messagePane"))->text();
+}
+
+QString MainWindowRig::lightText()
+{
+    return m_window->findChild<QLabel*>(QStringLiteral("linkLight"))->accessibleDescription();
+}
+
+QStringList MainWindowRig::logged()
+{
+    QStringList lines;
+    const auto snapshot = m_link.commLog().snapshot();
+    for (int index = 0; index < snapshot.size(); ++index)
+        lines << snapshot.line(index);
+    return lines;
+}
+
+} // namespace pelorin::test

@@ -1,0 +1,76 @@
+#pragma once
+
+#include "app/PelorinMainWindow.h"
+#include "link/SensorLink.h"
+#include "platform/core/ComPortFactory.h"
+#include "simulator/SimulatedSensor.h"
+#include "support/Languages.h"
+#include "support/TestRegistry.h"
+
+#include <QString>
+
+#include <memory>
+#include <optional>
+
+class QListWidget;
+class QStatusBar;
+
+namespace pelorin::test {
+
+/// The real main window on a simulated sensor, in English, the clock running fast. Input is
+/// given as a user gives it, by clicks and keys.
+class MainWindowRig
+{
+public:
+    static constexpr int kPort = 7;
+
+    /// @param settings what the settings file holds besides the revision bounds
+    explicit MainWindowRig(const SimulatedSensor::Options& options = {.type = 2},
+                           const QByteArray& settings = {});
+    ~MainWindowRig();
+
+    /// Opens the port and shows the main window, which then connects by itself.
+    void start();
+    /// Starts, and waits until page 0 has read its values. @return false if it does not
+    [[nodiscard]] bool startConnected();
+
+    [[nodiscard]] SimulatedSensor& sensor() { return *m_sensor; }
+    [[nodiscard]] SensorLink& link() { return m_link; }
+    [[nodiscard]] LanguageManager& languages() { return m_languages; }
+    [[nodiscard]] const TestRegistry& settings() const { return m_settings; }
+    [[nodiscard]] PelorinMainWindow& window() { return *m_window; }
+    /// Destroys the window, as at the program's end.
+    void destroyWindow() { m_window.reset(); }
+
+    [[nodiscard]] bool waitIdle();
+    [[nodiscard]] QListWidget& pageList();
+    /// Clicks a row of the page list.
+    void clickPage(int row);
+    /// Clicks a page's row and waits until it is shown and idle.
+    [[nodiscard]] bool choosePage(int row);
+    void clickRefresh();
+    /// Opens the menu that has the command and clicks its item. @return false if it is greyed
+    [[nodiscard]] bool clickCommand(int command);
+
+    [[nodiscard]] QString statusText();
+    /// What the light says, in words.
+    [[nodiscard]] QString lightText();
+    [[nodiscard]] QStringList logged();
+
+    /// A page of the window.
+    template <class Page>
+    [[nodiscard]] Page& page()
+    {
+        return *m_window->findChild<Page*>();
+    }
+
+private:
+    TestRegistry m_settings;
+    Languages m_languages;
+    std::shared_ptr<SimulatedSensor> m_sensor;
+    ComPortFactory m_factory;
+    SensorLink m_link;
+    std::unique_ptr<PelorinMainWindow> m_window;
+};
+
+} // namespace pelorin::test

@@ -1,0 +1,12 @@
+#pragma once
+
+namespace pelorin {
+
+class Tour;
+
+/// The stops of the tour, each in a file of its own. Each returns false where the program does
+/// not behave.
+[[nodiscard]] bool visitInformation(Tour& tour);
+[[nodiscard]] bool visitPosition(Tour& tour);
+
+} // namespace pelorin
