@@ -19,6 +19,7 @@
 #include "platform/ui/HelpWindow.h"
 #include "platform/ui/MessageBox.h"
 #include "platform/ui/Pictures.h"
+#include "tempcomp/TempCompPage.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -162,6 +163,8 @@ void PelorinMainWindow::createPages()
     connect(position, &MagnetPositionPage::formatKept, this, &PelorinMainWindow::showNotice,
             Qt::QueuedConnection);
     addPage(position, 261, info);
+    if (m_tempCompEnabled == 1)
+        addPage(new TempCompPage, 253, QLatin1String("BMP_PELORIN_WRENCH"));
 }
 
 void PelorinMainWindow::addPage(SensorPage* page, int caption, QLatin1String icon)
