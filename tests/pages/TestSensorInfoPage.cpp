@@ -218,7 +218,7 @@ void TestSensorInfoPage::languageChangeKeepsTheValues()
         QCOMPARE(after.at(row), before.at(row));
     QVERIFY(after.at(0) != before.at(0));
     QVERIFY(after.at(17) != kNotApplicable);
-    QVERIFY(rig.statusText() != QStringLiteral("Ready."));
+    QTRY_COMPARE(rig.statusText(), QStringLiteral("Bereit."));
 }
 
 void TestSensorInfoPage::unpluggedAtAnyStepEveryRowHasItsOwnValueInTheEnd_data()
@@ -236,8 +236,13 @@ void TestSensorInfoPage::unpluggedAtAnyStepEveryRowHasItsOwnValueInTheEnd()
     MainWindowRig rig;
     setDistinctValues(rig.sensor());
     // It is gone for less than the time to the next tick.
-    rig.sensor().setFault({SimulatedFault::Kind::Vanish, 1, 1}, command.toStdString());
+    if (command == "PROG")
+        rig.sensor().vanishAfter(23); // in the middle of a frame
+    else
+        rig.sensor().setFault({SimulatedFault::Kind::Vanish, 1, 1}, command.toStdString());
     rig.start();
+    QTRY_COMPARE(rig.link().lossCount(), 1);
+    rig.sensor().comeBack();
 
     QTRY_COMPARE_WITH_TIMEOUT(shownValues(rig), distinctValues(), 10'000);
     QVERIFY(rig.waitIdle());
