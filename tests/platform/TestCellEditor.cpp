@@ -56,9 +56,10 @@ private:
 QLineEdit* openEdit(const QTableWidget& list)
 {
     const auto edits = list.viewport()->findChildren<QLineEdit*>(QStringLiteral("cellEdit"));
-    for (QLineEdit* edit : edits)
+    for (QLineEdit* edit : edits) {
         if (edit->isVisible())
             return edit;
+    }
     return nullptr;
 }
 
