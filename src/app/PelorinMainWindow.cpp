@@ -363,12 +363,14 @@ void PelorinMainWindow::askForManualConnect()
     if (messageBox(this, languageString(kSwitchOffText), QMessageBox::Ok | QMessageBox::Cancel,
                    QMessageBox::Information) != QMessageBox::Ok)
         return;
-    m_link.setKeepAlive(1);
+    m_keepAlive = 1;
+    m_link.setKeepAlive(m_keepAlive);
     (void)messageBox(this, languageString(kSwitchOnText), QMessageBox::Ok,
                      QMessageBox::Information);
     if (!m_closeWanted)
         Pacing::sleep(kSwitchOnTime);
-    m_link.setKeepAlive(0);
+    m_keepAlive = 0;
+    m_link.setKeepAlive(m_keepAlive);
 }
 
 bool PelorinMainWindow::isConnecting() const
@@ -402,6 +404,7 @@ int PelorinMainWindow::openPort(int port, int showErrors)
     if (!m_link.open(port, showErrors))
         return 0;
     stopReconnect();
+    m_link.setKeepAlive(m_keepAlive); // opened again while the user switches the supply
     return 1;
 }
 

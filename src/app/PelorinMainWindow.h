@@ -123,6 +123,7 @@ private:
 
     Operation m_pendingOperation = Operation::None;
     RequestId m_pendingRequest = 0;
+    int m_keepAlive = 0; ///< 1 while the user switches the supply in manual power mode
 
     int m_statusString = 0; ///< the window's own status text, 0 while another one is shown
     bool m_pageStatusShown = false;

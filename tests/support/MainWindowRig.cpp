@@ -16,7 +16,7 @@ namespace pelorin::test {
 
 namespace {
 
-constexpr Pacing::Speeds kFast{100, 200, 10};
+constexpr Pacing::Speeds kFast{100, 200, 2}; // a loaded machine must not miss a time limit
 
 /// Clicks an item of an open menu or of the menu bar.
 template <class Menu>
@@ -29,8 +29,10 @@ void clickItem(Menu& menu, QAction* action)
 
 MainWindowRig::MainWindowRig(const SimulatedSensor::Options& options, const QByteArray& settings)
     : m_settings(kSimulatedBounds + settings), m_languages(1),
-      m_sensor(std::make_shared<SimulatedSensor>(options)),
-      m_factory([this](const QString&) { return std::make_unique<SimulatedComPort>(m_sensor); }),
+      m_sensor(std::make_shared<SimulatedSensor>(options)), m_factory([this](const QString&) {
+          ++m_openAttempts;
+          return std::make_unique<SimulatedComPort>(m_sensor);
+      }),
       m_link(m_factory)
 {
     Pacing::setSpeeds(kFast);
