@@ -1,8 +1,10 @@
 #include "support/MainWindowRig.h"
 
+#include "pages/FormatRestore.h"
 #include "platform/core/Pacing.h"
 #include "simulator/SimulatedComPort.h"
 
+#include <QFile>
 #include <QLabel>
 #include <QListWidget>
 #include <QMenu>
@@ -34,6 +36,7 @@ MainWindowRig::MainWindowRig(const SimulatedSensor::Options& options, const QByt
       m_link(m_factory)
 {
     Pacing::setSpeeds(kFast);
+    QFile::remove(FormatRestore::usersFile()); // of an earlier test
 }
 
 MainWindowRig::~MainWindowRig() = default;
