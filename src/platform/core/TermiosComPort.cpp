@@ -1,0 +1,263 @@
+#include "platform/core/TermiosComPort.h"
+
+#include "platform/core/Pacing.h"
+#include "platform/core/TermiosDevice.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace pelorin {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr LineSettings kLineAtOpening = {4800, 'N', 8, 1};
+
+/// What the system's own queue holds in either direction.
+constexpr int kQueueSize = 4096;
+
+/// How many of the bytes that were handed over have left; 0 if the device does not tell.
+int countSent(TermiosDevice& device, std::size_t handed)
+{
+    int queued = 0;
+    if (device.countQueued(queued) != 0)
+        return 0;
+    return std::max(static_cast<int>(handed) - queued, 0);
+}
+
+} // namespace
+
+TermiosComPort::TermiosComPort(std::string path, PosixCalls calls)
+    : m_path(std::move(path)), m_calls(std::move(calls))
+{
+}
+
+TermiosComPort::~TermiosComPort() = default;
+
+/// Runs an operation that does not wait, under the lock: a descriptor that is closed meanwhile, and
+/// its number given to something else, would be touched otherwise.
+template <class Operation>
+int TermiosComPort::perform(Operation operation)
+{
+    Device device; // closed after the lock is free again, which may take its time
+    const std::lock_guard lock(m_mutex);
+    device = m_device;
+    if (!device)
+        return m_absence;
+    const int error = operation(*device);
+    if (error == ENODEV)
+        forgetVanished();
+    return error;
+}
+
+int TermiosComPort::open()
+{
+    if (isOpen())
+        return EBUSY;
+    const auto device = std::make_shared<TermiosDevice>(m_calls);
+    if (const int error = device->open(m_path, kLineAtOpening))
+        return error;
+
+    const std::lock_guard lock(m_mutex);
+    m_device = device;
+    m_line = kLineAtOpening;
+    return 0;
+}
+
+bool TermiosComPort::isOpen() const
+{
+    const std::lock_guard lock(m_mutex);
+    return m_device != nullptr;
+}
+
+void TermiosComPort::close()
+{
+    Device device; // closed after the lock is free again, as above
+    const std::lock_guard lock(m_mutex);
+    device.swap(m_device);
+    m_absence = EBADF;
+}
+
+void TermiosComPort::interrupt()
+{
+    const std::lock_guard lock(m_mutex);
+    if (m_device)
+        m_device->wake();
+}
+
+int TermiosComPort::setLine(const LineSettings& line)
+{
+    return perform([&](TermiosDevice& device) {
+        const int error = device.setLine(line);
+        if (error == 0)
+            m_line = line;
+        return error;
+    });
+}
+
+int TermiosComPort::setRts(bool on)
+{
+    return perform([&](TermiosDevice& device) { return device.setRts(on); });
+}
+
+int TermiosComPort::setTimeouts(const Timeouts& timeouts)
+{
+    return perform([&](TermiosDevice&) {
+        m_timeouts = timeouts;
+        return 0;
+    });
+}
+
+int TermiosComPort::setQueueSizes(int receive, int transmit)
+{
+    return perform([&](TermiosDevice&) {
+        const bool fits = std::min(receive, transmit) >= 0 && //
+                          std::max(receive, transmit) <= kQueueSize;
+        return fits ? 0 : EINVAL;
+    });
+}
+
+int TermiosComPort::purge(Purge what)
+{
+    return perform([&](TermiosDevice& device) {
+        const int error = device.discardInput();
+        return error == 0 && what == Purge::Both ? device.discardPendingOutput() : error;
+    });
+}
+
+ComPort::ReadResult TermiosComPort::read()
+{
+    ReadResult result;
+    const auto device = this->device(result.error);
+    if (!device)
+        return result;
+
+    const auto limit = 1ms * (m_timeouts.readConstant + m_timeouts.readMultiplier);
+    const int error = receive(*device, m_calls.now() + Pacing::timeout(limit), result.byte);
+    result.error = outcome(device, error);
+    result.received = error == 0;
+    return result;
+}
+
+int TermiosComPort::receive(TermiosDevice& device, TimePoint deadline, char& byte)
+{
+    int error = EAGAIN;
+    while (error == EAGAIN) {
+        error = device.wait(POLLIN, deadline);
+        if (error == 0)
+            error = device.read(byte);
+        if (error == EAGAIN && m_calls.now() >= deadline)
+            error = ETIMEDOUT;
+    }
+    return error;
+}
+
+ComPort::WriteResult TermiosComPort::write(std::string_view bytes)
+{
+    WriteResult result;
+    const auto device = this->device(result.error);
+    if (!device)
+        return result;
+
+    const int size = static_cast<int>(bytes.size());
+    const auto limit = 1ms * (m_timeouts.writeConstant + size * m_timeouts.writeMultiplier);
+    const auto deadline = m_calls.now() + Pacing::timeout(limit);
+    std::size_t handed = 0;
+    int error = handOver(*device, bytes, deadline, handed);
+    if (error == 0)
+        error = waitUntilSent(*device, deadline);
+    if (error == 0)
+        error = waitOutLineTime(*device);
+
+    result.written = error == 0 ? size : countSent(*device, handed);
+    result.error = outcome(device, error);
+    return result;
+}
+
+int TermiosComPort::handOver(TermiosDevice& device, std::string_view bytes, TimePoint deadline,
+                             std::size_t& handed)
+{
+    while (handed < bytes.size()) {
+        std::size_t taken = 0;
+        int error = device.wait(POLLOUT, deadline);
+        if (error == 0)
+            error = device.write(bytes.substr(handed), taken);
+        if (error == EAGAIN)
+            error = pause(device, deadline);
+        if (error != 0)
+            return error;
+        handed += taken;
+        m_lineFree = std::max(m_lineFree, m_calls.now()) + timeOnLine(taken);
+    }
+    return 0;
+}
+
+int TermiosComPort::waitUntilSent(TermiosDevice& device, TimePoint deadline)
+{
+    int error = device.drain();
+    while (error == EAGAIN) {
+        error = pause(device, deadline);
+        if (error == 0)
+            error = device.drain();
+    }
+    return error;
+}
+
+/// Adapters report everything sent while bytes are still in their FIFO, and pseudo-terminals at
+/// once: that the last bit is out only the time tells.
+int TermiosComPort::waitOutLineTime(TermiosDevice& device)
+{
+    const int error = device.wait(0, m_lineFree);
+    return error == ETIMEDOUT ? 0 : error;
+}
+
+/// Lets a millisecond pass.
+/// @return ETIMEDOUT at the deadline
+int TermiosComPort::pause(TermiosDevice& device, TimePoint deadline)
+{
+    const auto now = m_calls.now();
+    if (now >= deadline)
+        return ETIMEDOUT;
+    const int error = device.wait(0, std::min(deadline, now + 1ms));
+    return error == ETIMEDOUT ? 0 : error;
+}
+
+std::chrono::nanoseconds TermiosComPort::timeOnLine(std::size_t bytes) const
+{
+    const std::lock_guard lock(m_mutex);
+    const int bits = 1 + m_line.dataBits + (m_line.parity == 'N' ? 0 : 1) + m_line.stopBits;
+    const auto time = std::chrono::nanoseconds(1s) * bits * static_cast<int>(bytes) / m_line.baud;
+    return Pacing::lineTime(time);
+}
+
+/// The device, for an operation that waits and so must not hold the lock; null, and why, if there
+/// is none.
+TermiosComPort::Device TermiosComPort::device(int& absence) const
+{
+    const std::lock_guard lock(m_mutex);
+    absence = m_device ? 0 : m_absence;
+    return m_device;
+}
+
+/// What such an operation reports: to run out of time is no failure, and a device that has gone is
+/// closed, whoever noticed.
+int TermiosComPort::outcome(const Device& device, int error)
+{
+    if (error == 0 || error == ETIMEDOUT)
+        return 0;
+    const std::lock_guard lock(m_mutex);
+    if (m_device == device && error == ENODEV)
+        forgetVanished();
+    return m_device == device ? error : m_absence;
+}
+
+/// With m_mutex held.
+void TermiosComPort::forgetVanished()
+{
+    m_device->wake(); // whoever waits on it must let go of it
+    m_device.reset();
+    m_absence = ENODEV;
+}
+
+} // namespace pelorin
