@@ -134,8 +134,8 @@ private:
     QTimer m_reconnectTimer;
 
     int m_commandDepth = 0;
-    bool m_connectWanted = false; ///< a Connect waits until a dialog is closed
-    bool m_closeWanted = false;   ///< a close waits until a dialog or a command has ended
+    bool m_connectWanted = false;     ///< a Connect waits until a dialog is closed
+    bool m_closeWanted = false;       ///< a close waits until a dialog or a command has ended
     bool m_closeAfterWriting = false; ///< the close had to wait for the end of a write
     bool m_closing = false;
     QString m_notice; ///< waits until a command has ended
