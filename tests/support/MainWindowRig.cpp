@@ -58,6 +58,7 @@ bool MainWindowRig::startConnected()
 
 bool MainWindowRig::waitIdle()
 {
+    QCoreApplication::sendPostedEvents(); // a page that has just been shown reports that it reads
     return QTest::qWaitFor([this] { return !m_window->isBusy(); });
 }
 
