@@ -1,5 +1,11 @@
+#include "link/SensorLink.h"
 #include "pages/AboutDialog.h"
+#include "pages/FormatRestore.h"
+#include "pages/MagnetPositionPage.h"
 #include "pages/SelectPortDialog.h"
+#include "pages/SensorInfoPage.h"
+#include "platform/core/ComPort.h"
+#include "platform/core/ComPortFactory.h"
 #include "support/FormFaults.h"
 #include "support/Languages.h"
 
@@ -13,6 +19,23 @@ using namespace pelorin::test;
 
 using MakeDialog = std::function<std::unique_ptr<BaseDialog>()>;
 
+/// What pages need around them; no request is made.
+struct Surroundings
+{
+    QWidget window;
+    ComPortFactory factory{[](const QString&) { return nullptr; }};
+    SensorLink link{factory};
+    FormatRestore restore;
+
+    /// Makes a page as large as the smallest screen leaves room for it.
+    std::unique_ptr<BaseDialog> make(std::unique_ptr<SensorPage> page)
+    {
+        page->makeDialog(&window, link);
+        page->resize(1024, 600);
+        return page;
+    }
+};
+
 class TestForms : public QObject
 {
     Q_OBJECT
@@ -22,6 +45,9 @@ private Q_SLOTS:
     void everyCaptionSpeaksEveryLanguage();
     void everyDialogFitsTheSmallestScreen_data() { everyCaptionSpeaksEveryLanguage_data(); }
     void everyDialogFitsTheSmallestScreen();
+
+private:
+    Surroundings m_around;
 };
 
 void TestForms::everyCaptionSpeaksEveryLanguage_data()
@@ -31,6 +57,10 @@ void TestForms::everyCaptionSpeaksEveryLanguage_data()
 
     row("AboutDialog", [] { return std::make_unique<AboutDialog>(nullptr); });
     row("SelectPortDialog", [] { return std::make_unique<SelectPortDialog>(nullptr, 7); });
+    row("SensorInfoPage", [this] { return m_around.make(std::make_unique<SensorInfoPage>()); });
+    row("MagnetPositionPage", [this] {
+        return m_around.make(std::make_unique<MagnetPositionPage>(m_around.restore, false));
+    });
 }
 
 void TestForms::everyCaptionSpeaksEveryLanguage()

@@ -58,7 +58,7 @@ bool MainWindowRig::startConnected()
 
 bool MainWindowRig::waitIdle()
 {
-    QCoreApplication::processEvents(); // a busy state that was posted has begun
+    QCoreApplication::sendPostedEvents(); // a page that has just been shown reports that it reads
     return QTest::qWaitFor([this] { return !m_window->isBusy(); });
 }
 
