@@ -1,4 +1,6 @@
 #include "pages/AboutDialog.h"
+#include "pages/CalculateOffsetDialog.h"
+#include "pages/PasswordDialog.h"
 #include "pages/SelectPortDialog.h"
 #include "support/FormFaults.h"
 #include "support/Languages.h"
@@ -30,6 +32,9 @@ void TestForms::everyCaptionSpeaksEveryLanguage_data()
     const auto row = [](const char* name, const MakeDialog& make) { QTest::newRow(name) << make; };
 
     row("AboutDialog", [] { return std::make_unique<AboutDialog>(nullptr); });
+    row("CalculateOffsetDialog",
+        [] { return std::make_unique<CalculateOffsetDialog>(nullptr, true, 1250.0); });
+    row("PasswordDialog", [] { return std::make_unique<PasswordDialog>(nullptr, 240); });
     row("SelectPortDialog", [] { return std::make_unique<SelectPortDialog>(nullptr, 7); });
 }
 
