@@ -906,6 +906,34 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <source>Live magnet position in millimetres</source>
         <translation>Live magnet position in millimetres</translation>
     </message>
+    <message id="1200">
+        <source>Password</source>
+        <translation>Password</translation>
+    </message>
+    <message id="1201">
+        <source>The values on this page have not all been read from the sensor as it is connected now. Refresh the page before you apply changes.</source>
+        <translation>The values on this page have not all been read from the sensor as it is connected now. Refresh the page before you apply changes.</translation>
+    </message>
+    <message id="1202">
+        <source>The changes were not applied completely. Written to the sensor before the failure: %1. Whether they have taken effect is not known. Read the values again before you go on.</source>
+        <translation>The changes were not applied completely. Written to the sensor before the failure: %1. Whether they have taken effect is not known. Read the values again before you go on.</translation>
+    </message>
+    <message id="1203">
+        <source>The changes were not applied: no parameter had been written when the failure came. Read the values again before you go on.</source>
+        <translation>The changes were not applied: no parameter had been written when the failure came. Read the values again before you go on.</translation>
+    </message>
+    <message id="1204">
+        <source>The error skip count must be a number from 0 to 255.</source>
+        <translation>The error skip count must be a number from 0 to 255.</translation>
+    </message>
+    <message id="1205">
+        <source>The sensor cannot hold the scale factor or the offset that these settings give. Choose a coarser resolution or another offset. Nothing was written.</source>
+        <translation>The sensor cannot hold the scale factor or the offset that these settings give. Choose a coarser resolution or another offset. Nothing was written.</translation>
+    </message>
+    <message id="1206">
+        <source>The sensor has no valid resolution, so its offset is not known. Nothing was written.</source>
+        <translation>The sensor has no valid resolution, so its offset is not known. Nothing was written.</translation>
+    </message>
     <message id="1500">
         <source>The file %1 could not be written: %2. A file of this name that was there before is unchanged.</source>
         <translation>The file %1 could not be written: %2. A file of this name that was there before is unchanged.</translation>

@@ -906,6 +906,34 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <source>Live magnet position in millimetres</source>
         <translation>Posizione attuale del magnete in millimetri</translation>
     </message>
+    <message id="1200">
+        <source>Password</source>
+        <translation>Password</translation>
+    </message>
+    <message id="1201">
+        <source>The values on this page have not all been read from the sensor as it is connected now. Refresh the page before you apply changes.</source>
+        <translation>Non tutti i valori di questa pagina sono stati letti dal sensore collegato in questo momento. Aggiornare la pagina prima di applicare le modifiche.</translation>
+    </message>
+    <message id="1202">
+        <source>The changes were not applied completely. Written to the sensor before the failure: %1. Whether they have taken effect is not known. Read the values again before you go on.</source>
+        <translation>Le modifiche non sono state applicate completamente. Scritti nel sensore prima dell'errore: %1. Non è noto se abbiano avuto effetto. Rileggere i valori prima di proseguire.</translation>
+    </message>
+    <message id="1203">
+        <source>The changes were not applied: no parameter had been written when the failure came. Read the values again before you go on.</source>
+        <translation>Le modifiche non sono state applicate: al momento dell'errore non era stato scritto alcun parametro. Rileggere i valori prima di proseguire.</translation>
+    </message>
+    <message id="1204">
+        <source>The error skip count must be a number from 0 to 255.</source>
+        <translation>Il numero di errori ignorati deve essere compreso tra 0 e 255.</translation>
+    </message>
+    <message id="1205">
+        <source>The sensor cannot hold the scale factor or the offset that these settings give. Choose a coarser resolution or another offset. Nothing was written.</source>
+        <translation>Il sensore non può contenere il fattore di scala o l'offset risultanti da queste impostazioni. Scegliere una risoluzione meno fine o un altro offset. Non è stato scritto nulla.</translation>
+    </message>
+    <message id="1206">
+        <source>The sensor has no valid resolution, so its offset is not known. Nothing was written.</source>
+        <translation>Il sensore non ha una risoluzione valida, quindi la sua offset non è nota. Non è stato scritto nulla.</translation>
+    </message>
     <message id="1500">
         <source>The file %1 could not be written: %2. A file of this name that was there before is unchanged.</source>
         <translation>Impossibile scrivere il file %1: %2. Un file con questo nome già esistente è rimasto invariato.</translation>

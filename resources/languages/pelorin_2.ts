@@ -906,6 +906,34 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <source>Live magnet position in millimetres</source>
         <translation>Aktuelle Magnetposition in Millimetern</translation>
     </message>
+    <message id="1200">
+        <source>Password</source>
+        <translation>Kennwort</translation>
+    </message>
+    <message id="1201">
+        <source>The values on this page have not all been read from the sensor as it is connected now. Refresh the page before you apply changes.</source>
+        <translation>Die Werte dieser Seite wurden nicht alle aus dem Sensor gelesen, wie er jetzt verbunden ist. Aktualisieren Sie die Seite, bevor Sie Änderungen übernehmen.</translation>
+    </message>
+    <message id="1202">
+        <source>The changes were not applied completely. Written to the sensor before the failure: %1. Whether they have taken effect is not known. Read the values again before you go on.</source>
+        <translation>Die Änderungen wurden nicht vollständig übernommen. Vor dem Fehler in den Sensor geschrieben: %1. Ob sie wirksam sind, ist nicht bekannt. Lesen Sie die Werte neu, bevor Sie fortfahren.</translation>
+    </message>
+    <message id="1203">
+        <source>The changes were not applied: no parameter had been written when the failure came. Read the values again before you go on.</source>
+        <translation>Die Änderungen wurden nicht übernommen: Vor dem Fehler war noch kein Parameter geschrieben. Lesen Sie die Werte neu, bevor Sie fortfahren.</translation>
+    </message>
+    <message id="1204">
+        <source>The error skip count must be a number from 0 to 255.</source>
+        <translation>Die Fehlerausblendung muss eine Zahl von 0 bis 255 sein.</translation>
+    </message>
+    <message id="1205">
+        <source>The sensor cannot hold the scale factor or the offset that these settings give. Choose a coarser resolution or another offset. Nothing was written.</source>
+        <translation>Der Sensor kann den Skalierungsfaktor oder den Offset, die sich aus diesen Einstellungen ergeben, nicht aufnehmen. Wählen Sie eine gröbere Auflösung oder einen anderen Offset. Es wurde nichts geschrieben.</translation>
+    </message>
+    <message id="1206">
+        <source>The sensor has no valid resolution, so its offset is not known. Nothing was written.</source>
+        <translation>Der Sensor hat keine gültige Auflösung, daher ist sein Offset nicht bekannt. Es wurde nichts geschrieben.</translation>
+    </message>
     <message id="1500">
         <source>The file %1 could not be written: %2. A file of this name that was there before is unchanged.</source>
         <translation>Die Datei %1 konnte nicht geschrieben werden: %2. Eine bereits vorhandene Datei dieses Namens ist unverändert.</translation>

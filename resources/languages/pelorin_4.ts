@@ -906,6 +906,34 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <source>Live magnet position in millimetres</source>
         <translation>Position actuelle de l'aimant en millimètres</translation>
     </message>
+    <message id="1200">
+        <source>Password</source>
+        <translation>Mot de passe</translation>
+    </message>
+    <message id="1201">
+        <source>The values on this page have not all been read from the sensor as it is connected now. Refresh the page before you apply changes.</source>
+        <translation>Les valeurs de cette page n'ont pas toutes été lues dans le capteur tel qu'il est connecté maintenant. Actualisez la page avant d'appliquer des modifications.</translation>
+    </message>
+    <message id="1202">
+        <source>The changes were not applied completely. Written to the sensor before the failure: %1. Whether they have taken effect is not known. Read the values again before you go on.</source>
+        <translation>Les modifications n'ont pas été entièrement appliquées. Écrits dans le capteur avant l'échec : %1. On ne sait pas s'ils ont pris effet. Relisez les valeurs avant de continuer.</translation>
+    </message>
+    <message id="1203">
+        <source>The changes were not applied: no parameter had been written when the failure came. Read the values again before you go on.</source>
+        <translation>Les modifications n'ont pas été appliquées : aucun paramètre n'avait été écrit au moment de l'échec. Relisez les valeurs avant de continuer.</translation>
+    </message>
+    <message id="1204">
+        <source>The error skip count must be a number from 0 to 255.</source>
+        <translation>Le nombre d'erreurs ignorées doit être compris entre 0 et 255.</translation>
+    </message>
+    <message id="1205">
+        <source>The sensor cannot hold the scale factor or the offset that these settings give. Choose a coarser resolution or another offset. Nothing was written.</source>
+        <translation>Le capteur ne peut pas contenir le facteur d'échelle ou le décalage qui résultent de ces réglages. Choisissez une résolution plus grossière ou un autre décalage. Rien n'a été écrit.</translation>
+    </message>
+    <message id="1206">
+        <source>The sensor has no valid resolution, so its offset is not known. Nothing was written.</source>
+        <translation>Le capteur n'a pas de résolution valide ; son décalage n'est donc pas connu. Rien n'a été écrit.</translation>
+    </message>
     <message id="1500">
         <source>The file %1 could not be written: %2. A file of this name that was there before is unchanged.</source>
         <translation>Le fichier %1 n'a pas pu être écrit : %2. Un fichier de ce nom qui existait déjà est inchangé.</translation>

@@ -906,6 +906,34 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <source>Live magnet position in millimetres</source>
         <translation>Posición actual del imán en milímetros</translation>
     </message>
+    <message id="1200">
+        <source>Password</source>
+        <translation>Contraseña</translation>
+    </message>
+    <message id="1201">
+        <source>The values on this page have not all been read from the sensor as it is connected now. Refresh the page before you apply changes.</source>
+        <translation>No todos los valores de esta página se han leído del sensor tal como está conectado ahora. Actualice la página antes de aplicar cambios.</translation>
+    </message>
+    <message id="1202">
+        <source>The changes were not applied completely. Written to the sensor before the failure: %1. Whether they have taken effect is not known. Read the values again before you go on.</source>
+        <translation>Los cambios no se aplicaron por completo. Escritos en el sensor antes del fallo: %1. No se sabe si han surtido efecto. Vuelva a leer los valores antes de continuar.</translation>
+    </message>
+    <message id="1203">
+        <source>The changes were not applied: no parameter had been written when the failure came. Read the values again before you go on.</source>
+        <translation>Los cambios no se aplicaron: no se había escrito ningún parámetro cuando se produjo el fallo. Vuelva a leer los valores antes de continuar.</translation>
+    </message>
+    <message id="1204">
+        <source>The error skip count must be a number from 0 to 255.</source>
+        <translation>El número de errores omitidos debe estar entre 0 y 255.</translation>
+    </message>
+    <message id="1205">
+        <source>The sensor cannot hold the scale factor or the offset that these settings give. Choose a coarser resolution or another offset. Nothing was written.</source>
+        <translation>El sensor no admite el factor de escala o el offset que resultan de estos ajustes. Elija una resolución menos fina u otro offset. No se ha escrito nada.</translation>
+    </message>
+    <message id="1206">
+        <source>The sensor has no valid resolution, so its offset is not known. Nothing was written.</source>
+        <translation>El sensor no tiene una resolución válida, por lo que no se conoce su offset. No se ha escrito nada.</translation>
+    </message>
     <message id="1500">
         <source>The file %1 could not be written: %2. A file of this name that was there before is unchanged.</source>
         <translation>No se pudo escribir el archivo %1: %2. Si ya existía un archivo con este nombre, no se ha modificado.</translation>

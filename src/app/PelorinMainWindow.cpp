@@ -8,6 +8,7 @@
 #include "link/SensorLink.h"
 #include "pages/AboutDialog.h"
 #include "pages/MagnetPositionPage.h"
+#include "pages/OutputSetupPage.h"
 #include "pages/SelectPortDialog.h"
 #include "pages/SensorInfoPage.h"
 #include "platform/core/ComPortNames.h"
@@ -158,13 +159,18 @@ void PelorinMainWindow::createRefreshButton()
 void PelorinMainWindow::createPages()
 {
     const QLatin1String info("BMP_PELORIN_INFO");
+    const QLatin1String wrench("BMP_PELORIN_WRENCH");
     addPage(new SensorInfoPage, 110, info);
     auto* position = new MagnetPositionPage(m_formatRestore, m_manualPowerMode == 1);
     connect(position, &MagnetPositionPage::formatKept, this, &PelorinMainWindow::showNotice,
             Qt::QueuedConnection);
     addPage(position, 261, info);
+    auto* output = new OutputSetupPage;
+    connect(output, &OutputSetupPage::applyFailed, this, &PelorinMainWindow::showNotice,
+            Qt::QueuedConnection);
+    addPage(output, 168, wrench);
     if (m_tempCompEnabled == 1)
-        addPage(new TempCompPage, 253, QLatin1String("BMP_PELORIN_WRENCH"));
+        addPage(new TempCompPage, 253, wrench);
 }
 
 void PelorinMainWindow::addPage(SensorPage* page, int caption, QLatin1String icon)

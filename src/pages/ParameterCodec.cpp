@@ -3,7 +3,24 @@
 #include "platform/core/DecimalText.h"
 #include "platform/core/HexText.h"
 
+#include <cmath>
+
 namespace pelorin {
+
+namespace {
+
+QByteArray sixHexDigits(quint32 value)
+{
+    return QString::asprintf("%06X", value).toLatin1();
+}
+
+QByteArray threeBytes(qint32 first, qint32 second, qint32 third)
+{
+    const auto byte = [](qint32 value) { return static_cast<quint8>(value); };
+    return sixHexDigits(quint32{byte(first)} << 16 | quint32{byte(second)} << 8 | byte(third));
+}
+
+} // namespace
 
 DataFormat DataFormat::decode(const QByteArray& text)
 {
@@ -16,9 +33,7 @@ DataFormat DataFormat::decode(const QByteArray& text)
 
 QByteArray DataFormat::encode() const
 {
-    return QString::asprintf("%02X%02X%02X", unsigned{flags}, unsigned{errorSkipCount},
-                             unsigned{dataBits})
-        .toLatin1();
+    return threeBytes(flags, errorSkipCount, dataBits);
 }
 
 int DataFormat::multiplier() const
@@ -31,9 +46,19 @@ Extension Extension::decode(const QByteArray& text)
     return {hexToLong(text.left(2)), hexToLong(text.mid(2, 2)), hexToLong(text.right(2))};
 }
 
+QByteArray Extension::encode() const
+{
+    return threeBytes(extension, mode, magnets);
+}
+
 double decodeResolutionMm(const QByteArray& text)
 {
     return integerPrefix(text) * 0.001;
+}
+
+QByteArray encodeResolution(int micrometres)
+{
+    return QString::asprintf("%08d", micrometres).toLatin1();
 }
 
 double decodeStrokeMm(const QByteArray& text)
@@ -41,9 +66,56 @@ double decodeStrokeMm(const QByteArray& text)
     return integerPrefix(text.mid(2));
 }
 
+QByteArray encodeStroke(const QByteArray& packageCode, const QByteArray& millimetres)
+{
+    return packageCode + millimetres.rightJustified(4, '0');
+}
+
 double decodeGradient(const QByteArray& text)
 {
     return integerPrefix(text) * 0.01;
+}
+
+std::optional<QByteArray> encodeGradient(double gradient)
+{
+    constexpr double kLargest = 999'999'999;
+    const double hundredths = std::round(gradient * 100.0);
+    if (!(hundredths >= 0.0 && hundredths <= kLargest))
+        return std::nullopt;
+    return QString::asprintf("%06d", static_cast<qint32>(hundredths)).toLatin1();
+}
+
+std::optional<QByteArray> encodeScale(double gradient, double resolutionMm)
+{
+    constexpr double kLargest = 0xFFFFFF;
+    const double scale = std::trunc(gradient / (resolutionMm * 1000) * 512);
+    if (!(scale >= 0.0 && scale <= kLargest))
+        return std::nullopt;
+    return sixHexDigits(static_cast<quint32>(scale));
+}
+
+qint32 decodeOffsetCounts(const QByteArray& text)
+{
+    const QByteArray kNegative = QByteArrayLiteral("FF");
+    const bool negative = text.left(2).toUpper() == kNegative;
+    return hexToLong(negative ? kNegative + text : text);
+}
+
+std::optional<QByteArray> encodeOffsetCounts(qint64 counts)
+{
+    const QByteArray text = sixHexDigits(static_cast<quint32>(counts & 0xFFFFFF));
+    if (decodeOffsetCounts(text) != counts)
+        return std::nullopt;
+    return text;
+}
+
+std::optional<QByteArray> encodeOffset(double offsetMm, double resolutionMm, int multiplier)
+{
+    constexpr double kFarBeyond = 1e9; // any text's counts, and still an integer
+    const double counts = std::round(offsetMm / resolutionMm) * multiplier;
+    if (!(std::abs(counts) < kFarBeyond))
+        return std::nullopt;
+    return encodeOffsetCounts(static_cast<qint64>(counts));
 }
 
 } // namespace pelorin

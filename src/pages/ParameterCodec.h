@@ -2,10 +2,13 @@
 
 #include <QByteArray>
 
+#include <optional>
+
 namespace pelorin {
 
-/// What several pages decode from the sensor's parameter texts alike. Plain functions of the
-/// reply's data text, independent of any locale. A text that is too short reads as zeros.
+/// What several pages decode from the sensor's parameter texts and encode into them alike. Plain
+/// functions, independent of any locale. A reply's text that is too short reads as zeros; a value
+/// that its text cannot carry is not encoded.
 
 /// Parameter 'D': how the sensor formats its SSI output.
 struct DataFormat
@@ -36,15 +39,39 @@ struct Extension
     qint32 magnets = 0;   ///< 1 or 2
 
     [[nodiscard]] static Extension decode(const QByteArray& text);
+    [[nodiscard]] QByteArray encode() const; ///< six hexadecimal digits
 };
 
 /// Parameter 'A', micrometres, in millimetres.
 [[nodiscard]] double decodeResolutionMm(const QByteArray& text);
+/// Eight decimal digits.
+[[nodiscard]] QByteArray encodeResolution(int micrometres);
 
 /// Parameter 'L' behind its first two characters: the stroke in millimetres.
 [[nodiscard]] double decodeStrokeMm(const QByteArray& text);
+/// @param packageCode the first two characters
+/// @param millimetres the digits of the stroke, brought to at least four
+[[nodiscard]] QByteArray encodeStroke(const QByteArray& packageCode, const QByteArray& millimetres);
 
 /// Parameter 'U', hundredths.
 [[nodiscard]] double decodeGradient(const QByteArray& text);
+/// At least six decimal digits; nothing for a negative gradient or one of more than nine digits.
+[[nodiscard]] std::optional<QByteArray> encodeGradient(double gradient);
+
+/// Parameter 'S', six hexadecimal digits, which follows from gradient and resolution.
+/// @param resolutionMm millimetres per count
+/// @return nothing if it does not fit six digits, or if there is no resolution
+[[nodiscard]] std::optional<QByteArray> encodeScale(double gradient, double resolutionMm);
+
+/// Parameter 'N', counts of the resolution. A text that begins with FF is negative, one of six
+/// digits also.
+[[nodiscard]] qint32 decodeOffsetCounts(const QByteArray& text);
+/// Six hexadecimal digits; nothing for counts that these would not give back, which are those
+/// below -65536 and above 16711679.
+[[nodiscard]] std::optional<QByteArray> encodeOffsetCounts(qint64 counts);
+/// The counts of an offset in millimetres: a whole number, so that an offset that was read is
+/// given back as the counts that were read, times the multiplier of the data format.
+[[nodiscard]] std::optional<QByteArray> encodeOffset(double offsetMm, double resolutionMm,
+                                                     int multiplier);
 
 } // namespace pelorin

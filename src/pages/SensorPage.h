@@ -47,6 +47,11 @@ public:
     /// Posts the page's current status text again, for example in another language.
     void postStatusText();
 
+    /// The item data of the current selection; -1 without one.
+    [[nodiscard]] static int comboSelectedData(const QComboBox& combo);
+    /// Selects the first item with this data; false if there is none, the selection stays.
+    [[nodiscard]] static bool selectComboByData(QComboBox& combo, int data);
+
 protected:
     /// @param formName the page's form, without its ending
     explicit SensorPage(QString formName);
@@ -82,11 +87,6 @@ protected:
     /// A parameter as the argument of a status text: the byte value of its identifier.
     [[nodiscard]] static QString parameterArgument(char id);
     void postLinkResult(int result);
-
-    /// The item data of the current selection; -1 without one.
-    [[nodiscard]] static int comboSelectedData(const QComboBox& combo);
-    /// Selects the first item with this data; false if there is none, the selection stays.
-    [[nodiscard]] static bool selectComboByData(QComboBox& combo, int data);
 
     void changeEvent(QEvent* event) override;
 

@@ -2,6 +2,8 @@
 #include "pages/AboutDialog.h"
 #include "pages/FormatRestore.h"
 #include "pages/MagnetPositionPage.h"
+#include "pages/CalculateOffsetDialog.h"
+#include "pages/PasswordDialog.h"
 #include "pages/SelectPortDialog.h"
 #include "pages/SensorInfoPage.h"
 #include "platform/core/ComPort.h"
@@ -56,6 +58,9 @@ void TestForms::everyCaptionSpeaksEveryLanguage_data()
     const auto row = [](const char* name, const MakeDialog& make) { QTest::newRow(name) << make; };
 
     row("AboutDialog", [] { return std::make_unique<AboutDialog>(nullptr); });
+    row("CalculateOffsetDialog",
+        [] { return std::make_unique<CalculateOffsetDialog>(nullptr, true, 1250.0); });
+    row("PasswordDialog", [] { return std::make_unique<PasswordDialog>(nullptr, 240); });
     row("SelectPortDialog", [] { return std::make_unique<SelectPortDialog>(nullptr, 7); });
     row("SensorInfoPage", [this] { return m_around.make(std::make_unique<SensorInfoPage>()); });
     row("MagnetPositionPage", [this] {
