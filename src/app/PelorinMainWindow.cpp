@@ -1,5 +1,6 @@
 #include "app/PelorinMainWindow.h"
 
+#include "app/BackupCommand.h"
 #include "app/BusyFilter.h"
 #include "app/Commands.h"
 #include "app/LinkStatusBar.h"
@@ -7,6 +8,7 @@
 #include "link/SensorIdentification.h"
 #include "link/SensorLink.h"
 #include "pages/AboutDialog.h"
+#include "pages/FactoryParamsPage.h"
 #include "pages/MagnetPositionPage.h"
 #include "pages/SelectPortDialog.h"
 #include "pages/SensorInfoPage.h"
@@ -162,6 +164,10 @@ void PelorinMainWindow::createPages()
     connect(position, &MagnetPositionPage::formatKept, this, &PelorinMainWindow::showNotice,
             Qt::QueuedConnection);
     addPage(position, 261, info);
+
+    auto* factory = new FactoryParamsPage;
+    connect(factory, &FactoryParamsPage::writingFailed, this, &PelorinMainWindow::showNotice);
+    addPage(factory, 214, QLatin1String("BMP_PELORIN_WRENCH"));
 }
 
 void PelorinMainWindow::addPage(SensorPage* page, int caption, QLatin1String icon)
@@ -273,8 +279,6 @@ bool PelorinMainWindow::canRun(int command) const
 {
     switch (command) {
     case kDisplayUnitCommand:
-    case kSaveBackupCommand:
-    case kRestoreBackupCommand:
     case kManualCommCommand:
         return false;
     case kWriteECommand:
@@ -305,6 +309,12 @@ void PelorinMainWindow::runCommand(int command)
     case kRefreshCommand:
         if (SensorPage* page = shownPage())
             page->getCurrentValues();
+        break;
+    case kSaveBackupCommand:
+        runBackup(BackupProgressDialog::Mode::Backup);
+        break;
+    case kRestoreBackupCommand:
+        runBackup(BackupProgressDialog::Mode::Restore);
         break;
     case kWriteECommand:
         writeCommand(Operation::WriteE, 'E');
@@ -398,6 +408,20 @@ int PelorinMainWindow::openPort(int port, int showErrors)
         return 0;
     stopReconnect();
     return 1;
+}
+
+/// After a restore the sensor is connected and read afresh, which shows page 0.
+void PelorinMainWindow::runBackup(BackupProgressDialog::Mode mode)
+{
+    const bool restored = runBackupCommand(*this, m_link, mode, [this] {
+        releasePage();
+        return !m_closeWanted;
+    });
+    m_link.setReplyTarget(this, WM_LINK_REPLY);
+    if (restored)
+        postCommand(kConnectCommand);
+    else
+        resumePage();
 }
 
 void PelorinMainWindow::writeCommand(Operation operation, char id)

@@ -16,7 +16,7 @@ using namespace pelorin;
 
 namespace {
 
-constexpr std::array kVisits = {visitInformation, visitPosition};
+constexpr std::array kVisits = {visitInformation, visitPosition, visitFactory, visitBackup};
 
 } // namespace
 

@@ -8,5 +8,7 @@ class Tour;
 /// not behave.
 [[nodiscard]] bool visitInformation(Tour& tour);
 [[nodiscard]] bool visitPosition(Tour& tour);
+[[nodiscard]] bool visitFactory(Tour& tour);
+[[nodiscard]] bool visitBackup(Tour& tour);
 
 } // namespace pelorin
