@@ -1,5 +1,6 @@
 #include "app/PelorinMainWindow.h"
 
+#include "app/BackupCommand.h"
 #include "app/BusyFilter.h"
 #include "app/Commands.h"
 #include "app/LinkStatusBar.h"
@@ -7,6 +8,7 @@
 #include "link/SensorIdentification.h"
 #include "link/SensorLink.h"
 #include "pages/AboutDialog.h"
+#include "pages/FactoryParamsPage.h"
 #include "pages/MagnetPositionPage.h"
 #include "pages/OutputSetupPage.h"
 #include "pages/SelectPortDialog.h"
@@ -169,6 +171,10 @@ void PelorinMainWindow::createPages()
     connect(output, &OutputSetupPage::applyFailed, this, &PelorinMainWindow::showNotice,
             Qt::QueuedConnection);
     addPage(output, 168, wrench);
+    auto* factory = new FactoryParamsPage;
+    connect(factory, &FactoryParamsPage::writingFailed, this, &PelorinMainWindow::showNotice,
+            Qt::QueuedConnection);
+    addPage(factory, 214, wrench);
     if (m_tempCompEnabled == 1)
         addPage(new TempCompPage, 253, wrench);
 }
@@ -282,8 +288,6 @@ bool PelorinMainWindow::canRun(int command) const
 {
     switch (command) {
     case kDisplayUnitCommand:
-    case kSaveBackupCommand:
-    case kRestoreBackupCommand:
     case kManualCommCommand:
         return false;
     case kWriteECommand:
@@ -317,6 +321,12 @@ void PelorinMainWindow::runCommand(int command)
     case kRefreshCommand:
         if (SensorPage* page = shownPage())
             page->getCurrentValues();
+        break;
+    case kSaveBackupCommand:
+        runBackup(BackupProgressDialog::Mode::Backup);
+        break;
+    case kRestoreBackupCommand:
+        runBackup(BackupProgressDialog::Mode::Restore);
         break;
     case kWriteECommand:
         writeCommand(Operation::WriteE, 'E');
@@ -415,6 +425,20 @@ int PelorinMainWindow::openPort(int port, int showErrors)
     stopReconnect();
     m_link.setKeepAlive(m_keepAlive); // opened again while the user switches the supply
     return 1;
+}
+
+/// After a restore the sensor is connected and read afresh, which shows page 0.
+void PelorinMainWindow::runBackup(BackupProgressDialog::Mode mode)
+{
+    const bool restored = runBackupCommand(*this, m_link, mode, [this] {
+        releasePage();
+        return !m_closeWanted;
+    });
+    m_link.setReplyTarget(this, WM_LINK_REPLY);
+    if (restored)
+        postCommand(kConnectCommand);
+    else
+        resumePage();
 }
 
 void PelorinMainWindow::writeCommand(Operation operation, char id)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "backup/BackupProgressDialog.h"
 #include "pages/FormatRestore.h"
 #include "platform/core/WindowMessage.h"
 
@@ -82,6 +83,7 @@ private:
     [[nodiscard]] bool isConnecting() const;
     void selectPort();
     [[nodiscard]] int openPort(int port, int showErrors);
+    void runBackup(BackupProgressDialog::Mode mode);
     void writeCommand(Operation operation, char id);
     void chooseLanguage(int code);
     void showHelp();

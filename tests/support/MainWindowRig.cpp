@@ -77,7 +77,10 @@ void MainWindowRig::clickPage(int row)
 bool MainWindowRig::choosePage(int row)
 {
     clickPage(row);
-    return QTest::qWaitFor([&] { return m_window->currentPage() == row; }) && waitIdle();
+    if (!QTest::qWaitFor([&] { return m_window->currentPage() == row; }))
+        return false;
+    QCoreApplication::sendPostedEvents(); // the page has said that it is busy
+    return waitIdle();
 }
 
 void MainWindowRig::clickRefresh()

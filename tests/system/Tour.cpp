@@ -29,6 +29,7 @@ bool Tour::choosePage(int row)
                       list->visualItemRect(list->item(row)).center());
     if (!QTest::qWaitFor([&] { return m_window.currentPage() == row; }, kTimeLimit))
         return fail("a page did not come up");
+    QCoreApplication::sendPostedEvents(); // the page has said that it is busy
     return waitIdle();
 }
 

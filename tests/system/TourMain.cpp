@@ -16,7 +16,8 @@ using namespace pelorin;
 
 namespace {
 
-constexpr std::array kVisits = {visitInformation, visitPosition, visitOutputSetup, visitTempComp};
+constexpr std::array kVisits = {visitInformation, visitPosition, visitOutputSetup,
+                                visitFactory,     visitBackup,   visitTempComp};
 
 } // namespace
 

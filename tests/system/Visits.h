@@ -10,5 +10,7 @@ class Tour;
 [[nodiscard]] bool visitPosition(Tour& tour);
 [[nodiscard]] bool visitTempComp(Tour& tour);
 [[nodiscard]] bool visitOutputSetup(Tour& tour);
+[[nodiscard]] bool visitFactory(Tour& tour);
+[[nodiscard]] bool visitBackup(Tour& tour);
 
 } // namespace pelorin
