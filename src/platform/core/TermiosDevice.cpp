@@ -215,11 +215,9 @@ int TermiosDevice::wait(short events, TimePoint deadline)
         }
         if ((entries[0].revents & (POLLHUP | POLLERR | POLLNVAL)) != 0)
             return ENODEV;
-
-        if (entries[0].revents != 0)
-            return 0;
-        if (m_calls.now() >= deadline)
-            return ETIMEDOUT;
+        if (entries[1].revents != 0)
+            return ECANCELED;
+        return entries[0].revents != 0 ? 0 : ETIMEDOUT;
     }
 }
 
