@@ -645,8 +645,16 @@ bool PelorinMainWindow::eventFilter(QObject* watched, QEvent* event)
     return QMainWindow::eventFilter(watched, event);
 }
 
+/// Whether something is being written to the sensor that must not be cut off.
+bool PelorinMainWindow::isWriting() const
+{
+    const SensorPage* page = shownPage();
+    return (page && page->isWriting()) || m_pendingOperation == Operation::RestoreFormat ||
+           m_pendingOperation == Operation::WriteE || m_pendingOperation == Operation::WriteQ;
+}
+
 /// A dialog that is open is ended first; the window then closes when its command has returned,
-/// and not before a page has ended what it is writing.
+/// and not before what is being written has ended.
 void PelorinMainWindow::closeEvent(QCloseEvent* event)
 {
     event->ignore();
@@ -655,8 +663,8 @@ void PelorinMainWindow::closeEvent(QCloseEvent* event)
         dialog->close();
         return;
     }
-    const SensorPage* page = shownPage();
-    m_closeWanted = m_commandDepth > 0 || (page && page->isWriting());
+    m_closeAfterWriting = m_closeAfterWriting || isWriting();
+    m_closeWanted = m_commandDepth > 0 || isWriting();
     if (m_closeWanted || m_closing)
         return;
     m_closing = true;
@@ -670,8 +678,10 @@ void PelorinMainWindow::shutDown()
     m_reconnectTimer.stop();
     if (SensorPage* page = shownPage())
         page->setNewValues();
+    if (m_closeAfterWriting)
+        Pacing::sleep(kStoreTime); // the sensor must not lose its supply while it stores
     if (m_manualPowerMode == 0) {
-        if (isConnecting())
+        if (m_pendingOperation == Operation::Connect)
             m_link.close(1); // the worker would switch the supply on again
         else if (m_link.linkFailed() == 0)
             m_link.setRts(0);

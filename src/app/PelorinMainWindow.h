@@ -99,6 +99,7 @@ private:
     void showNotice(const QString& text);
     void setStatus(int stringNumber);
     [[nodiscard]] static bool isDialogOpen();
+    [[nodiscard]] bool isWriting() const;
     void runDeferred();
     void shutDown();
 
@@ -135,6 +136,7 @@ private:
     int m_commandDepth = 0;
     bool m_connectWanted = false; ///< a Connect waits until a dialog is closed
     bool m_closeWanted = false;   ///< a close waits until a dialog or a command has ended
+    bool m_closeAfterWriting = false; ///< the close had to wait for the end of a write
     bool m_closing = false;
 };
 

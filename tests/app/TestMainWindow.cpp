@@ -58,6 +58,7 @@ private Q_SLOTS:
     void manualPowerModeAsksTheUser();
     void closingSwitchesTheSupplyOff();
     void closingDuringAConnectEndsIt();
+    void closingWaitsForAStoreCommand();
     void closingWhileADialogIsOpenEndsItFirst();
     void windowMayGoWhileTheWorkerPosts();
 };
@@ -310,6 +311,23 @@ void TestMainWindow::closingDuringAConnectEndsIt()
     QVERIFY(!rig.window().isVisible());
     QCOMPARE(rig.sensor().mode(), SimulatedSensor::Mode::Off);
     QCOMPARE(rig.link().open(MainWindowRig::kPort, 0), 1); // the worker has given the port back
+}
+
+void TestMainWindow::closingWaitsForAStoreCommand()
+{
+    MainWindowRig rig;
+    QVERIFY(rig.startConnected());
+    (void)rig.sensor().takeReceivedFrames();
+    const QSignalSpy closed(&rig.window(), &PelorinMainWindow::closed);
+    QVERIFY(rig.clickCommand(kWriteECommand));
+    QTRY_VERIFY(rig.window().isBusy());
+    rig.window().close();
+    QVERIFY(rig.window().isVisible());
+
+    QTRY_COMPARE(closed.size(), 1);
+    QVERIFY(hasReceived(rig, "EN"));
+    QCOMPARE(rig.sensor().mode(), SimulatedSensor::Mode::Off);
+    QCOMPARE(rig.logged().count(QStringLiteral("SSI Type: 2")), 1); // no second connect
 }
 
 void TestMainWindow::closingWhileADialogIsOpenEndsItFirst()

@@ -55,6 +55,7 @@ bool MainWindowRig::startConnected()
 
 bool MainWindowRig::waitIdle()
 {
+    QCoreApplication::processEvents(); // a busy state that was posted has begun
     return QTest::qWaitFor([this] { return !m_window->isBusy(); });
 }
 
