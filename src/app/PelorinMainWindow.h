@@ -4,6 +4,7 @@
 #include "platform/core/WindowMessage.h"
 
 #include <QMainWindow>
+#include <QPointer>
 #include <QTimer>
 
 #include <vector>
@@ -14,6 +15,8 @@ class QPushButton;
 namespace pelorin {
 
 class BusyFilter;
+class ComPortFactory;
+class DisplayUnitDialog;
 class LanguageManager;
 class LinkStatusBar;
 class MainMenu;
@@ -29,8 +32,9 @@ class PelorinMainWindow final : public QMainWindow
     Q_OBJECT
 
 public:
-    /// Both outlive the window.
-    PelorinMainWindow(SensorLink& link, LanguageManager& languages);
+    /// All outlive the window.
+    /// @param factory makes the display unit's port
+    PelorinMainWindow(const ComPortFactory& factory, SensorLink& link, LanguageManager& languages);
     ~PelorinMainWindow() override;
 
     /// Leaves the shown page and shows another one, which then reads its values.
@@ -84,6 +88,7 @@ private:
     [[nodiscard]] int openPort(int port, int showErrors);
     void writeCommand(Operation operation, char id);
     void chooseLanguage(int code);
+    void showDisplayUnit();
     void showHelp();
     void showAbout();
 
@@ -103,6 +108,7 @@ private:
     void runDeferred();
     void shutDown();
 
+    const ComPortFactory& m_factory;
     SensorLink& m_link;
     LanguageManager& m_languages;
 
@@ -115,6 +121,7 @@ private:
     QPushButton* m_refreshButton = nullptr;
     LinkStatusBar* m_statusBar = nullptr;
     BusyFilter* m_busy = nullptr;
+    QPointer<DisplayUnitDialog> m_displayUnit; ///< null while it is closed
 
     std::vector<SensorPage*> m_pages; ///< by page list row; owned by the page area
     std::vector<int> m_pageCaptions;

@@ -1,5 +1,9 @@
+#include "display/DisplayUnitDialog.h"
+#include "link/SensorLink.h"
 #include "pages/AboutDialog.h"
 #include "pages/SelectPortDialog.h"
+#include "platform/core/ComPortFactory.h"
+#include "simulator/SimulatedPorts.h"
 #include "support/FormFaults.h"
 #include "support/Languages.h"
 
@@ -17,11 +21,25 @@ class TestForms : public QObject
 {
     Q_OBJECT
 
+public:
+    TestForms()
+        : m_factory([this](const QString&) {
+              return m_ports.makePort(QStringLiteral("simulator:display"));
+          }),
+          m_link(m_factory)
+    {
+    }
+
 private Q_SLOTS:
     void everyCaptionSpeaksEveryLanguage_data();
     void everyCaptionSpeaksEveryLanguage();
     void everyDialogFitsTheSmallestScreen_data() { everyCaptionSpeaksEveryLanguage_data(); }
     void everyDialogFitsTheSmallestScreen();
+
+private:
+    SimulatedPorts m_ports;
+    ComPortFactory m_factory;
+    SensorLink m_link;
 };
 
 void TestForms::everyCaptionSpeaksEveryLanguage_data()
@@ -30,6 +48,8 @@ void TestForms::everyCaptionSpeaksEveryLanguage_data()
     const auto row = [](const char* name, const MakeDialog& make) { QTest::newRow(name) << make; };
 
     row("AboutDialog", [] { return std::make_unique<AboutDialog>(nullptr); });
+    row("DisplayUnitDialog",
+        [this] { return std::make_unique<DisplayUnitDialog>(nullptr, m_factory, m_link); });
     row("SelectPortDialog", [] { return std::make_unique<SelectPortDialog>(nullptr, 7); });
 }
 

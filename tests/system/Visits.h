@@ -8,5 +8,6 @@ class Tour;
 /// not behave.
 [[nodiscard]] bool visitInformation(Tour& tour);
 [[nodiscard]] bool visitPosition(Tour& tour);
+[[nodiscard]] bool visitDisplayUnit(Tour& tour);
 
 } // namespace pelorin
