@@ -906,6 +906,22 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <source>Live magnet position in millimetres</source>
         <translation>Live magnet position in millimetres</translation>
     </message>
+    <message id="1500">
+        <source>The file %1 could not be written: %2. A file of this name that was there before is unchanged.</source>
+        <translation>The file %1 could not be written: %2. A file of this name that was there before is unchanged.</translation>
+    </message>
+    <message id="1501">
+        <source>The file %1 could not be read: %2.</source>
+        <translation>The file %1 could not be read: %2.</translation>
+    </message>
+    <message id="1502">
+        <source>The file holds more rows than the table. Rows in the file: %1; read: %2; ignored: %3.</source>
+        <translation>The file holds more rows than the table. Rows in the file: %1; read: %2; ignored: %3.</translation>
+    </message>
+    <message id="1503">
+        <source>Has no function in this version.</source>
+        <translation>Has no function in this version.</translation>
+    </message>
     <message id="1600">
         <source>%1 is the port of the sensor. The display unit needs a port of its own; the value QDL3Comport of the settings names it.</source>
         <translation>%1 is the port of the sensor. The display unit needs a port of its own; the value QDL3Comport of the settings names it.</translation>

@@ -906,6 +906,22 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <source>Live magnet position in millimetres</source>
         <translation>Posición actual del imán en milímetros</translation>
     </message>
+    <message id="1500">
+        <source>The file %1 could not be written: %2. A file of this name that was there before is unchanged.</source>
+        <translation>No se pudo escribir el archivo %1: %2. Si ya existía un archivo con este nombre, no se ha modificado.</translation>
+    </message>
+    <message id="1501">
+        <source>The file %1 could not be read: %2.</source>
+        <translation>No se pudo leer el archivo %1: %2.</translation>
+    </message>
+    <message id="1502">
+        <source>The file holds more rows than the table. Rows in the file: %1; read: %2; ignored: %3.</source>
+        <translation>El archivo contiene más filas que la tabla. Filas en el archivo: %1; leídas: %2; ignoradas: %3.</translation>
+    </message>
+    <message id="1503">
+        <source>Has no function in this version.</source>
+        <translation>Sin función en esta versión.</translation>
+    </message>
     <message id="1600">
         <source>%1 is the port of the sensor. The display unit needs a port of its own; the value QDL3Comport of the settings names it.</source>
         <translation>%1 es el puerto del sensor. El visualizador necesita un puerto propio, que indica el valor QDL3Comport de la configuración.</translation>

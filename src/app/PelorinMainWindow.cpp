@@ -20,6 +20,7 @@
 #include "platform/ui/HelpWindow.h"
 #include "platform/ui/MessageBox.h"
 #include "platform/ui/Pictures.h"
+#include "tempcomp/TempCompPage.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -166,6 +167,8 @@ void PelorinMainWindow::createPages()
     connect(position, &MagnetPositionPage::formatKept, this, &PelorinMainWindow::showNotice,
             Qt::QueuedConnection);
     addPage(position, 261, info);
+    if (m_tempCompEnabled == 1)
+        addPage(new TempCompPage, 253, QLatin1String("BMP_PELORIN_WRENCH"));
 }
 
 void PelorinMainWindow::addPage(SensorPage* page, int caption, QLatin1String icon)
@@ -293,6 +296,9 @@ void PelorinMainWindow::runCommand(int command)
 {
     if (m_closing || !canRun(command) || (isBusy() && command != kConnectCommand))
         return;
+    // Posted before a command that now waits for the sensor; Connect and Exit wait for its end.
+    if (m_commandDepth > 0 && command != kConnectCommand && command != kExitCommand)
+        return;
     const CommandScope scope(*this);
     if (isLanguageCommand(command)) {
         chooseLanguage(languageCodeOf(command));
@@ -393,6 +399,8 @@ void PelorinMainWindow::selectPort()
         return;
     }
     releasePage();
+    if (m_closeWanted)
+        return;
     m_link.close();
     if (!openPort(dialog.selectedPort(), 1)) {
         close();
@@ -417,6 +425,8 @@ int PelorinMainWindow::openPort(int port, int showErrors)
 void PelorinMainWindow::writeCommand(Operation operation, char id)
 {
     releasePage();
+    if (m_closeWanted)
+        return;
     m_busy->begin();
     m_pendingOperation = operation;
     m_pendingRequest = m_link.requestWrite(id, QByteArray());
@@ -510,7 +520,7 @@ void PelorinMainWindow::onLinkReply(RequestId request, int result)
         if (m_pendingOperation == Operation::Connect) {
             onConnected(result);
         } else if (m_pendingOperation == Operation::RestoreFormat) {
-            restoreFormat(m_formatRestore.next(m_link, result));
+            awaitRestore(m_formatRestore.next(m_link, result));
         } else {
             Pacing::sleep(kStoreTime);
             m_pendingOperation = Operation::None;
@@ -529,18 +539,19 @@ void PelorinMainWindow::onConnected(int result)
 {
     if (result == 1 && m_manualPowerMode == 1)
         (void)m_link.identifyFromLastReply(); // the sensor has answered, whatever type it is
-    if (result == 1)
-        restoreFormat(m_formatRestore.begin(m_link));
-    else
+    const RequestId restore = result == 1 ? m_formatRestore.begin(m_link) : 0;
+    if (restore == 0)
         finishConnect(result);
+    else
+        awaitRestore(restore);
 }
 
-void PelorinMainWindow::restoreFormat(RequestId request)
+void PelorinMainWindow::awaitRestore(RequestId request)
 {
     m_pendingOperation = Operation::RestoreFormat;
     m_pendingRequest = request;
     if (request == 0)
-        finishConnect(m_link.linkFailed() == 0 ? 1 : 0);
+        finishConnect(m_link.isIdentified() ? 1 : 0); // not if the link was lost meanwhile
 }
 
 /// The connect is settled before page 0 is shown: leaving a page can send requests of its own.
@@ -611,10 +622,11 @@ void PelorinMainWindow::stopReconnect()
     m_reconnectAttempts = 0;
 }
 
+/// Not inside a command that waits for the sensor: it would wait for the answer, too.
 void PelorinMainWindow::showNotice(const QString& text)
 {
-    if (!m_closing && !m_closeWanted)
-        (void)messageBox(this, text, QMessageBox::Ok, QMessageBox::Information);
+    m_notice = text;
+    runDeferred();
 }
 
 void PelorinMainWindow::setStatus(int stringNumber)
@@ -637,6 +649,10 @@ void PelorinMainWindow::runDeferred()
         return;
     if (m_closeWanted) {
         close();
+    } else if (!m_closing && !m_notice.isEmpty()) {
+        const CommandScope scope(*this);
+        (void)messageBox(this, std::exchange(m_notice, {}), QMessageBox::Ok,
+                         QMessageBox::Information);
     } else if (m_connectWanted) {
         m_connectWanted = false;
         postCommand(kConnectCommand);

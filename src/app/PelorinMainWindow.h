@@ -94,7 +94,7 @@ private:
 
     void onLinkReply(RequestId request, int result);
     void onConnected(int result);
-    void restoreFormat(RequestId request);
+    void awaitRestore(RequestId request);
     void finishConnect(int result);
     void onBusy(bool busy);
     void onLinkLost();
@@ -145,6 +145,7 @@ private:
     bool m_closeWanted = false;   ///< a close waits until a dialog or a command has ended
     bool m_closeAfterWriting = false; ///< the close had to wait for the end of a write
     bool m_closing = false;
+    QString m_notice; ///< waits until a command has ended
 };
 
 } // namespace pelorin

@@ -1,8 +1,10 @@
 #include "support/MainWindowRig.h"
 
+#include "pages/FormatRestore.h"
 #include "platform/core/Pacing.h"
 #include "simulator/SimulatedComPort.h"
 
+#include <QFile>
 #include <QLabel>
 #include <QListWidget>
 #include <QMenu>
@@ -32,6 +34,7 @@ MainWindowRig::MainWindowRig(const SimulatedSensor::Options& options, const QByt
       m_factory([this](const QString& device) { return makePort(device); }), m_link(m_factory)
 {
     Pacing::setSpeeds(kFast);
+    QFile::remove(FormatRestore::usersFile()); // of an earlier test
 }
 
 MainWindowRig::~MainWindowRig() = default;

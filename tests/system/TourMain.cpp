@@ -17,7 +17,7 @@ using namespace pelorin;
 
 namespace {
 
-constexpr std::array kVisits = {visitInformation, visitPosition, visitDisplayUnit};
+constexpr std::array kVisits = {visitInformation, visitPosition, visitTempComp, visitDisplayUnit};
 
 } // namespace
 

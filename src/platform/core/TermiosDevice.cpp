@@ -251,10 +251,8 @@ int TermiosDevice::drain()
 {
     int queued = 0;
     int error = countQueued(queued);
-    if (error == 0 && queued == 0)
-        error = errorAfter(m_calls.tcdrain(m_fd));
-    else if (error == 0)
-        error = EAGAIN;
+    if (error == 0)
+        error = queued > 0 ? EAGAIN : errorAfter(m_calls.tcdrain(m_fd));
     m_outputPending = m_outputPending && error != 0;
     return error == EINTR ? EAGAIN : error;
 }
