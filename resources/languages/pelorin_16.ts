@@ -1038,5 +1038,21 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <source>Has no function in this version.</source>
         <translation>Nessuna funzione in questa versione.</translation>
     </message>
+    <message id="1600">
+        <source>%1 is the port of the sensor. The display unit needs a port of its own; the value QDL3Comport of the settings names it.</source>
+        <translation>%1 è la porta del sensore. Il visualizzatore ha bisogno di una porta propria, indicata dal valore QDL3Comport delle impostazioni.</translation>
+    </message>
+    <message id="1601">
+        <source>The port %1 no longer exists. Reconnect its adapter, then close the window of the display unit and open it again.</source>
+        <translation>La porta %1 non esiste più. Ricollegare l'adattatore, quindi chiudere la finestra del visualizzatore e riaprirla.</translation>
+    </message>
+    <message id="1602">
+        <source>%1 is the port of the display unit. Close the window of the display unit before you choose this port for the sensor.</source>
+        <translation>%1 è la porta del visualizzatore. Chiudere la finestra del visualizzatore prima di scegliere questa porta per il sensore.</translation>
+    </message>
+    <message id="1603">
+        <source>Current reading of the display unit</source>
+        <translation>Lettura attuale del visualizzatore</translation>
+    </message>
 </context>
 </TS>

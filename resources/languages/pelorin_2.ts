@@ -1038,5 +1038,21 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <source>Has no function in this version.</source>
         <translation>Hat in dieser Version keine Funktion.</translation>
     </message>
+    <message id="1600">
+        <source>%1 is the port of the sensor. The display unit needs a port of its own; the value QDL3Comport of the settings names it.</source>
+        <translation>%1 ist der Anschluss des Sensors. Das Anzeigegerät braucht einen eigenen Anschluss; der Wert QDL3Comport der Einstellungen benennt ihn.</translation>
+    </message>
+    <message id="1601">
+        <source>The port %1 no longer exists. Reconnect its adapter, then close the window of the display unit and open it again.</source>
+        <translation>Der Anschluss %1 ist nicht mehr vorhanden. Stecken Sie den Adapter wieder ein, schließen Sie dann das Fenster des Anzeigegeräts und öffnen Sie es erneut.</translation>
+    </message>
+    <message id="1602">
+        <source>%1 is the port of the display unit. Close the window of the display unit before you choose this port for the sensor.</source>
+        <translation>%1 ist der Anschluss des Anzeigegeräts. Schließen Sie das Fenster des Anzeigegeräts, bevor Sie diesen Anschluss für den Sensor wählen.</translation>
+    </message>
+    <message id="1603">
+        <source>Current reading of the display unit</source>
+        <translation>Aktueller Anzeigewert des Anzeigegeräts</translation>
+    </message>
 </context>
 </TS>

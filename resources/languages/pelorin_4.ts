@@ -1038,5 +1038,21 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <source>Has no function in this version.</source>
         <translation>Sans fonction dans cette version.</translation>
     </message>
+    <message id="1600">
+        <source>%1 is the port of the sensor. The display unit needs a port of its own; the value QDL3Comport of the settings names it.</source>
+        <translation>%1 est le port du capteur. L'afficheur a besoin de son propre port, indiqué par la valeur QDL3Comport des paramètres.</translation>
+    </message>
+    <message id="1601">
+        <source>The port %1 no longer exists. Reconnect its adapter, then close the window of the display unit and open it again.</source>
+        <translation>Le port %1 n'existe plus. Rebranchez son adaptateur, puis fermez la fenêtre de l'afficheur et ouvrez-la de nouveau.</translation>
+    </message>
+    <message id="1602">
+        <source>%1 is the port of the display unit. Close the window of the display unit before you choose this port for the sensor.</source>
+        <translation>%1 est le port de l'afficheur. Fermez la fenêtre de l'afficheur avant de choisir ce port pour le capteur.</translation>
+    </message>
+    <message id="1603">
+        <source>Current reading of the display unit</source>
+        <translation>Valeur actuelle de l'afficheur</translation>
+    </message>
 </context>
 </TS>

@@ -5,6 +5,7 @@
 #include "app/Commands.h"
 #include "app/LinkStatusBar.h"
 #include "app/MainMenu.h"
+#include "display/DisplayUnitDialog.h"
 #include "link/SensorIdentification.h"
 #include "link/SensorLink.h"
 #include "pages/AboutDialog.h"
@@ -50,6 +51,7 @@ constexpr int kSwitchOffText = 245;
 constexpr int kSimulatedText = 1000;
 constexpr int kNoBoundsText = 1005;
 constexpr int kPageListNameText = 1009;
+constexpr int kDisplayUnitPortText = 1602;
 
 constexpr int kReconnectLimit = 10;
 constexpr auto kReconnectPeriod = 500ms;
@@ -84,8 +86,9 @@ private:
     PelorinMainWindow& m_window;
 };
 
-PelorinMainWindow::PelorinMainWindow(SensorLink& link, LanguageManager& languages)
-    : m_link(link), m_languages(languages)
+PelorinMainWindow::PelorinMainWindow(const ComPortFactory& factory, SensorLink& link,
+                                     LanguageManager& languages)
+    : m_factory(factory), m_link(link), m_languages(languages)
 {
     readSettings();
     setWindowIcon(programIcon());
@@ -115,6 +118,7 @@ PelorinMainWindow::PelorinMainWindow(SensorLink& link, LanguageManager& language
 
 PelorinMainWindow::~PelorinMainWindow()
 {
+    delete m_displayUnit.data(); // of a window that was not closed before
     m_link.setReplyTarget(nullptr, 0);
     m_link.setLossTarget(nullptr);
 }
@@ -287,7 +291,6 @@ void PelorinMainWindow::postCommand(int command)
 bool PelorinMainWindow::canRun(int command) const
 {
     switch (command) {
-    case kDisplayUnitCommand:
     case kManualCommCommand:
         return false;
     case kWriteECommand:
@@ -327,6 +330,9 @@ void PelorinMainWindow::runCommand(int command)
         break;
     case kRestoreBackupCommand:
         runBackup(BackupProgressDialog::Mode::Restore);
+        break;
+    case kDisplayUnitCommand:
+        showDisplayUnit();
         break;
     case kWriteECommand:
         writeCommand(Operation::WriteE, 'E');
@@ -403,6 +409,11 @@ void PelorinMainWindow::selectPort()
     SelectPortDialog dialog(this, m_link.portNumber());
     if (dialog.exec() != QDialog::Accepted || dialog.selectedPort() == m_link.portNumber())
         return;
+    if (m_displayUnit && m_displayUnit->usesPort(dialog.selectedPort())) {
+        showNotice(languageString(kDisplayUnitPortText)
+                       .arg(QStringLiteral("COM%1").arg(dialog.selectedPort())));
+        return;
+    }
     releasePage();
     if (m_closeWanted)
         return;
@@ -454,6 +465,22 @@ void PelorinMainWindow::writeCommand(Operation operation, char id)
 void PelorinMainWindow::chooseLanguage(int code)
 {
     (void)m_languages.loadLanguage(code); // what cannot be loaded is greyed; the old one stays
+}
+
+/// Opens the dialog of the display unit; one that is open comes to the front as it is.
+void PelorinMainWindow::showDisplayUnit()
+{
+    if (!m_displayUnit) {
+        m_displayUnit = new DisplayUnitDialog(this, m_factory, m_link);
+        m_displayUnit->setAttribute(Qt::WA_DeleteOnClose);
+        connect(m_displayUnit, &QDialog::finished, this, [this] {
+            m_displayUnit.clear();
+            QMetaObject::invokeMethod(this, &PelorinMainWindow::runDeferred, Qt::QueuedConnection);
+        });
+        m_displayUnit->show();
+    }
+    m_displayUnit->raise();
+    m_displayUnit->activateWindow();
 }
 
 void PelorinMainWindow::showHelp()
@@ -700,17 +727,19 @@ bool PelorinMainWindow::isWriting() const
 }
 
 /// A dialog that is open is ended first; the window then closes when its command has returned,
-/// and not before what is being written has ended.
+/// and not before what is being written has ended and the display unit has answered.
 void PelorinMainWindow::closeEvent(QCloseEvent* event)
 {
     event->ignore();
+    if (m_displayUnit)
+        m_displayUnit->close();
     if (auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget())) {
         m_closeWanted = true;
         dialog->close();
         return;
     }
     m_closeAfterWriting = m_closeAfterWriting || isWriting();
-    m_closeWanted = m_commandDepth > 0 || isWriting();
+    m_closeWanted = m_displayUnit || m_commandDepth > 0 || isWriting();
     if (m_closeWanted || m_closing)
         return;
     m_closing = true;

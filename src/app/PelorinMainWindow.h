@@ -5,6 +5,7 @@
 #include "platform/core/WindowMessage.h"
 
 #include <QMainWindow>
+#include <QPointer>
 #include <QTimer>
 
 #include <vector>
@@ -15,6 +16,8 @@ class QPushButton;
 namespace pelorin {
 
 class BusyFilter;
+class ComPortFactory;
+class DisplayUnitDialog;
 class LanguageManager;
 class LinkStatusBar;
 class MainMenu;
@@ -30,8 +33,9 @@ class PelorinMainWindow final : public QMainWindow
     Q_OBJECT
 
 public:
-    /// Both outlive the window.
-    PelorinMainWindow(SensorLink& link, LanguageManager& languages);
+    /// All outlive the window.
+    /// @param factory makes the display unit's port
+    PelorinMainWindow(const ComPortFactory& factory, SensorLink& link, LanguageManager& languages);
     ~PelorinMainWindow() override;
 
     /// Leaves the shown page and shows another one, which then reads its values.
@@ -86,6 +90,7 @@ private:
     void runBackup(BackupProgressDialog::Mode mode);
     void writeCommand(Operation operation, char id);
     void chooseLanguage(int code);
+    void showDisplayUnit();
     void showHelp();
     void showAbout();
 
@@ -105,6 +110,7 @@ private:
     void runDeferred();
     void shutDown();
 
+    const ComPortFactory& m_factory;
     SensorLink& m_link;
     LanguageManager& m_languages;
 
@@ -117,6 +123,7 @@ private:
     QPushButton* m_refreshButton = nullptr;
     LinkStatusBar* m_statusBar = nullptr;
     BusyFilter* m_busy = nullptr;
+    QPointer<DisplayUnitDialog> m_displayUnit; ///< null while it is closed
 
     std::vector<SensorPage*> m_pages; ///< by page list row; owned by the page area
     std::vector<int> m_pageCaptions;

@@ -1,13 +1,15 @@
+#include "display/DisplayUnitDialog.h"
 #include "link/SensorLink.h"
 #include "pages/AboutDialog.h"
+#include "pages/CalculateOffsetDialog.h"
 #include "pages/FormatRestore.h"
 #include "pages/MagnetPositionPage.h"
-#include "pages/CalculateOffsetDialog.h"
 #include "pages/PasswordDialog.h"
 #include "pages/SelectPortDialog.h"
 #include "pages/SensorInfoPage.h"
 #include "platform/core/ComPort.h"
 #include "platform/core/ComPortFactory.h"
+#include "simulator/SimulatedPorts.h"
 #include "support/FormFaults.h"
 #include "support/Languages.h"
 
@@ -25,7 +27,9 @@ using MakeDialog = std::function<std::unique_ptr<BaseDialog>()>;
 struct Surroundings
 {
     QWidget window;
-    ComPortFactory factory{[](const QString&) { return nullptr; }};
+    SimulatedPorts ports;
+    ComPortFactory factory{
+        [this](const QString&) { return ports.makePort(QStringLiteral("simulator:display")); }};
     SensorLink link{factory};
     FormatRestore restore;
 
@@ -61,6 +65,9 @@ void TestForms::everyCaptionSpeaksEveryLanguage_data()
     row("CalculateOffsetDialog",
         [] { return std::make_unique<CalculateOffsetDialog>(nullptr, true, 1250.0); });
     row("PasswordDialog", [] { return std::make_unique<PasswordDialog>(nullptr, 240); });
+    row("DisplayUnitDialog", [this] {
+        return std::make_unique<DisplayUnitDialog>(nullptr, m_around.factory, m_around.link);
+    });
     row("SelectPortDialog", [] { return std::make_unique<SelectPortDialog>(nullptr, 7); });
     row("SensorInfoPage", [this] { return m_around.make(std::make_unique<SensorInfoPage>()); });
     row("MagnetPositionPage", [this] {

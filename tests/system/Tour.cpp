@@ -3,6 +3,8 @@
 #include "app/PelorinMainWindow.h"
 
 #include <QListWidget>
+#include <QMenu>
+#include <QMenuBar>
 #include <QTableWidget>
 #include <QTest>
 
@@ -17,8 +19,10 @@ constexpr int kTimeLimit = 30'000; ///< ms; far beyond a connect and a page's se
 
 } // namespace
 
-Tour::Tour(PelorinMainWindow& window, std::shared_ptr<SimulatedSensor> sensor, QDir folder)
-    : m_window(window), m_sensor(std::move(sensor)), m_folder(std::move(folder))
+Tour::Tour(PelorinMainWindow& window, std::shared_ptr<SimulatedSensor> sensor,
+           std::shared_ptr<SimulatedDisplayUnit> displayUnit, QDir folder)
+    : m_window(window), m_sensor(std::move(sensor)), m_displayUnit(std::move(displayUnit)),
+      m_folder(std::move(folder))
 {
 }
 
@@ -31,6 +35,22 @@ bool Tour::choosePage(int row)
         return fail("a page did not come up");
     QCoreApplication::sendPostedEvents(); // the page has said that it is busy
     return waitIdle();
+}
+
+bool Tour::clickCommand(int command)
+{
+    QMenuBar& bar = *m_window.menuBar();
+    for (QAction* top : bar.actions()) {
+        for (QAction* item : top->menu() ? top->menu()->actions() : QList<QAction*>()) {
+            if (item->isSeparator() || item->data().toInt() != command)
+                continue;
+            QTest::mouseClick(&bar, Qt::LeftButton, {}, bar.actionGeometry(top).center());
+            QTest::mouseClick(top->menu(), Qt::LeftButton, {},
+                              top->menu()->actionGeometry(item).center());
+            return true;
+        }
+    }
+    return fail("a menu item is missing");
 }
 
 bool Tour::waitIdle()

@@ -12,5 +12,6 @@ class Tour;
 [[nodiscard]] bool visitOutputSetup(Tour& tour);
 [[nodiscard]] bool visitFactory(Tour& tour);
 [[nodiscard]] bool visitBackup(Tour& tour);
+[[nodiscard]] bool visitDisplayUnit(Tour& tour);
 
 } // namespace pelorin
