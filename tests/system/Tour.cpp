@@ -31,9 +31,9 @@ bool Tour::choosePage(int row)
     auto* list = m_window.findChild<QListWidget*>(QStringLiteral("pageList"));
     QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
                       list->visualItemRect(list->item(row)).center());
-    const bool shown = QTest::qWaitFor(
-        [&] { return m_window.currentPage() == row && !m_window.isBusy(); }, kTimeLimit);
-    return shown || fail("a page did not come up");
+    if (!QTest::qWaitFor([&] { return m_window.currentPage() == row; }, kTimeLimit))
+        return fail("a page did not come up");
+    return waitIdle();
 }
 
 bool Tour::clickCommand(int command)
@@ -54,6 +54,7 @@ bool Tour::clickCommand(int command)
 
 bool Tour::waitIdle()
 {
+    QCoreApplication::processEvents(); // a busy state that was posted has begun
     const bool idle = QTest::qWaitFor(
         [this] { return m_window.currentPage() >= 0 && !m_window.isBusy(); }, kTimeLimit);
     return idle || fail("the program stayed busy");
