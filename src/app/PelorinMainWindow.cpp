@@ -9,6 +9,7 @@
 #include "link/SensorIdentification.h"
 #include "link/SensorLink.h"
 #include "pages/AboutDialog.h"
+#include "pages/CommLogPage.h"
 #include "pages/FactoryParamsPage.h"
 #include "pages/MagnetPositionPage.h"
 #include "pages/OutputSetupPage.h"
@@ -175,6 +176,7 @@ void PelorinMainWindow::createPages()
     connect(output, &OutputSetupPage::applyFailed, this, &PelorinMainWindow::showNotice,
             Qt::QueuedConnection);
     addPage(output, 168, wrench);
+    addPage(new CommLogPage, 188, info);
     auto* factory = new FactoryParamsPage;
     connect(factory, &FactoryParamsPage::writingFailed, this, &PelorinMainWindow::showNotice,
             Qt::QueuedConnection);

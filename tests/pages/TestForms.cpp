@@ -2,6 +2,7 @@
 #include "link/SensorLink.h"
 #include "pages/AboutDialog.h"
 #include "pages/CalculateOffsetDialog.h"
+#include "pages/CommLogPage.h"
 #include "pages/FormatRestore.h"
 #include "pages/MagnetPositionPage.h"
 #include "pages/PasswordDialog.h"
@@ -68,6 +69,7 @@ void TestForms::everyCaptionSpeaksEveryLanguage_data()
     row("DisplayUnitDialog", [this] {
         return std::make_unique<DisplayUnitDialog>(nullptr, m_around.factory, m_around.link);
     });
+    row("CommLogPage", [this] { return m_around.make(std::make_unique<CommLogPage>()); });
     row("SelectPortDialog", [] { return std::make_unique<SelectPortDialog>(nullptr, 7); });
     row("SensorInfoPage", [this] { return m_around.make(std::make_unique<SensorInfoPage>()); });
     row("MagnetPositionPage", [this] {
