@@ -18,8 +18,8 @@ using namespace pelorin;
 namespace {
 
 constexpr std::array kVisits = {visitInformation, visitPosition,   visitOutputSetup,
-                                visitLog,         visitFactory,    visitBackup,
-                                visitTempComp,    visitDisplayUnit};
+                                visitLog,         visitManualComm, visitFactory,
+                                visitBackup,      visitTempComp,   visitDisplayUnit};
 
 } // namespace
 
