@@ -645,14 +645,16 @@ bool PelorinMainWindow::eventFilter(QObject* watched, QEvent* event)
     return QMainWindow::eventFilter(watched, event);
 }
 
-/// A dialog that is open is ended first; the window then closes when its command has returned,
-/// and not before a page has ended what it is writing.
+/// Dialogs that are open, one over the other, are ended first; the window then closes when their
+/// command has returned, and not before a page has ended what it is writing.
 void PelorinMainWindow::closeEvent(QCloseEvent* event)
 {
     event->ignore();
-    if (auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget())) {
+    if (isDialogOpen()) {
         m_closeWanted = true;
-        dialog->close();
+        QWidget* dialog = QApplication::activeModalWidget();
+        while (dialog && dialog->close())
+            dialog = QApplication::activeModalWidget();
         return;
     }
     const SensorPage* page = shownPage();
