@@ -4,21 +4,25 @@
 #include <QCursor>
 #include <QEvent>
 #include <QMessageBox>
+#include <QMouseEvent>
 #include <QWindow>
 
 namespace pelorin {
 
 namespace {
 
-bool isInput(QEvent::Type type)
+bool isInput(const QEvent& event)
 {
-    switch (type) {
+    switch (event.type()) {
+    case QEvent::MouseMove: // of a drag that began before
+        return static_cast<const QMouseEvent&>(event).buttons() != Qt::NoButton;
     case QEvent::MouseButtonPress:
     case QEvent::MouseButtonRelease:
     case QEvent::MouseButtonDblClick:
     case QEvent::Wheel:
     case QEvent::KeyPress:
     case QEvent::KeyRelease:
+    case QEvent::InputMethod:
     case QEvent::Shortcut:
     case QEvent::ShortcutOverride:
     case QEvent::TouchBegin:
@@ -36,23 +40,28 @@ bool isInput(QEvent::Type type)
     }
 }
 
+/// Whether an object is the open message box, a part of it or a menu of its own.
 bool belongsToMessageBox(const QObject* object)
 {
     const auto* box = qobject_cast<const QMessageBox*>(QApplication::activeModalWidget());
     if (!box)
         return false;
-    if (const auto* widget = qobject_cast<const QWidget*>(object))
-        return widget->window() == box;
-    return object == box->windowHandle() || object == qApp;
+    if (const auto* window = qobject_cast<const QWindow*>(object))
+        return window == box->windowHandle() || window->transientParent() == box->windowHandle();
+    while (object && object != box)
+        object = object->parent();
+    return object == box;
 }
 
 } // namespace
 
 BusyFilter::BusyFilter(QObject* parent) : QObject(parent)
 {
-    m_releaseTimer.setSingleShot(true);
     m_releaseTimer.setInterval(0);
-    connect(&m_releaseTimer, &QTimer::timeout, this, &BusyFilter::end);
+    connect(&m_releaseTimer, &QTimer::timeout, this, [this] {
+        if (--m_passesLeft == 0)
+            end();
+    });
 }
 
 BusyFilter::~BusyFilter()
@@ -66,17 +75,21 @@ void BusyFilter::begin()
     if (m_busy)
         return;
     m_busy = true;
-    while (QWidget* popup = QApplication::activePopupWidget())
-        popup->close(); // an open menu would wait for input for ever
+    // An open menu would wait for input for ever.
+    for (QWidget* popup = QApplication::activePopupWidget(); popup && popup->close();)
+        popup = QApplication::activePopupWidget();
     QApplication::setOverrideCursor(Qt::WaitCursor);
     qApp->installEventFilter(this);
 }
 
 void BusyFilter::release()
 {
-    // A click made while the thread slept is still on its way; the timer comes after it.
-    if (m_busy)
-        m_releaseTimer.start();
+    if (!m_busy)
+        return;
+    // A click made while the thread slept is still on its way. Where timers come before the
+    // window system's events in a pass of the event loop, it is delivered after the first one.
+    m_passesLeft = 2;
+    m_releaseTimer.start();
 }
 
 void BusyFilter::end()
@@ -91,7 +104,7 @@ void BusyFilter::end()
 
 bool BusyFilter::eventFilter(QObject* watched, QEvent* event)
 {
-    return isInput(event->type()) && !belongsToMessageBox(watched);
+    return isInput(*event) && !belongsToMessageBox(watched);
 }
 
 } // namespace pelorin

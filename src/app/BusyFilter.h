@@ -19,7 +19,7 @@ public:
     [[nodiscard]] bool isBusy() const { return m_busy; }
     void begin();
     /// Ends the state once the input that arrived while it lasted has been dropped, unless begin
-    /// is called before.
+    /// is called before. Needs the event loop to run.
     void release();
 
 protected:
@@ -29,7 +29,8 @@ private:
     void end();
 
     bool m_busy = false;
-    QTimer m_releaseTimer;
+    QTimer m_releaseTimer; ///< fires once in each pass of the event loop
+    int m_passesLeft = 0;  ///< until the state ends; 0 while no release was asked for
 };
 
 } // namespace pelorin

@@ -100,13 +100,18 @@ void LinkStatusBar::setLinkState(int state)
             m_blinkTimer.start();
         }
     }
-    translate();
+    describeLight();
 }
 
 void LinkStatusBar::translate()
 {
     setPort(m_port);
     m_linkLight->setAccessibleName(languageString(kLightNameText));
+    describeLight();
+}
+
+void LinkStatusBar::describeLight()
+{
     m_linkLight->setAccessibleDescription(languageString(m_linkState == 1 ? kLightConnectedText
                                                          : m_linkState == -1
                                                              ? kLightNoStateText

@@ -33,6 +33,7 @@ protected:
 
 private:
     void blink();
+    void describeLight();
     void showLight(const QPixmap& light);
 
     int m_port = 0;

@@ -33,11 +33,6 @@ const QString& productKey()
     return kKey;
 }
 
-void showError(const QString& text)
-{
-    (void)messageBox(QApplication::activeWindow(), text, QMessageBox::Ok, QMessageBox::Warning);
-}
-
 QString applicationName()
 {
     return QStringLiteral("Pelorin");
@@ -51,6 +46,13 @@ QString portEntry()
 QString languageEntry()
 {
     return QStringLiteral("Language");
+}
+
+/// A text of the language, or what must be said even without one.
+QString textOr(int number, const QString& plain)
+{
+    const QString text = languageString(number);
+    return text.isNull() ? plain : text;
 }
 
 /// The port that a "/CP:" switch names: the one or two digits behind it, 0 if there is no digit;
@@ -76,7 +78,7 @@ std::optional<int> portOfCommandLine(const QString& commandLine)
 
 PelorinApp::PelorinApp(const ComPortFactory& factory) : m_factory(factory), m_link(factory)
 {
-    m_link.setErrorPresenter(showError);
+    m_link.setErrorPresenter([this](const QString& text) { showError(text); });
     RegistryConfig config;
     if (config.setStorage(productKey(), 0) == 1)
         m_installPath = config.getValue(QStringLiteral("Path"), QString());
@@ -131,6 +133,13 @@ void PelorinApp::requestClose()
         dialog->close();
 }
 
+/// A program that is asked to end asks nothing more of its user.
+void PelorinApp::showError(const QString& text) const
+{
+    if (!m_closeRequested)
+        (void)messageBox(QApplication::activeWindow(), text, QMessageBox::Ok, QMessageBox::Warning);
+}
+
 bool PelorinApp::loadLanguage(int code)
 {
     if (m_installPath.isEmpty()) {
@@ -148,21 +157,22 @@ bool PelorinApp::loadLanguage(int code)
 }
 
 /// Damaged files count as missing; the user must know why the settings are not used. Without
-/// them there is no installation path, so the texts come from beside the program.
+/// them there may be no installation path, so the texts come from beside the program then.
 void PelorinApp::reportDamagedSettings(int languageCode)
 {
     const auto damage = RegistryFile::read(registryFilePath()).damage();
     if (!damage && !m_profile.isDamaged())
         return;
-    m_languages.init(programFolder(), applicationName());
-    (void)m_languages.loadLanguage(languageCode);
+    m_languages.init(m_installPath.isEmpty() ? programFolder() : m_installPath, applicationName());
+    if (m_languages.loadLanguage(languageCode) != 1)
+        (void)m_languages.loadLanguage(kDefaultLanguage); // which may fail: see textOr
     if (damage && damage->line == 0)
-        showError(languageString(kUnreadableRegistryText).arg(damage->path));
+        showError(textOr(kUnreadableRegistryText, QStringLiteral("%1")).arg(damage->path));
     else if (damage)
-        showError(
-            languageString(kDamagedRegistryText).arg(damage->path, QString::number(damage->line)));
+        showError(textOr(kDamagedRegistryText, QStringLiteral("%1: %2"))
+                      .arg(damage->path, QString::number(damage->line)));
     if (m_profile.isDamaged())
-        showError(languageString(kDamagedProfileText).arg(m_profile.fileName()));
+        showError(textOr(kDamagedProfileText, QStringLiteral("%1")).arg(m_profile.fileName()));
     m_languages.shutDown();
 }
 

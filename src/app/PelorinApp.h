@@ -46,6 +46,7 @@ Q_SIGNALS:
     void closed();
 
 private:
+    void showError(const QString& text) const;
     void reportDamagedSettings(int languageCode);
     [[nodiscard]] bool loadLanguage(int code);
     void loadHelpFiles();

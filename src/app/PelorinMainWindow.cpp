@@ -740,16 +740,19 @@ bool PelorinMainWindow::isWriting() const
            m_pendingOperation == Operation::WriteE || m_pendingOperation == Operation::WriteQ;
 }
 
-/// A dialog that is open is ended first; the window then closes when its command has returned,
-/// and not before what is being written has ended and the display unit has answered.
+/// Dialogs that are open, one over the other, are ended first; the window then closes when their
+/// command has returned, and not before what is being written has ended and the display unit has
+/// answered.
 void PelorinMainWindow::closeEvent(QCloseEvent* event)
 {
     event->ignore();
     if (m_displayUnit)
         m_displayUnit->close();
-    if (auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget())) {
+    if (isDialogOpen()) {
         m_closeWanted = true;
-        dialog->close();
+        QWidget* dialog = QApplication::activeModalWidget();
+        while (dialog && dialog->close())
+            dialog = QApplication::activeModalWidget();
         return;
     }
     m_closeAfterWriting = m_closeAfterWriting || isWriting();

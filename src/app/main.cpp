@@ -23,8 +23,8 @@ int main(int argc, char* argv[])
     factory.addScheme(QStringLiteral("simulator:"),
                       [&simulators](const QString& name) { return simulators.makePort(name); });
 
+    TerminationSignals signals; // outlives the link: a second signal must not cut its end short
     PelorinApp pelorin(factory);
-    TerminationSignals signals;
     QObject::connect(&signals, &TerminationSignals::received, &pelorin, &PelorinApp::requestClose);
     QObject::connect(&application, &QGuiApplication::commitDataRequest, &pelorin,
                      &PelorinApp::requestClose);

@@ -1,6 +1,7 @@
 #include "app/Commands.h"
 #include "pages/AboutDialog.h"
 #include "pages/SensorInfoPage.h"
+#include "platform/ui/MessageBox.h"
 #include "support/MainWindowRig.h"
 #include "support/ModalAnswer.h"
 
@@ -60,6 +61,7 @@ private Q_SLOTS:
     void closingDuringAConnectEndsIt();
     void closingWaitsForAStoreCommand();
     void closingWhileADialogIsOpenEndsItFirst();
+    void closingEndsAQuestionAndTheDialogThatAsks();
     void windowMayGoWhileTheWorkerPosts();
 };
 
@@ -345,6 +347,25 @@ void TestMainWindow::closingWhileADialogIsOpenEndsItFirst()
     QVERIFY(about.wasShown());
     QVERIFY(visibleInside);
     QVERIFY(!QApplication::activeModalWidget());
+}
+
+void TestMainWindow::closingEndsAQuestionAndTheDialogThatAsks()
+{
+    MainWindowRig rig;
+    QVERIFY(rig.startConnected());
+    auto answer = QMessageBox::NoButton;
+    bool stillOpen = true;
+    ModalAnswer<QMessageBox> question([&rig](QMessageBox&) { rig.window().close(); });
+    ModalAnswer<AboutDialog> about([&](AboutDialog& dialog) {
+        answer = messageBox(&dialog, QStringLiteral("?"), QMessageBox::Yes | QMessageBox::No,
+                            QMessageBox::Question);
+        stillOpen = dialog.isVisible();
+    });
+    const QSignalSpy closed(&rig.window(), &PelorinMainWindow::closed);
+    QVERIFY(rig.clickCommand(kAboutCommand));
+    QTRY_COMPARE(closed.size(), 1);
+    QCOMPARE(answer, QMessageBox::No);
+    QVERIFY(!stillOpen);
 }
 
 void TestMainWindow::windowMayGoWhileTheWorkerPosts()

@@ -33,6 +33,7 @@ class TestProfile : public QObject
 private Q_SLOTS:
     void init();
     void profileStandsInTheUsersConfigurationFolder();
+    void damageOfTheUsersFileIsNoticed();
     void storedNumbersAreReadByTheNextRun();
     void valueThatIsNoNumberCountsAsAbsent_data();
     void valueThatIsNoNumberCountsAsAbsent();
@@ -58,6 +59,17 @@ void TestProfile::profileStandsInTheUsersConfigurationFolder()
     QVERIFY(qputenv("XDG_CONFIG_HOME", m_folder->path().toUtf8()));
     QCOMPARE(Profile::usersFile(),
              m_folder->filePath(QStringLiteral("Korvex Systems/Pelorin.ini")));
+}
+
+void TestProfile::damageOfTheUsersFileIsNoticed()
+{
+    QVERIFY(qputenv("XDG_CONFIG_HOME", m_folder->path().toUtf8()));
+    QVERIFY(QDir(m_folder->path()).mkpath(QStringLiteral("Korvex Systems")));
+    QVERIFY(putContent(Profile::usersFile(), "[Setup\nCOMPort=7\n"));
+    const Profile profile;
+    QCOMPARE(profile.fileName(), Profile::usersFile());
+    QVERIFY(profile.isDamaged());
+    QCOMPARE(profile.readInt(kPort, 1), 1);
 }
 
 void TestProfile::storedNumbersAreReadByTheNextRun()

@@ -3,6 +3,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QSettings>
+#include <QStandardPaths>
 
 namespace pelorin {
 
@@ -27,11 +28,12 @@ Profile::Profile(const QString& fileName) : m_fileName(fileName), m_damaged(isFi
 {
 }
 
+/// Not asked of QSettings: the toolkit keeps what it has read of a file, but tells of its damage
+/// only the first who opens it.
 QString Profile::usersFile()
 {
-    return QSettings(QSettings::IniFormat, QSettings::UserScope, QStringLiteral("Korvex Systems"),
-                     QStringLiteral("Pelorin"))
-        .fileName();
+    return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
+           QStringLiteral("/Korvex Systems/Pelorin.ini");
 }
 
 int Profile::readInt(const QString& name, int defaultValue) const

@@ -3,6 +3,7 @@
 #include <QSocketNotifier>
 
 #include <array>
+#include <cerrno>
 #include <csignal>
 #include <fcntl.h>
 #include <unistd.h>
@@ -17,8 +18,10 @@ int pipeEnds[2] = {-1, -1}; // a signal handler can reach nothing but globals
 
 void handle(int /*number*/)
 {
+    const int error = errno; // of whatever the thread was doing
     const char byte = 1;
     (void)!::write(pipeEnds[1], &byte, 1); // a full pipe already says it
+    errno = error;
 }
 
 } // namespace
@@ -29,8 +32,8 @@ TerminationSignals::TerminationSignals()
         return; // the signals then end the program at once, as if this were not here
     m_notifier = std::make_unique<QSocketNotifier>(pipeEnds[0], QSocketNotifier::Read);
     connect(m_notifier.get(), &QSocketNotifier::activated, this, [this] {
-        char byte = 0;
-        while (::read(pipeEnds[0], &byte, 1) == 1) {
+        std::array<char, 256> bytes = {};
+        while (::read(pipeEnds[0], bytes.data(), bytes.size()) > 0) {
         }
         Q_EMIT received();
     });

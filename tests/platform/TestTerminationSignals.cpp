@@ -1,0 +1,76 @@
+#include "platform/core/TerminationSignals.h"
+
+#include <QSignalSpy>
+#include <QTest>
+
+#include <cerrno>
+#include <csignal>
+#include <thread>
+
+using namespace pelorin;
+
+class TestTerminationSignals : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void signalBecomesACallFromTheEventLoop_data();
+    void signalBecomesACallFromTheEventLoop();
+    void floodOfSignalsLeavesTheInterruptedThreadAlone();
+    void signalsEndTheProgramAgainAfterwards();
+};
+
+void TestTerminationSignals::signalBecomesACallFromTheEventLoop_data()
+{
+    QTest::addColumn<int>("signal");
+    QTest::newRow("SIGTERM") << SIGTERM;
+    QTest::newRow("SIGINT") << SIGINT;
+    QTest::newRow("SIGHUP") << SIGHUP;
+}
+
+void TestTerminationSignals::signalBecomesACallFromTheEventLoop()
+{
+    QFETCH(int, signal);
+    const TerminationSignals signals;
+    const QSignalSpy received(&signals, &TerminationSignals::received);
+    QCOMPARE(::raise(signal), 0);
+    QCOMPARE(received.size(), 0);
+    QTRY_COMPARE(received.size(), 1);
+
+    QCOMPARE(::raise(signal), 0); // and once more
+    QTRY_COMPARE(received.size(), 2);
+}
+
+/// Also when nobody reads and the pipe behind it is full.
+void TestTerminationSignals::floodOfSignalsLeavesTheInterruptedThreadAlone()
+{
+    constexpr int kMoreThanAPipeTakes = 65'537;
+    const TerminationSignals signals;
+    const QSignalSpy received(&signals, &TerminationSignals::received);
+    int error = 0;
+    std::thread worker([&error] {
+        for (int count = 0; count < kMoreThanAPipeTakes; ++count)
+            (void)::raise(SIGTERM);
+        errno = ENODEV;
+        (void)::raise(SIGTERM);
+        error = errno;
+    });
+    worker.join();
+    QCOMPARE(error, ENODEV);
+    QTRY_COMPARE(received.size(), 1);
+}
+
+void TestTerminationSignals::signalsEndTheProgramAgainAfterwards()
+{
+    {
+        const TerminationSignals signals;
+    }
+    for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
+        struct sigaction action = {};
+        QCOMPARE(::sigaction(signal, nullptr, &action), 0);
+        QVERIFY(action.sa_handler == SIG_DFL);
+    }
+}
+
+QTEST_GUILESS_MAIN(TestTerminationSignals)
+#include "TestTerminationSignals.moc"
