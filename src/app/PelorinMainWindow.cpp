@@ -176,8 +176,8 @@ void PelorinMainWindow::createPages()
             Qt::QueuedConnection);
     addPage(output, 168, wrench);
     auto* factory = new FactoryParamsPage;
-    connect(factory, &FactoryParamsPage::writingFailed, this, &PelorinMainWindow::showNotice,
-            Qt::QueuedConnection);
+    // At once, so that the Connect after a loss waits for the answer.
+    connect(factory, &FactoryParamsPage::writingFailed, this, &PelorinMainWindow::showNotice);
     addPage(factory, 214, wrench);
     if (m_tempCompEnabled == 1)
         addPage(new TempCompPage, 253, wrench);
