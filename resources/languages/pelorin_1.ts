@@ -1022,6 +1022,38 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <source>Progress</source>
         <translation>Progress</translation>
     </message>
+    <message id="1400">
+        <source>Not hexadecimal, but sent all the same: %1</source>
+        <translation>Not hexadecimal, but sent all the same: %1</translation>
+    </message>
+    <message id="1401">
+        <source>field %1 "%2" as %3</source>
+        <translation>field %1 "%2" as %3</translation>
+    </message>
+    <message id="1402">
+        <source>The serial port is not connected. Nothing was sent.</source>
+        <translation>The serial port is not connected. Nothing was sent.</translation>
+    </message>
+    <message id="1403">
+        <source>Cut off: the sensor did not fall silent within 60 seconds and 1 MiB.</source>
+        <translation>Cut off: the sensor did not fall silent within 60 seconds and 1 MiB.</translation>
+    </message>
+    <message id="1404">
+        <source>Fields that are not hexadecimal</source>
+        <translation>Fields that are not hexadecimal</translation>
+    </message>
+    <message id="1405">
+        <source>Outcome of the exchange</source>
+        <translation>Outcome of the exchange</translation>
+    </message>
+    <message id="1406">
+        <source>Copy</source>
+        <translation>Copy</translation>
+    </message>
+    <message id="1407">
+        <source>The serial port was lost during the exchange. What was sent or received may be incomplete.</source>
+        <translation>The serial port was lost during the exchange. What was sent or received may be incomplete.</translation>
+    </message>
     <message id="1500">
         <source>The file %1 could not be written: %2. A file of this name that was there before is unchanged.</source>
         <translation>The file %1 could not be written: %2. A file of this name that was there before is unchanged.</translation>

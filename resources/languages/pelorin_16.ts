@@ -1022,6 +1022,38 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <source>Progress</source>
         <translation>Avanzamento</translation>
     </message>
+    <message id="1400">
+        <source>Not hexadecimal, but sent all the same: %1</source>
+        <translation>Non esadecimale, ma inviato comunque: %1</translation>
+    </message>
+    <message id="1401">
+        <source>field %1 "%2" as %3</source>
+        <translation>campo %1 «%2» come %3</translation>
+    </message>
+    <message id="1402">
+        <source>The serial port is not connected. Nothing was sent.</source>
+        <translation>La porta seriale non è collegata. Non è stato inviato nulla.</translation>
+    </message>
+    <message id="1403">
+        <source>Cut off: the sensor did not fall silent within 60 seconds and 1 MiB.</source>
+        <translation>Interrotto: il sensore non ha smesso di inviare entro 60 secondi e 1 MiB.</translation>
+    </message>
+    <message id="1404">
+        <source>Fields that are not hexadecimal</source>
+        <translation>Campi non esadecimali</translation>
+    </message>
+    <message id="1405">
+        <source>Outcome of the exchange</source>
+        <translation>Esito dello scambio</translation>
+    </message>
+    <message id="1406">
+        <source>Copy</source>
+        <translation>Copia</translation>
+    </message>
+    <message id="1407">
+        <source>The serial port was lost during the exchange. What was sent or received may be incomplete.</source>
+        <translation>La porta seriale è andata persa durante lo scambio. I dati inviati o ricevuti potrebbero essere incompleti.</translation>
+    </message>
     <message id="1500">
         <source>The file %1 could not be written: %2. A file of this name that was there before is unchanged.</source>
         <translation>Impossibile scrivere il file %1: %2. Un file con questo nome già esistente è rimasto invariato.</translation>

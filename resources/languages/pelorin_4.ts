@@ -1022,6 +1022,38 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <source>Progress</source>
         <translation>Progression</translation>
     </message>
+    <message id="1400">
+        <source>Not hexadecimal, but sent all the same: %1</source>
+        <translation>Non hexadécimal, mais envoyé quand même : %1</translation>
+    </message>
+    <message id="1401">
+        <source>field %1 "%2" as %3</source>
+        <translation>champ %1 « %2 » comme %3</translation>
+    </message>
+    <message id="1402">
+        <source>The serial port is not connected. Nothing was sent.</source>
+        <translation>Le port série n'est pas connecté. Rien n'a été envoyé.</translation>
+    </message>
+    <message id="1403">
+        <source>Cut off: the sensor did not fall silent within 60 seconds and 1 MiB.</source>
+        <translation>Interrompu : le capteur n'a pas cessé d'émettre dans la limite de 60 secondes et de 1 Mio.</translation>
+    </message>
+    <message id="1404">
+        <source>Fields that are not hexadecimal</source>
+        <translation>Champs non hexadécimaux</translation>
+    </message>
+    <message id="1405">
+        <source>Outcome of the exchange</source>
+        <translation>Résultat de l'échange</translation>
+    </message>
+    <message id="1406">
+        <source>Copy</source>
+        <translation>Copier</translation>
+    </message>
+    <message id="1407">
+        <source>The serial port was lost during the exchange. What was sent or received may be incomplete.</source>
+        <translation>Le port série a été perdu pendant l'échange. L'envoi ou la réception peuvent être incomplets.</translation>
+    </message>
     <message id="1500">
         <source>The file %1 could not be written: %2. A file of this name that was there before is unchanged.</source>
         <translation>Le fichier %1 n'a pas pu être écrit : %2. Un fichier de ce nom qui existait déjà est inchangé.</translation>

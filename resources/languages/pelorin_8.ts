@@ -1022,6 +1022,38 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <source>Progress</source>
         <translation>Progreso</translation>
     </message>
+    <message id="1400">
+        <source>Not hexadecimal, but sent all the same: %1</source>
+        <translation>No es hexadecimal, pero se envía igualmente: %1</translation>
+    </message>
+    <message id="1401">
+        <source>field %1 "%2" as %3</source>
+        <translation>campo %1 «%2» como %3</translation>
+    </message>
+    <message id="1402">
+        <source>The serial port is not connected. Nothing was sent.</source>
+        <translation>El puerto serie no está conectado. No se ha enviado nada.</translation>
+    </message>
+    <message id="1403">
+        <source>Cut off: the sensor did not fall silent within 60 seconds and 1 MiB.</source>
+        <translation>Interrumpido: el sensor no dejó de enviar dentro de 60 segundos y 1 MiB.</translation>
+    </message>
+    <message id="1404">
+        <source>Fields that are not hexadecimal</source>
+        <translation>Campos que no son hexadecimales</translation>
+    </message>
+    <message id="1405">
+        <source>Outcome of the exchange</source>
+        <translation>Resultado del intercambio</translation>
+    </message>
+    <message id="1406">
+        <source>Copy</source>
+        <translation>Copiar</translation>
+    </message>
+    <message id="1407">
+        <source>The serial port was lost during the exchange. What was sent or received may be incomplete.</source>
+        <translation>El puerto serie se perdió durante el intercambio. Lo enviado o lo recibido puede estar incompleto.</translation>
+    </message>
     <message id="1500">
         <source>The file %1 could not be written: %2. A file of this name that was there before is unchanged.</source>
         <translation>No se pudo escribir el archivo %1: %2. Si ya existía un archivo con este nombre, no se ha modificado.</translation>

@@ -9,8 +9,10 @@
 #include "link/SensorIdentification.h"
 #include "link/SensorLink.h"
 #include "pages/AboutDialog.h"
+#include "pages/CommLogPage.h"
 #include "pages/FactoryParamsPage.h"
 #include "pages/MagnetPositionPage.h"
+#include "pages/ManualCommDialog.h"
 #include "pages/OutputSetupPage.h"
 #include "pages/SelectPortDialog.h"
 #include "pages/SensorInfoPage.h"
@@ -175,6 +177,7 @@ void PelorinMainWindow::createPages()
     connect(output, &OutputSetupPage::applyFailed, this, &PelorinMainWindow::showNotice,
             Qt::QueuedConnection);
     addPage(output, 168, wrench);
+    addPage(new CommLogPage, 188, info);
     auto* factory = new FactoryParamsPage;
     // At once, so that the Connect after a loss waits for the answer.
     connect(factory, &FactoryParamsPage::writingFailed, this, &PelorinMainWindow::showNotice);
@@ -291,8 +294,6 @@ void PelorinMainWindow::postCommand(int command)
 bool PelorinMainWindow::canRun(int command) const
 {
     switch (command) {
-    case kManualCommCommand:
-        return false;
     case kWriteECommand:
     case kWriteQCommand:
         return m_link.ssiType() != 1;
@@ -339,6 +340,9 @@ void PelorinMainWindow::runCommand(int command)
         break;
     case kWriteQCommand:
         writeCommand(Operation::WriteQ, 'Q');
+        break;
+    case kManualCommCommand:
+        communicateManually();
         break;
     case kHelpCommand:
         showHelp();
@@ -460,6 +464,16 @@ void PelorinMainWindow::writeCommand(Operation operation, char id)
     m_busy->begin();
     m_pendingOperation = operation;
     m_pendingRequest = m_link.requestWrite(id, QByteArray());
+}
+
+void PelorinMainWindow::communicateManually()
+{
+    releasePage();
+    if (m_closeWanted)
+        return;
+    ManualCommDialog(this, m_link).exec();
+    m_link.setReplyTarget(this, WM_LINK_REPLY);
+    resumePage();
 }
 
 void PelorinMainWindow::chooseLanguage(int code)

@@ -89,6 +89,7 @@ private:
     [[nodiscard]] int openPort(int port, int showErrors);
     void runBackup(BackupProgressDialog::Mode mode);
     void writeCommand(Operation operation, char id);
+    void communicateManually();
     void chooseLanguage(int code);
     void showDisplayUnit();
     void showHelp();

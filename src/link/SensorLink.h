@@ -108,7 +108,7 @@ public:
     /// Whether the last connect on this port ended with a type and the link was not lost since.
     /// Without it nothing may be written to the sensor's parameters.
     [[nodiscard]] bool isIdentified() const { return m_identified; }
-    /// 1 after a failed purge or write, until the next successful open.
+    /// 1 after a failed purge, write or raw exchange, until the next successful open.
     [[nodiscard]] int linkFailed() const { return m_linkFailed; }
     /// How often the link was lost in this run. A sequence of requests compares it with the
     /// count at its start: the flag may have been cleared by a quick reconnect.

@@ -115,18 +115,27 @@ void SensorProtocol::sendKeepAlive()
 
 RawReply SensorProtocol::rawExchange(const QByteArray& bytes)
 {
+    bool portFailed = false;
+    const auto observe = [&portFailed](int error) {
+        portFailed = portFailed || (error != 0 && error != ECANCELED);
+    };
     for (const char& byte : bytes)
-        (void)m_port.write({&byte, 1}); // whatever happened shows in what comes back
+        observe(m_port.write({&byte, 1}).error);
 
     RawReply reply;
     const QDeadlineTimer deadline(Pacing::pause(kRawReplyTime));
     while (!reply.cut) {
         const auto result = m_port.read();
-        if (!result.received)
+        observe(result.error);
+        if (!result.received) {
+            reply.cut = result.error == ECANCELED;
             break;
+        }
         reply.bytes.append(result.byte);
         reply.cut = reply.bytes.size() >= kRawReplyMaximum || deadline.hasExpired();
     }
+    if (portFailed)
+        m_callbacks.reportLoss();
     return reply;
 }
 

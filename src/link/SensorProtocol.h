@@ -16,7 +16,9 @@ class CommLog;
 struct RawReply
 {
     QByteArray bytes;
-    bool cut = false; ///< the sensor did not fall silent; the collection was ended at its limit
+    /// The sensor did not fall silent: the collection was ended at 1 MiB, after 60 s, or because
+    /// the worker is stopping.
+    bool cut = false;
 };
 
 /// The frames exchanged with the sensor over a port, and their lines in the communications log.
@@ -27,7 +29,7 @@ public:
     /// What the protocol needs of the link.
     struct Callbacks
     {
-        std::function<void()> reportLoss; ///< a purge or a write on the port failed
+        std::function<void()> reportLoss; ///< the port failed; the link must be opened again
         /// Waits; returns false at once when the worker is asked to stop.
         std::function<bool(std::chrono::milliseconds)> pause;
     };
@@ -48,7 +50,8 @@ public:
 
     void sendKeepAlive();
 
-    /// Sends bytes as they are and collects what comes until the line falls silent.
+    /// Sends bytes as they are and collects what comes until the line falls silent. A port that
+    /// fails is reported as a loss, once; nothing is logged.
     [[nodiscard]] RawReply rawExchange(const QByteArray& bytes);
 
     /// Waits for the next whole frame of the position stream.

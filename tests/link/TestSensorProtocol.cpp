@@ -12,6 +12,44 @@
 using namespace pelorin;
 using namespace std::chrono_literals;
 
+namespace {
+
+/// A port whose other end sends without end.
+class TalkingPort final : public ComPort
+{
+public:
+    /// @param byteTime how long each byte takes
+    /// @param stopAfter bytes until a stop interrupts the port
+    TalkingPort(std::chrono::microseconds byteTime, int stopAfter)
+        : m_byteTime(byteTime), m_bytesLeft(stopAfter)
+    {
+    }
+
+    int open() override { return 0; }
+    bool isOpen() const override { return true; }
+    int setLine(const LineSettings&) override { return 0; }
+    int setTimeouts(const Timeouts&) override { return 0; }
+    int setQueueSizes(int, int) override { return 0; }
+    int purge(Purge) override { return 0; }
+    int setRts(bool) override { return 0; }
+    ReadResult read() override
+    {
+        if (m_bytesLeft-- == 0)
+            return {ECANCELED, false, 0};
+        std::this_thread::sleep_for(m_byteTime);
+        return {0, true, 'x'};
+    }
+    WriteResult write(std::string_view bytes) override { return {0, int(bytes.size())}; }
+    void interrupt() override {}
+    void close() override {}
+
+private:
+    std::chrono::microseconds m_byteTime;
+    int m_bytesLeft;
+};
+
+} // namespace
+
 /// A port on a simulated sensor whose supply has been switched by hand.
 class TestSensorProtocol : public QObject
 {
@@ -30,6 +68,9 @@ private Q_SLOTS:
     void tooLongValueIsNeverSent();
     void vanishedPortIsReportedAndLogged();
     void rawExchangeReturnsEveryByte();
+    void rawExchangeOfATalkingSensorIsCut_data();
+    void rawExchangeOfATalkingSensorIsCut();
+    void rawExchangeReportsAVanishedPortOnce();
     void positionFrameIsScaled_data();
     void positionFrameIsScaled();
 
@@ -222,6 +263,45 @@ void TestSensorProtocol::rawExchangeReturnsEveryByte()
                                      "A1\r"));
     QVERIFY(!reply.cut);
     QCOMPARE(logged().size(), before);
+}
+
+void TestSensorProtocol::rawExchangeOfATalkingSensorIsCut_data()
+{
+    QTest::addColumn<std::chrono::microseconds>("byteTime");
+    QTest::addColumn<int>("stopAfter");
+    QTest::addColumn<int>("least");
+    QTest::addColumn<int>("most");
+
+    QTest::newRow("after 1 MiB") << 0us << -1 << 1'048'576 << 1'048'576;
+    QTest::newRow("after 60 s") << 10'000us << -1 << 1 << 60; // the clock runs 100 times as fast
+    QTest::newRow("at once on stop") << 0us << 7 << 7 << 7;
+}
+
+void TestSensorProtocol::rawExchangeOfATalkingSensorIsCut()
+{
+    QFETCH(std::chrono::microseconds, byteTime);
+    QFETCH(int, stopAfter);
+    QFETCH(int, least);
+    QFETCH(int, most);
+    TalkingPort port(byteTime, stopAfter);
+    int losses = 0;
+    SensorProtocol protocol(port, *m_log, {[&losses] { ++losses; }, {}});
+
+    const auto reply = protocol.rawExchange("1");
+    QVERIFY(reply.cut);
+    QVERIFY2(reply.bytes.size() >= least && reply.bytes.size() <= most,
+             qPrintable(QString::number(reply.bytes.size())));
+    QCOMPARE(losses, 0);
+}
+
+void TestSensorProtocol::rawExchangeReportsAVanishedPortOnce()
+{
+    m_sensor->vanish();
+    const auto reply = m_protocol->rawExchange("FA\r");
+    QCOMPARE(reply.bytes, QByteArray());
+    QVERIFY(!reply.cut);
+    QCOMPARE(m_losses, 1);
+    QCOMPARE(logged(), QStringList());
 }
 
 void TestSensorProtocol::positionFrameIsScaled_data()

@@ -2,8 +2,10 @@
 #include "link/SensorLink.h"
 #include "pages/AboutDialog.h"
 #include "pages/CalculateOffsetDialog.h"
+#include "pages/CommLogPage.h"
 #include "pages/FormatRestore.h"
 #include "pages/MagnetPositionPage.h"
+#include "pages/ManualCommDialog.h"
 #include "pages/PasswordDialog.h"
 #include "pages/SelectPortDialog.h"
 #include "pages/SensorInfoPage.h"
@@ -68,6 +70,9 @@ void TestForms::everyCaptionSpeaksEveryLanguage_data()
     row("DisplayUnitDialog", [this] {
         return std::make_unique<DisplayUnitDialog>(nullptr, m_around.factory, m_around.link);
     });
+    row("CommLogPage", [this] { return m_around.make(std::make_unique<CommLogPage>()); });
+    row("ManualCommDialog",
+        [this] { return std::make_unique<ManualCommDialog>(nullptr, m_around.link); });
     row("SelectPortDialog", [] { return std::make_unique<SelectPortDialog>(nullptr, 7); });
     row("SensorInfoPage", [this] { return m_around.make(std::make_unique<SensorInfoPage>()); });
     row("MagnetPositionPage", [this] {

@@ -17,8 +17,9 @@ using namespace pelorin;
 
 namespace {
 
-constexpr std::array kVisits = {visitInformation, visitPosition, visitOutputSetup, visitFactory,
-                                visitBackup,      visitTempComp, visitDisplayUnit};
+constexpr std::array kVisits = {visitInformation, visitPosition,   visitOutputSetup,
+                                visitLog,         visitManualComm, visitFactory,
+                                visitBackup,      visitTempComp,   visitDisplayUnit};
 
 } // namespace
 

@@ -16,6 +16,8 @@ namespace pelorin {
 
 namespace {
 
+constexpr int kTimeLimit = 30'000; ///< ms; far beyond a set-up
+
 QString textOf(const SimulatedDisplayUnit::Settings& settings)
 {
     return QString::fromStdString(settings.mode + ", " + settings.dataBits + " bits, " +
@@ -26,7 +28,8 @@ QString textOf(const SimulatedDisplayUnit::Settings& settings)
 bool waitForReading(const QLabel& box)
 {
     const QString before = box.text();
-    if (!QTest::qWaitFor([&] { return box.text() != before && !box.text().startsWith(u'*'); }))
+    if (!QTest::qWaitFor([&] { return box.text() != before && !box.text().startsWith(u'*'); },
+                         kTimeLimit))
         return Tour::fail("the display unit's reading does not move");
     Tour::print(QStringLiteral("  displayed: %1").arg(box.text()));
     return true;
@@ -38,9 +41,9 @@ bool visitDisplayUnit(Tour& tour)
 {
     QPointer<DisplayUnitDialog> dialog;
     const auto find = [&] { return dialog = tour.window().findChild<DisplayUnitDialog*>(); };
-    if (!tour.clickCommand(kDisplayUnitCommand))
+    if (!tour.waitIdle() || !tour.clickCommand(kDisplayUnitCommand))
         return false;
-    if (!QTest::qWaitFor([&] { return find() != nullptr; }))
+    if (!QTest::qWaitFor([&] { return find() != nullptr; }, kTimeLimit))
         return Tour::fail("the display unit's window did not come up");
     Tour::print(dialog->windowTitle());
     const auto& box = *dialog->findChild<QLabel*>(QStringLiteral("displayBox"));
@@ -51,13 +54,15 @@ bool visitDisplayUnit(Tour& tour)
     Tour::print(QStringLiteral("  the unit has %1").arg(textOf(before)));
     QTest::keyClick(dialog->findChild<QComboBox*>(QStringLiteral("modeCombo")), Qt::Key_Down);
     QTest::mouseClick(dialog->findChild<QPushButton*>(), Qt::LeftButton);
-    if (!QTest::qWaitFor([&] { return tour.displayUnit().settings().resolution == "0.005"; }))
+    if (!QTest::qWaitFor([&] { return tour.displayUnit().settings().resolution == "0.005"; },
+                         kTimeLimit))
         return Tour::fail("the display unit did not get its settings");
     Tour::print(QStringLiteral("  applied: %1").arg(textOf(tour.displayUnit().settings())));
     if (!waitForReading(box) || !tour.save("display-unit-applied", *dialog))
         return false;
     dialog->close();
-    return QTest::qWaitFor([&] { return !dialog; }) || Tour::fail("the window did not close");
+    return QTest::qWaitFor([&] { return !dialog; }, kTimeLimit) ||
+           Tour::fail("the window did not close");
 }
 
 } // namespace pelorin

@@ -12,6 +12,7 @@ namespace pelorin {
 bool visitPosition(Tour& tour)
 {
     constexpr int kUpdates = 3;
+    constexpr int kTimeLimit = 30'000; ///< ms; the stream takes its time to begin on a busy machine
     tour.sensor().setMoving(true);
     if (!tour.choosePage(1))
         return false;
@@ -21,7 +22,7 @@ bool visitPosition(Tour& tour)
     QStringList positions;
     for (int update = 0; update < kUpdates; ++update) {
         const QString last = box->text();
-        if (!QTest::qWaitFor([&] { return box->text() != last; }))
+        if (!QTest::qWaitFor([&] { return box->text() != last; }, kTimeLimit))
             return Tour::fail("the position does not move");
         positions << box->text();
     }

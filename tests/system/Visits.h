@@ -8,6 +8,8 @@ class Tour;
 /// not behave.
 [[nodiscard]] bool visitInformation(Tour& tour);
 [[nodiscard]] bool visitPosition(Tour& tour);
+[[nodiscard]] bool visitLog(Tour& tour);
+[[nodiscard]] bool visitManualComm(Tour& tour);
 [[nodiscard]] bool visitTempComp(Tour& tour);
 [[nodiscard]] bool visitOutputSetup(Tour& tour);
 [[nodiscard]] bool visitFactory(Tour& tour);

@@ -1,0 +1,160 @@
+#include "pages/CommLogPage.h"
+
+#include "link/SensorLink.h"
+#include "pages/CommLogFile.h"
+#include "pages/CommLogModel.h"
+#include "platform/core/LanguageStrings.h"
+#include "platform/ui/MessageBox.h"
+
+#include <QAction>
+#include <QClipboard>
+#include <QFileDialog>
+#include <QFontDatabase>
+#include <QGuiApplication>
+#include <QListView>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QShortcut>
+#include <QStyledItemDelegate>
+
+#include <algorithm>
+#include <utility>
+
+namespace pelorin {
+
+namespace {
+
+constexpr int kLogList = 1032;
+constexpr int kClearButton = 1033;
+constexpr int kSaveButton = 1034;
+
+constexpr int kListNameText = 188;
+constexpr int kSaveText = 190;
+constexpr int kFileFilterText = 191;
+constexpr int kNotOpenedText = 192;
+constexpr int kCopyText = 1406;
+constexpr int kNotWrittenText = 1500;
+
+/// Makes every line as wide as the longest: the list asks for the size of one line only, and
+/// scrolls sideways as far as that.
+class LineDelegate final : public QStyledItemDelegate
+{
+public:
+    LineDelegate(const CommLogModel& model, QObject* parent)
+        : QStyledItemDelegate(parent), m_model(model)
+    {
+    }
+
+    [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& option,
+                                 const QModelIndex& index) const override
+    {
+        const QSize hint = QStyledItemDelegate::sizeHint(option, index);
+        const QString longest(m_model.lines().longestLine(), QLatin1Char('0'));
+        const QFontMetrics& metrics = option.fontMetrics;
+        const int padding = hint.width() - metrics.horizontalAdvance(index.data().toString());
+        return {metrics.horizontalAdvance(longest) + padding, hint.height()};
+    }
+
+private:
+    const CommLogModel& m_model;
+};
+
+/// Has the user choose where to save.
+/// @return the path, empty if the user gives up
+QString chooseFile(QWidget* parent)
+{
+    QFileDialog dialog(parent, languageString(kSaveText), QString(),
+                       languageString(kFileFilterText));
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setFileMode(QFileDialog::AnyFile);
+    dialog.setDefaultSuffix(QStringLiteral("txt"));
+    return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
+}
+
+} // namespace
+
+CommLogPage::CommLogPage() : SensorPage(QStringLiteral("DLG_PELORIN_COMLOG_PAGE")) {}
+
+void CommLogPage::setupTranslationMap()
+{
+    addToTranslationMap(kClearButton, 189);
+    addToTranslationMap(kSaveButton, kSaveText);
+    addAccessibleName(kLogList, kListNameText);
+}
+
+void CommLogPage::onInitDialog()
+{
+    m_model = new CommLogModel(this);
+    m_logList = getControl<QListView>(kLogList);
+    m_logList->setModel(m_model);
+    m_logList->setItemDelegate(new LineDelegate(*m_model, this));
+    m_logList->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+
+    for (const auto& [key, step] : {std::pair(Qt::Key_Left, QAbstractSlider::SliderSingleStepSub),
+                                    std::pair(Qt::Key_Right, QAbstractSlider::SliderSingleStepAdd)})
+        connect(new QShortcut(QKeySequence(key), m_logList, nullptr, nullptr, Qt::WidgetShortcut),
+                &QShortcut::activated, this,
+                [this, action = step] { m_logList->horizontalScrollBar()->triggerAction(action); });
+
+    m_copyAction = new QAction(m_logList);
+    m_copyAction->setShortcut(QKeySequence::Copy);
+    m_copyAction->setShortcutContext(Qt::WidgetShortcut);
+    m_logList->addAction(m_copyAction);
+    connect(m_copyAction, &QAction::triggered, this, &CommLogPage::copySelectedLines);
+    connect(getControl<QPushButton>(kClearButton), &QPushButton::clicked, this,
+            &CommLogPage::clearLog);
+    connect(getControl<QPushButton>(kSaveButton), &QPushButton::clicked, this,
+            &CommLogPage::saveToDisk);
+}
+
+void CommLogPage::translate()
+{
+    SensorPage::translate();
+    m_copyAction->setText(languageString(kCopyText));
+}
+
+void CommLogPage::getCurrentValues()
+{
+    m_model->setLines(link().commLog().snapshot());
+}
+
+void CommLogPage::clearLog()
+{
+    link().commLog().clear();
+    getCurrentValues();
+}
+
+void CommLogPage::copySelectedLines() const
+{
+    QItemSelection selection = m_logList->selectionModel()->selection();
+    if (selection.isEmpty())
+        return;
+    std::sort(selection.begin(), selection.end(),
+              [](const auto& left, const auto& right) { return left.top() < right.top(); });
+    QString text;
+    for (const QItemSelectionRange& range : selection)
+        for (int row = range.top(); row <= range.bottom(); ++row)
+            text += m_model->lines().line(row) + QLatin1Char('\n');
+    text.chop(1);
+    QGuiApplication::clipboard()->setText(text);
+}
+
+/// Saves the lines that are shown, whatever the link has added since.
+void CommLogPage::saveToDisk()
+{
+    const CommLog::Snapshot shown = m_model->lines();
+    const QString path = chooseFile(window());
+    if (path.isEmpty())
+        return;
+    using Outcome = CommLogSaving::Outcome;
+    const CommLogSaving saving = saveCommLog(path, shown);
+    if (saving.outcome == Outcome::Done)
+        return;
+    const QString text =
+        saving.outcome == Outcome::NotOpened
+            ? languageString(kNotOpenedText).arg(path, QString::number(saving.systemError))
+            : languageString(kNotWrittenText).arg(path, saving.reason());
+    (void)messageBox(window(), text, QMessageBox::Ok, QMessageBox::Warning);
+}
+
+} // namespace pelorin
