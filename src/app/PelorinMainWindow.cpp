@@ -179,8 +179,8 @@ void PelorinMainWindow::createPages()
     addPage(output, 168, wrench);
     addPage(new CommLogPage, 188, info);
     auto* factory = new FactoryParamsPage;
-    connect(factory, &FactoryParamsPage::writingFailed, this, &PelorinMainWindow::showNotice,
-            Qt::QueuedConnection);
+    // At once, so that the Connect after a loss waits for the answer.
+    connect(factory, &FactoryParamsPage::writingFailed, this, &PelorinMainWindow::showNotice);
     addPage(factory, 214, wrench);
     if (m_tempCompEnabled == 1)
         addPage(new TempCompPage, 253, wrench);

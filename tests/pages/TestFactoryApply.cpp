@@ -1,97 +1,13 @@
-#include "pages/FactoryParamsPage.h"
-#include "support/FormFaults.h"
-#include "support/MainWindowRig.h"
-#include "support/ModalAnswer.h"
+#include "pages/FactoryRig.h"
 
-#include <QLineEdit>
-#include <QListWidget>
-#include <QMessageBox>
-#include <QPushButton>
 #include <QSignalSpy>
-#include <QTableWidget>
-#include <QTest>
+
+#include <map>
 
 using namespace pelorin;
 using namespace pelorin::test;
 
-using Frames = std::vector<std::string>;
-
 namespace {
-
-/// The factory page in the real main window, driven as a user drives it.
-class FactoryRig : public MainWindowRig
-{
-public:
-    explicit FactoryRig(int type = 2) : MainWindowRig({.type = type}) {}
-
-    /// Connects, shows the page and waits until it has read its values. @return false if not
-    [[nodiscard]] bool show()
-    {
-        return startConnected() &&
-               choosePage(pageList().row(
-                   pageList()
-                       .findItems(QStringLiteral("Factory Parameters"), Qt::MatchExactly)
-                       .value(0)));
-    }
-
-    [[nodiscard]] QTableWidget& list()
-    {
-        return *page<FactoryParamsPage>().getControl<QTableWidget>(1036);
-    }
-    [[nodiscard]] QPushButton& applyButton()
-    {
-        return *page<FactoryParamsPage>().getControl<QPushButton>(1037);
-    }
-    /// The edit over the open cell; null if none is open.
-    [[nodiscard]] QLineEdit* editor()
-    {
-        for (int row = 0; row < list().rowCount(); ++row)
-            if (auto* edit = list().indexWidget(list().model()->index(row, 1)))
-                return qobject_cast<QLineEdit*>(edit);
-        return nullptr;
-    }
-    [[nodiscard]] QString value(int row) { return list().item(row, 1)->text(); }
-    [[nodiscard]] QStringList values()
-    {
-        QStringList texts;
-        for (int row = 0; row < list().rowCount(); ++row)
-            texts << value(row);
-        return texts;
-    }
-
-    void clickCell(int row, int column)
-    {
-        QTest::mouseClick(list().viewport(), Qt::LeftButton, {},
-                          list().visualItemRect(list().item(row, column)).center());
-    }
-    /// Types a text into a cell and clicks elsewhere.
-    void edit(int row, const char* text)
-    {
-        clickCell(row, 1);
-        QTest::keyClick(editor(), Qt::Key_Delete);
-        QTest::keyClicks(editor(), QString::fromUtf8(text));
-        clickCell(0, 0);
-    }
-    void clickApply() { QTest::mouseClick(&applyButton(), Qt::LeftButton); }
-    /// Has the button enabled without changing a value.
-    void touch()
-    {
-        clickCell(0, 1);
-        clickCell(0, 0);
-    }
-
-    /// Clicks Apply, which asks. @return the text of the message, null if there was none
-    [[nodiscard]] QString refusalOfApply()
-    {
-        QString text;
-        const ModalAnswer<QMessageBox> answer([&text](QMessageBox& box) {
-            text = box.text();
-            box.accept();
-        });
-        clickApply();
-        return text;
-    }
-};
 
 /// What a page writes that is applied as it was read.
 Frames uneditedWrites(int type)
@@ -111,17 +27,12 @@ Frames uneditedWrites(int type)
 
 } // namespace
 
-class TestFactoryPage : public QObject
+class TestFactoryApply : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
     void cleanup() { QLocale::setDefault(QLocale::c()); }
-    void rowsOfEachTypeAreReadInOrder_data();
-    void rowsOfEachTypeAreReadInOrder();
-    void clickOnAValueOpensItAndTheNextClickCommits();
-    void rowsBeyondTheTypeAreNotEdited();
-    void readingFillsAnOpenCellThatIsUntouched();
     void uneditedPageWritesWhatItHasRead_data();
     void uneditedPageWritesWhatItHasRead();
     void editedValuesReachTheSensorAndStayShown();
@@ -135,96 +46,9 @@ private Q_SLOTS:
     void lostLinkEndsApplyAndNamesWhatWasWritten();
     void closingWaitsForTheEndOfApply();
     void closingDuringApplyEndsAlsoWhenTheLinkIsLost();
-    void changeOfLanguageKeepsValuesAndEntries();
-    void everyCaptionSpeaksEveryLanguage();
 };
 
-void TestFactoryPage::rowsOfEachTypeAreReadInOrder_data()
-{
-    QTest::addColumn<int>("type");
-    QTest::addColumn<Frames>("reads");
-    QTest::addColumn<QStringList>("values");
-    const auto row = [](int type, const Frames& reads, const char* values) {
-        QTest::addRow("type %d", type)
-            << type << reads << QString::fromLatin1(values).split(QLatin1Char('|'));
-    };
-    row(0, {"FA", "DA", "LA", "UA", "PA", "AA", "NA"},
-        "SN000417|0A|500|2830.00|0|0000A5F0|0.000|||");
-    row(1, {"FA", "DA", "LA", "UA", "PA", "AA", "NA", "MA"},
-        "SN010882|0B|800|2815.00|4|0000A6C4|-0.200|14||");
-    row(2, {"FA", "DA", "LA", "UA", "PA", "AA", "NA", "MA", "JA", "OA"},
-        "SN012345|0A|1250|2830.00|2|0000A71E|0.050|20|000001|00003C");
-}
-
-void TestFactoryPage::rowsOfEachTypeAreReadInOrder()
-{
-    QFETCH(int, type);
-    QFETCH(Frames, reads);
-    QFETCH(QStringList, values);
-    FactoryRig rig(type);
-    QVERIFY(rig.show());
-    const Frames frames = rig.sensor().takeReceivedFrames();
-    QVERIFY(frames.size() > reads.size()); // the first page has read before
-    QCOMPARE(Frames(frames.end() - static_cast<std::ptrdiff_t>(reads.size()), frames.end()), reads);
-    QCOMPARE(rig.values(), values);
-    QCOMPARE(rig.statusText(), QStringLiteral("Ready."));
-    QVERIFY(!rig.applyButton().isEnabled());
-}
-
-void TestFactoryPage::clickOnAValueOpensItAndTheNextClickCommits()
-{
-    FactoryRig rig;
-    QVERIFY(rig.show());
-    rig.clickCell(2, 0);
-    rig.clickCell(2, 2);
-    QVERIFY(!rig.editor());
-
-    rig.clickCell(2, 1);
-    QVERIFY(rig.editor() && rig.editor()->hasFocus());
-    QCOMPARE(rig.editor()->selectedText(), QStringLiteral("1250"));
-    QVERIFY(!rig.applyButton().isEnabled());
-    QTest::keyClicks(rig.editor(), QStringLiteral("900"));
-    QTest::keyClick(rig.editor(), Qt::Key_Return);
-    QTest::keyClick(rig.editor(), Qt::Key_Escape);
-    QCOMPARE(rig.value(2), QStringLiteral("1250"));
-
-    rig.clickCell(3, 1);
-    QCOMPARE(rig.value(2), QStringLiteral("900"));
-    QCOMPARE(rig.editor()->text(), QStringLiteral("2830.00"));
-    QVERIFY(rig.applyButton().isEnabled());
-}
-
-void TestFactoryPage::rowsBeyondTheTypeAreNotEdited()
-{
-    FactoryRig rig(0);
-    QVERIFY(rig.show());
-    for (int row = 7; row < 10; ++row) {
-        rig.clickCell(row, 1);
-        QVERIFY(!rig.editor());
-    }
-    rig.clickCell(6, 1);
-    QVERIFY(rig.editor());
-}
-
-void TestFactoryPage::readingFillsAnOpenCellThatIsUntouched()
-{
-    FactoryRig rig;
-    QVERIFY(rig.show());
-    rig.clickCell(2, 1);
-    rig.sensor().setParameter('L', "0A0333");
-    rig.clickRefresh();
-    QTRY_COMPARE(rig.editor()->text(), QStringLiteral("333"));
-    QVERIFY(rig.waitIdle());
-
-    QTest::keyClicks(rig.editor(), QStringLiteral("44"));
-    rig.sensor().setParameter('L', "0A0555");
-    rig.clickRefresh();
-    QTRY_COMPARE(rig.value(2), QStringLiteral("555"));
-    QVERIFY(rig.waitIdle());
-    QCOMPARE(rig.editor()->text(), QStringLiteral("44"));
-}
-
-void TestFactoryPage::uneditedPageWritesWhatItHasRead_data()
+void TestFactoryApply::uneditedPageWritesWhatItHasRead_data()
 {
     QTest::addColumn<int>("type");
     QTest::addColumn<QLocale>("locale");
@@ -234,7 +58,7 @@ void TestFactoryPage::uneditedPageWritesWhatItHasRead_data()
     }
 }
 
-void TestFactoryPage::uneditedPageWritesWhatItHasRead()
+void TestFactoryApply::uneditedPageWritesWhatItHasRead()
 {
     QFETCH(int, type);
     QFETCH(QLocale, locale);
@@ -252,7 +76,7 @@ void TestFactoryPage::uneditedPageWritesWhatItHasRead()
     QVERIFY(!rig.applyButton().isEnabled());
 }
 
-void TestFactoryPage::editedValuesReachTheSensorAndStayShown()
+void TestFactoryApply::editedValuesReachTheSensorAndStayShown()
 {
     FactoryRig rig;
     QVERIFY(rig.show());
@@ -283,7 +107,7 @@ void TestFactoryPage::editedValuesReachTheSensorAndStayShown()
         QCOMPARE(rig.value(row), QLatin1String(text));
 }
 
-void TestFactoryPage::secondApplyBuildsTheFormatFromTheBitsRead()
+void TestFactoryApply::secondApplyBuildsTheFormatFromTheBitsRead()
 {
     FactoryRig rig;
     rig.sensor().setParameter('D', "C01234");
@@ -297,7 +121,7 @@ void TestFactoryPage::secondApplyBuildsTheFormatFromTheBitsRead()
     }
 }
 
-void TestFactoryPage::openCellIsCommittedByApply()
+void TestFactoryApply::openCellIsCommittedByApply()
 {
     FactoryRig rig;
     QVERIFY(rig.show());
@@ -310,7 +134,7 @@ void TestFactoryPage::openCellIsCommittedByApply()
     QVERIFY(!rig.editor());
 }
 
-void TestFactoryPage::unfitValueIsRefusedAndItsRowSelected()
+void TestFactoryApply::unfitValueIsRefusedAndItsRowSelected()
 {
     FactoryRig rig;
     QVERIFY(rig.show());
@@ -329,7 +153,7 @@ void TestFactoryPage::unfitValueIsRefusedAndItsRowSelected()
     QCOMPARE(rig.sensor().takeReceivedFrames(), Frames());
 }
 
-void TestFactoryPage::withoutAnIdentifiedSensorNothingIsWritten()
+void TestFactoryApply::withoutAnIdentifiedSensorNothingIsWritten()
 {
     FactoryRig rig;
     QVERIFY(rig.show());
@@ -343,7 +167,7 @@ void TestFactoryPage::withoutAnIdentifiedSensorNothingIsWritten()
     QCOMPARE(rig.sensor().takeReceivedFrames(), Frames());
 }
 
-void TestFactoryPage::afterAFailedReadNothingIsWritten()
+void TestFactoryApply::afterAFailedReadNothingIsWritten()
 {
     FactoryRig rig;
     QVERIFY(rig.show());
@@ -374,7 +198,7 @@ void TestFactoryPage::afterAFailedReadNothingIsWritten()
     QVERIFY(rig.waitIdle());
 }
 
-void TestFactoryPage::zeroResolutionIsRefused()
+void TestFactoryApply::zeroResolutionIsRefused()
 {
     FactoryRig rig;
     rig.sensor().setParameter('A', "00000000");
@@ -386,7 +210,7 @@ void TestFactoryPage::zeroResolutionIsRefused()
     QCOMPARE(rig.sensor().takeReceivedFrames(), Frames());
 }
 
-void TestFactoryPage::lostLinkEndsApplyAndNamesWhatWasWritten_data()
+void TestFactoryApply::lostLinkEndsApplyAndNamesWhatWasWritten_data()
 {
     QTest::addColumn<QByteArray>("command");
     QTest::addColumn<int>("id");
@@ -400,7 +224,7 @@ void TestFactoryPage::lostLinkEndsApplyAndNamesWhatWasWritten_data()
         << QByteArray("CN") << int('C') << QStringLiteral("F, L, U, S, Z, P, D, N, M, J, O");
 }
 
-void TestFactoryPage::lostLinkEndsApplyAndNamesWhatWasWritten()
+void TestFactoryApply::lostLinkEndsApplyAndNamesWhatWasWritten()
 {
     QFETCH(QByteArray, command);
     QFETCH(int, id);
@@ -415,18 +239,20 @@ void TestFactoryPage::lostLinkEndsApplyAndNamesWhatWasWritten()
         QStringLiteral("Parameter %1 could not be written to the sensor.").arg(id);
     QString text;
     QString status;
-    bool busy = true;
+    const int factoryPage = rig.window().currentPage();
+    int page = -1;
     const ModalAnswer<QMessageBox> answer([&](QMessageBox& box) {
         text = box.text();
         status = rig.statusText();
-        busy = rig.window().isBusy();
+        QTRY_COMPARE(rig.link().linkFailed(), 0);
+        QTRY_VERIFY(!rig.window().isBusy());
+        page = rig.window().currentPage();
         box.accept();
     });
     rig.clickApply();
     QTRY_VERIFY(answer.wasShown());
     // The window tells how it tries to reconnect as soon as it has to wait for the port.
     QVERIFY(status == failure || status.startsWith(QLatin1String("Lost communication")));
-    QVERIFY(!busy);
     QCOMPARE(text.section(QLatin1Char('\n'), 0, 1),
              failure + QStringLiteral("\nOperation abandoned: the connection to the sensor was "
                                       "lost."));
@@ -434,13 +260,14 @@ void TestFactoryPage::lostLinkEndsApplyAndNamesWhatWasWritten()
                 .startsWith(written.isEmpty()
                                 ? QStringLiteral("No parameter had been written before.")
                                 : QStringLiteral("Parameters written before: %1. ").arg(written)));
+    QCOMPARE(page, factoryPage);
     // Only then the sensor is connected again, which shows the first page.
     QTRY_COMPARE(rig.window().currentPage(), 0);
     QVERIFY(rig.waitIdle());
     QCOMPARE(rig.lightText(), QStringLiteral("Green: connected"));
 }
 
-void TestFactoryPage::closingWaitsForTheEndOfApply()
+void TestFactoryApply::closingWaitsForTheEndOfApply()
 {
     FactoryRig rig;
     QVERIFY(rig.show());
@@ -455,7 +282,7 @@ void TestFactoryPage::closingWaitsForTheEndOfApply()
     QCOMPARE(rig.sensor().parameter('F'), std::string("00CLOSED"));
 }
 
-void TestFactoryPage::closingDuringApplyEndsAlsoWhenTheLinkIsLost()
+void TestFactoryApply::closingDuringApplyEndsAlsoWhenTheLinkIsLost()
 {
     FactoryRig rig;
     QVERIFY(rig.show());
@@ -467,33 +294,5 @@ void TestFactoryPage::closingDuringApplyEndsAlsoWhenTheLinkIsLost()
     QTRY_COMPARE(closed.count(), 1); // without anybody to answer a message
 }
 
-void TestFactoryPage::changeOfLanguageKeepsValuesAndEntries()
-{
-    FactoryRig rig;
-    QVERIFY(rig.show());
-    rig.edit(2, "900");
-    rig.clickCell(0, 1);
-    QTest::keyClicks(rig.editor(), QStringLiteral("typed"));
-    QCOMPARE(rig.languages().loadLanguage(2), 1);
-    QTRY_COMPARE(rig.list().horizontalHeaderItem(1)->text(), QStringLiteral("Wert"));
-    QCOMPARE(rig.list().item(4, 0)->text(), QStringLiteral("Multiplikator"));
-    QCOMPARE(rig.applyButton().text(), QStringLiteral("Änderungen übernehmen"));
-    QCOMPARE(rig.value(2), QStringLiteral("900"));
-    QCOMPARE(rig.value(3), QStringLiteral("2830.00"));
-    QCOMPARE(rig.editor()->text(), QStringLiteral("typed"));
-    QVERIFY(rig.applyButton().isEnabled());
-}
-
-void TestFactoryPage::everyCaptionSpeaksEveryLanguage()
-{
-    FactoryRig rig;
-    QVERIFY(rig.show());
-    for (const int code : {1, 2, 4, 8, 16}) {
-        QCOMPARE(rig.languages().loadLanguage(code), 1);
-        QCoreApplication::processEvents(); // delivers the change of language
-        QCOMPARE(formFaults(rig.page<FactoryParamsPage>()), QStringList());
-    }
-}
-
-QTEST_MAIN(TestFactoryPage)
-#include "TestFactoryPage.moc"
+QTEST_MAIN(TestFactoryApply)
+#include "TestFactoryApply.moc"
