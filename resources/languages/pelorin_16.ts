@@ -934,5 +934,21 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <source>The sensor has no valid resolution, so its offset is not known. Nothing was written.</source>
         <translation>Il sensore non ha una risoluzione valida, quindi la sua offset non è nota. Non è stato scritto nulla.</translation>
     </message>
+    <message id="1500">
+        <source>The file %1 could not be written: %2. A file of this name that was there before is unchanged.</source>
+        <translation>Impossibile scrivere il file %1: %2. Un file con questo nome già esistente è rimasto invariato.</translation>
+    </message>
+    <message id="1501">
+        <source>The file %1 could not be read: %2.</source>
+        <translation>Impossibile leggere il file %1: %2.</translation>
+    </message>
+    <message id="1502">
+        <source>The file holds more rows than the table. Rows in the file: %1; read: %2; ignored: %3.</source>
+        <translation>Il file contiene più righe della tabella. Righe nel file: %1; lette: %2; ignorate: %3.</translation>
+    </message>
+    <message id="1503">
+        <source>Has no function in this version.</source>
+        <translation>Nessuna funzione in questa versione.</translation>
+    </message>
 </context>
 </TS>

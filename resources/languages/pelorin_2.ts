@@ -934,5 +934,21 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <source>The sensor has no valid resolution, so its offset is not known. Nothing was written.</source>
         <translation>Der Sensor hat keine gültige Auflösung, daher ist sein Offset nicht bekannt. Es wurde nichts geschrieben.</translation>
     </message>
+    <message id="1500">
+        <source>The file %1 could not be written: %2. A file of this name that was there before is unchanged.</source>
+        <translation>Die Datei %1 konnte nicht geschrieben werden: %2. Eine bereits vorhandene Datei dieses Namens ist unverändert.</translation>
+    </message>
+    <message id="1501">
+        <source>The file %1 could not be read: %2.</source>
+        <translation>Die Datei %1 konnte nicht gelesen werden: %2.</translation>
+    </message>
+    <message id="1502">
+        <source>The file holds more rows than the table. Rows in the file: %1; read: %2; ignored: %3.</source>
+        <translation>Die Datei enthält mehr Zeilen als die Tabelle. Zeilen in der Datei: %1; gelesen: %2; ignoriert: %3.</translation>
+    </message>
+    <message id="1503">
+        <source>Has no function in this version.</source>
+        <translation>Hat in dieser Version keine Funktion.</translation>
+    </message>
 </context>
 </TS>

@@ -934,5 +934,21 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <source>The sensor has no valid resolution, so its offset is not known. Nothing was written.</source>
         <translation>Le capteur n'a pas de résolution valide ; son décalage n'est donc pas connu. Rien n'a été écrit.</translation>
     </message>
+    <message id="1500">
+        <source>The file %1 could not be written: %2. A file of this name that was there before is unchanged.</source>
+        <translation>Le fichier %1 n'a pas pu être écrit : %2. Un fichier de ce nom qui existait déjà est inchangé.</translation>
+    </message>
+    <message id="1501">
+        <source>The file %1 could not be read: %2.</source>
+        <translation>Le fichier %1 n'a pas pu être lu : %2.</translation>
+    </message>
+    <message id="1502">
+        <source>The file holds more rows than the table. Rows in the file: %1; read: %2; ignored: %3.</source>
+        <translation>Le fichier contient plus de lignes que la table. Lignes dans le fichier : %1 ; lues : %2 ; ignorées : %3.</translation>
+    </message>
+    <message id="1503">
+        <source>Has no function in this version.</source>
+        <translation>Sans fonction dans cette version.</translation>
+    </message>
 </context>
 </TS>

@@ -934,5 +934,21 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <source>The sensor has no valid resolution, so its offset is not known. Nothing was written.</source>
         <translation>El sensor no tiene una resolución válida, por lo que no se conoce su offset. No se ha escrito nada.</translation>
     </message>
+    <message id="1500">
+        <source>The file %1 could not be written: %2. A file of this name that was there before is unchanged.</source>
+        <translation>No se pudo escribir el archivo %1: %2. Si ya existía un archivo con este nombre, no se ha modificado.</translation>
+    </message>
+    <message id="1501">
+        <source>The file %1 could not be read: %2.</source>
+        <translation>No se pudo leer el archivo %1: %2.</translation>
+    </message>
+    <message id="1502">
+        <source>The file holds more rows than the table. Rows in the file: %1; read: %2; ignored: %3.</source>
+        <translation>El archivo contiene más filas que la tabla. Filas en el archivo: %1; leídas: %2; ignoradas: %3.</translation>
+    </message>
+    <message id="1503">
+        <source>Has no function in this version.</source>
+        <translation>Sin función en esta versión.</translation>
+    </message>
 </context>
 </TS>

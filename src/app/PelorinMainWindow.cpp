@@ -20,6 +20,7 @@
 #include "platform/ui/HelpWindow.h"
 #include "platform/ui/MessageBox.h"
 #include "platform/ui/Pictures.h"
+#include "tempcomp/TempCompPage.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -168,6 +169,8 @@ void PelorinMainWindow::createPages()
     connect(output, &OutputSetupPage::applyFailed, this, &PelorinMainWindow::showNotice,
             Qt::QueuedConnection);
     addPage(output, 168, wrench);
+    if (m_tempCompEnabled == 1)
+        addPage(new TempCompPage, 253, wrench);
 }
 
 void PelorinMainWindow::addPage(SensorPage* page, int caption, QLatin1String icon)
@@ -296,6 +299,9 @@ void PelorinMainWindow::runCommand(int command)
 {
     if (m_closing || !canRun(command) || (isBusy() && command != kConnectCommand))
         return;
+    // Posted before a command that now waits for the sensor; Connect and Exit wait for its end.
+    if (m_commandDepth > 0 && command != kConnectCommand && command != kExitCommand)
+        return;
     const CommandScope scope(*this);
     if (isLanguageCommand(command)) {
         chooseLanguage(languageCodeOf(command));
@@ -366,12 +372,14 @@ void PelorinMainWindow::askForManualConnect()
     if (messageBox(this, languageString(kSwitchOffText), QMessageBox::Ok | QMessageBox::Cancel,
                    QMessageBox::Information) != QMessageBox::Ok)
         return;
-    m_link.setKeepAlive(1);
+    m_keepAlive = 1;
+    m_link.setKeepAlive(m_keepAlive);
     (void)messageBox(this, languageString(kSwitchOnText), QMessageBox::Ok,
                      QMessageBox::Information);
     if (!m_closeWanted)
         Pacing::sleep(kSwitchOnTime);
-    m_link.setKeepAlive(0);
+    m_keepAlive = 0;
+    m_link.setKeepAlive(m_keepAlive);
 }
 
 bool PelorinMainWindow::isConnecting() const
@@ -386,6 +394,8 @@ void PelorinMainWindow::selectPort()
     if (dialog.exec() != QDialog::Accepted || dialog.selectedPort() == m_link.portNumber())
         return;
     releasePage();
+    if (m_closeWanted)
+        return;
     m_link.close();
     if (!openPort(dialog.selectedPort(), 1)) {
         close();
@@ -403,12 +413,15 @@ int PelorinMainWindow::openPort(int port, int showErrors)
     if (!m_link.open(port, showErrors))
         return 0;
     stopReconnect();
+    m_link.setKeepAlive(m_keepAlive); // opened again while the user switches the supply
     return 1;
 }
 
 void PelorinMainWindow::writeCommand(Operation operation, char id)
 {
     releasePage();
+    if (m_closeWanted)
+        return;
     m_busy->begin();
     m_pendingOperation = operation;
     m_pendingRequest = m_link.requestWrite(id, QByteArray());
@@ -486,7 +499,7 @@ void PelorinMainWindow::onLinkReply(RequestId request, int result)
         if (m_pendingOperation == Operation::Connect) {
             onConnected(result);
         } else if (m_pendingOperation == Operation::RestoreFormat) {
-            restoreFormat(m_formatRestore.next(m_link, result));
+            awaitRestore(m_formatRestore.next(m_link, result));
         } else {
             Pacing::sleep(kStoreTime);
             m_pendingOperation = Operation::None;
@@ -505,18 +518,19 @@ void PelorinMainWindow::onConnected(int result)
 {
     if (result == 1 && m_manualPowerMode == 1)
         (void)m_link.identifyFromLastReply(); // the sensor has answered, whatever type it is
-    if (result == 1)
-        restoreFormat(m_formatRestore.begin(m_link));
-    else
+    const RequestId restore = result == 1 ? m_formatRestore.begin(m_link) : 0;
+    if (restore == 0)
         finishConnect(result);
+    else
+        awaitRestore(restore);
 }
 
-void PelorinMainWindow::restoreFormat(RequestId request)
+void PelorinMainWindow::awaitRestore(RequestId request)
 {
     m_pendingOperation = Operation::RestoreFormat;
     m_pendingRequest = request;
     if (request == 0)
-        finishConnect(m_link.linkFailed() == 0 ? 1 : 0);
+        finishConnect(m_link.isIdentified() ? 1 : 0); // not if the link was lost meanwhile
 }
 
 /// The connect is settled before page 0 is shown: leaving a page can send requests of its own.
@@ -587,10 +601,11 @@ void PelorinMainWindow::stopReconnect()
     m_reconnectAttempts = 0;
 }
 
+/// Not inside a command that waits for the sensor: it would wait for the answer, too.
 void PelorinMainWindow::showNotice(const QString& text)
 {
-    if (!m_closing && !m_closeWanted)
-        (void)messageBox(this, text, QMessageBox::Ok, QMessageBox::Information);
+    m_notice = text;
+    runDeferred();
 }
 
 void PelorinMainWindow::setStatus(int stringNumber)
@@ -613,6 +628,10 @@ void PelorinMainWindow::runDeferred()
         return;
     if (m_closeWanted) {
         close();
+    } else if (!m_closing && !m_notice.isEmpty()) {
+        const CommandScope scope(*this);
+        (void)messageBox(this, std::exchange(m_notice, {}), QMessageBox::Ok,
+                         QMessageBox::Information);
     } else if (m_connectWanted) {
         m_connectWanted = false;
         postCommand(kConnectCommand);
@@ -648,8 +667,16 @@ bool PelorinMainWindow::eventFilter(QObject* watched, QEvent* event)
     return QMainWindow::eventFilter(watched, event);
 }
 
+/// Whether something is being written to the sensor that must not be cut off.
+bool PelorinMainWindow::isWriting() const
+{
+    const SensorPage* page = shownPage();
+    return (page && page->isWriting()) || m_pendingOperation == Operation::RestoreFormat ||
+           m_pendingOperation == Operation::WriteE || m_pendingOperation == Operation::WriteQ;
+}
+
 /// A dialog that is open is ended first; the window then closes when its command has returned,
-/// and not before a page has ended what it is writing.
+/// and not before what is being written has ended.
 void PelorinMainWindow::closeEvent(QCloseEvent* event)
 {
     event->ignore();
@@ -658,8 +685,8 @@ void PelorinMainWindow::closeEvent(QCloseEvent* event)
         dialog->close();
         return;
     }
-    const SensorPage* page = shownPage();
-    m_closeWanted = m_commandDepth > 0 || (page && page->isWriting());
+    m_closeAfterWriting = m_closeAfterWriting || isWriting();
+    m_closeWanted = m_commandDepth > 0 || isWriting();
     if (m_closeWanted || m_closing)
         return;
     m_closing = true;
@@ -673,8 +700,10 @@ void PelorinMainWindow::shutDown()
     m_reconnectTimer.stop();
     if (SensorPage* page = shownPage())
         page->setNewValues();
+    if (m_closeAfterWriting)
+        Pacing::sleep(kStoreTime); // the sensor must not lose its supply while it stores
     if (m_manualPowerMode == 0) {
-        if (isConnecting())
+        if (m_pendingOperation == Operation::Connect)
             m_link.close(1); // the worker would switch the supply on again
         else if (m_link.linkFailed() == 0)
             m_link.setRts(0);

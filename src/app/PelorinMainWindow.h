@@ -89,7 +89,7 @@ private:
 
     void onLinkReply(RequestId request, int result);
     void onConnected(int result);
-    void restoreFormat(RequestId request);
+    void awaitRestore(RequestId request);
     void finishConnect(int result);
     void onBusy(bool busy);
     void onLinkLost();
@@ -99,6 +99,7 @@ private:
     void showNotice(const QString& text);
     void setStatus(int stringNumber);
     [[nodiscard]] static bool isDialogOpen();
+    [[nodiscard]] bool isWriting() const;
     void runDeferred();
     void shutDown();
 
@@ -123,6 +124,7 @@ private:
 
     Operation m_pendingOperation = Operation::None;
     RequestId m_pendingRequest = 0;
+    int m_keepAlive = 0; ///< 1 while the user switches the supply in manual power mode
 
     int m_statusString = 0; ///< the window's own status text, 0 while another one is shown
     bool m_pageStatusShown = false;
@@ -134,7 +136,9 @@ private:
     int m_commandDepth = 0;
     bool m_connectWanted = false; ///< a Connect waits until a dialog is closed
     bool m_closeWanted = false;   ///< a close waits until a dialog or a command has ended
+    bool m_closeAfterWriting = false; ///< the close had to wait for the end of a write
     bool m_closing = false;
+    QString m_notice; ///< waits until a command has ended
 };
 
 } // namespace pelorin

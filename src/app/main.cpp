@@ -2,6 +2,7 @@
 #include "platform/core/ComPortFactory.h"
 #include "platform/core/TerminationSignals.h"
 #include "platform/core/TermiosComPort.h"
+#include "platform/ui/Pictures.h"
 #include "simulator/SimulatedPorts.h"
 
 #include <QApplication>
@@ -11,6 +12,8 @@ using namespace pelorin;
 int main(int argc, char* argv[])
 {
     QApplication application(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("Pelorin")); // titles the message boxes
+    QApplication::setWindowIcon(programIcon());
     QApplication::setQuitOnLastWindowClosed(false); // a start-up dialog is not the program's end
 
     SimulatedPorts simulators;

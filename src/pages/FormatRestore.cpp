@@ -2,9 +2,11 @@
 
 #include "link/SensorLink.h"
 #include "pages/ClosingCommand.h"
+#include "pages/ParameterCodec.h"
 #include "platform/core/Pacing.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace pelorin {
 
@@ -14,21 +16,93 @@ namespace {
 
 constexpr auto kWriteTime = 250ms;
 constexpr auto kStoreTime = 2500ms;
+constexpr int kFormatDigits = 6;
+
+bool isHexDigit(char character)
+{
+    return (character >= '0' && character <= '9') || (character >= 'A' && character <= 'F');
+}
+
+/// The group of all formats kept for one sensor.
+QString sensorGroup(int port, const QByteArray& version)
+{
+    return QStringLiteral("COM%1/%2")
+        .arg(QString::number(port), QString::fromLatin1(version.toHex()));
+}
+
+QString keyOf(int port, const QByteArray& version, const QByteArray& streaming)
+{
+    return sensorGroup(port, version) + QLatin1Char('/') + QString::fromLatin1(streaming);
+}
+
+QString keyOf(const SavedFormat& format)
+{
+    return keyOf(format.port, format.version, format.streaming);
+}
 
 } // namespace
 
+std::optional<QByteArray> formatDigits(const QByteArray& reply)
+{
+    const QByteArray digits = reply.toUpper();
+    if (digits.size() < kFormatDigits || !std::all_of(digits.begin(), digits.end(), isHexDigit))
+        return std::nullopt;
+    return digits.right(kFormatDigits);
+}
+
+QByteArray streamingFormat(const QByteArray& digits)
+{
+    DataFormat format = DataFormat::decode(digits);
+    format.flags |= DataFormat::kStream;
+    return format.encode();
+}
+
+FormatRestore::FormatRestore(const QString& fileName) : m_kept(fileName, QSettings::IniFormat) {}
+
+QString FormatRestore::usersFile()
+{
+    return QSettings(QSettings::IniFormat, QSettings::UserScope, QStringLiteral("Korvex Systems"),
+                     QStringLiteral("PelorinFormats"))
+        .fileName();
+}
+
 void FormatRestore::keep(const SavedFormat& format)
 {
-    if (format.own != format.streaming)
-        m_kept.push_back(format);
+    m_kept.setValue(keyOf(format), QString::fromLatin1(format.own));
+    m_kept.sync(); // where it cannot be stored it is kept for this run
+}
+
+void FormatRestore::drop(const SavedFormat& format)
+{
+    m_kept.remove(keyOf(format));
+    m_kept.sync();
+}
+
+bool FormatRestore::isKept(const SavedFormat& format) const
+{
+    return m_kept.contains(keyOf(format));
+}
+
+/// What is kept for the sensor that is connected and has answered this format; nothing also if the
+/// file was changed by somebody else.
+std::optional<QByteArray> FormatRestore::keptFor(const SensorLink& link,
+                                                 const QByteArray& digits) const
+{
+    const QString key = keyOf(link.portNumber(), link.versionText(), digits);
+    auto own = formatDigits(m_kept.value(key).toString().toLatin1());
+    return own && streamingFormat(*own) == digits ? own : std::nullopt;
+}
+
+QByteArray FormatRestore::ownFormat(const SensorLink& link, const QByteArray& digits) const
+{
+    return keptFor(link, digits).value_or(digits);
 }
 
 RequestId FormatRestore::begin(SensorLink& link)
 {
-    const bool concerned =
-        std::any_of(m_kept.begin(), m_kept.end(), [&link](const SavedFormat& format) {
-            return format.port == link.portNumber() && format.version == link.versionText();
-        });
+    m_kept.beginGroup(sensorGroup(link.portNumber(), link.versionText()));
+    const bool concerned = !m_kept.childKeys().isEmpty();
+    m_kept.endGroup();
     if (!concerned || !link.isIdentified())
         return 0;
     m_step = Step::ReadFormat;
@@ -43,14 +117,11 @@ RequestId FormatRestore::next(SensorLink& link, int result)
         return 0; // what was not written back stays kept
 
     if (done == Step::ReadFormat) {
-        const auto found =
-            std::find_if(m_kept.begin(), m_kept.end(), [&link](const SavedFormat& format) {
-                return format.port == link.portNumber() && format.version == link.versionText() &&
-                       format.streaming == link.lastReply();
-            });
-        if (found == m_kept.end())
+        const QByteArray found = formatDigits(link.lastReply()).value_or(QByteArray());
+        const auto own = keptFor(link, found);
+        if (!own)
             return 0;
-        m_current = *found;
+        m_current = {link.portNumber(), link.versionText(), *own, found};
         m_step = Step::WriteFormat;
         return link.requestWrite('D', m_current.own);
     }
@@ -59,8 +130,10 @@ RequestId FormatRestore::next(SensorLink& link, int result)
         m_step = Step::Close;
         return requestClosingCommand(link);
     }
-    Pacing::sleep(kStoreTime);
-    m_kept.erase(std::remove(m_kept.begin(), m_kept.end(), m_current), m_kept.end());
+    if (done == Step::Close) {
+        Pacing::sleep(kStoreTime);
+        drop(m_current);
+    }
     return 0;
 }
 

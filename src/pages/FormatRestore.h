@@ -3,8 +3,10 @@
 #include "platform/core/WindowMessage.h"
 
 #include <QByteArray>
+#include <QSettings>
+#include <QString>
 
-#include <vector>
+#include <optional>
 
 namespace pelorin {
 
@@ -15,22 +17,44 @@ struct SavedFormat
 {
     int port = 0;         ///< where the sensor was connected
     QByteArray version;   ///< its version answer
-    QByteArray own;       ///< what it had, and must have again
+    QByteArray own;       ///< what it had, and must have again: six hexadecimal digits
     QByteArray streaming; ///< what was written instead
 
     bool operator==(const SavedFormat&) const = default;
 };
 
-/// Keeps the data formats that could not be written back, because the link was lost, and writes
-/// each back once its sensor is connected again: only to a sensor that answers with the same
-/// version and still carries the streaming format. User-interface thread.
+/// The six digits of a data format that a sensor has answered; nothing if the answer is no
+/// hexadecimal number.
+[[nodiscard]] std::optional<QByteArray> formatDigits(const QByteArray& reply);
+
+/// The data format with which a sensor streams its position, and is as before otherwise.
+/// @param digits six hexadecimal digits
+[[nodiscard]] QByteArray streamingFormat(const QByteArray& digits);
+
+/// Keeps the own data formats of sensors that carry the streaming one, and writes them back. They
+/// outlast the program, since a sensor can be unplugged and a computer can fail at any time. A
+/// format goes only to a sensor on the same port that answers with the same version and still
+/// carries the streaming format. User-interface thread.
 class FormatRestore
 {
 public:
-    void keep(const SavedFormat& format);
+    /// @param fileName where the formats are kept
+    explicit FormatRestore(const QString& fileName = usersFile());
 
-    /// Begins to write back what belongs to the sensor that has just been connected.
-    /// @return the first request, whose result goes to next; 0 if there is nothing to do
+    /// "Korvex Systems/PelorinFormats.ini" in the user's configuration folder.
+    [[nodiscard]] static QString usersFile();
+
+    /// Keeps a format until it is written back or dropped. Before the streaming format is written.
+    void keep(const SavedFormat& format);
+    void drop(const SavedFormat& format);
+    [[nodiscard]] bool isKept(const SavedFormat& format) const;
+
+    /// The own format of the sensor that is connected and has answered this format: another one
+    /// if it still carries a streaming format of ours.
+    [[nodiscard]] QByteArray ownFormat(const SensorLink& link, const QByteArray& digits) const;
+
+    /// Begins to write back what belongs to the sensor that is connected.
+    /// @return the first request, whose result goes to next; 0 if nothing is kept for it
     [[nodiscard]] RequestId begin(SensorLink& link);
 
     /// Goes on with the result of the last request. Blocks for the time that the sensor needs.
@@ -38,10 +62,13 @@ public:
     [[nodiscard]] RequestId next(SensorLink& link, int result);
 
 private:
+    [[nodiscard]] std::optional<QByteArray> keptFor(const SensorLink& link,
+                                                    const QByteArray& digits) const;
+
     enum class Step { Idle, ReadFormat, WriteFormat, Close };
 
-    std::vector<SavedFormat> m_kept;
-    SavedFormat m_current;
+    QSettings m_kept;
+    SavedFormat m_current; ///< what is being written back
     Step m_step = Step::Idle;
     int m_lossesAtStart = 0;
 };

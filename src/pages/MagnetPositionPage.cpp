@@ -1,7 +1,6 @@
 #include "pages/MagnetPositionPage.h"
 
 #include "link/SensorLink.h"
-#include "pages/ParameterCodec.h"
 #include "platform/core/DecimalText.h"
 #include "platform/core/HexText.h"
 #include "platform/core/LanguageStrings.h"
@@ -10,6 +9,8 @@
 
 #include <QDeadlineTimer>
 #include <QPlainTextEdit>
+
+#include <utility>
 
 namespace pelorin {
 
@@ -43,19 +44,11 @@ constexpr auto kWaitStep = 50ms;
 constexpr auto kWaitLimit = 60s; ///< far beyond three failed connects
 constexpr int kConnectAttempts = 3;
 
-constexpr int kFormatDigits = 6;
-
 QFont arial(int points)
 {
     QFont font(QStringLiteral("Arial"));
     font.setPointSize(points);
     return font;
-}
-
-QByteArray formatText(qint32 format)
-{
-    return padValueText(QByteArray::number(static_cast<quint32>(format), 16).toUpper(),
-                        kFormatDigits);
 }
 
 QString noPosition()
@@ -96,10 +89,10 @@ void MagnetPositionPage::onInitDialog()
     showText(noPosition());
 }
 
-/// Starts once: what was read of the sensor must not be overwritten while it streams.
+/// What was read of the sensor must not be overwritten while it streams.
 void MagnetPositionPage::getCurrentValues()
 {
-    if (m_started)
+    if (m_running || m_stopping)
         return;
     showText(noPosition());
     if (!link().isIdentified()) {
@@ -108,16 +101,16 @@ void MagnetPositionPage::getCurrentValues()
     }
     showBusy(1);
     clearStatusText();
-    m_started = true;
-    m_formatWritten = false;
+    m_running = true;
     m_phase = Phase::ReadFormat;
-    m_format = {link().portNumber(), link().versionText(), {}, {}};
     beginSequence();
     requestRead('D');
 }
 
 void MagnetPositionPage::onLinkReply(int result)
 {
+    if (!m_running && !m_stopping)
+        return; // given up
     if (linkWasLost())
         abandon();
     else if (m_stopping && m_phase < Phase::Reconnect)
@@ -136,10 +129,7 @@ void MagnetPositionPage::advance()
         writeStreamingFormat();
         break;
     case Phase::WriteFormat:
-        Pacing::sleep(kWriteTime);
-        m_phase = Phase::CloseFormat;
-        if (!sendClosingCommand())
-            stopStart();
+        closeStreamingFormat();
         break;
     case Phase::CloseFormat:
         Pacing::sleep(kStoreTime);
@@ -153,17 +143,13 @@ void MagnetPositionPage::advance()
         showPosition();
         break;
     case Phase::Reconnect:
-        writeOwnFormat();
+        m_phase = Phase::Restore;
+        await(m_restore.begin(link()));
+        takeRestoreStep();
         break;
-    case Phase::RestoreFormat:
-        Pacing::sleep(kWriteTime);
-        m_phase = Phase::CloseRestore;
-        if (!sendClosingCommand())
-            endRestore(false);
-        break;
-    case Phase::CloseRestore:
-        Pacing::sleep(kRestartTime);
-        endRestore(true);
+    case Phase::Restore:
+        await(m_restore.next(link(), 1));
+        takeRestoreStep();
         break;
     }
 }
@@ -171,55 +157,63 @@ void MagnetPositionPage::advance()
 void MagnetPositionPage::fail()
 {
     switch (m_phase) {
+    case Phase::ReadFormat:
+    case Phase::WriteFormat:
+    case Phase::CloseFormat:
+        failStart('D');
+        break;
+    case Phase::ReadResolution:
+        failStart('A');
+        break;
     case Phase::Stream:
         break; // the display keeps its text, and the next tick asks again
     case Phase::Reconnect:
-        if (++m_restoreAttempts >= kConnectAttempts) {
-            endRestore(false);
-        } else {
-            Pacing::sleep(kRetryTime);
-            requestConnect();
-        }
-        break;
-    case Phase::RestoreFormat:
-    case Phase::CloseRestore:
-        endRestore(false);
-        break;
-    case Phase::ReadFormat:
-        setStatusText(kReadFailedText, {parameterArgument('D')});
-        m_started = false;
-        showBusy(0);
-        break;
-    default:
-        stopStart();
+    case Phase::Restore:
+        reconnectAgain();
         break;
     }
 }
 
-/// A later step of the start has failed: leaving the page restores the sensor.
-void MagnetPositionPage::stopStart()
+/// What is written by then is written back when the page is left.
+void MagnetPositionPage::failStart(char id)
 {
+    m_running = false;
+    setStatusText(kReadFailedText, {parameterArgument(id)});
     showBusy(0);
-    postStatusText();
 }
 
+/// The own format is kept before the sensor gets another one: from here on it outlasts whatever
+/// happens to the link, the sensor and the computer.
 void MagnetPositionPage::writeStreamingFormat()
 {
-    constexpr qint32 kStreamBit = DataFormat::kStream << 16;
-    const qint32 format = hexToLong(link().lastReply());
-    m_format.own = formatText(format);
-    m_format.streaming = formatText((format & 0xFFFFFF) | kStreamBit);
-    m_formatWritten = true;
+    const auto digits = formatDigits(link().lastReply());
+    if (!digits) {
+        failStart('D');
+        return;
+    }
+    const QByteArray own = m_restore.ownFormat(link(), *digits);
+    m_format = {link().portNumber(), link().versionText(), own, streamingFormat(own)};
+    m_restore.keep(m_format);
+    m_sensorHas = Format::Written;
     m_phase = Phase::WriteFormat;
     requestWrite('D', m_format.streaming);
+}
+
+void MagnetPositionPage::closeStreamingFormat()
+{
+    Pacing::sleep(kWriteTime);
+    m_sensorHas = Format::Streaming;
+    m_phase = Phase::CloseFormat;
+    if (!sendClosingCommand())
+        failStart('D');
 }
 
 /// The sensor starts to stream when its supply returns.
 void MagnetPositionPage::startStream()
 {
+    const int resolution = integerPrefix(link().lastReply()); // micrometres
     link().setRts(0);
-    m_resolution = integerPrefix(link().lastReply());
-    link().setStreamMode(1, hexToLong(m_format.own), m_resolution);
+    link().setStreamMode(1, hexToLong(m_format.own), resolution);
     if (m_manualPower)
         setStatusText(kSwitchSupplyText);
     Pacing::sleep(kRestartTime);
@@ -238,7 +232,7 @@ void MagnetPositionPage::onTick()
 
 void MagnetPositionPage::showPosition()
 {
-    if (m_manualPower)
+    if (m_manualPower && m_positionBox->text() == noPosition())
         clearStatusText(); // the supply has been switched
     showText(QString::asprintf("%01.01f", link().position()));
 }
@@ -261,7 +255,7 @@ bool MagnetPositionPage::releaseLink()
 
 void MagnetPositionPage::linkLost()
 {
-    if (m_started)
+    if (m_running || m_stopping || m_sensorHas != Format::Own)
         abandon();
 }
 
@@ -269,18 +263,18 @@ void MagnetPositionPage::linkLost()
 /// @return true if there was something to stop
 bool MagnetPositionPage::stop()
 {
-    if (!m_started || m_stopping)
+    if (m_stopping || (!m_running && m_sensorHas == Format::Own))
         return false;
     m_stopping = true;
     m_pollTimer.stop();
     showText(noPosition());
     showBusy(1);
     waitUntil([this] { return !isAwaitingReply(); });
-    if (m_started && linkWasLost())
+    if (linkWasLost())
         abandon();
-    if (m_started && m_formatWritten)
+    if (m_sensorHas != Format::Own)
         restoreFormat();
-    m_started = false;
+    m_running = false;
     m_stopping = false;
     showBusy(0);
     return true;
@@ -295,50 +289,58 @@ void MagnetPositionPage::restoreFormat()
     if (m_manualPower)
         setStatusText(kSwitchSupplyText);
     Pacing::processDelay(kSupplyOffTime);
-    if (m_restoreDone)
-        return; // lost while it waited
+    if (!m_restoreDone) { // the link was not lost while it waited
+        m_phase = Phase::Reconnect;
+        requestConnect();
+        waitUntil([this] { return m_restoreDone; });
+    }
+    if (m_manualPower && m_sensorHas != Format::Own)
+        clearStatusText();
+    endRestore();
+}
+
+void MagnetPositionPage::reconnectAgain()
+{
+    if (++m_restoreAttempts >= kConnectAttempts) {
+        m_restoreDone = true;
+        return;
+    }
+    Pacing::sleep(kRetryTime);
     m_phase = Phase::Reconnect;
     requestConnect();
-    waitUntil([this] { return m_restoreDone; });
-    if (!m_restoreDone)
-        endRestore(false);
 }
 
-/// The saved format goes only to the sensor that it came from.
-void MagnetPositionPage::writeOwnFormat()
+/// After the last step the sensor has its own format again, or never had another one, or is
+/// another sensor, which gets nothing.
+void MagnetPositionPage::takeRestoreStep()
 {
-    if (link().versionText() != m_format.version) {
-        endRestore(false);
-        return;
-    }
-    m_phase = Phase::RestoreFormat;
-    requestWrite('D', m_format.own);
+    m_restoreDone = !isAwaitingReply();
+    const bool same = link().versionText() == m_format.version;
+    if (m_restoreDone && same && m_sensorHas == Format::Written)
+        m_restore.drop(m_format);
 }
 
-void MagnetPositionPage::endRestore(bool restored)
+/// What could not be written back stays kept, and the user has to know.
+void MagnetPositionPage::endRestore()
 {
-    m_restoreDone = true;
-    if (restored) {
-        m_formatWritten = false;
-        if (m_manualPower)
-            clearStatusText();
+    if (std::exchange(m_sensorHas, Format::Own) == Format::Own || !m_restore.isKept(m_format))
         return;
-    }
-    m_restore.keep(m_format);
-    m_formatWritten = false;
-    Q_EMIT formatKept(languageString(kStillStreamingText)
-                          .arg(QString::number(m_format.port), QString::fromLatin1(m_format.own)));
+    if (m_format.own == m_format.streaming)
+        m_restore.drop(m_format);
+    else
+        Q_EMIT formatKept(
+            languageString(kStillStreamingText)
+                .arg(QString::number(m_format.port), QString::fromLatin1(m_format.own)));
 }
 
 /// The link is gone: the sensor keeps the format that it has until it is connected again.
 void MagnetPositionPage::abandon()
 {
     m_pollTimer.stop();
-    showText(noPosition());
-    if (m_formatWritten)
-        endRestore(false);
+    m_running = false;
     m_restoreDone = true;
-    m_started = false;
+    showText(noPosition());
+    endRestore();
     showBusy(0);
 }
 

@@ -19,7 +19,7 @@ class MagnetPositionPage final : public SensorPage
     Q_OBJECT
 
 public:
-    /// @param restore keeps a format that could not be written back; outlives the page
+    /// @param restore keeps the sensor's format and writes it back; outlives the page
     /// @param manualPower whether the user switches the sensor's supply
     MagnetPositionPage(FormatRestore& restore, bool manualPower);
 
@@ -30,7 +30,7 @@ public:
     void linkLost() override;
 
 Q_SIGNALS:
-    /// The sensor still carries the streaming format; its own is written back once it is
+    /// The sensor still carries the streaming format; its own is kept and written back once it is
     /// connected again. The text tells the user so.
     void formatKept(const QString& text);
 
@@ -49,23 +49,31 @@ private:
         ReadResolution, ///< and then for the first tick
         Stream,
         Reconnect,
-        RestoreFormat,
-        CloseRestore
+        Restore ///< the steps of FormatRestore
+    };
+
+    /// What the page has made of the sensor's data format.
+    enum class Format {
+        Own,     ///< nothing, or it is written back
+        Written, ///< the streaming format is written, but not yet in effect
+        Streaming
     };
 
     void advance();
     void fail();
+    void failStart(char id);
     void writeStreamingFormat();
+    void closeStreamingFormat();
     void startStream();
     void onTick();
     void showPosition();
     void showText(const QString& text);
-    void stopStart();
 
     bool stop();
     void restoreFormat();
-    void writeOwnFormat();
-    void endRestore(bool restored);
+    void reconnectAgain();
+    void takeRestoreStep();
+    void endRestore();
     void abandon();
     void waitUntil(const std::function<bool()>& done);
 
@@ -75,13 +83,12 @@ private:
     QTimer m_pollTimer;
 
     Phase m_phase = Phase::ReadFormat;
-    bool m_started = false;       ///< from the start until the stop has ended
-    bool m_stopping = false;      ///< the stop sequence runs
-    bool m_formatWritten = false; ///< the sensor may carry the streaming format
+    bool m_running = false;  ///< the start sequence or the stream
+    bool m_stopping = false; ///< the stop sequence
     bool m_restoreDone = false;
     int m_restoreAttempts = 0;
+    Format m_sensorHas = Format::Own;
     SavedFormat m_format;
-    int m_resolution = 0; ///< micrometres
 };
 
 } // namespace pelorin

@@ -69,6 +69,8 @@ protected:
 
     /// Whether an answer to the page's last request is still to come.
     [[nodiscard]] bool isAwaitingReply() const { return m_outstanding != 0; }
+    /// Takes a request that was made elsewhere for the page's own; 0 for none.
+    void await(RequestId request) { m_outstanding = request; }
     void requestConnect();
     void requestPosition();
     void requestRead(char id);

@@ -5,14 +5,12 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
-#include <cstdint>
 #include <cstdlib>
 #include <filesystem>
 #include <utility>
 
 #include <fcntl.h>
 #include <poll.h>
-#include <sys/eventfd.h>
 #include <sys/ioctl.h>
 #include <termios.h>
 #include <unistd.h>
@@ -24,7 +22,8 @@ namespace {
 using namespace std::chrono_literals;
 using Clock = SimulatedDevice::Clock;
 
-constexpr auto kLongestWait = 10ms; ///< after which a change of the line speed is noticed
+/// After which a change of the line speed, a vanished device or the end is noticed.
+constexpr auto kLongestWait = 10ms;
 constexpr speed_t kFirstSpeed = B4800;
 
 int baudOf(speed_t speed)
@@ -80,20 +79,13 @@ PtyServer::PtyServer(std::shared_ptr<SimulatedDevice> device, std::string link)
 PtyServer::~PtyServer()
 {
     m_stopping = true;
-    const std::uint64_t one = 1;
-    if (m_thread.joinable()) {
-        // Cannot fail for the first value; the thread's waits are short besides.
-        (void)!::write(m_wake.get(), &one, sizeof one);
-        m_thread.join();
-    }
+    if (m_thread.joinable())
+        m_thread.join(); // its waits are short
     closeTerminal();
 }
 
 int PtyServer::start()
 {
-    m_wake.reset(::eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK));
-    if (m_wake.get() < 0)
-        return errno;
     if (const int error = openTerminal())
         return error;
     m_thread = std::thread([this] { run(); });
@@ -207,8 +199,8 @@ void PtyServer::waitForTraffic()
     const auto due = m_device->nextDue(now).value_or(now + kLongestWait);
     const auto wait = std::clamp<std::chrono::nanoseconds>(due - now, 0ns, kLongestWait);
     const timespec limit{0, static_cast<long>(wait.count())};
-    std::array<pollfd, 2> sources{{{m_wake.get(), POLLIN, 0}, {m_master.get(), POLLIN, 0}}};
-    (void)::ppoll(sources.data(), sources.size(), &limit, nullptr); // looked at in any case
+    pollfd master{m_master.get(), POLLIN, 0};
+    (void)::ppoll(&master, 1, &limit, nullptr); // the terminal is looked at in any case
 }
 
 } // namespace pelorin

@@ -62,7 +62,6 @@ private:
     const std::string m_link;
     Descriptor m_master;
     Descriptor m_slave; ///< keeps the terminal alive while no program has it open
-    Descriptor m_wake;
     std::atomic<bool> m_stopping = false;
     mutable std::mutex m_mutex;
     std::string m_path; ///< m_mutex

@@ -135,6 +135,8 @@ ComPort::WriteResult SimulatedComPort::write(std::string_view bytes)
         begin + timeLimit(m_timeouts.writeConstant, m_timeouts.writeMultiplier, bytes.size());
 
     const int error = waitUntil(std::min(end, limit));
+    if (error == ENODEV)
+        return {.error = error};
     const auto now = Clock::now();
     const TimePoint stopped = std::min(now, limit);
     if (stopped < end) // what has not left is dropped

@@ -196,10 +196,11 @@ void TestBaseDialog::okAndCancelEndTheDialog()
 
     TestDialog dialog;
     ModalAnswer<TestDialog> answer([button, key](TestDialog& shown) {
-        if (button != 0)
+        if (button != 0) {
             QTest::mouseClick(shown.getControl<QPushButton>(button), Qt::LeftButton);
-        else
+        } else {
             QTest::keyClick(shown.getControl<QLineEdit>(1006), key);
+        }
     });
     QCOMPARE(dialog.exec(), result);
     QVERIFY(answer.wasShown());
@@ -227,10 +228,11 @@ void TestBaseDialog::keysAndCloseNeverHideAPage()
     QSignalSpy finished(page, &QDialog::finished);
 
     page->getControl<QLineEdit>(1006)->setFocus();
-    if (key != Qt::Key())
+    if (key != Qt::Key()) {
         QTest::keyClick(QApplication::focusWidget(), key);
-    else
+    } else {
         page->close();
+    }
 
     QVERIFY(page->isVisible());
     QCOMPARE(pressed.count(), 0);
@@ -262,9 +264,10 @@ void TestBaseDialog::valueBoxShowsItsColours()
 
     QCOMPARE(picture.pixelColor(0, 0), QColor(Qt::black));
     bool green = false;
-    for (int x = 0; x < picture.width(); ++x)
+    for (int x = 0; x < picture.width(); ++x) {
         for (int y = 0; y < picture.height(); ++y)
             green = green || picture.pixelColor(x, y) == QColor(0, 255, 0);
+    }
     QVERIFY(green);
     QVERIFY(box->sizeHint().width() >
             box->fontMetrics().horizontalAdvance(QStringLiteral("<b>123.456</b>")) - 1);

@@ -56,9 +56,10 @@ private:
 QLineEdit* openEdit(const QTableWidget& list)
 {
     const auto edits = list.viewport()->findChildren<QLineEdit*>(QStringLiteral("cellEdit"));
-    for (QLineEdit* edit : edits)
+    for (QLineEdit* edit : edits) {
         if (edit->isVisible())
             return edit;
+    }
     return nullptr;
 }
 
@@ -89,6 +90,7 @@ private Q_SLOTS:
     void keysThatEndDialogsNeitherCommitNorClose();
     void lossOfFocusDoesNotCommit();
     void movingInTheListDoesNotCommit();
+    void typingInTheListOpensNothing();
     void f2CommitsAndOpensTheValueOfTheCurrentRow();
     void arrowsGoOnToTheNextEditableRow();
     void editorStaysOverItsCell();
@@ -226,8 +228,15 @@ void TestCellEditor::lossOfFocusDoesNotCommit()
     click(m_lists->first, 1, 1);
     QTest::keyClicks(edit(), QStringLiteral("12"));
     m_lists->ok.setFocus();
-
     QVERIFY(edit());
+    QCOMPARE(text(1, 1), QStringLiteral("1/1"));
+
+    edit()->setFocus();
+    QTest::keyClick(edit(), Qt::Key_Tab);
+    QVERIFY(edit());
+    QVERIFY(!edit()->hasFocus());
+    QVERIFY(!m_lists->first.hasFocus());
+    QCOMPARE(m_lists->first.currentRow(), 1);
     QCOMPARE(text(1, 1), QStringLiteral("1/1"));
 }
 
@@ -242,6 +251,16 @@ void TestCellEditor::movingInTheListDoesNotCommit()
     QCOMPARE(m_lists->first.currentRow(), 3);
     QVERIFY(edit());
     QCOMPARE(text(1, 1), QStringLiteral("1/1"));
+}
+
+void TestCellEditor::typingInTheListOpensNothing()
+{
+    m_lists->first.setFocus();
+    m_lists->first.setCurrentCell(4, 1);
+    QTest::keyClick(&m_lists->first, Qt::Key_5);
+
+    QVERIFY(!edit());
+    QCOMPARE(text(4, 1), QStringLiteral("4/1"));
 }
 
 void TestCellEditor::f2CommitsAndOpensTheValueOfTheCurrentRow()

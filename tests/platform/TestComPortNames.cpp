@@ -15,7 +15,9 @@ namespace {
 class MadePort final : public ComPort
 {
 public:
-    MadePort(QString maker, QString device) : made(maker + QLatin1Char(' ') + device) {}
+    MadePort(const QString& maker, const QString& device) : made(maker + QLatin1Char(' ') + device)
+    {
+    }
 
     int open() override { return ENOENT; }
     bool isOpen() const override { return false; }
@@ -42,11 +44,12 @@ ComPortFactory::Maker makerNamed(const char* name)
 QStringList described(const QList<PresentPort>& ports)
 {
     QStringList lines;
-    for (const PresentPort& port : ports)
+    for (const PresentPort& port : ports) {
         lines.append(QStringList{QString::number(port.number), port.device, port.shortName,
                                  port.description,
                                  port.simulated ? QStringLiteral("simulated") : QString()}
                          .join(QLatin1Char('|')));
+    }
     return lines;
 }
 

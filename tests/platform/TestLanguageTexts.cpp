@@ -158,9 +158,10 @@ void TestLanguageTexts::mnemonicsStandInMenusAlone()
 
     QList<int> doubled;
     const Texts texts = readTexts(code, doubled);
-    for (auto it = texts.cbegin(); it != texts.cend(); ++it)
+    for (auto it = texts.cbegin(); it != texts.cend(); ++it) {
         QVERIFY2(captions.contains(it.key()) != mnemonicOf(it->text).isNull(),
                  qPrintable(it->text));
+    }
 }
 
 void TestLanguageTexts::fileFiltersOfferTheExtensionAndAllFiles_data()

@@ -57,10 +57,11 @@ inline QList<FormControl> controlsOfForm(const QString& form)
                 controls[open.last()].caption = xml.readElementText();
             }
         } else if (xml.isEndElement()) {
-            if (xml.name() == QLatin1String("widget"))
+            if (xml.name() == QLatin1String("widget")) {
                 open.removeLast();
-            else if (xml.name() == QLatin1String("item") && depthInItem > 0)
+            } else if (xml.name() == QLatin1String("item") && depthInItem > 0) {
                 --depthInItem;
+            }
         }
     }
     return xml.hasError() ? QList<FormControl>() : controls;
@@ -68,9 +69,10 @@ inline QList<FormControl> controlsOfForm(const QString& form)
 
 inline QString captionOf(const QWidget& control)
 {
-    for (const char* property : {"text", "title", "plainText"})
+    for (const char* property : {"text", "title", "plainText"}) {
         if (control.property(property).isValid())
             return control.property(property).toString();
+    }
     return {};
 }
 

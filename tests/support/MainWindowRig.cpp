@@ -1,8 +1,10 @@
 #include "support/MainWindowRig.h"
 
+#include "pages/FormatRestore.h"
 #include "platform/core/Pacing.h"
 #include "simulator/SimulatedComPort.h"
 
+#include <QFile>
 #include <QLabel>
 #include <QListWidget>
 #include <QMenu>
@@ -27,11 +29,14 @@ void clickItem(Menu& menu, QAction* action)
 
 MainWindowRig::MainWindowRig(const SimulatedSensor::Options& options, const QByteArray& settings)
     : m_settings(kSimulatedBounds + settings), m_languages(1),
-      m_sensor(std::make_shared<SimulatedSensor>(options)),
-      m_factory([this](const QString&) { return std::make_unique<SimulatedComPort>(m_sensor); }),
+      m_sensor(std::make_shared<SimulatedSensor>(options)), m_factory([this](const QString&) {
+          ++m_openAttempts;
+          return std::make_unique<SimulatedComPort>(m_sensor);
+      }),
       m_link(m_factory)
 {
     Pacing::setSpeeds(kFast);
+    QFile::remove(FormatRestore::usersFile()); // of an earlier test
 }
 
 MainWindowRig::~MainWindowRig() = default;

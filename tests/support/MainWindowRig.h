@@ -42,6 +42,9 @@ public:
     /// Destroys the window, as at the program's end.
     void destroyWindow() { m_window.reset(); }
 
+    /// How often the port has been opened or tried.
+    [[nodiscard]] int openAttempts() const { return m_openAttempts; }
+
     [[nodiscard]] bool waitIdle();
     [[nodiscard]] QListWidget& pageList();
     /// Clicks a row of the page list.
@@ -68,6 +71,7 @@ private:
     TestRegistry m_settings;
     Languages m_languages;
     std::shared_ptr<SimulatedSensor> m_sensor;
+    int m_openAttempts = 0;
     ComPortFactory m_factory;
     SensorLink m_link;
     std::unique_ptr<PelorinMainWindow> m_window;

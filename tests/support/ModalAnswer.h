@@ -11,7 +11,7 @@
 namespace pelorin::test {
 
 /// Answers the next modal window of a kind: polls until it is active and runs the steps on it,
-/// once. A modal window that is still open after 5 seconds is closed, so that a failing test ends.
+/// once. A modal window that is still open 10 seconds later is closed, so that a failing test ends.
 template <class Window>
 class ModalAnswer
 {
@@ -33,7 +33,7 @@ private:
         if (window && window->isActiveWindow() && !m_shown) {
             m_shown = true;
             m_steps(*window);
-        } else if (active && m_age.hasExpired(5000)) {
+        } else if (active && m_age.hasExpired(10000)) {
             qWarning("A modal window stayed open: %s", qUtf8Printable(active->windowTitle()));
             active->close();
         }

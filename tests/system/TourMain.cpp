@@ -16,7 +16,7 @@ using namespace pelorin;
 
 namespace {
 
-constexpr std::array kVisits = {visitInformation, visitPosition, visitOutputSetup};
+constexpr std::array kVisits = {visitInformation, visitPosition, visitOutputSetup, visitTempComp};
 
 } // namespace
 

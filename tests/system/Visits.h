@@ -9,5 +9,6 @@ class Tour;
 [[nodiscard]] bool visitInformation(Tour& tour);
 [[nodiscard]] bool visitPosition(Tour& tour);
 [[nodiscard]] bool visitOutputSetup(Tour& tour);
+[[nodiscard]] bool visitTempComp(Tour& tour);
 
 } // namespace pelorin

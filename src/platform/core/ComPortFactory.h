@@ -22,7 +22,7 @@ public:
     explicit ComPortFactory(Maker systemMaker);
 
     /// Has devices whose name begins with a scheme, such as "simulator:", made by another maker.
-    void addScheme(const QString& scheme, Maker maker);
+    void addScheme(const QString& scheme, const Maker& maker);
 
     /// The port of a device name: "COM7", "\\.\COM7" or a device. The settings are read afresh to
     /// find the device of a COM number.

@@ -36,9 +36,11 @@ QString fixedDevice(int number)
 
 int fixedNumber(const QString& device)
 {
-    for (int number = 1; number <= kDevicesPerKind * static_cast<int>(std::size(kKinds)); ++number)
+    for (int number = 1; number <= kDevicesPerKind * static_cast<int>(std::size(kKinds));
+         ++number) {
         if (device == fixedDevice(number))
             return number;
+    }
     return 0;
 }
 
@@ -84,9 +86,10 @@ QString ComPortNames::devicePath(const QString& name) const
 int ComPortNames::numberOf(const QString& device) const
 {
     const QString target = resolved(device);
-    for (auto it = m_devices.cbegin(); it != m_devices.cend(); ++it)
+    for (auto it = m_devices.cbegin(); it != m_devices.cend(); ++it) {
         if (it.value() == device || resolved(it.value()) == target)
             return it.key();
+    }
     const int number = fixedNumber(target);
     return m_devices.contains(number) ? 0 : number;
 }

@@ -70,9 +70,10 @@ double decimalPrefix(QAnyStringView text)
     const QByteArray latin = text.toString().toLatin1();
     const auto [negative, digits] = numberStart(latin);
     double number = 0.0;
-    if (startsWithDigit(digits, true))
+    if (startsWithDigit(digits, true)) {
         std::from_chars(digits.data(), digits.data() + digits.size(), number,
                         std::chars_format::fixed);
+    }
     return negative ? -number : number;
 }
 

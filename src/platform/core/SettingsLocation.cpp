@@ -9,7 +9,7 @@ namespace pelorin {
 
 QString registryFilePath()
 {
-    const QString named = qEnvironmentVariable("PELORIN_REGISTRY");
+    QString named = qEnvironmentVariable("PELORIN_REGISTRY");
     if (!named.isEmpty())
         return named;
 

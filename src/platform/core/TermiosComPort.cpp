@@ -62,7 +62,6 @@ int TermiosComPort::open()
     const std::lock_guard lock(m_mutex);
     m_device = device;
     m_line = kLineAtOpening;
-    m_lineFree = {};
     return 0;
 }
 

@@ -215,11 +215,9 @@ int TermiosDevice::wait(short events, TimePoint deadline)
         }
         if ((entries[0].revents & (POLLHUP | POLLERR | POLLNVAL)) != 0)
             return ENODEV;
-
-        if (entries[0].revents != 0)
-            return 0;
-        if (m_calls.now() >= deadline)
-            return ETIMEDOUT;
+        if (entries[1].revents != 0)
+            return ECANCELED;
+        return entries[0].revents != 0 ? 0 : ETIMEDOUT;
     }
 }
 
@@ -253,10 +251,8 @@ int TermiosDevice::drain()
 {
     int queued = 0;
     int error = countQueued(queued);
-    if (error == 0 && queued == 0)
-        error = errorAfter(m_calls.tcdrain(m_fd));
-    else if (error == 0)
-        error = EAGAIN;
+    if (error == 0)
+        error = queued > 0 ? EAGAIN : errorAfter(m_calls.tcdrain(m_fd));
     m_outputPending = m_outputPending && error != 0;
     return error == EINTR ? EAGAIN : error;
 }

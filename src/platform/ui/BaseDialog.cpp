@@ -110,12 +110,14 @@ void BaseDialog::translate()
 {
     if (m_titleString != 0)
         setWindowTitle(languageString(m_titleString));
-    for (auto caption = m_captions.cbegin(); caption != m_captions.cend(); ++caption)
+    for (auto caption = m_captions.cbegin(); caption != m_captions.cend(); ++caption) {
         if (auto* control = getControl<QWidget>(caption.key()))
             setCaption(control, languageString(caption.value()));
-    for (auto name = m_accessibleNames.cbegin(); name != m_accessibleNames.cend(); ++name)
+    }
+    for (auto name = m_accessibleNames.cbegin(); name != m_accessibleNames.cend(); ++name) {
         if (auto* control = getControl<QWidget>(name.key()))
             control->setAccessibleName(languageString(name.value()));
+    }
 }
 
 void BaseDialog::changeEvent(QEvent* event)
@@ -125,14 +127,18 @@ void BaseDialog::changeEvent(QEvent* event)
     QDialog::changeEvent(event);
 }
 
+// A page leaves out what the toolkit's dialogs do and behaves as a plain widget.
+// NOLINTBEGIN(bugprone-parent-virtual-call)
+
 void BaseDialog::setVisible(bool visible)
 {
     if (visible && !m_initialised)
         initialise();
-    if (isWindow())
+    if (isWindow()) {
         QDialog::setVisible(visible);
-    else
+    } else {
         QWidget::setVisible(visible);
+    }
 }
 
 void BaseDialog::done(int result)
@@ -143,18 +149,22 @@ void BaseDialog::done(int result)
 
 void BaseDialog::keyPressEvent(QKeyEvent* event)
 {
-    if (isWindow())
+    if (isWindow()) {
         QDialog::keyPressEvent(event);
-    else
+    } else {
         QWidget::keyPressEvent(event);
+    }
 }
 
 void BaseDialog::showEvent(QShowEvent* event)
 {
-    if (isWindow())
+    if (isWindow()) {
         QDialog::showEvent(event);
-    else
+    } else {
         QWidget::showEvent(event); // a dialog would move itself over its parent's middle
+    }
 }
+
+// NOLINTEND(bugprone-parent-virtual-call)
 
 } // namespace pelorin

@@ -42,8 +42,6 @@ public:
         edit->selectAll();
     }
 
-    void setModelData(QWidget*, QAbstractItemModel*, const QModelIndex&) const override {}
-
     void updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,
                               const QModelIndex&) const override
     {

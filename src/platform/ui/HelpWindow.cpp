@@ -1,7 +1,6 @@
 #include "platform/ui/HelpWindow.h"
 
 #include "platform/core/LanguageStrings.h"
-#include "platform/ui/Pictures.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -31,7 +30,6 @@ HelpWindow::Failure tryReading(const QString& path)
 HelpWindow::HelpWindow(QWidget* parent)
     : QWidget(parent, Qt::Window), m_browser(new QTextBrowser(this))
 {
-    setWindowIcon(programIcon());
     resize(820, 640);
     m_browser->setObjectName(QStringLiteral("helpText"));
     m_browser->setOpenExternalLinks(true);

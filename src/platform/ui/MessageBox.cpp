@@ -14,9 +14,10 @@ using Button = QMessageBox::StandardButton;
 /// The first of the candidates that is among the buttons.
 Button firstOf(std::initializer_list<Button> candidates, QMessageBox::StandardButtons buttons)
 {
-    for (const Button candidate : candidates)
+    for (const Button candidate : candidates) {
         if (buttons.testFlag(candidate))
             return candidate;
+    }
     return QMessageBox::NoButton;
 }
 

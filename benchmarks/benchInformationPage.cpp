@@ -1,0 +1,74 @@
+// A whole read of the information page of a type 2 sensor on a line paced at 4800 baud, against
+// the time of its bytes on the line and the fixed pauses between its requests.
+
+#include "pages/SensorInfoPage.h"
+#include "platform/core/Pacing.h"
+#include "support/MainWindowRig.h"
+
+#include <QApplication>
+#include <QTableWidget>
+#include <QTest>
+
+#include <benchmark/benchmark.h>
+
+using namespace pelorin;
+
+namespace {
+
+constexpr double kSecondsPerByte = 10.0 / 4800;
+constexpr double kPause = 0.1;
+constexpr double kRatioLimit = 1.05;
+constexpr int kTimeLimit = 30'000;
+const QString kParameters = QStringLiteral("DALFVUSPZNMJKO");
+
+/// The bytes of all requests and replies on the line, and the pauses between them.
+double floorSeconds(const SimulatedSensor& sensor)
+{
+    std::size_t bytes = 0;
+    for (const QChar id : kParameters)
+        bytes += 3 + sensor.parameter(id.toLatin1()).size() + 1;
+    return static_cast<double>(bytes) * kSecondsPerByte +
+           static_cast<double>(kParameters.size() - 1) * kPause;
+}
+
+void informationPage(benchmark::State& state)
+{
+    test::MainWindowRig rig;
+    rig.start();
+    if (!QTest::qWaitFor([&rig] { return rig.window().currentPage() == 0; }, kTimeLimit))
+        std::abort();
+    (void)rig.waitIdle();
+
+    Pacing::setSpeeds({});
+    const auto* list = rig.page<SensorInfoPage>().findChild<QTableWidget*>();
+    const double floor = floorSeconds(rig.sensor());
+    double longest = 0;
+    for (auto _ : state) {
+        const auto start = std::chrono::steady_clock::now();
+        rig.clickRefresh();
+        // The last row is empty again, and filled by the last reply.
+        (void)QTest::qWaitFor([list] { return list->item(17, 1)->text().isEmpty(); });
+        if (!QTest::qWaitFor([list] { return !list->item(17, 1)->text().isEmpty(); }, kTimeLimit))
+            std::abort();
+        const double seconds =
+            std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+        longest = std::max(longest, seconds);
+        state.SetIterationTime(seconds);
+        (void)rig.waitIdle();
+    }
+    state.counters["line_and_pauses_s"] = floor;
+    state.counters["worst_ratio"] = longest / floor;
+    state.counters["ratio_limit"] = kRatioLimit;
+}
+
+BENCHMARK(informationPage)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(3);
+
+} // namespace
+
+int main(int argc, char* argv[])
+{
+    QApplication application(argc, argv);
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    return 0;
+}

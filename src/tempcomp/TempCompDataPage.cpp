@@ -1,0 +1,223 @@
+#include "tempcomp/TempCompDataPage.h"
+
+#include "platform/core/LanguageStrings.h"
+#include "platform/ui/CellEditor.h"
+#include "platform/ui/ColumnWidths.h"
+#include "platform/ui/MessageBox.h"
+#include "tempcomp/LookupTableFile.h"
+
+#include <QAbstractButton>
+#include <QFileDialog>
+#include <QHeaderView>
+#include <QTableWidget>
+
+#include <algorithm>
+#include <array>
+
+namespace pelorin {
+
+namespace {
+
+constexpr int kLookupList = 1058;
+constexpr int kLookupToFileButton = 1060;
+constexpr int kLookupFromFileButton = 1061;
+constexpr int kArrayList = 1063;
+
+/// Controls that have no function yet.
+constexpr std::array kIdleControls = {1056, 1059, 1067, 1068, 1069};
+
+constexpr int kNotOpenedText = 192;
+constexpr int kFileFilterText = 257;
+constexpr int kNotATableText = 258;
+constexpr int kLookupNameText = 1022;
+constexpr int kArrayNameText = 1023;
+constexpr int kWriteToFileText = 1025;
+constexpr int kReadFromFileText = 1026;
+constexpr int kNotWrittenText = 1500;
+constexpr int kNotReadText = 1501;
+constexpr int kRowsIgnoredText = 1502;
+constexpr int kNoFunctionText = 1503;
+
+constexpr std::array kLookupHeaderTexts = {254, 255, 256};
+constexpr int kArrayRowText = 259;
+constexpr int kArrayColumnText = 260;
+
+constexpr int kRowCount = 10;
+constexpr int kRowPadding = 8; ///< room for the editor's frame
+constexpr int kPointColumn = 1;
+constexpr int kValueColumn = 2;
+constexpr int kArrayColumnCount = 11;
+
+/// Numbers the rows; all other cells start empty and can be edited.
+void fillRows(QTableWidget& list)
+{
+    list.setRowCount(kRowCount);
+    for (int row = 0; row < kRowCount; ++row) {
+        auto* number = new QTableWidgetItem(QString::number(row));
+        number->setFlags(number->flags() & ~Qt::ItemIsEditable);
+        list.setItem(row, 0, number);
+        for (int column = 1; column < list.columnCount(); ++column) {
+            auto* cell = new QTableWidgetItem;
+            cell->setTextAlignment(Qt::AlignCenter);
+            list.setItem(row, column, cell);
+        }
+    }
+    list.verticalHeader()->setDefaultSectionSize(list.fontMetrics().height() + kRowPadding);
+    const int columns = list.columnCount();
+    new ColumnWidths(list, std::vector(static_cast<std::size_t>(columns), 1.0 / columns));
+}
+
+void setHeaders(QTableWidget& list, const QStringList& headers)
+{
+    list.setHorizontalHeaderLabels(headers);
+    list.horizontalHeaderItem(0)->setTextAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+}
+
+/// Has the user choose a lookup-table file.
+/// @return its path, empty if the user cancels
+QString chooseFile(QWidget* parent, int captionText, QFileDialog::AcceptMode acceptMode,
+                   QFileDialog::FileMode fileMode)
+{
+    QFileDialog dialog(parent, languageString(captionText), QString(),
+                       languageString(kFileFilterText));
+    dialog.setAcceptMode(acceptMode);
+    dialog.setFileMode(fileMode);
+    dialog.setDefaultSuffix(QStringLiteral("csv"));
+    if (dialog.exec() != QDialog::Accepted)
+        return {};
+    return dialog.selectedFiles().value(0);
+}
+
+/// Why a file was not written or read, in the user's words; empty if it was.
+QString messageOf(const LookupTableResult& result)
+{
+    using Outcome = LookupTableResult::Outcome;
+    switch (result.outcome) {
+    case Outcome::Done:
+        break;
+    case Outcome::NotOpened:
+        return languageString(kNotOpenedText).arg(result.path, QString::number(result.systemError));
+    case Outcome::NotWritten:
+        return languageString(kNotWrittenText).arg(result.path, result.reason());
+    case Outcome::NotRead:
+        return languageString(kNotReadText).arg(result.path, result.reason());
+    case Outcome::NotATable:
+        return languageString(kNotATableText);
+    }
+    return {};
+}
+
+} // namespace
+
+TempCompDataPage::TempCompDataPage() : SensorPage(QStringLiteral("DLG_PELORIN_TEMPCOMP_DATA")) {}
+
+void TempCompDataPage::setupTranslationMap()
+{
+    addToTranslationMap(1056, 1021);
+    addToTranslationMap(1057, kLookupNameText);
+    addAccessibleName(kLookupList, kLookupNameText);
+    addToTranslationMap(1062, kArrayNameText);
+    addAccessibleName(kArrayList, kArrayNameText);
+    for (const int button : {1059, 1067})
+        addToTranslationMap(button, 1024);
+    for (const int button : {kLookupToFileButton, 1068})
+        addToTranslationMap(button, kWriteToFileText);
+    for (const int button : {kLookupFromFileButton, 1069})
+        addToTranslationMap(button, kReadFromFileText);
+}
+
+void TempCompDataPage::onInitDialog()
+{
+    m_lookupList = getControl<QTableWidget>(kLookupList);
+    m_lookupList->setColumnCount(static_cast<int>(kLookupHeaderTexts.size()));
+    fillRows(*m_lookupList);
+    m_arrayList = getControl<QTableWidget>(kArrayList);
+    m_arrayList->setColumnCount(kArrayColumnCount);
+    fillRows(*m_arrayList);
+
+    m_editor = new CellEditor(this);
+    m_editor->attach(m_lookupList);
+    m_editor->attach(m_arrayList);
+
+    connect(getControl<QAbstractButton>(kLookupToFileButton), &QAbstractButton::clicked, this,
+            &TempCompDataPage::writeToFile);
+    connect(getControl<QAbstractButton>(kLookupFromFileButton), &QAbstractButton::clicked, this,
+            &TempCompDataPage::readFromFile);
+    for (const int control : kIdleControls)
+        getControl<QWidget>(control)->setEnabled(false);
+}
+
+void TempCompDataPage::translate()
+{
+    SensorPage::translate();
+    QStringList lookupHeaders;
+    for (const int text : kLookupHeaderTexts)
+        lookupHeaders << languageString(text);
+    setHeaders(*m_lookupList, lookupHeaders);
+
+    QStringList arrayHeaders{languageString(kArrayRowText)};
+    for (int column = 1; column < kArrayColumnCount; ++column)
+        arrayHeaders << languageString(kArrayColumnText).arg(column - 1);
+    setHeaders(*m_arrayList, arrayHeaders);
+
+    for (const int control : kIdleControls)
+        getControl<QWidget>(control)->setToolTip(languageString(kNoFunctionText));
+}
+
+void TempCompDataPage::writeToFile()
+{
+    m_editor->commit();
+    const QString path =
+        chooseFile(window(), kWriteToFileText, QFileDialog::AcceptSave, QFileDialog::AnyFile);
+    if (!path.isEmpty())
+        report(writeLookupTableFile(path, lookupTable()));
+}
+
+void TempCompDataPage::readFromFile()
+{
+    const QString path =
+        chooseFile(window(), kReadFromFileText, QFileDialog::AcceptOpen, QFileDialog::ExistingFile);
+    if (path.isEmpty())
+        return;
+    CompensationTable table;
+    report(readLookupTableFile(path, table));
+    showLookupTable(table);
+}
+
+CompensationTable TempCompDataPage::lookupTable() const
+{
+    CompensationTable table;
+    for (int row = 0; row < kRowCount; ++row)
+        table.push_back(entryOf({m_lookupList->item(row, kPointColumn)->text(),
+                                 m_lookupList->item(row, kValueColumn)->text()}));
+    return table;
+}
+
+/// Rows beyond the table's last entry keep their texts.
+void TempCompDataPage::showLookupTable(const CompensationTable& table)
+{
+    const int entryCount = static_cast<int>(table.size());
+    for (int row = 0; row < std::min(entryCount, kRowCount); ++row) {
+        const auto [point, value] = textsOf(table[static_cast<std::size_t>(row)]);
+        m_lookupList->item(row, kPointColumn)->setText(point);
+        m_lookupList->item(row, kValueColumn)->setText(value);
+    }
+    if (entryCount > kRowCount)
+        showMessage(languageString(kRowsIgnoredText)
+                        .arg(QString::number(entryCount), QString::number(kRowCount),
+                             QString::number(entryCount - kRowCount)));
+}
+
+void TempCompDataPage::report(const LookupTableResult& result)
+{
+    const QString text = messageOf(result);
+    if (!text.isEmpty())
+        showMessage(text);
+}
+
+void TempCompDataPage::showMessage(const QString& text)
+{
+    (void)messageBox(window(), text, QMessageBox::Ok, QMessageBox::Warning);
+}
+
+} // namespace pelorin

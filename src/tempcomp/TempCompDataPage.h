@@ -1,0 +1,41 @@
+#pragma once
+
+#include "pages/SensorPage.h"
+#include "tempcomp/CompensationEntry.h"
+
+class QTableWidget;
+
+namespace pelorin {
+
+class CellEditor;
+struct LookupTableResult;
+
+/// The two compensation tables, kept in the cells of their lists. The lookup table can be written
+/// to a file and read from one; the compensation array is on the screen only.
+class TempCompDataPage final : public SensorPage
+{
+    Q_OBJECT
+
+public:
+    TempCompDataPage();
+
+    void translate() override;
+
+protected:
+    void setupTranslationMap() override;
+    void onInitDialog() override;
+
+private:
+    void writeToFile();
+    void readFromFile();
+    [[nodiscard]] CompensationTable lookupTable() const;
+    void showLookupTable(const CompensationTable& table);
+    void report(const LookupTableResult& result);
+    void showMessage(const QString& text);
+
+    QTableWidget* m_lookupList = nullptr;
+    QTableWidget* m_arrayList = nullptr;
+    CellEditor* m_editor = nullptr; ///< one over both lists
+};
+
+} // namespace pelorin

@@ -1,0 +1,33 @@
+#include "tempcomp/TempCompPage.h"
+
+#include "platform/core/LanguageStrings.h"
+#include "tempcomp/TempCompDataPage.h"
+
+#include <QTabWidget>
+
+namespace pelorin {
+
+namespace {
+
+constexpr int kTabControl = 1055;
+constexpr int kTablesText = 252;
+
+} // namespace
+
+TempCompPage::TempCompPage() : SensorPage(QStringLiteral("DLG_PELORIN_TEMPCOMP")) {}
+
+void TempCompPage::onInitDialog()
+{
+    m_tabs = getControl<QTabWidget>(kTabControl);
+    auto* tables = new TempCompDataPage;
+    tables->makeDialog(m_tabs, link());
+    m_tabs->addTab(tables, QString());
+}
+
+void TempCompPage::translate()
+{
+    SensorPage::translate();
+    m_tabs->setTabText(0, languageString(kTablesText));
+}
+
+} // namespace pelorin

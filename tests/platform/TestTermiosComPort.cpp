@@ -1,0 +1,322 @@
+#include "platform/core/Pacing.h"
+#include "platform/core/TermiosComPort.h"
+#include "support/ComPortContract.h"
+#include "support/PseudoTerminal.h"
+
+#include <QTest>
+
+#include <fcntl.h>
+#include <sys/ioctl.h>
+#include <sys/syscall.h>
+#include <unistd.h>
+
+#include <csignal>
+#include <ctime>
+
+using namespace pelorin;
+using namespace std::chrono_literals;
+
+namespace {
+
+/// A pseudo-terminal as the peer of a port.
+class TerminalPeer : public ComPortPeer
+{
+public:
+    std::unique_ptr<ComPort> makePort() override
+    {
+        return std::make_unique<TermiosComPort>(m_terminal.path());
+    }
+
+    void send(std::string_view bytes) override { QVERIFY(m_terminal.send(bytes)); }
+    std::string receive(std::size_t count) override { return m_terminal.receive(count); }
+    void vanish() override { m_terminal.unplug(); }
+    void comeBack() override { QVERIFY(m_terminal.plugIn()); }
+
+private:
+    PseudoTerminal m_terminal;
+};
+
+/// Interrupts the system calls of the thread that makes it, every millisecond.
+class SignalStorm
+{
+public:
+    SignalStorm()
+    {
+        struct sigaction action = {};
+        action.sa_handler = [](int) {};
+        sigaction(SIGUSR2, &action, &m_former); // without SA_RESTART
+
+        sigevent event = {};
+        event.sigev_notify = SIGEV_THREAD_ID;
+        event.sigev_signo = SIGUSR2;
+        event._sigev_un._tid = static_cast<pid_t>(syscall(SYS_gettid));
+        timer_create(CLOCK_MONOTONIC, &event, &m_timer);
+        const itimerspec period = {{0, 1'000'000}, {0, 1'000'000}};
+        timer_settime(m_timer, 0, &period, nullptr);
+    }
+    SignalStorm(const SignalStorm&) = delete;
+    SignalStorm& operator=(const SignalStorm&) = delete;
+    ~SignalStorm()
+    {
+        timer_delete(m_timer);
+        sigaction(SIGUSR2, &m_former, nullptr);
+    }
+
+private:
+    timer_t m_timer{};
+    struct sigaction m_former = {};
+};
+
+} // namespace
+
+class TestTermiosComPort : public ComPortContract
+{
+    Q_OBJECT
+
+    std::unique_ptr<ComPortPeer> makePeer() override { return std::make_unique<TerminalPeer>(); }
+
+private Q_SLOTS:
+    void freshTerminalPassesBytesUnchangedAndWithoutEcho();
+    void settingsOfAnotherProgramAreReplaced();
+    void settingsArriveAtTheDevice();
+    void settingsTheDeviceCannotDoAreRefusedWhole_data();
+    void settingsTheDeviceCannotDoAreRefusedWhole();
+    void queuesLargerThanTheSystemsAreRefused();
+    void pseudoTerminalHasNoRts();
+    void onlyTheProgramMovesRts();
+
+    void whatWasSentBeforeOpeningIsNotRead();
+    void purgeReachesOnlyTheReceivingSideAfterACompletedWrite();
+    void burstsLoseNothingToThePurgeBehindThem();
+    void writeTakesAtLeastTheTimeOfItsBytes();
+
+    void signalsNeitherShortenNorLengthenASilentRead();
+};
+
+void TestTermiosComPort::freshTerminalPassesBytesUnchangedAndWithoutEcho()
+{
+    PseudoTerminal terminal(PseudoTerminal::State::Fresh);
+    TermiosComPort port(terminal.path());
+    QCOMPARE(port.open(), 0);
+
+    // Line ends, end of file, stop and start, interrupt, erase: what a terminal acts upon.
+    const std::string special("\r\n\x04\x11\x13\x03\x7F\xFF\0", 9);
+    QVERIFY(terminal.send(special));
+    QCOMPARE(readBytes(port, 9), QByteArray::fromStdString(special));
+    QCOMPARE(port.write(special).written, 9);
+    QCOMPARE(terminal.receive(9), special);
+    QCOMPARE(terminal.receive(1, 20ms), std::string());
+}
+
+void TestTermiosComPort::settingsOfAnotherProgramAreReplaced()
+{
+    PseudoTerminal terminal;
+    const int other = ::open(terminal.path().c_str(), O_RDWR | O_NOCTTY | O_CLOEXEC);
+    termios left = terminal.settings();
+    left.c_iflag |= IXON | IXOFF | ISTRIP | INLCR | IGNCR;
+    left.c_cflag |= CRTSCTS | HUPCL | CSTOPB;
+    left.c_cflag &= ~tcflag_t{CLOCAL};
+    left.c_cc[VMIN] = 0;
+    left.c_cc[VTIME] = 1;
+    QCOMPARE(tcsetattr(other, TCSANOW, &left), 0);
+    ::close(other);
+
+    TermiosComPort port(terminal.path());
+    QCOMPARE(port.open(), 0);
+    const termios found = terminal.settings();
+    QCOMPARE(found.c_iflag, tcflag_t{0});
+    QCOMPARE(found.c_cflag & (CRTSCTS | HUPCL | CSTOPB | CLOCAL | CREAD), tcflag_t{CLOCAL | CREAD});
+    QCOMPARE(int{found.c_cc[VMIN]}, 1);
+    QCOMPARE(int{found.c_cc[VTIME]}, 0);
+    QVERIFY(!port.read().received);
+    QVERIFY(port.isOpen());
+}
+
+void TestTermiosComPort::settingsArriveAtTheDevice()
+{
+    PseudoTerminal terminal;
+    TermiosComPort port(terminal.path());
+    QCOMPARE(port.open(), 0);
+    QCOMPARE(terminal.speed(), 4800);
+
+    for (const int baud : {38400, 4800, 115200, 4800}) {
+        QCOMPARE(port.setLine({baud, 'N', 8, 1}), 0);
+        QCOMPARE(terminal.speed(), baud);
+    }
+}
+
+void TestTermiosComPort::settingsTheDeviceCannotDoAreRefusedWhole_data()
+{
+    // A pseudo-terminal takes the speed and the stop bits of these, and ignores the rest.
+    QTest::addColumn<int>("baud");
+    QTest::addColumn<char>("parity");
+    QTest::addColumn<int>("dataBits");
+    QTest::newRow("even parity") << 38400 << 'E' << 8;
+    QTest::newRow("odd parity") << 38400 << 'O' << 8;
+    QTest::newRow("seven bits") << 38400 << 'N' << 7;
+    QTest::newRow("unknown speed") << 38401 << 'N' << 8;
+    QTest::newRow("speed that is the system's code for another") << 13 << 'N' << 8;
+}
+
+void TestTermiosComPort::settingsTheDeviceCannotDoAreRefusedWhole()
+{
+    QFETCH(int, baud);
+    QFETCH(char, parity);
+    QFETCH(int, dataBits);
+    PseudoTerminal terminal;
+    TermiosComPort port(terminal.path());
+    QCOMPARE(port.open(), 0);
+
+    QCOMPARE(port.setLine({baud, parity, dataBits, 1}), EINVAL);
+    QCOMPARE(terminal.speed(), 4800);
+    QVERIFY(port.isOpen());
+    QCOMPARE(port.setLine({38400, 'N', 8, 1}), 0);
+    QCOMPARE(terminal.speed(), 38400);
+}
+
+void TestTermiosComPort::queuesLargerThanTheSystemsAreRefused()
+{
+    PseudoTerminal terminal;
+    TermiosComPort port(terminal.path());
+    QCOMPARE(port.open(), 0);
+    QCOMPARE(port.setQueueSizes(128, 128), 0);
+    QCOMPARE(port.setQueueSizes(128, 5000), EINVAL);
+    QCOMPARE(port.setQueueSizes(5000, 128), EINVAL);
+    QCOMPARE(port.setQueueSizes(-1, 128), EINVAL);
+}
+
+void TestTermiosComPort::pseudoTerminalHasNoRts()
+{
+    PseudoTerminal terminal;
+    TermiosComPort port(terminal.path());
+    QCOMPARE(port.open(), 0);
+    QCOMPARE(port.setRts(true), ENOTTY);
+    QCOMPARE(port.setRts(false), ENOTTY);
+    QVERIFY(port.isOpen());
+}
+
+void TestTermiosComPort::onlyTheProgramMovesRts()
+{
+    auto calls = PosixCalls::real();
+    int lines = 0;
+    calls.ioctl = [&lines, real = calls.ioctl](int fd, unsigned long request, int* argument) {
+        if (request != TIOCMBIS && request != TIOCMBIC)
+            return real(fd, request, argument);
+        lines = request == TIOCMBIS ? lines | *argument : lines & ~*argument;
+        return 0;
+    };
+    PseudoTerminal terminal;
+    TermiosComPort port(terminal.path(), calls);
+    QCOMPARE(port.open(), 0);
+    QCOMPARE(lines, TIOCM_DTR | TIOCM_RTS);
+
+    QCOMPARE(port.setRts(false), 0);
+    QCOMPARE(port.write("PROG\r").written, 5);
+    QCOMPARE(port.purge(ComPort::Purge::Both), 0);
+    QCOMPARE(port.setLine({38400, 'N', 8, 1}), 0);
+    QVERIFY(!port.read().received);
+    QCOMPARE(lines, TIOCM_DTR);
+
+    QCOMPARE(port.setRts(true), 0);
+    port.close();
+    QCOMPARE(lines, TIOCM_DTR | TIOCM_RTS);
+}
+
+void TestTermiosComPort::whatWasSentBeforeOpeningIsNotRead()
+{
+    PseudoTerminal terminal;
+    QVERIFY(terminal.send("stale"));
+    TermiosComPort port(terminal.path());
+    QCOMPARE(port.open(), 0);
+
+    QVERIFY(terminal.send("fresh"));
+    QCOMPARE(readBytes(port, 5), QByteArray("fresh"));
+}
+
+void TestTermiosComPort::purgeReachesOnlyTheReceivingSideAfterACompletedWrite()
+{
+    using Purges = PseudoTerminal::Purges;
+    PseudoTerminal terminal;
+    TermiosComPort port(terminal.path());
+    QVERIFY(terminal.reportPurges());
+    QCOMPARE(port.open(), 0);
+    QCOMPARE(terminal.takePurges(), (Purges{true, false}));
+
+    for (const auto what : {ComPort::Purge::Receive, ComPort::Purge::Both}) {
+        QCOMPARE(port.write("VA\r").written, 3);
+        QCOMPARE(terminal.takePurges(), (Purges{false, false}));
+        QCOMPARE(port.purge(what), 0);
+        QCOMPARE(terminal.takePurges(), (Purges{true, false}));
+    }
+    QCOMPARE(terminal.receive(6), std::string("VA\rVA\r"));
+    port.close();
+    QCOMPARE(terminal.takePurges(), (Purges{false, false}));
+}
+
+void TestTermiosComPort::burstsLoseNothingToThePurgeBehindThem()
+{
+    PseudoTerminal terminal;
+    TermiosComPort port(terminal.path());
+    QCOMPARE(port.open(), 0);
+    QCOMPARE(port.setLine({115200, 'N', 8, 1}), 0);
+
+    QByteArray expected;
+    for (int frame = 0; frame < 101; ++frame)
+        expected += "PROG\r";
+    for (int burst = 0; burst < 100; ++burst) {
+        for (int frame = 0; frame < 101; ++frame)
+            QCOMPARE(port.write("PROG\r").written, 5);
+        QCOMPARE(port.purge(ComPort::Purge::Both), 0);
+        QCOMPARE(QByteArray::fromStdString(terminal.receive(505)), expected);
+    }
+}
+
+void TestTermiosComPort::writeTakesAtLeastTheTimeOfItsBytes()
+{
+    Pacing::setSpeeds({});
+    PseudoTerminal terminal;
+    TermiosComPort port(terminal.path());
+    QCOMPARE(port.open(), 0);
+
+    // Five bytes of ten bits at 4800 baud: 10.4 ms.
+    const auto start = std::chrono::steady_clock::now();
+    for (int frame = 0; frame < 5; ++frame)
+        QCOMPARE(port.write("PROG\r").written, 5);
+    const auto elapsed = std::chrono::steady_clock::now() - start;
+    QVERIFY(elapsed >= 52083us);
+}
+
+void TestTermiosComPort::signalsNeitherShortenNorLengthenASilentRead()
+{
+    auto calls = PosixCalls::real();
+    int interruptions = 0;
+    calls.poll = [&, real = calls.poll](pollfd* entries, nfds_t count,
+                                        std::chrono::nanoseconds limit) {
+        const int ready = real(entries, count, limit);
+        interruptions += ready < 0 && errno == EINTR ? 1 : 0;
+        return ready;
+    };
+    PseudoTerminal terminal;
+    TermiosComPort port(terminal.path(), calls);
+    const SignalStorm storm;
+    QCOMPARE(port.open(), 0);
+    Pacing::setSpeeds({}); // the true 501 ms
+
+    auto shortest = std::chrono::nanoseconds(1h);
+    for (int attempt = 0; attempt < 3 && shortest > 601ms; ++attempt) {
+        const auto start = std::chrono::steady_clock::now();
+        const auto result = port.read();
+        const auto elapsed = std::chrono::steady_clock::now() - start;
+        QCOMPARE(result.error, 0);
+        QVERIFY(!result.received);
+        QVERIFY(elapsed >= 501ms);
+        shortest = std::min<std::chrono::nanoseconds>(shortest, elapsed);
+    }
+    QVERIFY(shortest <= 601ms);
+    QVERIFY2(interruptions > 50, qPrintable(QString::number(interruptions)));
+    QCOMPARE(port.write("PROG\r").written, 5);
+    QCOMPARE(terminal.receive(5), std::string("PROG\r"));
+}
+
+QTEST_GUILESS_MAIN(TestTermiosComPort)
+#include "TestTermiosComPort.moc"

@@ -1,0 +1,253 @@
+#include "platform/core/Pacing.h"
+#include "platform/core/TermiosComPort.h"
+#include "support/ComPortContract.h"
+#include "support/FaultyCalls.h"
+#include "support/OpenDescriptors.h"
+#include "support/PseudoTerminal.h"
+
+#include <QTest>
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <atomic>
+#include <cerrno>
+#include <cstring>
+#include <future>
+#include <string>
+#include <thread>
+
+using namespace pelorin;
+using namespace std::chrono_literals;
+
+/// Who gets a device, and what is left of it in the system afterwards.
+class TestTermiosOpening : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+
+    void deviceInUseIsLeftAlone();
+    void openPortIsNotTouchedByOpeningItAgain();
+    void deviceLockedByAnotherProgramIsBusy();
+    void closedDeviceIsFreeForAll();
+    void openDeviceIsNotPassedOnToChildren();
+
+    void pathThatIsNoSerialDeviceIsRefused_data();
+    void pathThatIsNoSerialDeviceIsRefused();
+    void failingStepOfOpeningIsReportedAndUndone_data();
+    void failingStepOfOpeningIsReportedAndUndone();
+
+    void vanishedDeviceIsClosedAtOnce();
+    void anotherThreadMayNoticeThatTheDeviceVanished();
+    void unpluggingAThousandTimesLeavesNothingOpen();
+};
+
+void TestTermiosOpening::init()
+{
+    Pacing::setSpeeds({1.0, 100.0, 10.0});
+}
+
+void TestTermiosOpening::deviceInUseIsLeftAlone()
+{
+    PseudoTerminal terminal;
+    TermiosComPort port(terminal.path());
+    QCOMPARE(port.open(), 0);
+    QCOMPARE(port.setLine({38400, 'N', 8, 1}), 0);
+    QVERIFY(terminal.send("0000A5F0\r"));
+    QCOMPARE(readBytes(port, 1), QByteArray("0"));
+
+    TermiosComPort other(terminal.path());
+    QCOMPARE(other.open(), EBUSY);
+    QCOMPARE(terminal.speed(), 38400);
+    QVERIFY(terminal.isExclusive());
+    QCOMPARE(readBytes(port, 1), QByteArray("0"));
+}
+
+void TestTermiosOpening::openPortIsNotTouchedByOpeningItAgain()
+{
+    PseudoTerminal terminal;
+    FaultyCalls calls;
+    TermiosComPort port(terminal.path(), calls.table());
+    QCOMPARE(port.open(), 0);
+
+    calls.made.clear(); // the system would raise RTS, refused or not
+    QCOMPARE(port.open(), EBUSY);
+    QVERIFY(calls.made.empty());
+}
+
+void TestTermiosOpening::deviceLockedByAnotherProgramIsBusy()
+{
+    PseudoTerminal terminal;
+    const int other = ::open(terminal.path().c_str(), O_RDWR | O_NOCTTY | O_CLOEXEC);
+    QCOMPARE(flock(other, LOCK_EX | LOCK_NB), 0);
+
+    TermiosComPort port(terminal.path());
+    QCOMPARE(port.open(), EBUSY);
+    ::close(other);
+    QCOMPARE(port.open(), 0);
+}
+
+void TestTermiosOpening::closedDeviceIsFreeForAll()
+{
+    PseudoTerminal terminal;
+    TermiosComPort port(terminal.path());
+    QCOMPARE(port.open(), 0);
+    QVERIFY(terminal.isExclusive());
+    port.close();
+    QVERIFY(!terminal.isExclusive());
+
+    const int other = ::open(terminal.path().c_str(), O_RDWR | O_NOCTTY | O_CLOEXEC);
+    QCOMPARE(flock(other, LOCK_EX | LOCK_NB), 0);
+    ::close(other);
+}
+
+void TestTermiosOpening::openDeviceIsNotPassedOnToChildren()
+{
+    PseudoTerminal terminal;
+    TermiosComPort port(terminal.path());
+    const auto before = openDescriptors();
+    QCOMPARE(port.open(), 0);
+
+    auto opened = openDescriptors();
+    std::erase_if(opened, [&](int fd) { return std::count(before.begin(), before.end(), fd) > 0; });
+    QCOMPARE(opened.size(), std::size_t{2}); // the device, and the event that ends a wait
+    for (const int fd : opened)
+        QCOMPARE(fcntl(fd, F_GETFD), FD_CLOEXEC);
+}
+
+void TestTermiosOpening::pathThatIsNoSerialDeviceIsRefused_data()
+{
+    QTest::addColumn<QByteArray>("path");
+    QTest::addColumn<int>("error");
+    QTest::newRow("missing") << QByteArray("/dev/ttyThatIsMissing") << ENOENT;
+    QTest::newRow("null device") << QByteArray("/dev/null") << ENOTTY;
+    QTest::newRow("folder") << QByteArray("/dev") << EISDIR;
+    QTest::newRow("below a file") << QByteArray("/dev/null/tty") << ENOTDIR;
+    QTest::newRow("no path") << QByteArray() << ENOENT;
+}
+
+void TestTermiosOpening::pathThatIsNoSerialDeviceIsRefused()
+{
+    QFETCH(QByteArray, path);
+    QFETCH(int, error);
+    const int before = countOpenDescriptors();
+    TermiosComPort port(path.toStdString());
+    QCOMPARE(port.open(), error);
+    QVERIFY(!port.isOpen());
+    QCOMPARE(countOpenDescriptors(), before);
+}
+
+void TestTermiosOpening::failingStepOfOpeningIsReportedAndUndone_data()
+{
+    QTest::addColumn<int>("step");
+    QTest::addColumn<int>("error");
+    QTest::addColumn<int>("reported");
+
+    PseudoTerminal terminal;
+    FaultyCalls calls;
+    TermiosComPort port(terminal.path(), calls.table());
+    QCOMPARE(port.open(), 0);
+    QVERIFY(calls.made.size() > 8);
+    for (std::size_t step = 0; step < calls.made.size(); ++step) {
+        const auto& name = calls.made[step];
+        for (const int error : {EINTR, EAGAIN, EACCES, EBUSY, EIO, ENXIO, ENODEV, ENOENT, ENOTTY,
+                                EINVAL, EPERM, ENOMEM, EMFILE, ENFILE}) {
+            int reported = error == EIO || error == ENXIO ? ENODEV : error;
+            if (name == "flock" && error == EWOULDBLOCK)
+                reported = EBUSY;
+            const bool hasNoModemLines = name == "TIOCMBIS" && (error == ENOTTY || error == EINVAL);
+            if (error == EINTR || hasNoModemLines)
+                reported = 0;
+            QTest::addRow("step %zu, %s: %s", step, name.c_str(), strerrorname_np(error))
+                << static_cast<int>(step) << error << reported;
+        }
+    }
+}
+
+void TestTermiosOpening::failingStepOfOpeningIsReportedAndUndone()
+{
+    QFETCH(int, step);
+    QFETCH(int, error);
+    QFETCH(int, reported);
+    PseudoTerminal terminal;
+    FaultyCalls calls;
+    TermiosComPort port(terminal.path(), calls.table());
+    const int before = countOpenDescriptors();
+
+    calls.before = [&](const std::string&) { return step-- == 0 ? error : 0; };
+    QCOMPARE(port.open(), reported);
+    QCOMPARE(port.isOpen(), reported == 0);
+    port.close();
+    QCOMPARE(countOpenDescriptors(), before);
+    QVERIFY(!terminal.isExclusive());
+
+    QCOMPARE(port.open(), 0);
+    QVERIFY(terminal.send("V"));
+    QCOMPARE(readBytes(port, 1), QByteArray("V"));
+}
+
+void TestTermiosOpening::vanishedDeviceIsClosedAtOnce()
+{
+    PseudoTerminal terminal;
+    TermiosComPort port(terminal.path());
+    QCOMPARE(port.open(), 0);
+    terminal.unplug();
+
+    const int before = countOpenDescriptors();
+    QCOMPARE(port.read().error, ENODEV);
+    QCOMPARE(countOpenDescriptors(), before - 2); // the device, and the event that ends a wait
+}
+
+void TestTermiosOpening::anotherThreadMayNoticeThatTheDeviceVanished()
+{
+    // The line is set by the user interface while the worker waits; the driver's answer to the one
+    // may come before the other is woken.
+    auto calls = PosixCalls::real();
+    std::atomic<bool> gone = false;
+    calls.tcsetattr = [&gone](int fd, int when, const termios* settings) {
+        errno = EIO;
+        return gone ? -1 : ::tcsetattr(fd, when, settings);
+    };
+    PseudoTerminal terminal;
+    const int before = countOpenDescriptors();
+    TermiosComPort port(terminal.path(), calls);
+    for (const auto delay : {0ms, 1ms, 20ms}) {
+        gone = false;
+        QCOMPARE(port.open(), 0);
+        QCOMPARE(port.setTimeouts({100, 1, 300'000, 1, 300'000}), 0);
+        auto reading = std::async(std::launch::async, [&port] { return port.read(); });
+        std::this_thread::sleep_for(delay);
+        gone = true;
+        QCOMPARE(port.setLine({38400, 'N', 8, 1}), ENODEV);
+
+        QCOMPARE(reading.wait_for(10s), std::future_status::ready);
+        QCOMPARE(reading.get().error, ENODEV);
+        QCOMPARE(countOpenDescriptors(), before);
+    }
+}
+
+void TestTermiosOpening::unpluggingAThousandTimesLeavesNothingOpen()
+{
+    PseudoTerminal terminal;
+    TermiosComPort port(terminal.path());
+    terminal.unplug();
+    const int before = countOpenDescriptors();
+
+    for (int cycle = 0; cycle < 1000; ++cycle) {
+        QVERIFY(terminal.plugIn());
+        QCOMPARE(port.open(), 0);
+        QVERIFY(terminal.send("V"));
+        QCOMPARE(readBytes(port, 1), QByteArray("V"));
+        terminal.unplug();
+        QCOMPARE(cycle % 2 == 0 ? port.write("VA\r").error : port.read().error, ENODEV);
+        QVERIFY(port.open() != 0);
+        QCOMPARE(countOpenDescriptors(), before);
+    }
+}
+
+QTEST_GUILESS_MAIN(TestTermiosOpening)
+#include "TestTermiosOpening.moc"
