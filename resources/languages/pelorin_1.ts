@@ -934,6 +934,94 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <source>The sensor has no valid resolution, so its offset is not known. Nothing was written.</source>
         <translation>The sensor has no valid resolution, so its offset is not known. Nothing was written.</translation>
     </message>
+    <message id="1300">
+        <source>The sensor's parameters have not been read completely since this page was shown or the connection was lost. Read them again before you apply changes.</source>
+        <translation>The sensor's parameters have not been read completely since this page was shown or the connection was lost. Read them again before you apply changes.</translation>
+    </message>
+    <message id="1301">
+        <source>The resolution read from the sensor is 0. Nothing was written.</source>
+        <translation>The resolution read from the sensor is 0. Nothing was written.</translation>
+    </message>
+    <message id="1302">
+        <source>This value must not be longer than %1 characters.</source>
+        <translation>This value must not be longer than %1 characters.</translation>
+    </message>
+    <message id="1303">
+        <source>This value must have exactly %1 characters.</source>
+        <translation>This value must have exactly %1 characters.</translation>
+    </message>
+    <message id="1304">
+        <source>This value must consist of the digits 0 to 9 only.</source>
+        <translation>This value must consist of the digits 0 to 9 only.</translation>
+    </message>
+    <message id="1305">
+        <source>This value must be 0, 2, 4 or 8.</source>
+        <translation>This value must be 0, 2, 4 or 8.</translation>
+    </message>
+    <message id="1306">
+        <source>This value must be a hexadecimal number from 0 to %1.</source>
+        <translation>This value must be a hexadecimal number from 0 to %1.</translation>
+    </message>
+    <message id="1307">
+        <source>This value must be a number from %1 to %2.</source>
+        <translation>This value must be a number from %1 to %2.</translation>
+    </message>
+    <message id="1308">
+        <source>This value may only contain letters without accents, digits, blanks and the punctuation of the ASCII characters.</source>
+        <translation>This value may only contain letters without accents, digits, blanks and the punctuation of the ASCII characters.</translation>
+    </message>
+    <message id="1309">
+        <source>Parameter %1 was read as "%2". This page cannot write that back unchanged. Nothing was written.</source>
+        <translation>Parameter %1 was read as "%2". This page cannot write that back unchanged. Nothing was written.</translation>
+    </message>
+    <message id="1310">
+        <source>Parameters written before: %1. Read the sensor's parameters and check them before you use the sensor.</source>
+        <translation>Parameters written before: %1. Read the sensor's parameters and check them before you use the sensor.</translation>
+    </message>
+    <message id="1311">
+        <source>No parameter had been written before. Read the sensor's parameters and check them before you use the sensor.</source>
+        <translation>No parameter had been written before. Read the sensor's parameters and check them before you use the sensor.</translation>
+    </message>
+    <message id="1320">
+        <source>The file %1 could not be written: %2</source>
+        <translation>The file %1 could not be written: %2</translation>
+    </message>
+    <message id="1321">
+        <source>The file %1 could not be read: %2</source>
+        <translation>The file %1 could not be read: %2</translation>
+    </message>
+    <message id="1322">
+        <source>The backup file does not hold every parameter that the connected sensor needs. Nothing was written.</source>
+        <translation>The backup file does not hold every parameter that the connected sensor needs. Nothing was written.</translation>
+    </message>
+    <message id="1323">
+        <source>Missing: %1</source>
+        <translation>Missing: %1</translation>
+    </message>
+    <message id="1324">
+        <source>Not usable: %1</source>
+        <translation>Not usable: %1</translation>
+    </message>
+    <message id="1325">
+        <source>Save Backup</source>
+        <translation>Save Backup</translation>
+    </message>
+    <message id="1326">
+        <source>Restore Backup</source>
+        <translation>Restore Backup</translation>
+    </message>
+    <message id="1327">
+        <source>Parameter %1 holds control characters, which a backup file cannot keep. No backup was saved.</source>
+        <translation>Parameter %1 holds control characters, which a backup file cannot keep. No backup was saved.</translation>
+    </message>
+    <message id="1328">
+        <source>The sensor is not identified. Connect it before you save its parameters.</source>
+        <translation>The sensor is not identified. Connect it before you save its parameters.</translation>
+    </message>
+    <message id="1329">
+        <source>Progress</source>
+        <translation>Progress</translation>
+    </message>
     <message id="1500">
         <source>The file %1 could not be written: %2. A file of this name that was there before is unchanged.</source>
         <translation>The file %1 could not be written: %2. A file of this name that was there before is unchanged.</translation>
@@ -949,6 +1037,22 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
     <message id="1503">
         <source>Has no function in this version.</source>
         <translation>Has no function in this version.</translation>
+    </message>
+    <message id="1600">
+        <source>%1 is the port of the sensor. The display unit needs a port of its own; the value QDL3Comport of the settings names it.</source>
+        <translation>%1 is the port of the sensor. The display unit needs a port of its own; the value QDL3Comport of the settings names it.</translation>
+    </message>
+    <message id="1601">
+        <source>The port %1 no longer exists. Reconnect its adapter, then close the window of the display unit and open it again.</source>
+        <translation>The port %1 no longer exists. Reconnect its adapter, then close the window of the display unit and open it again.</translation>
+    </message>
+    <message id="1602">
+        <source>%1 is the port of the display unit. Close the window of the display unit before you choose this port for the sensor.</source>
+        <translation>%1 is the port of the display unit. Close the window of the display unit before you choose this port for the sensor.</translation>
+    </message>
+    <message id="1603">
+        <source>Current reading of the display unit</source>
+        <translation>Current reading of the display unit</translation>
     </message>
 </context>
 </TS>

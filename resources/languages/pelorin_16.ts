@@ -934,6 +934,94 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <source>The sensor has no valid resolution, so its offset is not known. Nothing was written.</source>
         <translation>Il sensore non ha una risoluzione valida, quindi la sua offset non è nota. Non è stato scritto nulla.</translation>
     </message>
+    <message id="1300">
+        <source>The sensor's parameters have not been read completely since this page was shown or the connection was lost. Read them again before you apply changes.</source>
+        <translation>I parametri del sensore non sono stati letti completamente da quando è stata mostrata questa pagina o è andata persa la connessione. Leggerli di nuovo prima di applicare modifiche.</translation>
+    </message>
+    <message id="1301">
+        <source>The resolution read from the sensor is 0. Nothing was written.</source>
+        <translation>La risoluzione letta dal sensore è 0. Non è stato scritto nulla.</translation>
+    </message>
+    <message id="1302">
+        <source>This value must not be longer than %1 characters.</source>
+        <translation>Questo valore non deve superare %1 caratteri.</translation>
+    </message>
+    <message id="1303">
+        <source>This value must have exactly %1 characters.</source>
+        <translation>Questo valore deve avere esattamente %1 caratteri.</translation>
+    </message>
+    <message id="1304">
+        <source>This value must consist of the digits 0 to 9 only.</source>
+        <translation>Questo valore deve contenere solo cifre da 0 a 9.</translation>
+    </message>
+    <message id="1305">
+        <source>This value must be 0, 2, 4 or 8.</source>
+        <translation>Questo valore deve essere 0, 2, 4 o 8.</translation>
+    </message>
+    <message id="1306">
+        <source>This value must be a hexadecimal number from 0 to %1.</source>
+        <translation>Questo valore deve essere un numero esadecimale da 0 a %1.</translation>
+    </message>
+    <message id="1307">
+        <source>This value must be a number from %1 to %2.</source>
+        <translation>Questo valore deve essere un numero da %1 a %2.</translation>
+    </message>
+    <message id="1308">
+        <source>This value may only contain letters without accents, digits, blanks and the punctuation of the ASCII characters.</source>
+        <translation>Questo valore può contenere solo lettere senza accento, cifre, spazi e la punteggiatura dei caratteri ASCII.</translation>
+    </message>
+    <message id="1309">
+        <source>Parameter %1 was read as "%2". This page cannot write that back unchanged. Nothing was written.</source>
+        <translation>Il parametro %1 è stato letto come «%2». Questa pagina non può riscriverlo invariato. Non è stato scritto nulla.</translation>
+    </message>
+    <message id="1310">
+        <source>Parameters written before: %1. Read the sensor's parameters and check them before you use the sensor.</source>
+        <translation>Parametri scritti in precedenza: %1. Leggere e controllare i parametri del sensore prima di usarlo.</translation>
+    </message>
+    <message id="1311">
+        <source>No parameter had been written before. Read the sensor's parameters and check them before you use the sensor.</source>
+        <translation>In precedenza non era stato scritto alcun parametro. Leggere e controllare i parametri del sensore prima di usarlo.</translation>
+    </message>
+    <message id="1320">
+        <source>The file %1 could not be written: %2</source>
+        <translation>Impossibile scrivere il file %1: %2</translation>
+    </message>
+    <message id="1321">
+        <source>The file %1 could not be read: %2</source>
+        <translation>Impossibile leggere il file %1: %2</translation>
+    </message>
+    <message id="1322">
+        <source>The backup file does not hold every parameter that the connected sensor needs. Nothing was written.</source>
+        <translation>Il file di backup non contiene tutti i parametri necessari al sensore collegato. Non è stato scritto nulla.</translation>
+    </message>
+    <message id="1323">
+        <source>Missing: %1</source>
+        <translation>Mancanti: %1</translation>
+    </message>
+    <message id="1324">
+        <source>Not usable: %1</source>
+        <translation>Non utilizzabili: %1</translation>
+    </message>
+    <message id="1325">
+        <source>Save Backup</source>
+        <translation>Salva backup</translation>
+    </message>
+    <message id="1326">
+        <source>Restore Backup</source>
+        <translation>Ripristina backup</translation>
+    </message>
+    <message id="1327">
+        <source>Parameter %1 holds control characters, which a backup file cannot keep. No backup was saved.</source>
+        <translation>Il parametro %1 contiene caratteri di controllo che un file di backup non può conservare. Nessun backup è stato salvato.</translation>
+    </message>
+    <message id="1328">
+        <source>The sensor is not identified. Connect it before you save its parameters.</source>
+        <translation>Il sensore non è identificato. Collegarlo prima di salvarne i parametri.</translation>
+    </message>
+    <message id="1329">
+        <source>Progress</source>
+        <translation>Avanzamento</translation>
+    </message>
     <message id="1500">
         <source>The file %1 could not be written: %2. A file of this name that was there before is unchanged.</source>
         <translation>Impossibile scrivere il file %1: %2. Un file con questo nome già esistente è rimasto invariato.</translation>
@@ -949,6 +1037,22 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
     <message id="1503">
         <source>Has no function in this version.</source>
         <translation>Nessuna funzione in questa versione.</translation>
+    </message>
+    <message id="1600">
+        <source>%1 is the port of the sensor. The display unit needs a port of its own; the value QDL3Comport of the settings names it.</source>
+        <translation>%1 è la porta del sensore. Il visualizzatore ha bisogno di una porta propria, indicata dal valore QDL3Comport delle impostazioni.</translation>
+    </message>
+    <message id="1601">
+        <source>The port %1 no longer exists. Reconnect its adapter, then close the window of the display unit and open it again.</source>
+        <translation>La porta %1 non esiste più. Ricollegare l'adattatore, quindi chiudere la finestra del visualizzatore e riaprirla.</translation>
+    </message>
+    <message id="1602">
+        <source>%1 is the port of the display unit. Close the window of the display unit before you choose this port for the sensor.</source>
+        <translation>%1 è la porta del visualizzatore. Chiudere la finestra del visualizzatore prima di scegliere questa porta per il sensore.</translation>
+    </message>
+    <message id="1603">
+        <source>Current reading of the display unit</source>
+        <translation>Lettura attuale del visualizzatore</translation>
     </message>
 </context>
 </TS>

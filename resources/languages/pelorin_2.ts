@@ -934,6 +934,94 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <source>The sensor has no valid resolution, so its offset is not known. Nothing was written.</source>
         <translation>Der Sensor hat keine gültige Auflösung, daher ist sein Offset nicht bekannt. Es wurde nichts geschrieben.</translation>
     </message>
+    <message id="1300">
+        <source>The sensor's parameters have not been read completely since this page was shown or the connection was lost. Read them again before you apply changes.</source>
+        <translation>Die Parameter des Sensors wurden nicht vollständig gelesen, seit diese Seite gezeigt wurde oder die Verbindung verloren ging. Lesen Sie sie erneut, bevor Sie Änderungen übernehmen.</translation>
+    </message>
+    <message id="1301">
+        <source>The resolution read from the sensor is 0. Nothing was written.</source>
+        <translation>Die aus dem Sensor gelesene Auflösung ist 0. Es wurde nichts geschrieben.</translation>
+    </message>
+    <message id="1302">
+        <source>This value must not be longer than %1 characters.</source>
+        <translation>Dieser Wert darf nicht länger als %1 Zeichen sein.</translation>
+    </message>
+    <message id="1303">
+        <source>This value must have exactly %1 characters.</source>
+        <translation>Dieser Wert muss genau %1 Zeichen haben.</translation>
+    </message>
+    <message id="1304">
+        <source>This value must consist of the digits 0 to 9 only.</source>
+        <translation>Dieser Wert darf nur aus den Ziffern 0 bis 9 bestehen.</translation>
+    </message>
+    <message id="1305">
+        <source>This value must be 0, 2, 4 or 8.</source>
+        <translation>Dieser Wert muss 0, 2, 4 oder 8 sein.</translation>
+    </message>
+    <message id="1306">
+        <source>This value must be a hexadecimal number from 0 to %1.</source>
+        <translation>Dieser Wert muss eine Hexadezimalzahl von 0 bis %1 sein.</translation>
+    </message>
+    <message id="1307">
+        <source>This value must be a number from %1 to %2.</source>
+        <translation>Dieser Wert muss eine Zahl von %1 bis %2 sein.</translation>
+    </message>
+    <message id="1308">
+        <source>This value may only contain letters without accents, digits, blanks and the punctuation of the ASCII characters.</source>
+        <translation>Dieser Wert darf nur Buchstaben ohne Akzente und Umlaute, Ziffern, Leerzeichen und die Satzzeichen des ASCII-Zeichensatzes enthalten.</translation>
+    </message>
+    <message id="1309">
+        <source>Parameter %1 was read as "%2". This page cannot write that back unchanged. Nothing was written.</source>
+        <translation>Parameter %1 wurde als „%2“ gelesen. Diese Seite kann das nicht unverändert zurückschreiben. Es wurde nichts geschrieben.</translation>
+    </message>
+    <message id="1310">
+        <source>Parameters written before: %1. Read the sensor's parameters and check them before you use the sensor.</source>
+        <translation>Zuvor geschriebene Parameter: %1. Lesen und prüfen Sie die Parameter des Sensors, bevor Sie ihn verwenden.</translation>
+    </message>
+    <message id="1311">
+        <source>No parameter had been written before. Read the sensor's parameters and check them before you use the sensor.</source>
+        <translation>Zuvor war kein Parameter geschrieben. Lesen und prüfen Sie die Parameter des Sensors, bevor Sie ihn verwenden.</translation>
+    </message>
+    <message id="1320">
+        <source>The file %1 could not be written: %2</source>
+        <translation>Die Datei %1 konnte nicht geschrieben werden: %2</translation>
+    </message>
+    <message id="1321">
+        <source>The file %1 could not be read: %2</source>
+        <translation>Die Datei %1 konnte nicht gelesen werden: %2</translation>
+    </message>
+    <message id="1322">
+        <source>The backup file does not hold every parameter that the connected sensor needs. Nothing was written.</source>
+        <translation>Die Sicherungsdatei enthält nicht alle Parameter, die der verbundene Sensor braucht. Es wurde nichts geschrieben.</translation>
+    </message>
+    <message id="1323">
+        <source>Missing: %1</source>
+        <translation>Fehlend: %1</translation>
+    </message>
+    <message id="1324">
+        <source>Not usable: %1</source>
+        <translation>Nicht verwendbar: %1</translation>
+    </message>
+    <message id="1325">
+        <source>Save Backup</source>
+        <translation>Sicherung speichern</translation>
+    </message>
+    <message id="1326">
+        <source>Restore Backup</source>
+        <translation>Sicherung zurückschreiben</translation>
+    </message>
+    <message id="1327">
+        <source>Parameter %1 holds control characters, which a backup file cannot keep. No backup was saved.</source>
+        <translation>Parameter %1 enthält Steuerzeichen, die eine Sicherungsdatei nicht aufnehmen kann. Es wurde keine Sicherung gespeichert.</translation>
+    </message>
+    <message id="1328">
+        <source>The sensor is not identified. Connect it before you save its parameters.</source>
+        <translation>Der Sensor ist nicht identifiziert. Verbinden Sie ihn, bevor Sie seine Parameter sichern.</translation>
+    </message>
+    <message id="1329">
+        <source>Progress</source>
+        <translation>Fortschritt</translation>
+    </message>
     <message id="1500">
         <source>The file %1 could not be written: %2. A file of this name that was there before is unchanged.</source>
         <translation>Die Datei %1 konnte nicht geschrieben werden: %2. Eine bereits vorhandene Datei dieses Namens ist unverändert.</translation>
@@ -949,6 +1037,22 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
     <message id="1503">
         <source>Has no function in this version.</source>
         <translation>Hat in dieser Version keine Funktion.</translation>
+    </message>
+    <message id="1600">
+        <source>%1 is the port of the sensor. The display unit needs a port of its own; the value QDL3Comport of the settings names it.</source>
+        <translation>%1 ist der Anschluss des Sensors. Das Anzeigegerät braucht einen eigenen Anschluss; der Wert QDL3Comport der Einstellungen benennt ihn.</translation>
+    </message>
+    <message id="1601">
+        <source>The port %1 no longer exists. Reconnect its adapter, then close the window of the display unit and open it again.</source>
+        <translation>Der Anschluss %1 ist nicht mehr vorhanden. Stecken Sie den Adapter wieder ein, schließen Sie dann das Fenster des Anzeigegeräts und öffnen Sie es erneut.</translation>
+    </message>
+    <message id="1602">
+        <source>%1 is the port of the display unit. Close the window of the display unit before you choose this port for the sensor.</source>
+        <translation>%1 ist der Anschluss des Anzeigegeräts. Schließen Sie das Fenster des Anzeigegeräts, bevor Sie diesen Anschluss für den Sensor wählen.</translation>
+    </message>
+    <message id="1603">
+        <source>Current reading of the display unit</source>
+        <translation>Aktueller Anzeigewert des Anzeigegeräts</translation>
     </message>
 </context>
 </TS>

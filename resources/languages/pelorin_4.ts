@@ -934,6 +934,94 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <source>The sensor has no valid resolution, so its offset is not known. Nothing was written.</source>
         <translation>Le capteur n'a pas de résolution valide ; son décalage n'est donc pas connu. Rien n'a été écrit.</translation>
     </message>
+    <message id="1300">
+        <source>The sensor's parameters have not been read completely since this page was shown or the connection was lost. Read them again before you apply changes.</source>
+        <translation>Les paramètres du capteur n'ont pas été lus entièrement depuis l'affichage de cette page ou la perte de la connexion. Relisez-les avant d'appliquer des modifications.</translation>
+    </message>
+    <message id="1301">
+        <source>The resolution read from the sensor is 0. Nothing was written.</source>
+        <translation>La résolution lue dans le capteur est 0. Rien n'a été écrit.</translation>
+    </message>
+    <message id="1302">
+        <source>This value must not be longer than %1 characters.</source>
+        <translation>Cette valeur ne doit pas dépasser %1 caractères.</translation>
+    </message>
+    <message id="1303">
+        <source>This value must have exactly %1 characters.</source>
+        <translation>Cette valeur doit avoir exactement %1 caractères.</translation>
+    </message>
+    <message id="1304">
+        <source>This value must consist of the digits 0 to 9 only.</source>
+        <translation>Cette valeur ne doit comporter que des chiffres de 0 à 9.</translation>
+    </message>
+    <message id="1305">
+        <source>This value must be 0, 2, 4 or 8.</source>
+        <translation>Cette valeur doit être 0, 2, 4 ou 8.</translation>
+    </message>
+    <message id="1306">
+        <source>This value must be a hexadecimal number from 0 to %1.</source>
+        <translation>Cette valeur doit être un nombre hexadécimal de 0 à %1.</translation>
+    </message>
+    <message id="1307">
+        <source>This value must be a number from %1 to %2.</source>
+        <translation>Cette valeur doit être un nombre de %1 à %2.</translation>
+    </message>
+    <message id="1308">
+        <source>This value may only contain letters without accents, digits, blanks and the punctuation of the ASCII characters.</source>
+        <translation>Cette valeur ne doit contenir que des lettres sans accent, des chiffres, des espaces et la ponctuation des caractères ASCII.</translation>
+    </message>
+    <message id="1309">
+        <source>Parameter %1 was read as "%2". This page cannot write that back unchanged. Nothing was written.</source>
+        <translation>Le paramètre %1 a été lu comme « %2 ». Cette page ne peut pas le réécrire inchangé. Rien n'a été écrit.</translation>
+    </message>
+    <message id="1310">
+        <source>Parameters written before: %1. Read the sensor's parameters and check them before you use the sensor.</source>
+        <translation>Paramètres écrits auparavant : %1. Lisez et vérifiez les paramètres du capteur avant de l'utiliser.</translation>
+    </message>
+    <message id="1311">
+        <source>No parameter had been written before. Read the sensor's parameters and check them before you use the sensor.</source>
+        <translation>Aucun paramètre n'avait été écrit auparavant. Lisez et vérifiez les paramètres du capteur avant de l'utiliser.</translation>
+    </message>
+    <message id="1320">
+        <source>The file %1 could not be written: %2</source>
+        <translation>Le fichier %1 n'a pas pu être écrit : %2</translation>
+    </message>
+    <message id="1321">
+        <source>The file %1 could not be read: %2</source>
+        <translation>Le fichier %1 n'a pas pu être lu : %2</translation>
+    </message>
+    <message id="1322">
+        <source>The backup file does not hold every parameter that the connected sensor needs. Nothing was written.</source>
+        <translation>Le fichier de sauvegarde ne contient pas tous les paramètres nécessaires au capteur connecté. Rien n'a été écrit.</translation>
+    </message>
+    <message id="1323">
+        <source>Missing: %1</source>
+        <translation>Manquants : %1</translation>
+    </message>
+    <message id="1324">
+        <source>Not usable: %1</source>
+        <translation>Inutilisables : %1</translation>
+    </message>
+    <message id="1325">
+        <source>Save Backup</source>
+        <translation>Enregistrer une sauvegarde</translation>
+    </message>
+    <message id="1326">
+        <source>Restore Backup</source>
+        <translation>Restaurer une sauvegarde</translation>
+    </message>
+    <message id="1327">
+        <source>Parameter %1 holds control characters, which a backup file cannot keep. No backup was saved.</source>
+        <translation>Le paramètre %1 contient des caractères de contrôle qu'un fichier de sauvegarde ne peut pas conserver. Aucune sauvegarde n'a été enregistrée.</translation>
+    </message>
+    <message id="1328">
+        <source>The sensor is not identified. Connect it before you save its parameters.</source>
+        <translation>Le capteur n'est pas identifié. Connectez-le avant de sauvegarder ses paramètres.</translation>
+    </message>
+    <message id="1329">
+        <source>Progress</source>
+        <translation>Progression</translation>
+    </message>
     <message id="1500">
         <source>The file %1 could not be written: %2. A file of this name that was there before is unchanged.</source>
         <translation>Le fichier %1 n'a pas pu être écrit : %2. Un fichier de ce nom qui existait déjà est inchangé.</translation>
@@ -949,6 +1037,22 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
     <message id="1503">
         <source>Has no function in this version.</source>
         <translation>Sans fonction dans cette version.</translation>
+    </message>
+    <message id="1600">
+        <source>%1 is the port of the sensor. The display unit needs a port of its own; the value QDL3Comport of the settings names it.</source>
+        <translation>%1 est le port du capteur. L'afficheur a besoin de son propre port, indiqué par la valeur QDL3Comport des paramètres.</translation>
+    </message>
+    <message id="1601">
+        <source>The port %1 no longer exists. Reconnect its adapter, then close the window of the display unit and open it again.</source>
+        <translation>Le port %1 n'existe plus. Rebranchez son adaptateur, puis fermez la fenêtre de l'afficheur et ouvrez-la de nouveau.</translation>
+    </message>
+    <message id="1602">
+        <source>%1 is the port of the display unit. Close the window of the display unit before you choose this port for the sensor.</source>
+        <translation>%1 est le port de l'afficheur. Fermez la fenêtre de l'afficheur avant de choisir ce port pour le capteur.</translation>
+    </message>
+    <message id="1603">
+        <source>Current reading of the display unit</source>
+        <translation>Valeur actuelle de l'afficheur</translation>
     </message>
 </context>
 </TS>

@@ -934,6 +934,94 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <source>The sensor has no valid resolution, so its offset is not known. Nothing was written.</source>
         <translation>El sensor no tiene una resolución válida, por lo que no se conoce su offset. No se ha escrito nada.</translation>
     </message>
+    <message id="1300">
+        <source>The sensor's parameters have not been read completely since this page was shown or the connection was lost. Read them again before you apply changes.</source>
+        <translation>Los parámetros del sensor no se han leído por completo desde que se mostró esta página o se perdió la conexión. Vuelva a leerlos antes de aplicar cambios.</translation>
+    </message>
+    <message id="1301">
+        <source>The resolution read from the sensor is 0. Nothing was written.</source>
+        <translation>La resolución leída del sensor es 0. No se escribió nada.</translation>
+    </message>
+    <message id="1302">
+        <source>This value must not be longer than %1 characters.</source>
+        <translation>Este valor no debe tener más de %1 caracteres.</translation>
+    </message>
+    <message id="1303">
+        <source>This value must have exactly %1 characters.</source>
+        <translation>Este valor debe tener exactamente %1 caracteres.</translation>
+    </message>
+    <message id="1304">
+        <source>This value must consist of the digits 0 to 9 only.</source>
+        <translation>Este valor solo debe contener dígitos del 0 al 9.</translation>
+    </message>
+    <message id="1305">
+        <source>This value must be 0, 2, 4 or 8.</source>
+        <translation>Este valor debe ser 0, 2, 4 u 8.</translation>
+    </message>
+    <message id="1306">
+        <source>This value must be a hexadecimal number from 0 to %1.</source>
+        <translation>Este valor debe ser un número hexadecimal de 0 a %1.</translation>
+    </message>
+    <message id="1307">
+        <source>This value must be a number from %1 to %2.</source>
+        <translation>Este valor debe ser un número de %1 a %2.</translation>
+    </message>
+    <message id="1308">
+        <source>This value may only contain letters without accents, digits, blanks and the punctuation of the ASCII characters.</source>
+        <translation>Este valor solo puede contener letras sin acento, dígitos, espacios y los signos de puntuación de los caracteres ASCII.</translation>
+    </message>
+    <message id="1309">
+        <source>Parameter %1 was read as "%2". This page cannot write that back unchanged. Nothing was written.</source>
+        <translation>El parámetro %1 se leyó como «%2». Esta página no puede volver a escribirlo sin cambios. No se escribió nada.</translation>
+    </message>
+    <message id="1310">
+        <source>Parameters written before: %1. Read the sensor's parameters and check them before you use the sensor.</source>
+        <translation>Parámetros escritos antes: %1. Lea y compruebe los parámetros del sensor antes de usarlo.</translation>
+    </message>
+    <message id="1311">
+        <source>No parameter had been written before. Read the sensor's parameters and check them before you use the sensor.</source>
+        <translation>Antes no se había escrito ningún parámetro. Lea y compruebe los parámetros del sensor antes de usarlo.</translation>
+    </message>
+    <message id="1320">
+        <source>The file %1 could not be written: %2</source>
+        <translation>No se pudo escribir el archivo %1: %2</translation>
+    </message>
+    <message id="1321">
+        <source>The file %1 could not be read: %2</source>
+        <translation>No se pudo leer el archivo %1: %2</translation>
+    </message>
+    <message id="1322">
+        <source>The backup file does not hold every parameter that the connected sensor needs. Nothing was written.</source>
+        <translation>La copia de seguridad no contiene todos los parámetros que necesita el sensor conectado. No se escribió nada.</translation>
+    </message>
+    <message id="1323">
+        <source>Missing: %1</source>
+        <translation>Faltan: %1</translation>
+    </message>
+    <message id="1324">
+        <source>Not usable: %1</source>
+        <translation>No utilizables: %1</translation>
+    </message>
+    <message id="1325">
+        <source>Save Backup</source>
+        <translation>Guardar copia de seguridad</translation>
+    </message>
+    <message id="1326">
+        <source>Restore Backup</source>
+        <translation>Restaurar copia de seguridad</translation>
+    </message>
+    <message id="1327">
+        <source>Parameter %1 holds control characters, which a backup file cannot keep. No backup was saved.</source>
+        <translation>El parámetro %1 contiene caracteres de control que una copia de seguridad no puede guardar. No se guardó ninguna copia.</translation>
+    </message>
+    <message id="1328">
+        <source>The sensor is not identified. Connect it before you save its parameters.</source>
+        <translation>El sensor no está identificado. Conéctelo antes de guardar sus parámetros.</translation>
+    </message>
+    <message id="1329">
+        <source>Progress</source>
+        <translation>Progreso</translation>
+    </message>
     <message id="1500">
         <source>The file %1 could not be written: %2. A file of this name that was there before is unchanged.</source>
         <translation>No se pudo escribir el archivo %1: %2. Si ya existía un archivo con este nombre, no se ha modificado.</translation>
@@ -949,6 +1037,22 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
     <message id="1503">
         <source>Has no function in this version.</source>
         <translation>Sin función en esta versión.</translation>
+    </message>
+    <message id="1600">
+        <source>%1 is the port of the sensor. The display unit needs a port of its own; the value QDL3Comport of the settings names it.</source>
+        <translation>%1 es el puerto del sensor. El visualizador necesita un puerto propio, que indica el valor QDL3Comport de la configuración.</translation>
+    </message>
+    <message id="1601">
+        <source>The port %1 no longer exists. Reconnect its adapter, then close the window of the display unit and open it again.</source>
+        <translation>El puerto %1 ya no existe. Vuelva a conectar su adaptador; después cierre la ventana del visualizador y ábrala de nuevo.</translation>
+    </message>
+    <message id="1602">
+        <source>%1 is the port of the display unit. Close the window of the display unit before you choose this port for the sensor.</source>
+        <translation>%1 es el puerto del visualizador. Cierre la ventana del visualizador antes de elegir este puerto para el sensor.</translation>
+    </message>
+    <message id="1603">
+        <source>Current reading of the display unit</source>
+        <translation>Lectura actual del visualizador</translation>
     </message>
 </context>
 </TS>

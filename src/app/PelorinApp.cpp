@@ -74,7 +74,7 @@ std::optional<int> portOfCommandLine(const QString& commandLine)
 
 } // namespace
 
-PelorinApp::PelorinApp(const ComPortFactory& factory) : m_link(factory)
+PelorinApp::PelorinApp(const ComPortFactory& factory) : m_factory(factory), m_link(factory)
 {
     m_link.setErrorPresenter(showError);
     RegistryConfig config;
@@ -105,7 +105,7 @@ bool PelorinApp::initInstance(const QString& commandLine)
     if (!connectToPort(port))
         return true;
 
-    m_mainWindow = std::make_unique<PelorinMainWindow>(m_link, m_languages);
+    m_mainWindow = std::make_unique<PelorinMainWindow>(m_factory, m_link, m_languages);
     connect(m_mainWindow.get(), &PelorinMainWindow::closed, this, &PelorinApp::closed);
     m_mainWindow->showMaximized();
     return true;

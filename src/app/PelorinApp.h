@@ -51,6 +51,7 @@ private:
     void loadHelpFiles();
     [[nodiscard]] bool connectToPort(int port);
 
+    const ComPortFactory& m_factory;
     QString m_installPath; ///< ends in "\" when not empty
     Profile m_profile;
     int m_savePortOnExit = 1; ///< 0 after a port was given on the command line

@@ -1,12 +1,15 @@
 #include "app/PelorinMainWindow.h"
 
+#include "app/BackupCommand.h"
 #include "app/BusyFilter.h"
 #include "app/Commands.h"
 #include "app/LinkStatusBar.h"
 #include "app/MainMenu.h"
+#include "display/DisplayUnitDialog.h"
 #include "link/SensorIdentification.h"
 #include "link/SensorLink.h"
 #include "pages/AboutDialog.h"
+#include "pages/FactoryParamsPage.h"
 #include "pages/MagnetPositionPage.h"
 #include "pages/OutputSetupPage.h"
 #include "pages/SelectPortDialog.h"
@@ -48,6 +51,7 @@ constexpr int kSwitchOffText = 245;
 constexpr int kSimulatedText = 1000;
 constexpr int kNoBoundsText = 1005;
 constexpr int kPageListNameText = 1009;
+constexpr int kDisplayUnitPortText = 1602;
 
 constexpr int kReconnectLimit = 10;
 constexpr auto kReconnectPeriod = 500ms;
@@ -82,8 +86,9 @@ private:
     PelorinMainWindow& m_window;
 };
 
-PelorinMainWindow::PelorinMainWindow(SensorLink& link, LanguageManager& languages)
-    : m_link(link), m_languages(languages)
+PelorinMainWindow::PelorinMainWindow(const ComPortFactory& factory, SensorLink& link,
+                                     LanguageManager& languages)
+    : m_factory(factory), m_link(link), m_languages(languages)
 {
     readSettings();
     setWindowIcon(programIcon());
@@ -113,6 +118,7 @@ PelorinMainWindow::PelorinMainWindow(SensorLink& link, LanguageManager& language
 
 PelorinMainWindow::~PelorinMainWindow()
 {
+    delete m_displayUnit.data(); // of a window that was not closed before
     m_link.setReplyTarget(nullptr, 0);
     m_link.setLossTarget(nullptr);
 }
@@ -169,6 +175,10 @@ void PelorinMainWindow::createPages()
     connect(output, &OutputSetupPage::applyFailed, this, &PelorinMainWindow::showNotice,
             Qt::QueuedConnection);
     addPage(output, 168, wrench);
+    auto* factory = new FactoryParamsPage;
+    connect(factory, &FactoryParamsPage::writingFailed, this, &PelorinMainWindow::showNotice,
+            Qt::QueuedConnection);
+    addPage(factory, 214, wrench);
     if (m_tempCompEnabled == 1)
         addPage(new TempCompPage, 253, wrench);
 }
@@ -281,9 +291,6 @@ void PelorinMainWindow::postCommand(int command)
 bool PelorinMainWindow::canRun(int command) const
 {
     switch (command) {
-    case kDisplayUnitCommand:
-    case kSaveBackupCommand:
-    case kRestoreBackupCommand:
     case kManualCommCommand:
         return false;
     case kWriteECommand:
@@ -317,6 +324,15 @@ void PelorinMainWindow::runCommand(int command)
     case kRefreshCommand:
         if (SensorPage* page = shownPage())
             page->getCurrentValues();
+        break;
+    case kSaveBackupCommand:
+        runBackup(BackupProgressDialog::Mode::Backup);
+        break;
+    case kRestoreBackupCommand:
+        runBackup(BackupProgressDialog::Mode::Restore);
+        break;
+    case kDisplayUnitCommand:
+        showDisplayUnit();
         break;
     case kWriteECommand:
         writeCommand(Operation::WriteE, 'E');
@@ -393,6 +409,11 @@ void PelorinMainWindow::selectPort()
     SelectPortDialog dialog(this, m_link.portNumber());
     if (dialog.exec() != QDialog::Accepted || dialog.selectedPort() == m_link.portNumber())
         return;
+    if (m_displayUnit && m_displayUnit->usesPort(dialog.selectedPort())) {
+        showNotice(languageString(kDisplayUnitPortText)
+                       .arg(QStringLiteral("COM%1").arg(dialog.selectedPort())));
+        return;
+    }
     releasePage();
     if (m_closeWanted)
         return;
@@ -417,6 +438,20 @@ int PelorinMainWindow::openPort(int port, int showErrors)
     return 1;
 }
 
+/// After a restore the sensor is connected and read afresh, which shows page 0.
+void PelorinMainWindow::runBackup(BackupProgressDialog::Mode mode)
+{
+    const bool restored = runBackupCommand(*this, m_link, mode, [this] {
+        releasePage();
+        return !m_closeWanted;
+    });
+    m_link.setReplyTarget(this, WM_LINK_REPLY);
+    if (restored)
+        postCommand(kConnectCommand);
+    else
+        resumePage();
+}
+
 void PelorinMainWindow::writeCommand(Operation operation, char id)
 {
     releasePage();
@@ -430,6 +465,22 @@ void PelorinMainWindow::writeCommand(Operation operation, char id)
 void PelorinMainWindow::chooseLanguage(int code)
 {
     (void)m_languages.loadLanguage(code); // what cannot be loaded is greyed; the old one stays
+}
+
+/// Opens the dialog of the display unit; one that is open comes to the front as it is.
+void PelorinMainWindow::showDisplayUnit()
+{
+    if (!m_displayUnit) {
+        m_displayUnit = new DisplayUnitDialog(this, m_factory, m_link);
+        m_displayUnit->setAttribute(Qt::WA_DeleteOnClose);
+        connect(m_displayUnit, &QDialog::finished, this, [this] {
+            m_displayUnit.clear();
+            QMetaObject::invokeMethod(this, &PelorinMainWindow::runDeferred, Qt::QueuedConnection);
+        });
+        m_displayUnit->show();
+    }
+    m_displayUnit->raise();
+    m_displayUnit->activateWindow();
 }
 
 void PelorinMainWindow::showHelp()
@@ -676,17 +727,19 @@ bool PelorinMainWindow::isWriting() const
 }
 
 /// A dialog that is open is ended first; the window then closes when its command has returned,
-/// and not before what is being written has ended.
+/// and not before what is being written has ended and the display unit has answered.
 void PelorinMainWindow::closeEvent(QCloseEvent* event)
 {
     event->ignore();
+    if (m_displayUnit)
+        m_displayUnit->close();
     if (auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget())) {
         m_closeWanted = true;
         dialog->close();
         return;
     }
     m_closeAfterWriting = m_closeAfterWriting || isWriting();
-    m_closeWanted = m_commandDepth > 0 || isWriting();
+    m_closeWanted = m_displayUnit || m_commandDepth > 0 || isWriting();
     if (m_closeWanted || m_closing)
         return;
     m_closing = true;

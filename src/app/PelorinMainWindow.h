@@ -1,9 +1,11 @@
 #pragma once
 
+#include "backup/BackupProgressDialog.h"
 #include "pages/FormatRestore.h"
 #include "platform/core/WindowMessage.h"
 
 #include <QMainWindow>
+#include <QPointer>
 #include <QTimer>
 
 #include <vector>
@@ -14,6 +16,8 @@ class QPushButton;
 namespace pelorin {
 
 class BusyFilter;
+class ComPortFactory;
+class DisplayUnitDialog;
 class LanguageManager;
 class LinkStatusBar;
 class MainMenu;
@@ -29,8 +33,9 @@ class PelorinMainWindow final : public QMainWindow
     Q_OBJECT
 
 public:
-    /// Both outlive the window.
-    PelorinMainWindow(SensorLink& link, LanguageManager& languages);
+    /// All outlive the window.
+    /// @param factory makes the display unit's port
+    PelorinMainWindow(const ComPortFactory& factory, SensorLink& link, LanguageManager& languages);
     ~PelorinMainWindow() override;
 
     /// Leaves the shown page and shows another one, which then reads its values.
@@ -82,8 +87,10 @@ private:
     [[nodiscard]] bool isConnecting() const;
     void selectPort();
     [[nodiscard]] int openPort(int port, int showErrors);
+    void runBackup(BackupProgressDialog::Mode mode);
     void writeCommand(Operation operation, char id);
     void chooseLanguage(int code);
+    void showDisplayUnit();
     void showHelp();
     void showAbout();
 
@@ -103,6 +110,7 @@ private:
     void runDeferred();
     void shutDown();
 
+    const ComPortFactory& m_factory;
     SensorLink& m_link;
     LanguageManager& m_languages;
 
@@ -115,6 +123,7 @@ private:
     QPushButton* m_refreshButton = nullptr;
     LinkStatusBar* m_statusBar = nullptr;
     BusyFilter* m_busy = nullptr;
+    QPointer<DisplayUnitDialog> m_displayUnit; ///< null while it is closed
 
     std::vector<SensorPage*> m_pages; ///< by page list row; owned by the page area
     std::vector<int> m_pageCaptions;
@@ -134,8 +143,8 @@ private:
     QTimer m_reconnectTimer;
 
     int m_commandDepth = 0;
-    bool m_connectWanted = false; ///< a Connect waits until a dialog is closed
-    bool m_closeWanted = false;   ///< a close waits until a dialog or a command has ended
+    bool m_connectWanted = false;     ///< a Connect waits until a dialog is closed
+    bool m_closeWanted = false;       ///< a close waits until a dialog or a command has ended
     bool m_closeAfterWriting = false; ///< the close had to wait for the end of a write
     bool m_closing = false;
     QString m_notice; ///< waits until a command has ended

@@ -6,8 +6,8 @@
 #include "platform/core/LanguageStrings.h"
 #include "platform/core/MessageNumbers.h"
 #include "platform/core/Pacing.h"
+#include "platform/core/PortOpening.h"
 
-#include <cerrno>
 #include <system_error>
 #include <utility>
 
@@ -17,39 +17,16 @@ using namespace std::chrono_literals;
 
 namespace {
 
-constexpr int kOpenFailedText = 101;
-constexpr int kLineFailedText = 102;
-constexpr int kTimeoutsFailedText = 103;
-constexpr int kQueuesFailedText = 104;
 constexpr int kThreadFailedText = 105;
-constexpr int kNoPermissionText = 1001;
-constexpr int kPortInUseText = 1002;
 
 constexpr LineSettings kParameterLine{4800, 'N', 8, 1};
 constexpr LineSettings kStreamLine{38400, 'N', 8, 1};
-constexpr int kQueueSize = 128;
 constexpr auto kKeepAlivePeriod = 50ms;
 constexpr int kVersionMinimum = 2;
 
 QString deviceNameOf(int portNumber)
 {
     return QStringLiteral("\\\\.\\COM%1").arg(portNumber);
-}
-
-QString deviceMessage(int text, const QString& deviceName, int error)
-{
-    return languageString(text).arg(deviceName, QString::number(error));
-}
-
-QString openFailedMessage(const QString& deviceName, int error)
-{
-    QString message = deviceMessage(kOpenFailedText, deviceName, error);
-    if (error == EACCES || error == EPERM)
-        message += QLatin1Char('\n') +
-                   languageString(kNoPermissionText).arg(deviceName, QStringLiteral("dialout"));
-    else if (error == EBUSY)
-        message += QLatin1Char('\n') + languageString(kPortInUseText).arg(deviceName);
-    return message;
 }
 
 } // namespace
@@ -71,15 +48,12 @@ int SensorLink::open(int portNumber, int showErrors)
     if (!m_worker.joinable()) {
         const QString deviceName = deviceNameOf(portNumber);
         m_port = m_factory.create(deviceName);
-        if (const int error = m_port->open(); error != 0) {
-            present(openFailedMessage(deviceName, error), showErrors);
-            return 0;
-        }
-        if (const auto [failedText, error] = configurePort(); failedText != 0) {
-            m_port->close();
-            const QString message = deviceMessage(failedText, deviceName, error);
-            m_commLog.append(message);
-            present(message, 1);
+        if (const PortFailure failure = openPort(*m_port, kParameterLine)) {
+            const QString message = failure.message(deviceName);
+            const bool opened = failure.step != PortStep::Open;
+            if (opened)
+                m_commLog.append(message);
+            present(message, opened ? 1 : showErrors);
             return 0;
         }
         {
@@ -94,18 +68,6 @@ int SensorLink::open(int portNumber, int showErrors)
     }
     m_linkFailed = 0;
     return 1;
-}
-
-/// @return the message that says which step failed, 0 if none did, and the system's error code
-std::pair<int, int> SensorLink::configurePort()
-{
-    if (const int error = m_port->setLine(kParameterLine); error != 0)
-        return {kLineFailedText, error};
-    if (const int error = m_port->setTimeouts(ComPort::Timeouts()); error != 0)
-        return {kTimeoutsFailedText, error};
-    if (const int error = m_port->setQueueSizes(kQueueSize, kQueueSize); error != 0)
-        return {kQueuesFailedText, error};
-    return {0, 0};
 }
 
 int SensorLink::startWorker()
@@ -222,7 +184,7 @@ void SensorLink::setStreamMode(int on, int dataBits, int resolutionThousandths)
     if (!m_port)
         return;
     if (const int error = m_port->setLine(stream ? kStreamLine : kParameterLine); error != 0)
-        m_commLog.append(deviceMessage(kLineFailedText, deviceNameOf(m_portNumber), error));
+        m_commLog.append(PortFailure{PortStep::Line, error}.message(deviceNameOf(m_portNumber)));
 }
 
 void SensorLink::setRts(int clear)

@@ -17,7 +17,6 @@
 #include <memory>
 #include <mutex>
 #include <thread>
-#include <utility>
 
 class QObject;
 
@@ -137,7 +136,6 @@ private:
     };
 
     RequestId submit(SensorRequest kind, char parameterId = 0, const QByteArray& bytes = {});
-    [[nodiscard]] std::pair<int, int> configurePort();
     [[nodiscard]] int startWorker();
     void present(const QString& message, int show) const;
     void run();

@@ -63,6 +63,22 @@ struct Extension
 /// @return nothing if it does not fit six digits, or if there is no resolution
 [[nodiscard]] std::optional<QByteArray> encodeScale(double gradient, double resolutionMm);
 
+/// What a stroke gives in parameter 'Z', rounded down. Up to kLongestStroke it fits the text.
+[[nodiscard]] int cycleCode(double strokeMm);
+inline constexpr int kLongestStroke = 43639; ///< millimetres
+
+/// Parameter 'Z', which follows from the stroke: four hexadecimal digits and "32".
+/// @param strokeMm 0 to kLongestStroke
+[[nodiscard]] QByteArray encodeCycleCode(double strokeMm);
+
+/// Parameter 'M', which follows from the stroke and ends in a byte of its own.
+/// @param strokeMm 0 to kLongestStroke
+[[nodiscard]] QByteArray encodeCycleCodeM(double strokeMm, quint8 suffix);
+
+/// Parameters 'J' and 'O': six hexadecimal digits.
+/// @param value at most FFFFFF
+[[nodiscard]] QByteArray encodeFactoryValue(quint32 value);
+
 /// Parameter 'N', counts of the resolution. A text that begins with FF is negative, one of six
 /// digits also.
 [[nodiscard]] qint32 decodeOffsetCounts(const QByteArray& text);

@@ -1,7 +1,15 @@
+#include "display/DisplayUnitDialog.h"
+#include "link/SensorLink.h"
 #include "pages/AboutDialog.h"
 #include "pages/CalculateOffsetDialog.h"
+#include "pages/FormatRestore.h"
+#include "pages/MagnetPositionPage.h"
 #include "pages/PasswordDialog.h"
 #include "pages/SelectPortDialog.h"
+#include "pages/SensorInfoPage.h"
+#include "platform/core/ComPort.h"
+#include "platform/core/ComPortFactory.h"
+#include "simulator/SimulatedPorts.h"
 #include "support/FormFaults.h"
 #include "support/Languages.h"
 
@@ -15,6 +23,25 @@ using namespace pelorin::test;
 
 using MakeDialog = std::function<std::unique_ptr<BaseDialog>()>;
 
+/// What pages need around them; no request is made.
+struct Surroundings
+{
+    QWidget window;
+    SimulatedPorts ports;
+    ComPortFactory factory{
+        [this](const QString&) { return ports.makePort(QStringLiteral("simulator:display")); }};
+    SensorLink link{factory};
+    FormatRestore restore;
+
+    /// Makes a page as large as the smallest screen leaves room for it.
+    std::unique_ptr<BaseDialog> make(std::unique_ptr<SensorPage> page)
+    {
+        page->makeDialog(&window, link);
+        page->resize(1024, 600);
+        return page;
+    }
+};
+
 class TestForms : public QObject
 {
     Q_OBJECT
@@ -24,6 +51,9 @@ private Q_SLOTS:
     void everyCaptionSpeaksEveryLanguage();
     void everyDialogFitsTheSmallestScreen_data() { everyCaptionSpeaksEveryLanguage_data(); }
     void everyDialogFitsTheSmallestScreen();
+
+private:
+    Surroundings m_around;
 };
 
 void TestForms::everyCaptionSpeaksEveryLanguage_data()
@@ -35,7 +65,14 @@ void TestForms::everyCaptionSpeaksEveryLanguage_data()
     row("CalculateOffsetDialog",
         [] { return std::make_unique<CalculateOffsetDialog>(nullptr, true, 1250.0); });
     row("PasswordDialog", [] { return std::make_unique<PasswordDialog>(nullptr, 240); });
+    row("DisplayUnitDialog", [this] {
+        return std::make_unique<DisplayUnitDialog>(nullptr, m_around.factory, m_around.link);
+    });
     row("SelectPortDialog", [] { return std::make_unique<SelectPortDialog>(nullptr, 7); });
+    row("SensorInfoPage", [this] { return m_around.make(std::make_unique<SensorInfoPage>()); });
+    row("MagnetPositionPage", [this] {
+        return m_around.make(std::make_unique<MagnetPositionPage>(m_around.restore, false));
+    });
 }
 
 void TestForms::everyCaptionSpeaksEveryLanguage()

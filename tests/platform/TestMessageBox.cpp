@@ -2,6 +2,7 @@
 
 #include "support/ModalAnswer.h"
 
+#include <QPointer>
 #include <QPushButton>
 #include <QTest>
 
@@ -33,6 +34,7 @@ private Q_SLOTS:
     void enterGoesOnAndEscapeDoesNothingMore_data();
     void enterGoesOnAndEscapeDoesNothingMore();
     void boxEndsWithItsParent();
+    void shownMessageWaitsForNobody();
 };
 
 void TestMessageBox::boxSaysTheTextAsItStands()
@@ -113,6 +115,21 @@ void TestMessageBox::boxEndsWithItsParent()
     QCOMPARE(messageBox(parent.get(), QStringLiteral("?"), kYesNo, QMessageBox::Question),
              QMessageBox::No);
     QVERIFY(!parent);
+}
+
+void TestMessageBox::shownMessageWaitsForNobody()
+{
+    QWidget parent;
+    parent.show();
+    const QString text = QStringLiteral("<b>Error = 19</b>");
+    const QPointer<QMessageBox> box = showMessageBox(&parent, text, QMessageBox::Warning);
+    QCOMPARE(QApplication::activeModalWidget(), box.data());
+    QCOMPARE(box->windowTitle(), QStringLiteral("Pelorin"));
+    QCOMPARE(box->text(), text);
+    QCOMPARE(box->textFormat(), Qt::PlainText);
+    QTest::mouseClick(box->button(QMessageBox::Ok), Qt::LeftButton);
+    QTRY_VERIFY(!box);
+    QVERIFY(!QApplication::activeModalWidget());
 }
 
 QTEST_MAIN(TestMessageBox)

@@ -1,27 +1,28 @@
 #pragma once
 
-#include <csignal>
 #include <sys/resource.h>
+
+#include <csignal>
 
 namespace pelorin::test {
 
-/// Lets no file of this process grow beyond a size while it lives: a write that reaches the limit
-/// ends short, and the next one fails.
+/// As long as this lives, files of this process cannot grow beyond a size: a full disk for tests.
 class FileSizeLimit
 {
 public:
     explicit FileSizeLimit(rlim_t bytes)
     {
-        std::signal(SIGXFSZ, SIG_IGN);
-        getrlimit(RLIMIT_FSIZE, &m_before);
-        const rlimit limit{bytes, m_before.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &limit);
+        (void)std::signal(SIGXFSZ, SIG_IGN);
+        (void)getrlimit(RLIMIT_FSIZE, &m_before);
+        set({bytes, m_before.rlim_max});
     }
     FileSizeLimit(const FileSizeLimit&) = delete;
     FileSizeLimit& operator=(const FileSizeLimit&) = delete;
-    ~FileSizeLimit() { setrlimit(RLIMIT_FSIZE, &m_before); }
+    ~FileSizeLimit() { set(m_before); }
 
 private:
+    static void set(const rlimit& limit) { (void)setrlimit(RLIMIT_FSIZE, &limit); }
+
     rlimit m_before{};
 };
 

@@ -29,11 +29,9 @@ void clickItem(Menu& menu, QAction* action)
 
 MainWindowRig::MainWindowRig(const SimulatedSensor::Options& options, const QByteArray& settings)
     : m_settings(kSimulatedBounds + settings), m_languages(1),
-      m_sensor(std::make_shared<SimulatedSensor>(options)), m_factory([this](const QString&) {
-          ++m_openAttempts;
-          return std::make_unique<SimulatedComPort>(m_sensor);
-      }),
-      m_link(m_factory)
+      m_sensor(std::make_shared<SimulatedSensor>(options)),
+      m_displayUnit(std::make_shared<SimulatedDisplayUnit>()),
+      m_factory([this](const QString& device) { return makePort(device); }), m_link(m_factory)
 {
     Pacing::setSpeeds(kFast);
     QFile::remove(FormatRestore::usersFile()); // of an earlier test
@@ -41,11 +39,19 @@ MainWindowRig::MainWindowRig(const SimulatedSensor::Options& options, const QByt
 
 MainWindowRig::~MainWindowRig() = default;
 
+std::unique_ptr<ComPort> MainWindowRig::makePort(const QString& device)
+{
+    if (device == QLatin1String("simulator:display"))
+        return std::make_unique<SimulatedComPort>(m_displayUnit);
+    ++m_openAttempts;
+    return std::make_unique<SimulatedComPort>(m_sensor);
+}
+
 void MainWindowRig::start()
 {
     if (m_link.open(kPort, 0) != 1)
         qWarning("The simulated port could not be opened");
-    m_window = std::make_unique<PelorinMainWindow>(m_link, m_languages);
+    m_window = std::make_unique<PelorinMainWindow>(m_factory, m_link, m_languages);
     m_window->resize(1280, 720);
     m_window->show();
 }
@@ -58,7 +64,7 @@ bool MainWindowRig::startConnected()
 
 bool MainWindowRig::waitIdle()
 {
-    QCoreApplication::processEvents(); // a busy state that was posted has begun
+    QCoreApplication::sendPostedEvents(); // a page that has just been shown reports that it reads
     return QTest::qWaitFor([this] { return !m_window->isBusy(); });
 }
 
@@ -77,7 +83,10 @@ void MainWindowRig::clickPage(int row)
 bool MainWindowRig::choosePage(int row)
 {
     clickPage(row);
-    return QTest::qWaitFor([&] { return m_window->currentPage() == row; }) && waitIdle();
+    if (!QTest::qWaitFor([&] { return m_window->currentPage() == row; }))
+        return false;
+    QCoreApplication::sendPostedEvents(); // the page has said that it is busy
+    return waitIdle();
 }
 
 void MainWindowRig::clickRefresh()

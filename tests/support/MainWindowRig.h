@@ -3,6 +3,7 @@
 #include "app/PelorinMainWindow.h"
 #include "link/SensorLink.h"
 #include "platform/core/ComPortFactory.h"
+#include "simulator/SimulatedDisplayUnit.h"
 #include "simulator/SimulatedSensor.h"
 #include "support/Languages.h"
 #include "support/TestRegistry.h"
@@ -18,7 +19,8 @@ class QStatusBar;
 namespace pelorin::test {
 
 /// The real main window on a simulated sensor, in English, the clock running fast. Input is
-/// given as a user gives it, by clicks and keys.
+/// given as a user gives it, by clicks and keys. The device "simulator:display" is a display unit,
+/// every other one the sensor.
 class MainWindowRig
 {
 public:
@@ -35,6 +37,8 @@ public:
     [[nodiscard]] bool startConnected();
 
     [[nodiscard]] SimulatedSensor& sensor() { return *m_sensor; }
+    [[nodiscard]] SimulatedDisplayUnit& displayUnit() { return *m_displayUnit; }
+    [[nodiscard]] const ComPortFactory& factory() const { return m_factory; }
     [[nodiscard]] SensorLink& link() { return m_link; }
     [[nodiscard]] LanguageManager& languages() { return m_languages; }
     [[nodiscard]] const TestRegistry& settings() const { return m_settings; }
@@ -42,7 +46,7 @@ public:
     /// Destroys the window, as at the program's end.
     void destroyWindow() { m_window.reset(); }
 
-    /// How often the port has been opened or tried.
+    /// How often the sensor's port has been opened or tried.
     [[nodiscard]] int openAttempts() const { return m_openAttempts; }
 
     [[nodiscard]] bool waitIdle();
@@ -68,10 +72,13 @@ public:
     }
 
 private:
+    [[nodiscard]] std::unique_ptr<ComPort> makePort(const QString& device);
+
     TestRegistry m_settings;
     Languages m_languages;
     std::shared_ptr<SimulatedSensor> m_sensor;
     int m_openAttempts = 0;
+    std::shared_ptr<SimulatedDisplayUnit> m_displayUnit;
     ComPortFactory m_factory;
     SensorLink m_link;
     std::unique_ptr<PelorinMainWindow> m_window;

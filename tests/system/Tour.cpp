@@ -3,6 +3,8 @@
 #include "app/PelorinMainWindow.h"
 
 #include <QListWidget>
+#include <QMenu>
+#include <QMenuBar>
 #include <QTableWidget>
 #include <QTest>
 
@@ -17,8 +19,10 @@ constexpr int kTimeLimit = 30'000; ///< ms; far beyond a connect and a page's se
 
 } // namespace
 
-Tour::Tour(PelorinMainWindow& window, std::shared_ptr<SimulatedSensor> sensor, QDir folder)
-    : m_window(window), m_sensor(std::move(sensor)), m_folder(std::move(folder))
+Tour::Tour(PelorinMainWindow& window, std::shared_ptr<SimulatedSensor> sensor,
+           std::shared_ptr<SimulatedDisplayUnit> displayUnit, QDir folder)
+    : m_window(window), m_sensor(std::move(sensor)), m_displayUnit(std::move(displayUnit)),
+      m_folder(std::move(folder))
 {
 }
 
@@ -27,15 +31,33 @@ bool Tour::choosePage(int row)
     auto* list = m_window.findChild<QListWidget*>(QStringLiteral("pageList"));
     QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
                       list->visualItemRect(list->item(row)).center());
-    const bool shown = QTest::qWaitFor(
-        [&] { return m_window.currentPage() == row && !m_window.isBusy(); }, kTimeLimit);
-    return shown || fail("a page did not come up");
+    if (!QTest::qWaitFor([&] { return m_window.currentPage() == row; }, kTimeLimit))
+        return fail("a page did not come up");
+    QCoreApplication::sendPostedEvents(); // the page has said that it is busy
+    return waitIdle();
+}
+
+bool Tour::clickCommand(int command)
+{
+    QMenuBar& bar = *m_window.menuBar();
+    for (QAction* top : bar.actions()) {
+        for (QAction* item : top->menu() ? top->menu()->actions() : QList<QAction*>()) {
+            if (item->isSeparator() || item->data().toInt() != command)
+                continue;
+            QTest::mouseClick(&bar, Qt::LeftButton, {}, bar.actionGeometry(top).center());
+            QTest::mouseClick(top->menu(), Qt::LeftButton, {},
+                              top->menu()->actionGeometry(item).center());
+            return true;
+        }
+    }
+    return fail("a menu item is missing");
 }
 
 bool Tour::waitIdle()
 {
-    const bool idle = QTest::qWaitFor(
-        [this] { return m_window.currentPage() >= 0 && !m_window.isBusy(); }, kTimeLimit);
+    bool idle = QTest::qWaitFor([this] { return m_window.currentPage() >= 0; }, kTimeLimit);
+    QCoreApplication::sendPostedEvents(); // a page that has just been shown reports that it reads
+    idle = idle && QTest::qWaitFor([this] { return !m_window.isBusy(); }, kTimeLimit);
     return idle || fail("the program stayed busy");
 }
 

@@ -10,6 +10,7 @@ class QTableWidget;
 namespace pelorin {
 
 class PelorinMainWindow;
+class SimulatedDisplayUnit;
 class SimulatedSensor;
 
 /// Drives the program on a simulated sensor as a technician would, by real clicks, saves pictures
@@ -17,14 +18,18 @@ class SimulatedSensor;
 class Tour
 {
 public:
-    Tour(PelorinMainWindow& window, std::shared_ptr<SimulatedSensor> sensor, QDir folder);
+    Tour(PelorinMainWindow& window, std::shared_ptr<SimulatedSensor> sensor,
+         std::shared_ptr<SimulatedDisplayUnit> displayUnit, QDir folder);
 
     [[nodiscard]] PelorinMainWindow& window() const { return m_window; }
     [[nodiscard]] SimulatedSensor& sensor() const { return *m_sensor; }
+    [[nodiscard]] SimulatedDisplayUnit& displayUnit() const { return *m_displayUnit; }
     [[nodiscard]] const QDir& folder() const { return m_folder; }
 
     /// Clicks a page's row and waits until it is shown and idle.
     [[nodiscard]] bool choosePage(int row);
+    /// Clicks the item of a command in its menu. @return false if there is none
+    [[nodiscard]] bool clickCommand(int command);
     /// Waits until a page is shown and nothing runs.
     [[nodiscard]] bool waitIdle();
     /// Saves a picture of a window under a name.
@@ -40,6 +45,7 @@ public:
 private:
     PelorinMainWindow& m_window;
     std::shared_ptr<SimulatedSensor> m_sensor;
+    std::shared_ptr<SimulatedDisplayUnit> m_displayUnit;
     QDir m_folder;
 };
 

@@ -5,6 +5,7 @@
 #include "app/PelorinMainWindow.h"
 #include "platform/core/ComPortFactory.h"
 #include "platform/core/TermiosComPort.h"
+#include "simulator/SimulatedDisplayUnit.h"
 #include "simulator/SimulatedPorts.h"
 #include "simulator/SimulatedSensor.h"
 
@@ -16,7 +17,8 @@ using namespace pelorin;
 
 namespace {
 
-constexpr std::array kVisits = {visitInformation, visitPosition, visitOutputSetup, visitTempComp};
+constexpr std::array kVisits = {visitInformation, visitPosition, visitOutputSetup, visitFactory,
+                                visitBackup,      visitTempComp, visitDisplayUnit};
 
 } // namespace
 
@@ -41,7 +43,7 @@ int main(int argc, char* argv[])
         return EXIT_FAILURE;
 
     Tour tour(*pelorin.mainWindow(), simulators.sensor(QStringLiteral("simulator:sensor?type=2")),
-              folder);
+              simulators.displayUnit(QStringLiteral("simulator:display")), folder);
     bool passed = true;
     for (const auto& visit : kVisits)
         passed = passed && visit(tour);

@@ -16,6 +16,8 @@ bool visitPosition(Tour& tour)
     if (!tour.choosePage(1))
         return false;
     const auto* box = tour.window().findChild<QLabel*>(QStringLiteral("positionBox"));
+    if (!QTest::qWaitFor([&] { return box->text() != QStringLiteral("****"); }))
+        return Tour::fail("there is no position");
     QStringList positions;
     for (int update = 0; update < kUpdates; ++update) {
         const QString last = box->text();

@@ -8,7 +8,10 @@ class Tour;
 /// not behave.
 [[nodiscard]] bool visitInformation(Tour& tour);
 [[nodiscard]] bool visitPosition(Tour& tour);
-[[nodiscard]] bool visitOutputSetup(Tour& tour);
 [[nodiscard]] bool visitTempComp(Tour& tour);
+[[nodiscard]] bool visitOutputSetup(Tour& tour);
+[[nodiscard]] bool visitFactory(Tour& tour);
+[[nodiscard]] bool visitBackup(Tour& tour);
+[[nodiscard]] bool visitDisplayUnit(Tour& tour);
 
 } // namespace pelorin

@@ -21,6 +21,18 @@ Button firstOf(std::initializer_list<Button> candidates, QMessageBox::StandardBu
     return QMessageBox::NoButton;
 }
 
+QMessageBox* makeBox(QWidget* parent, const QString& text, QMessageBox::StandardButtons buttons,
+                     QMessageBox::Icon icon)
+{
+    auto* box = new QMessageBox(parent);
+    box->setWindowTitle(QGuiApplication::applicationDisplayName());
+    box->setTextFormat(Qt::PlainText);
+    box->setText(text);
+    box->setIcon(icon);
+    box->setStandardButtons(buttons);
+    return box;
+}
+
 } // namespace
 
 QMessageBox::StandardButton messageBox(QWidget* parent, const QString& text,
@@ -30,12 +42,7 @@ QMessageBox::StandardButton messageBox(QWidget* parent, const QString& text,
         {QMessageBox::Cancel, QMessageBox::No, QMessageBox::Abort, QMessageBox::Ok}, buttons);
 
     // On the heap, because a parent that ends meanwhile takes its box with it.
-    const QPointer<QMessageBox> box = new QMessageBox(parent);
-    box->setWindowTitle(QGuiApplication::applicationDisplayName());
-    box->setTextFormat(Qt::PlainText);
-    box->setText(text);
-    box->setIcon(icon);
-    box->setStandardButtons(buttons);
+    const QPointer<QMessageBox> box = makeBox(parent, text, buttons, icon);
     box->setDefaultButton(
         firstOf({QMessageBox::Ok, QMessageBox::Yes, QMessageBox::Retry}, buttons));
     box->setEscapeButton(escape);
@@ -44,6 +51,14 @@ QMessageBox::StandardButton messageBox(QWidget* parent, const QString& text,
         return escape;
     delete box;
     return static_cast<Button>(answer);
+}
+
+QMessageBox* showMessageBox(QWidget* parent, const QString& text, QMessageBox::Icon icon)
+{
+    QMessageBox* box = makeBox(parent, text, QMessageBox::Ok, icon);
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    box->open();
+    return box;
 }
 
 } // namespace pelorin

@@ -13,4 +13,8 @@ QMessageBox::StandardButton messageBox(QWidget* parent, const QString& text,
                                        QMessageBox::StandardButtons buttons,
                                        QMessageBox::Icon icon);
 
+/// Shows a message like messageBox, with OK alone, and returns at once. The box blocks its parent's
+/// windows until it is closed, and is deleted then.
+QMessageBox* showMessageBox(QWidget* parent, const QString& text, QMessageBox::Icon icon);
+
 } // namespace pelorin

@@ -1,0 +1,244 @@
+#include "display/DisplayUnitDialog.h"
+
+#include "link/SensorLink.h"
+#include "platform/core/ComPortNames.h"
+#include "platform/core/LanguageStrings.h"
+#include "platform/core/MessageNumbers.h"
+#include "platform/core/Pacing.h"
+#include "platform/ui/ColorableTextBox.h"
+#include "platform/ui/MessageBox.h"
+
+#include <QApplication>
+#include <QComboBox>
+#include <QPushButton>
+
+#include <array>
+#include <utility>
+
+namespace pelorin {
+
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr int kDisplayBox = 1042;
+constexpr int kModeLabel = 1043;
+constexpr int kModeCombo = 1044;
+constexpr int kDataBitsLabel = 1045;
+constexpr int kDataBitsCombo = 1046;
+constexpr int kResolutionLabel = 1047;
+constexpr int kResolutionCombo = 1048;
+constexpr int kApplyButton = 1049;
+
+constexpr int kResolutionText = 140;
+constexpr int kDataBitsText = 169;
+constexpr int kBinaryText = 171;
+constexpr int kGrayText = 172;
+constexpr int kFormatText = 173;
+constexpr int kUnitText = 175;
+constexpr int kApplyText = 180;
+constexpr int kTitleText = 246;
+constexpr int kSimulatedText = 1000;
+constexpr int kReadingText = 1603;
+
+constexpr std::array<std::uint8_t, 2> kModes{DisplaySettings::kBinary, DisplaySettings::kGray};
+constexpr std::array<std::uint8_t, 2> kDataBits{25, 24};
+constexpr std::array<std::uint8_t, 7> kResolutions{5, 10, 50, 100, 20, 2, 1};
+
+constexpr auto kPollPeriod = 333ms;
+constexpr int kDisplayPoints = 40;
+
+/// Adds an item for each value, its text still empty, and selects the first.
+template <std::size_t Size>
+void fill(QComboBox& combo, const std::array<std::uint8_t, Size>& values)
+{
+    for (const int value : values)
+        combo.addItem(QString(), value);
+    combo.setCurrentIndex(0);
+}
+
+std::uint8_t selectedData(const QComboBox& combo)
+{
+    return static_cast<std::uint8_t>(combo.currentData().toUInt());
+}
+
+} // namespace
+
+DisplayUnitDialog::DisplayUnitDialog(QWidget* parent, const ComPortFactory& factory,
+                                     const SensorLink& sensorLink)
+    : BaseDialog(QStringLiteral("124_DisplayUnit"), parent), m_sensorLink(sensorLink),
+      m_link(factory)
+{
+    m_timer.setInterval(Pacing::pause(kPollPeriod));
+    connect(&m_timer, &QTimer::timeout, this, &DisplayUnitDialog::onTimer);
+}
+
+DisplayUnitDialog::~DisplayUnitDialog() = default;
+
+bool DisplayUnitDialog::usesPort(int portNumber) const
+{
+    return (m_setUp != 0 || m_connected) && m_link.isPort(portNumber);
+}
+
+void DisplayUnitDialog::setupTranslationMap()
+{
+    setTitleString(kTitleText);
+    addToTranslationMap(kModeLabel, kFormatText);
+    addToTranslationMap(kDataBitsLabel, kDataBitsText);
+    addToTranslationMap(kResolutionLabel, kResolutionText);
+    addToTranslationMap(kApplyButton, kApplyText);
+}
+
+void DisplayUnitDialog::onInitDialog()
+{
+    auto* box = getControl<ColorableTextBox>(kDisplayBox);
+    box->backColor(Qt::black);
+    box->foreColor(Qt::yellow);
+    box->setFont(QFont(QStringLiteral("Arial"), kDisplayPoints));
+    box->setText(QStringLiteral("****"));
+    // The longest reading has its place from the start, so that the window keeps its width.
+    box->setMinimumWidth(box->fontMetrics().horizontalAdvance(QString(14, QLatin1Char('0'))) +
+                         2 * box->margin());
+
+    fill(*getControl<QComboBox>(kModeCombo), kModes);
+    fill(*getControl<QComboBox>(kDataBitsCombo), kDataBits);
+    fill(*getControl<QComboBox>(kResolutionCombo), kResolutions);
+
+    auto* applyButton = getControl<QPushButton>(kApplyButton);
+    applyButton->setEnabled(false);
+    connect(applyButton, &QPushButton::clicked, this, &DisplayUnitDialog::apply);
+
+    setCursor(Qt::WaitCursor);
+    m_link.setReplyTarget(this, WM_DISPLAY_UNIT);
+    // Once the window is on the screen, so that the messages appear over it.
+    QMetaObject::invokeMethod(this, &DisplayUnitDialog::openLink, Qt::QueuedConnection);
+}
+
+void DisplayUnitDialog::translate()
+{
+    BaseDialog::translate();
+    if (ComPortNames().isSimulated(m_link.portName()))
+        setWindowTitle(windowTitle() + QStringLiteral(" - ") + languageString(kSimulatedText));
+    getControl<QWidget>(kDisplayBox)->setAccessibleDescription(languageString(kReadingText));
+
+    auto* modes = getControl<QComboBox>(kModeCombo);
+    modes->setItemText(0, languageString(kBinaryText));
+    modes->setItemText(1, languageString(kGrayText));
+    auto* dataBits = getControl<QComboBox>(kDataBitsCombo);
+    for (int item = 0; item < dataBits->count(); ++item)
+        dataBits->setItemText(item, QString::number(dataBits->itemData(item).toInt()));
+    auto* resolutions = getControl<QComboBox>(kResolutionCombo);
+    for (int item = 0; item < resolutions->count(); ++item) {
+        const double resolution = resolutions->itemData(item).toInt() * 0.001;
+        resolutions->setItemText(item, QString::number(resolution, 'f', 3) + QLatin1Char(' ') +
+                                           languageString(kUnitText));
+    }
+}
+
+void DisplayUnitDialog::openLink()
+{
+    m_setUp = m_link.open(m_sensorLink.portNumber());
+    if (m_setUp == 0)
+        onSetUp(0);
+}
+
+/// Without a unit that is set up the window stays, but nothing is ever sent.
+void DisplayUnitDialog::onSetUp(int result)
+{
+    m_setUp = 0;
+    m_connected = result == 1;
+    unsetCursor();
+    if (m_connected) {
+        getControl<QPushButton>(kApplyButton)->setEnabled(true);
+        m_timer.start();
+    } else {
+        m_link.close();
+    }
+    collectMessage();
+}
+
+/// An Apply takes the place of one reading.
+void DisplayUnitDialog::onTimer()
+{
+    if (m_outstanding != 0)
+        return;
+    if (const auto settings = std::exchange(m_pendingSettings, std::nullopt))
+        m_outstanding = m_link.requestApply(*settings);
+    else
+        m_outstanding = m_link.requestReading();
+}
+
+void DisplayUnitDialog::onCompletion()
+{
+    m_outstanding = 0;
+    const QString reading = m_link.lastReading();
+    if (reading.compare(m_shownText, Qt::CaseInsensitive) != 0) {
+        m_shownText = reading;
+        getControl<ColorableTextBox>(kDisplayBox)->setText(reading);
+    }
+    if (m_closeWanted)
+        reject();
+    else
+        collectMessage();
+}
+
+void DisplayUnitDialog::apply()
+{
+    m_pendingSettings = DisplaySettings{selectedData(*getControl<QComboBox>(kModeCombo)),
+                                        selectedData(*getControl<QComboBox>(kDataBitsCombo)),
+                                        selectedData(*getControl<QComboBox>(kResolutionCombo))};
+}
+
+/// Closes the dialog, or has the completion of what is outstanding close it: a setting that is
+/// being applied goes out whole. A set-up, of which nothing shows yet, is cut short.
+void DisplayUnitDialog::done(int result)
+{
+    m_timer.stop();
+    m_closeWanted = true;
+    if (m_outstanding != 0) {
+        setCursor(Qt::WaitCursor);
+        return;
+    }
+    m_setUp = 0;
+    m_link.setReplyTarget(nullptr, 0);
+    m_link.close();
+    if (m_messageBox)
+        m_messageBox->close();
+    BaseDialog::done(result);
+}
+
+void DisplayUnitDialog::customEvent(QEvent* event)
+{
+    const auto* message = WindowMessage::from(event);
+    if (!message || message->message() != WM_DISPLAY_UNIT || message->request() == 0)
+        return;
+    if (message->request() == m_setUp)
+        onSetUp(static_cast<int>(message->wParam()));
+    else if (message->request() == m_outstanding)
+        onCompletion();
+}
+
+void DisplayUnitDialog::collectMessage()
+{
+    const QString message = m_link.takeMessage();
+    if (!message.isEmpty())
+        m_message = message;
+    showMessage();
+}
+
+/// A box over another dialog would take the keys that are meant for that one.
+void DisplayUnitDialog::showMessage()
+{
+    if (!m_message.isEmpty() && !m_closeWanted && !QApplication::activeModalWidget())
+        m_messageBox =
+            showMessageBox(this, std::exchange(m_message, QString()), QMessageBox::Warning);
+}
+
+bool DisplayUnitDialog::event(QEvent* event)
+{
+    if (event->type() == QEvent::WindowUnblocked)
+        QMetaObject::invokeMethod(this, &DisplayUnitDialog::showMessage, Qt::QueuedConnection);
+    return BaseDialog::event(event);
+}
+
+} // namespace pelorin

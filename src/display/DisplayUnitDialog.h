@@ -1,0 +1,68 @@
+#pragma once
+
+#include "display/DisplayLink.h"
+#include "platform/ui/BaseDialog.h"
+
+#include <QPointer>
+#include <QTimer>
+
+#include <optional>
+
+class QMessageBox;
+
+namespace pelorin {
+
+class SensorLink;
+
+/// Shows what the display unit displays, asked for three times a second, and sends it the output
+/// settings that the user applies. Modeless. User-interface thread only.
+///
+/// It closes once the unit has answered what it was asked; the window stays until then, at most
+/// as long as the time limits of one exchange. What the user must be told is shown when no other
+/// dialog is open.
+class DisplayUnitDialog final : public BaseDialog
+{
+    Q_OBJECT
+
+public:
+    /// The unit's port and node are read from the settings now.
+    /// @param factory makes the unit's port; outlives the dialog
+    /// @param sensorLink whose port the unit cannot share; outlives the dialog
+    DisplayUnitDialog(QWidget* parent, const ComPortFactory& factory, const SensorLink& sensorLink);
+    ~DisplayUnitDialog() override;
+
+    /// Whether the unit is connected through COM<portNumber>.
+    [[nodiscard]] bool usesPort(int portNumber) const;
+
+    void translate() override;
+    void done(int result) override;
+
+protected:
+    void setupTranslationMap() override;
+    void onInitDialog() override;
+    void customEvent(QEvent* event) override;
+    bool event(QEvent* event) override;
+
+private:
+    void openLink();
+    void onSetUp(int result);
+    void onTimer();
+    void onCompletion();
+    void apply();
+    void collectMessage();
+    void showMessage();
+
+    const SensorLink& m_sensorLink;
+    DisplayLink m_link;
+    RequestId m_setUp = 0;       ///< the set-up that runs
+    RequestId m_outstanding = 0; ///< the reading or apply that runs
+    bool m_connected = false;
+    bool m_closeWanted = false; ///< the dialog closes with the next completion
+    std::optional<DisplaySettings> m_pendingSettings; ///< applied, not yet handed to the link
+    QString m_shownText;
+    QString m_message; ///< not yet shown
+    QPointer<QMessageBox> m_messageBox;
+    QTimer m_timer;
+};
+
+} // namespace pelorin

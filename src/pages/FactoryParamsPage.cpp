@@ -1,0 +1,306 @@
+#include "pages/FactoryParamsPage.h"
+
+#include "link/SensorLink.h"
+#include "platform/core/LanguageStrings.h"
+#include "platform/core/Pacing.h"
+#include "platform/ui/ColumnWidths.h"
+#include "platform/ui/MessageBox.h"
+
+#include <QPushButton>
+#include <QTableWidget>
+
+#include <string_view>
+
+namespace pelorin {
+
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr int kListControl = 1036;
+constexpr int kApplyControl = 1037;
+
+constexpr int kReadingText = 121;
+constexpr int kReadFailedText = 123;
+constexpr int kReadyText = 126;
+constexpr int kWriteFailedText = 170;
+constexpr int kApplyText = 180;
+constexpr int kListNameText = 214;
+constexpr int kWritingText = 217;
+constexpr int kLinkLostText = 1012;
+constexpr int kNotIdentifiedText = 1013;
+constexpr int kNotReadText = 1300;
+constexpr int kWrittenText = 1310;
+constexpr int kNothingWrittenText = 1311;
+constexpr std::array kHeaderTexts = {111, 112, 113};
+
+constexpr int kValueColumn = 1;
+constexpr int kUnitColumn = 2;
+
+constexpr std::string_view kReadSequence = "FDLUPANMJO";
+constexpr std::string_view kWriteSequence = "FLUSZPDNMJO";
+constexpr auto kPauseBetweenRequests = 100ms;
+
+/// String numbers of a row's label and unit, 0 for none.
+struct Row
+{
+    int label;
+    int unit;
+};
+
+constexpr std::array<Row, FactoryParameters::kRowCount> kRows = {{
+    {138, 0},
+    {215, 0},
+    {142, 141}, // stroke, mm
+    {143, 144}, // gradient
+    {133, 219}, // multiplier
+    {147, 146},
+    {149, 141}, // offset, mm
+    {216, 146},
+    {151, 146},
+    {154, 146},
+}};
+
+/// The rows that sensors of a type have; each has as many parameters to read.
+constexpr std::array kRowsOfType = {7, 8, 10};
+
+} // namespace
+
+FactoryParamsPage::FactoryParamsPage() : SensorPage(QStringLiteral("DLG_PELORIN_FACTORYPARAMS")) {}
+
+void FactoryParamsPage::setupTranslationMap()
+{
+    addToTranslationMap(kApplyControl, kApplyText);
+    addAccessibleName(kListControl, kListNameText);
+}
+
+void FactoryParamsPage::onInitDialog()
+{
+    m_applyButton = getControl<QPushButton>(kApplyControl);
+    connect(m_applyButton, &QPushButton::clicked, this, &FactoryParamsPage::apply);
+
+    m_list = getControl<QTableWidget>(kListControl);
+    m_list->setRowCount(FactoryParameters::kRowCount);
+    m_list->setColumnCount(static_cast<int>(kHeaderTexts.size()));
+    for (int row = 0; row < m_list->rowCount(); ++row) {
+        for (int column = 0; column < m_list->columnCount(); ++column) {
+            auto* item = new QTableWidgetItem;
+            item->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable);
+            if (column != 0)
+                item->setTextAlignment(Qt::AlignCenter);
+            m_list->setItem(row, column, item);
+        }
+    }
+    new ColumnWidths(*m_list, {0.3, 0.4, 0.3});
+    m_editor.attach(m_list);
+    connect(&m_editor, &CellEditor::committed, this, [this] { m_applyButton->setEnabled(true); });
+}
+
+void FactoryParamsPage::translate()
+{
+    SensorPage::translate();
+    QStringList headers;
+    for (const int number : kHeaderTexts)
+        headers << languageString(number);
+    m_list->setHorizontalHeaderLabels(headers);
+    m_list->horizontalHeaderItem(0)->setTextAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    for (int row = 0; row < m_list->rowCount(); ++row) {
+        const auto& [label, unit] = kRows[static_cast<std::size_t>(row)];
+        m_list->item(row, 0)->setText(languageString(label));
+        m_list->item(row, kUnitColumn)->setText(unit ? languageString(unit) : QString());
+    }
+}
+
+bool FactoryParamsPage::isWriting() const
+{
+    return m_phase == Phase::Writing || m_phase == Phase::Closing;
+}
+
+char FactoryParamsPage::readParameterId() const
+{
+    return kReadSequence[static_cast<std::size_t>(m_step)];
+}
+
+/// While the sequence is being closed, the command that closes it.
+char FactoryParamsPage::writeParameterId() const
+{
+    if (m_phase == Phase::Closing)
+        return link().ssiType() == 1 ? 'E' : 'C';
+    return kWriteSequence[static_cast<std::size_t>(m_step)];
+}
+
+void FactoryParamsPage::getCurrentValues()
+{
+    if (isWriting())
+        return;
+    showBusy(1);
+    setStatusText(kReadingText);
+    m_phase = Phase::Reading;
+    m_step = 0;
+    m_readComplete = false;
+    m_parameters.clear();
+    const int type = link().ssiType();
+    const bool known = type >= 0 && type < static_cast<int>(kRowsOfType.size());
+    startEditing(known ? kRowsOfType[static_cast<std::size_t>(type)] : m_rowCount);
+    m_readCount = known ? m_rowCount : static_cast<int>(kReadSequence.size());
+    beginSequence();
+    requestRead(readParameterId());
+}
+
+/// Empties the values and lets those be edited that the sensor has.
+void FactoryParamsPage::startEditing(int rowCount)
+{
+    m_rowCount = rowCount;
+    for (int row = 0; row < m_list->rowCount(); ++row) {
+        QTableWidgetItem* item = m_list->item(row, kValueColumn);
+        item->setText(QString());
+        item->setFlags(item->flags().setFlag(Qt::ItemIsEditable, row < m_rowCount));
+    }
+}
+
+void FactoryParamsPage::onLinkReply(int result)
+{
+    const QString failure = result == 1 && advance() ? QString() : fail();
+    postLinkResult(result);
+    if (!failure.isNull())
+        Q_EMIT writingFailed(failure);
+}
+
+/// @return false if the sequence cannot go on
+bool FactoryParamsPage::advance()
+{
+    switch (m_phase) {
+    case Phase::Idle:
+        break;
+    case Phase::Reading:
+        continueReading();
+        break;
+    case Phase::Writing:
+        return continueWriting();
+    case Phase::Closing:
+        finish();
+        break;
+    }
+    return true;
+}
+
+void FactoryParamsPage::continueReading()
+{
+    showReadValue();
+    if (++m_step < m_readCount) {
+        Pacing::sleep(kPauseBetweenRequests);
+        requestRead(readParameterId());
+    } else {
+        m_readComplete = true;
+        finish();
+    }
+}
+
+void FactoryParamsPage::showReadValue()
+{
+    const char id = readParameterId();
+    m_parameters.take(id, link().lastReply());
+    for (int row = 0; row < m_list->rowCount(); ++row)
+        if (FactoryParameters::parameterOf(row) == id)
+            m_list->item(row, kValueColumn)->setText(m_parameters.text(row));
+}
+
+/// What a type does not have is not written either: nothing was read for it.
+bool FactoryParamsPage::continueWriting()
+{
+    const int writeCount = m_rowCount + 1;
+    if (++m_step < writeCount) {
+        Pacing::sleep(kPauseBetweenRequests);
+        requestNextWrite();
+        return true;
+    }
+    m_phase = Phase::Closing;
+    return sendClosingCommand();
+}
+
+void FactoryParamsPage::requestNextWrite()
+{
+    const char id = writeParameterId();
+    requestWrite(id, m_parameters.composeWriteValue(id, m_entries));
+}
+
+void FactoryParamsPage::finish()
+{
+    m_phase = Phase::Idle;
+    m_applyButton->setEnabled(false);
+    showBusy(0);
+    setStatusText(kReadyText);
+}
+
+/// @return what to tell the user beyond the status text; null for nothing
+QString FactoryParamsPage::fail()
+{
+    const bool writing = isWriting();
+    const char id = writing ? writeParameterId() : readParameterId();
+    m_phase = Phase::Idle;
+    showBusy(0);
+    setStatusText(writing ? kWriteFailedText : kReadFailedText, {parameterArgument(id)});
+    if (!writing)
+        return {};
+
+    QStringList lines{languageString(kWriteFailedText).arg(parameterArgument(id))};
+    if (linkWasLost())
+        lines << languageString(kLinkLostText);
+    QStringList written;
+    for (const char done : kWriteSequence.substr(0, static_cast<std::size_t>(m_step)))
+        written << QString(QLatin1Char(done));
+    lines << (written.isEmpty()
+                  ? languageString(kNothingWrittenText)
+                  : languageString(kWrittenText).arg(written.join(QStringLiteral(", "))));
+    return lines.join(QLatin1Char('\n'));
+}
+
+void FactoryParamsPage::apply()
+{
+    if (m_phase != Phase::Idle)
+        return;
+    m_editor.commit();
+    m_entries = entries();
+    if (!validateForApply())
+        return;
+    showBusy(1);
+    m_step = 0;
+    m_phase = Phase::Writing;
+    setStatusText(kWritingText);
+    beginSequence();
+    requestNextWrite();
+}
+
+/// Tells the user what keeps the values from being written, and selects the row that it is in.
+bool FactoryParamsPage::validateForApply()
+{
+    const QString reason = hindrance();
+    const auto fault = reason.isNull() ? m_parameters.findFault(m_entries, m_rowCount)
+                                       : FactoryParameters::Fault{reason, -1};
+    if (fault.message.isNull())
+        return true;
+    (void)messageBox(this, fault.message, QMessageBox::Ok, QMessageBox::Warning);
+    if (fault.row >= 0)
+        m_list->selectRow(fault.row);
+    return false;
+}
+
+/// Values are written only to the sensor that they were read from.
+QString FactoryParamsPage::hindrance() const
+{
+    if (!link().isIdentified())
+        return languageString(kNotIdentifiedText);
+    if (!m_readComplete || linkWasLost())
+        return languageString(kNotReadText);
+    return {};
+}
+
+FactoryParameters::Texts FactoryParamsPage::entries() const
+{
+    FactoryParameters::Texts texts;
+    for (int row = 0; row < FactoryParameters::kRowCount; ++row)
+        texts[static_cast<std::size_t>(row)] = m_list->item(row, kValueColumn)->text();
+    return texts;
+}
+
+} // namespace pelorin

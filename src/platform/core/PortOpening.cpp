@@ -1,0 +1,54 @@
+#include "platform/core/PortOpening.h"
+
+#include "platform/core/ComPort.h"
+#include "platform/core/LanguageStrings.h"
+
+#include <cerrno>
+
+namespace pelorin {
+
+namespace {
+
+constexpr int kNoPermissionText = 1001;
+constexpr int kPortInUseText = 1002;
+
+constexpr int kQueueSize = 128;
+
+PortFailure configure(ComPort& port, const LineSettings& line)
+{
+    if (const int error = port.setLine(line); error != 0)
+        return {PortStep::Line, error};
+    if (const int error = port.setTimeouts(ComPort::Timeouts()); error != 0)
+        return {PortStep::Timeouts, error};
+    if (const int error = port.setQueueSizes(kQueueSize, kQueueSize); error != 0)
+        return {PortStep::Queues, error};
+    return {};
+}
+
+} // namespace
+
+QString PortFailure::message(const QString& deviceName) const
+{
+    QString message =
+        languageString(static_cast<int>(step)).arg(deviceName, QString::number(error));
+    if (step != PortStep::Open)
+        return message;
+    if (error == EACCES || error == EPERM)
+        message += QLatin1Char('\n') +
+                   languageString(kNoPermissionText).arg(deviceName, QStringLiteral("dialout"));
+    else if (error == EBUSY)
+        message += QLatin1Char('\n') + languageString(kPortInUseText).arg(deviceName);
+    return message;
+}
+
+PortFailure openPort(ComPort& port, const LineSettings& line)
+{
+    if (const int error = port.open(); error != 0)
+        return {PortStep::Open, error};
+    const PortFailure failure = configure(port, line);
+    if (failure)
+        port.close();
+    return failure;
+}
+
+} // namespace pelorin
