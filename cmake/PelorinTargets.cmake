@@ -21,10 +21,11 @@ function(pelorin_layer name)
     target_include_directories(pelorin_${name} PUBLIC ${CMAKE_SOURCE_DIR}/src)
 endfunction()
 
-# pelorin_test(<Name> [FOLDER <folder>] [USES <libraries>] [TIMEOUT <seconds>])
-# One test program from <Name>.cpp, run offscreen with a profile folder of its own.
+# pelorin_test(<Name> [USES <libraries>] [TIMEOUT <seconds>] [DECIMAL_COMMA])
+# One test program from <Name>.cpp, run offscreen with a profile folder of its own. With
+# DECIMAL_COMMA it runs once more, with a decimal comma in the C library and in the default locale.
 function(pelorin_test name)
-    cmake_parse_arguments(ARG "" "TIMEOUT" "USES" ${ARGN})
+    cmake_parse_arguments(ARG "DECIMAL_COMMA" "TIMEOUT" "USES" ${ARGN})
     if(NOT ARG_TIMEOUT)
         set(ARG_TIMEOUT 60)
     endif()
@@ -32,7 +33,14 @@ function(pelorin_test name)
     set_target_properties(${name} PROPERTIES
         RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/tests)
     target_link_libraries(${name} PRIVATE ${ARG_USES} pelorin_test_support pelorin_options Qt6::Test)
-    add_test(NAME ${name} COMMAND ${name})
-    set_tests_properties(${name} PROPERTIES TIMEOUT ${ARG_TIMEOUT} ENVIRONMENT
-        "QT_QPA_PLATFORM=offscreen:configfile=${CMAKE_SOURCE_DIR}/tests/support/screen.json;XDG_CONFIG_HOME=${CMAKE_BINARY_DIR}/tests/config/${name};LC_ALL=C.UTF-8;TSAN_OPTIONS=suppressions=${CMAKE_SOURCE_DIR}/tests/support/tsan.supp;UBSAN_OPTIONS=print_stacktrace=1")
+    pelorin_test_run(${name} ${name} ${ARG_TIMEOUT} C.UTF-8)
+    if(ARG_DECIMAL_COMMA)
+        pelorin_test_run(${name}.german ${name} ${ARG_TIMEOUT} de_DE.UTF-8)
+    endif()
+endfunction()
+
+function(pelorin_test_run run program timeout locale)
+    add_test(NAME ${run} COMMAND ${program})
+    set_tests_properties(${run} PROPERTIES TIMEOUT ${timeout} ENVIRONMENT
+        "QT_QPA_PLATFORM=offscreen:configfile=${CMAKE_SOURCE_DIR}/tests/support/screen.json;XDG_CONFIG_HOME=${CMAKE_BINARY_DIR}/tests/config/${run};LC_ALL=${locale};TSAN_OPTIONS=suppressions=${CMAKE_SOURCE_DIR}/tests/support/tsan.supp;UBSAN_OPTIONS=print_stacktrace=1")
 endfunction()
