@@ -669,7 +669,7 @@ void PelorinMainWindow::stopReconnect()
 /// Not inside a command that waits for the sensor: it would wait for the answer, too.
 void PelorinMainWindow::showNotice(const QString& text)
 {
-    m_notice = text;
+    m_notices << text;
     runDeferred();
 }
 
@@ -693,10 +693,9 @@ void PelorinMainWindow::runDeferred()
         return;
     if (m_closeWanted) {
         close();
-    } else if (!m_closing && !m_notice.isEmpty()) {
+    } else if (!m_closing && !m_notices.isEmpty()) {
         const CommandScope scope(*this);
-        (void)messageBox(this, std::exchange(m_notice, {}), QMessageBox::Ok,
-                         QMessageBox::Information);
+        (void)messageBox(this, m_notices.takeFirst(), QMessageBox::Ok, QMessageBox::Information);
     } else if (m_connectWanted) {
         m_connectWanted = false;
         postCommand(kConnectCommand);

@@ -148,7 +148,7 @@ private:
     bool m_closeWanted = false;       ///< a close waits until a dialog or a command has ended
     bool m_closeAfterWriting = false; ///< the close had to wait for the end of a write
     bool m_closing = false;
-    QString m_notice; ///< waits until a command has ended
+    QStringList m_notices; ///< wait until a command has ended
 };
 
 } // namespace pelorin
