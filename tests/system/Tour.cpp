@@ -53,22 +53,6 @@ bool Tour::clickCommand(int command)
     return fail("a menu item is missing");
 }
 
-bool Tour::clickCommand(int command)
-{
-    QMenuBar& bar = *m_window.menuBar();
-    for (QAction* top : bar.actions()) {
-        for (QAction* item : top->menu() ? top->menu()->actions() : QList<QAction*>()) {
-            if (item->isSeparator() || item->data().toInt() != command)
-                continue;
-            QTest::mouseClick(&bar, Qt::LeftButton, {}, bar.actionGeometry(top).center());
-            QTest::mouseClick(top->menu(), Qt::LeftButton, {},
-                              top->menu()->actionGeometry(item).center());
-            return true;
-        }
-    }
-    return fail("a menu item is missing");
-}
-
 bool Tour::waitIdle()
 {
     bool idle = QTest::qWaitFor([this] { return m_window.currentPage() >= 0; }, kTimeLimit);
