@@ -80,11 +80,12 @@ void DisplayProtocol::send(const QByteArray& command)
         '$' + QByteArray(1, static_cast<char>('0' + m_nodeId)) + command + kTerminator;
     const int size = static_cast<int>(frame.size());
     const auto [error, written] = m_port.write({frame.constData(), static_cast<std::size_t>(size)});
-    if (error != 0)
+    if (error != 0) {
         note(QStringLiteral("Error in WriteFile. Error = %1").arg(error));
-    else if (written != size)
+    } else if (written != size) {
         note(QStringLiteral("Byte count mismatch in WriteFile. Wrote = %1, Correct = %2,Error = %3")
                  .arg(QString::number(written), QString::number(size), QString::number(error)));
+    }
 }
 
 /// Reads up to a CR, which stays part of the answer, at most so many bytes, and not beyond a byte

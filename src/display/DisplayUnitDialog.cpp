@@ -162,10 +162,11 @@ void DisplayUnitDialog::onTimer()
 {
     if (m_outstanding != 0)
         return;
-    if (const auto settings = std::exchange(m_pendingSettings, std::nullopt))
+    if (const auto settings = std::exchange(m_pendingSettings, std::nullopt)) {
         m_outstanding = m_link.requestApply(*settings);
-    else
+    } else {
         m_outstanding = m_link.requestReading();
+    }
 }
 
 void DisplayUnitDialog::onCompletion()
@@ -176,10 +177,11 @@ void DisplayUnitDialog::onCompletion()
         m_shownText = reading;
         getControl<ColorableTextBox>(kDisplayBox)->setText(reading);
     }
-    if (m_closeWanted)
+    if (m_closeWanted) {
         reject();
-    else
+    } else {
         collectMessage();
+    }
 }
 
 void DisplayUnitDialog::apply()
@@ -212,10 +214,11 @@ void DisplayUnitDialog::customEvent(QEvent* event)
     const auto* message = WindowMessage::from(event);
     if (!message || message->message() != WM_DISPLAY_UNIT || message->request() == 0)
         return;
-    if (message->request() == m_setUp)
+    if (message->request() == m_setUp) {
         onSetUp(static_cast<int>(message->wParam()));
-    else if (message->request() == m_outstanding)
+    } else if (message->request() == m_outstanding) {
         onCompletion();
+    }
 }
 
 void DisplayUnitDialog::collectMessage()
@@ -229,9 +232,10 @@ void DisplayUnitDialog::collectMessage()
 /// A box over another dialog would take the keys that are meant for that one.
 void DisplayUnitDialog::showMessage()
 {
-    if (!m_message.isEmpty() && !m_closeWanted && !QApplication::activeModalWidget())
+    if (!m_message.isEmpty() && !m_closeWanted && !QApplication::activeModalWidget()) {
         m_messageBox =
             showMessageBox(this, std::exchange(m_message, QString()), QMessageBox::Warning);
+    }
 }
 
 bool DisplayUnitDialog::event(QEvent* event)

@@ -138,10 +138,11 @@ RequestId SensorLink::submit(SensorRequest kind, char parameterId, const QByteAr
         id = ++m_lastRequestId;
         m_requests[static_cast<std::size_t>(kind)] = Request{id, parameterId, bytes};
     }
-    if (m_worker.joinable())
+    if (m_worker.joinable()) {
         m_events.signal(static_cast<int>(kind));
-    else
+    } else {
         m_replyTarget.post(0, id);
+    }
     return id;
 }
 
@@ -165,12 +166,13 @@ void SensorLink::setLossTarget(QObject* window)
 
 void SensorLink::setKeepAlive(int on)
 {
-    if (on == 1)
+    if (on == 1) {
         m_keepAliveTimer.start(Pacing::pause(kKeepAlivePeriod), [this] {
             m_events.signal(static_cast<int>(SensorRequest::KeepAlive));
         });
-    else
+    } else {
         m_keepAliveTimer.stop();
+    }
 }
 
 void SensorLink::setStreamMode(int on, int dataBits, int resolutionThousandths)

@@ -442,6 +442,7 @@ void TestDisplayUnitDialog::languageChangeKeepsReadingAndChoice()
     bench.choose("resolutionCombo", 2);
     QCOMPARE(bench.languages().loadLanguage(2), 1);
     QTRY_COMPARE(bench.dialog()->windowTitle(), QStringLiteral("QDL3-Anzeigegerät - simuliert"));
+    bench.dialog()->grab().save(QStringLiteral("build/de.png"));
     QCOMPARE(qobject_cast<QComboBox*>(bench.control("modeCombo"))->currentText(),
              QStringLiteral("Gray-Code"));
     QCOMPARE(qobject_cast<QComboBox*>(bench.control("resolutionCombo"))->currentText(),

@@ -33,11 +33,12 @@ QString PortFailure::message(const QString& deviceName) const
         languageString(static_cast<int>(step)).arg(deviceName, QString::number(error));
     if (step != PortStep::Open)
         return message;
-    if (error == EACCES || error == EPERM)
+    if (error == EACCES || error == EPERM) {
         message += QLatin1Char('\n') +
                    languageString(kNoPermissionText).arg(deviceName, QStringLiteral("dialout"));
-    else if (error == EBUSY)
+    } else if (error == EBUSY) {
         message += QLatin1Char('\n') + languageString(kPortInUseText).arg(deviceName);
+    }
     return message;
 }
 
