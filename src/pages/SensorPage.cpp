@@ -108,7 +108,8 @@ void SensorPage::setStatusText(int stringNumber, const QStringList& arguments)
 
 void SensorPage::clearStatusText()
 {
-    setStatusText(0);
+    m_statusString = 0;
+    renderStatusText();
     postStatusText();
 }
 
