@@ -1,5 +1,7 @@
 #include "app/BusyFilter.h"
 
+#include "platform/core/WindowMessage.h"
+
 #include <QApplication>
 #include <QCursor>
 #include <QEvent>
@@ -104,6 +106,7 @@ void BusyFilter::end()
 
 bool BusyFilter::eventFilter(QObject* watched, QEvent* event)
 {
+    (void)WindowMessage::from(event); // whatever a worker has written of it
     return isInput(*event) && !belongsToMessageBox(watched);
 }
 

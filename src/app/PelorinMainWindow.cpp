@@ -704,6 +704,7 @@ void PelorinMainWindow::runDeferred()
 
 bool PelorinMainWindow::event(QEvent* event)
 {
+    (void)WindowMessage::from(event); // whatever a worker has written of it
     if (event->type() == QEvent::WindowUnblocked)
         QMetaObject::invokeMethod(this, &PelorinMainWindow::runDeferred, Qt::QueuedConnection);
     return QMainWindow::event(event);

@@ -240,6 +240,7 @@ void DisplayUnitDialog::showMessage()
 
 bool DisplayUnitDialog::event(QEvent* event)
 {
+    (void)WindowMessage::from(event); // whatever a worker has written of it
     if (event->type() == QEvent::WindowUnblocked)
         QMetaObject::invokeMethod(this, &DisplayUnitDialog::showMessage, Qt::QueuedConnection);
     return BaseDialog::event(event);

@@ -29,6 +29,12 @@ QString deviceNameOf(int portNumber)
     return QStringLiteral("\\\\.\\COM%1").arg(portNumber);
 }
 
+/// A copy that shares nothing with its source: each thread frees its own.
+QByteArray separate(const QByteArray& bytes)
+{
+    return {bytes.constData(), bytes.size()};
+}
+
 } // namespace
 
 SensorLink::SensorLink(const ComPortFactory& factory) : m_factory(factory) {}
@@ -136,7 +142,7 @@ RequestId SensorLink::submit(SensorRequest kind, char parameterId, const QByteAr
     {
         const std::lock_guard lock(m_mutex);
         id = ++m_lastRequestId;
-        m_requests[static_cast<std::size_t>(kind)] = Request{id, parameterId, bytes};
+        m_requests[static_cast<std::size_t>(kind)] = Request{id, parameterId, separate(bytes)};
     }
     if (m_worker.joinable()) {
         m_events.signal(static_cast<int>(kind));
@@ -200,7 +206,7 @@ int SensorLink::identifyFromLastReply()
     const QByteArray version = lastReply();
     {
         const std::lock_guard lock(m_mutex);
-        m_results.versionText = version;
+        m_results.versionText = separate(version);
     }
     return identify(version);
 }
@@ -208,19 +214,19 @@ int SensorLink::identifyFromLastReply()
 QByteArray SensorLink::lastReply() const
 {
     const std::lock_guard lock(m_mutex);
-    return m_results.lastReply;
+    return separate(m_results.lastReply);
 }
 
 QByteArray SensorLink::versionText() const
 {
     const std::lock_guard lock(m_mutex);
-    return m_results.versionText;
+    return separate(m_results.versionText);
 }
 
 RawReply SensorLink::rawReply() const
 {
     const std::lock_guard lock(m_mutex);
-    return m_results.rawReply;
+    return {separate(m_results.rawReply.bytes), m_results.rawReply.cut};
 }
 
 double SensorLink::position() const
@@ -245,6 +251,7 @@ void SensorLink::run()
         {
             const std::lock_guard lock(m_mutex);
             request = m_requests[static_cast<std::size_t>(kind)];
+            request.bytes = separate(request.bytes);
         }
         const int result = perform(protocol, kind, request);
         if (kind != SensorRequest::KeepAlive)

@@ -16,7 +16,7 @@ namespace pelorin::test {
 
 namespace {
 
-constexpr Pacing::Speeds kFast{100, 200, 2}; // a loaded machine must not miss a time limit
+constexpr Pacing::Speeds kFast{100, 200, 1}; // a loaded machine must not miss a time limit
 
 /// Clicks an item of an open menu or of the menu bar.
 template <class Menu>
