@@ -19,6 +19,9 @@ if [[ -n ${DISPLAY:-} || -n ${WAYLAND_DISPLAY:-} ]]; then
 else
     build dev pelorin-tour
     say "No display: running the tour, pictures go to build/tour"
-    QT_QPA_PLATFORM=offscreen:configfile=$PWD/tests/support/screen.json \
+    # The user's own settings and profile stay out of it.
+    PELORIN_REGISTRY=$PWD/build/dev/share/pelorin/demo.reg \
+        XDG_CONFIG_HOME=$PWD/build/tour/config \
+        QT_QPA_PLATFORM=offscreen:configfile=$PWD/tests/support/screen.json \
         build/dev/bin/pelorin-tour build/tour
 fi
