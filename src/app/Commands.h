@@ -25,9 +25,10 @@ enum Command : int {
     return command >= kFirstLanguageCommand && command <= kLastLanguageCommand;
 }
 
+/// The code of a language item, 0 for any other command.
 [[nodiscard]] constexpr int languageCodeOf(int command)
 {
-    return 1 << (command - kFirstLanguageCommand);
+    return isLanguageCommand(command) ? 1 << (command - kFirstLanguageCommand) : 0;
 }
 
 } // namespace pelorin
