@@ -383,7 +383,6 @@ void TestManualCommDialog::answersToOthersAreIgnored()
         QCOMPARE(m_window->busy, QList<int>({1}));
     }
     QVERIFY(waitDone());
-    QVERIFY(received().startsWith(QStringLiteral("30,31,32")));
     QCOMPARE(outcome(), QString());
 }
 
