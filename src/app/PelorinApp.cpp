@@ -127,17 +127,19 @@ void PelorinApp::exitInstance()
 void PelorinApp::requestClose()
 {
     m_closeRequested = true;
-    if (m_mainWindow)
-        m_mainWindow->close();
-    else if (QWidget* dialog = QApplication::activeModalWidget())
-        dialog->close();
+    QWidget* window = m_mainWindow.get();
+    if (!window)
+        window = QApplication::activeModalWidget();
+    if (window)
+        window->close();
 }
 
 /// A program that is asked to end asks nothing more of its user.
 void PelorinApp::showError(const QString& text) const
 {
-    if (!m_closeRequested)
-        (void)messageBox(QApplication::activeWindow(), text, QMessageBox::Ok, QMessageBox::Warning);
+    if (m_closeRequested)
+        return;
+    (void)messageBox(QApplication::activeWindow(), text, QMessageBox::Ok, QMessageBox::Warning);
 }
 
 bool PelorinApp::loadLanguage(int code)
@@ -166,11 +168,12 @@ void PelorinApp::reportDamagedSettings(int languageCode)
     m_languages.init(m_installPath.isEmpty() ? programFolder() : m_installPath, applicationName());
     if (m_languages.loadLanguage(languageCode) != 1)
         (void)m_languages.loadLanguage(kDefaultLanguage); // which may fail: see textOr
-    if (damage && damage->line == 0)
+    if (damage && damage->line == 0) {
         showError(textOr(kUnreadableRegistryText, QStringLiteral("%1")).arg(damage->path));
-    else if (damage)
+    } else if (damage) {
         showError(textOr(kDamagedRegistryText, QStringLiteral("%1: %2"))
                       .arg(damage->path, QString::number(damage->line)));
+    }
     if (m_profile.isDamaged())
         showError(textOr(kDamagedProfileText, QStringLiteral("%1")).arg(m_profile.fileName()));
     m_languages.shutDown();
