@@ -260,7 +260,8 @@ void TestDisplayLink::faultDuringApplyEndsIt()
     QCOMPARE(m_link->takeMessage(), QString());
 
     m_unit->clearFaults();
-    QTRY_COMPARE(await(m_link->requestApply(kGray25)), 1); // once a late answer has passed
+    // Once a late answer has passed:
+    QVERIFY(QTest::qWaitFor([&] { return await(m_link->requestApply(kGray25)) == 1; }));
 }
 
 void TestDisplayLink::faultyReadingShowsStars_data()
@@ -286,8 +287,10 @@ void TestDisplayLink::faultyReadingShowsStars()
     QCOMPARE(m_link->takeMessage(), QString());
 
     m_unit->clearFaults();
-    QTRY_VERIFY(await(m_link->requestReading()) == 1 &&
-                m_link->lastReading() == QStringLiteral("12.345"));
+    QVERIFY(QTest::qWaitFor([&] {
+        return await(m_link->requestReading()) == 1 &&
+               m_link->lastReading() == QStringLiteral("12.345");
+    }));
 }
 
 void TestDisplayLink::answerIsReadAsFarAsItCounts_data()
@@ -303,9 +306,9 @@ void TestDisplayLink::answerIsReadAsFarAsItCounts()
     for (const char* command : {"SXeFFFFFFFF", "RD", "SPR0.005"}) // filled with zeros, no CR
         m_unit->setFault({SimulatedFault::Kind::Long, 20}, command);
     QCOMPARE(await(m_link->open(kSensorPort)), 1);
-    QTRY_COMPARE(await(m_link->requestReading()), 1);
+    QVERIFY(QTest::qWaitFor([&] { return await(m_link->requestReading()) == 1; }));
     QCOMPARE(m_link->lastReading(), QStringLiteral("12.34500000000"));
-    QTRY_COMPARE(await(m_link->requestApply(kGray25)), 1);
+    QVERIFY(QTest::qWaitFor([&] { return await(m_link->requestApply(kGray25)) == 1; }));
     QCOMPARE(m_unit->settings(), (SimulatedDisplayUnit::Settings{"SSIGRAY", "25", "0.005"}));
 }
 

@@ -355,16 +355,17 @@ void TestSensorLink::positionsComeFromTheStream()
     m_link->setRts(0);
     m_link->setStreamMode(1, 0x060018, 5);
     m_link->setRts(1);
-    QTRY_COMPARE(await(m_link->requestPosition()), 1);
+    QVERIFY(QTest::qWaitFor([&] { return await(m_link->requestPosition()) == 1; }));
     const double position = m_link->position();
 
     m_sensor->setMagnetPosition(13.5);
-    QTRY_VERIFY(await(m_link->requestPosition()) == 1 && m_link->position() != position);
+    QVERIFY(QTest::qWaitFor(
+        [&] { return await(m_link->requestPosition()) == 1 && m_link->position() != position; }));
     QCOMPARE(m_link->position() - position, 1.0);
 
     m_sensor->setFault({SimulatedFault::Kind::Short, 5}, "stream");
     const double last = m_link->position();
-    QTRY_COMPARE(await(m_link->requestPosition()), 0);
+    QVERIFY(QTest::qWaitFor([&] { return await(m_link->requestPosition()) == 0; }));
     QCOMPARE(m_link->position(), last);
 
     m_link->setStreamMode(0, 0, 0);
