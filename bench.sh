@@ -1,11 +1,11 @@
 #!/usr/bin/env bash
-# Builds the release preset and prints the figures of every benchmark; arguments are
+# Builds the benchmarks of the release preset and prints their figures; arguments are
 # passed on to each, for example --benchmark_filter=Log.
 set -euo pipefail
 cd -- "$(dirname -- "${BASH_SOURCE[0]}")"
 source tools/setup.sh
 
-build release
+build release pelorin_benchmarks
 found=no
 for program in build/release/benchmarks/bench*; do
     if [[ -f $program && -x $program ]]; then
