@@ -967,8 +967,8 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <translation>This value must be a number from %1 to %2.</translation>
     </message>
     <message id="1308">
-        <source>This value may only contain letters without accents, digits, blanks and the punctuation of the ASCII characters.</source>
-        <translation>This value may only contain letters without accents, digits, blanks and the punctuation of the ASCII characters.</translation>
+        <source>This value may only contain unaccented letters, digits, spaces and ASCII punctuation.</source>
+        <translation>This value may only contain unaccented letters, digits, spaces and ASCII punctuation.</translation>
     </message>
     <message id="1309">
         <source>Parameter %1 was read as "%2". This page cannot write that back unchanged. Nothing was written.</source>

@@ -967,7 +967,7 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <translation>Questo valore deve essere un numero da %1 a %2.</translation>
     </message>
     <message id="1308">
-        <source>This value may only contain letters without accents, digits, blanks and the punctuation of the ASCII characters.</source>
+        <source>This value may only contain unaccented letters, digits, spaces and ASCII punctuation.</source>
         <translation>Questo valore può contenere solo lettere senza accento, cifre, spazi e la punteggiatura dei caratteri ASCII.</translation>
     </message>
     <message id="1309">

@@ -967,7 +967,7 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <translation>Dieser Wert muss eine Zahl von %1 bis %2 sein.</translation>
     </message>
     <message id="1308">
-        <source>This value may only contain letters without accents, digits, blanks and the punctuation of the ASCII characters.</source>
+        <source>This value may only contain unaccented letters, digits, spaces and ASCII punctuation.</source>
         <translation>Dieser Wert darf nur Buchstaben ohne Akzente und Umlaute, Ziffern, Leerzeichen und die Satzzeichen des ASCII-Zeichensatzes enthalten.</translation>
     </message>
     <message id="1309">

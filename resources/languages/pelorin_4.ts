@@ -967,7 +967,7 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <translation>Cette valeur doit être un nombre de %1 à %2.</translation>
     </message>
     <message id="1308">
-        <source>This value may only contain letters without accents, digits, blanks and the punctuation of the ASCII characters.</source>
+        <source>This value may only contain unaccented letters, digits, spaces and ASCII punctuation.</source>
         <translation>Cette valeur ne doit contenir que des lettres sans accent, des chiffres, des espaces et la ponctuation des caractères ASCII.</translation>
     </message>
     <message id="1309">

@@ -967,7 +967,7 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <translation>Este valor debe ser un número de %1 a %2.</translation>
     </message>
     <message id="1308">
-        <source>This value may only contain letters without accents, digits, blanks and the punctuation of the ASCII characters.</source>
+        <source>This value may only contain unaccented letters, digits, spaces and ASCII punctuation.</source>
         <translation>Este valor solo puede contener letras sin acento, dígitos, espacios y los signos de puntuación de los caracteres ASCII.</translation>
     </message>
     <message id="1309">
