@@ -15,17 +15,17 @@
     <message id="102">
         <source>The line settings of port %1 could not be set (system error %2).</source>
         <extracomment>%1 port, %2 system error code</extracomment>
-        <translation>Die Leitungseinstellungen des Anschlusses %1 konnten nicht gesetzt werden (Systemfehler %2).</translation>
+        <translation>Die Übertragungsparameter des Anschlusses %1 konnten nicht eingestellt werden (Systemfehler %2).</translation>
     </message>
     <message id="103">
         <source>The time-outs of port %1 could not be set (system error %2).</source>
         <extracomment>%1 port, %2 system error code</extracomment>
-        <translation>Die Zeitgrenzen des Anschlusses %1 konnten nicht gesetzt werden (Systemfehler %2).</translation>
+        <translation>Die Zeitlimits des Anschlusses %1 konnten nicht eingestellt werden (Systemfehler %2).</translation>
     </message>
     <message id="104">
         <source>The queue sizes of port %1 could not be set (system error %2).</source>
         <extracomment>%1 port, %2 system error code</extracomment>
-        <translation>Die Puffergrößen des Anschlusses %1 konnten nicht gesetzt werden (Systemfehler %2).</translation>
+        <translation>Die Puffergrößen des Anschlusses %1 konnten nicht eingestellt werden (Systemfehler %2).</translation>
     </message>
     <message id="105">
         <source>The communication could not be started (system error %1).</source>
@@ -160,7 +160,7 @@
     <message id="131">
         <source>Position stream</source>
         <extracomment>Measurement mode, while the sensor streams positions</extracomment>
-        <translation>Positionsausgabe</translation>
+        <translation>Laufende Positionsausgabe</translation>
     </message>
     <message id="132">
         <source>Asynchronous</source>
@@ -215,7 +215,7 @@
     <message id="142">
         <source>Stroke Length</source>
         <extracomment>Caption and table row</extracomment>
-        <translation>Hublänge</translation>
+        <translation>Messlänge</translation>
     </message>
     <message id="143">
         <source>Pulse Velocity</source>
@@ -419,7 +419,7 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
     <message id="182">
         <source>This type of sensor does not offer a resolution finer than 0.010 mm.</source>
         <extracomment>Message</extracomment>
-        <translation>Dieser Sensortyp bietet keine feinere Auflösung als 0.010 mm.</translation>
+        <translation>Dieser Sensortyp bietet keine feinere Auflösung als 0.010 mm.</translation>
     </message>
     <message id="183">
         <source>This type of sensor has no synchronous measurement mode.</source>
@@ -634,7 +634,7 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
     <message id="242">
         <source>The synchronous measurement mode cannot be combined with the reverse direction.</source>
         <extracomment>Message</extracomment>
-        <translation>Der synchrone Messmodus lässt sich nicht mit der Messrichtung „Rückwärts“ verbinden.</translation>
+        <translation>Der synchrone Messmodus lässt sich nicht mit der Messrichtung „Rückwärts“ kombinieren.</translation>
     </message>
     <message id="243">
         <source>This value must be 0, 1 or 2.</source>
@@ -659,7 +659,7 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
     <message id="247">
         <source>The display unit on %1 (node %2) did not acknowledge its set-up.</source>
         <extracomment>%1 port, %2 node</extracomment>
-        <translation>Das Anzeigegerät an %1 (Knoten %2) hat seine Einstellung nicht bestätigt.</translation>
+        <translation>Das Anzeigegerät an %1 (Knoten %2) hat seine Einstellungen nicht bestätigt.</translation>
     </message>
     <message id="248">
         <source>Send</source>
@@ -669,7 +669,7 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
     <message id="249">
         <source>Receive</source>
         <extracomment>Caption</extracomment>
-        <translation>Empfang</translation>
+        <translation>Empfangen</translation>
     </message>
     <message id="250">
         <source>Execute</source>
@@ -888,11 +888,11 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
     </message>
     <message id="1100">
         <source>The sensor is not identified. Connect it before its position is shown.</source>
-        <translation>Der Sensor ist nicht identifiziert. Verbinden Sie ihn, bevor seine Position angezeigt wird.</translation>
+        <translation>Der Sensor ist nicht identifiziert. Verbinden Sie ihn, bevor Sie seine Position anzeigen.</translation>
     </message>
     <message id="1101">
         <source>The sensor on COM%1 still carries the data format for the position stream. Its own data format %2 is written back as soon as it is connected there again.</source>
-        <translation>Der Sensor an COM%1 hat noch das Datenformat für den Positionsstrom. Sein eigenes Datenformat %2 wird zurückgeschrieben, sobald er dort wieder verbunden ist.</translation>
+        <translation>Der Sensor an COM%1 hat noch das Datenformat für die laufende Positionsausgabe. Sein eigenes Datenformat %2 wird zurückgeschrieben, sobald er dort wieder verbunden ist.</translation>
     </message>
     <message id="1102">
         <source>Switch the sensor's supply off and on again now.</source>
@@ -912,7 +912,7 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
     </message>
     <message id="1201">
         <source>The values on this page have not all been read from the sensor as it is connected now. Refresh the page before you apply changes.</source>
-        <translation>Die Werte dieser Seite wurden nicht alle aus dem Sensor gelesen, wie er jetzt verbunden ist. Aktualisieren Sie die Seite, bevor Sie Änderungen übernehmen.</translation>
+        <translation>Nicht alle Werte dieser Seite wurden aus dem jetzt verbundenen Sensor gelesen. Aktualisieren Sie die Seite, bevor Sie Änderungen übernehmen.</translation>
     </message>
     <message id="1202">
         <source>The changes were not applied completely. Written to the sensor before the failure: %1. Whether they have taken effect is not known. Read the values again before you go on.</source>
@@ -980,7 +980,7 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
     </message>
     <message id="1311">
         <source>No parameter had been written before. Read the sensor's parameters and check them before you use the sensor.</source>
-        <translation>Zuvor war kein Parameter geschrieben. Lesen und prüfen Sie die Parameter des Sensors, bevor Sie ihn verwenden.</translation>
+        <translation>Zuvor war noch kein Parameter geschrieben worden. Lesen und prüfen Sie die Parameter des Sensors, bevor Sie ihn verwenden.</translation>
     </message>
     <message id="1320">
         <source>The file %1 could not be written: %2</source>
@@ -996,7 +996,7 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
     </message>
     <message id="1323">
         <source>Missing: %1</source>
-        <translation>Fehlend: %1</translation>
+        <translation>Es fehlen: %1</translation>
     </message>
     <message id="1324">
         <source>Not usable: %1</source>
@@ -1032,7 +1032,7 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
     </message>
     <message id="1402">
         <source>The serial port is not connected. Nothing was sent.</source>
-        <translation>Die serielle Schnittstelle ist nicht verbunden. Es wurde nichts gesendet.</translation>
+        <translation>Der serielle Anschluss ist nicht verbunden. Es wurde nichts gesendet.</translation>
     </message>
     <message id="1403">
         <source>Cut off: the sensor did not fall silent within 60 seconds and 1 MiB.</source>
@@ -1052,7 +1052,7 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
     </message>
     <message id="1407">
         <source>The serial port was lost during the exchange. What was sent or received may be incomplete.</source>
-        <translation>Die serielle Schnittstelle ging während des Austauschs verloren. Gesendetes oder Empfangenes ist möglicherweise unvollständig.</translation>
+        <translation>Der serielle Anschluss ging während des Austauschs verloren. Gesendetes oder Empfangenes ist möglicherweise unvollständig.</translation>
     </message>
     <message id="1500">
         <source>The file %1 could not be written: %2. A file of this name that was there before is unchanged.</source>
