@@ -15,12 +15,12 @@
     <message id="102">
         <source>The line settings of port %1 could not be set (system error %2).</source>
         <extracomment>%1 port, %2 system error code</extracomment>
-        <translation>Les paramètres de ligne du port %1 n'ont pas pu être réglés (erreur système %2).</translation>
+        <translation>Les paramètres de transmission du port %1 n'ont pas pu être réglés (erreur système %2).</translation>
     </message>
     <message id="103">
         <source>The time-outs of port %1 could not be set (system error %2).</source>
         <extracomment>%1 port, %2 system error code</extracomment>
-        <translation>Les délais du port %1 n'ont pas pu être réglés (erreur système %2).</translation>
+        <translation>Les délais d'attente du port %1 n'ont pas pu être réglés (erreur système %2).</translation>
     </message>
     <message id="104">
         <source>The queue sizes of port %1 could not be set (system error %2).</source>
@@ -150,7 +150,7 @@
     <message id="129">
         <source>Forward</source>
         <extracomment>Direction of measurement</extracomment>
-        <translation>Directe</translation>
+        <translation>Direct</translation>
     </message>
     <message id="130">
         <source>Synchronous</source>
@@ -414,12 +414,12 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
     <message id="181">
         <source>A value is missing. Please complete it first.</source>
         <extracomment>Message, with the incomplete field focused</extracomment>
-        <translation>Une valeur manque. Veuillez d'abord la compléter.</translation>
+        <translation>Il manque une valeur. Veuillez d'abord la renseigner.</translation>
     </message>
     <message id="182">
         <source>This type of sensor does not offer a resolution finer than 0.010 mm.</source>
         <extracomment>Message</extracomment>
-        <translation>Ce type de capteur n'offre pas de résolution plus fine que 0.010 mm.</translation>
+        <translation>Ce type de capteur n'offre pas de résolution plus fine que 0.010 mm.</translation>
     </message>
     <message id="183">
         <source>This type of sensor has no synchronous measurement mode.</source>
@@ -429,7 +429,7 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
     <message id="184">
         <source>The measurement direction changes, and the offset with it. Select the sensor type or enter the sensor's dimensions; the new offset is calculated from them.</source>
         <extracomment>Note in a dialog</extracomment>
-        <translation>Le sens de mesure change, et le décalage avec lui. Choisissez le type de capteur ou saisissez ses dimensions ; le nouveau décalage en est calculé.</translation>
+        <translation>Le sens de mesure change, et le décalage avec lui. Choisissez le type de capteur ou saisissez ses dimensions ; elles servent à calculer le nouveau décalage.</translation>
     </message>
     <message id="185">
         <source>Calculate Offset</source>
@@ -624,7 +624,7 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
     <message id="240">
         <source>Changing the error skip count is protected. Enter the password to unlock it.</source>
         <extracomment>Note in a dialog</extracomment>
-        <translation>La modification des erreurs ignorées est protégée. Saisissez le mot de passe pour la déverrouiller.</translation>
+        <translation>Le nombre d'erreurs ignorées est protégé. Saisissez le mot de passe pour le déverrouiller.</translation>
     </message>
     <message id="241">
         <source>OK</source>
@@ -659,7 +659,7 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
     <message id="247">
         <source>The display unit on %1 (node %2) did not acknowledge its set-up.</source>
         <extracomment>%1 port, %2 node</extracomment>
-        <translation>L'afficheur sur %1 (nœud %2) n'a pas confirmé sa configuration.</translation>
+        <translation>L'afficheur sur %1 (nœud %2) n'a pas confirmé ses réglages.</translation>
     </message>
     <message id="248">
         <source>Send</source>
@@ -714,7 +714,7 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
     <message id="258">
         <source>This is not a lookup table for temperature compensation.</source>
         <extracomment>Message</extracomment>
-        <translation>Ce n'est pas une table de compensation de température.</translation>
+        <translation>Ce n'est pas une table de valeurs pour la compensation de température.</translation>
     </message>
     <message id="259">
         <source>Row</source>
@@ -739,7 +739,7 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
     <message id="263">
         <source>While this page is shown, the sensor streams its position over the programming line. Its output settings are changed for that and written back when you leave the page. Do not disconnect the sensor before then.</source>
         <extracomment>Note on a page</extracomment>
-        <translation>Tant que cette page est affichée, le capteur transmet sa position sur la ligne de programmation. Ses réglages de sortie sont modifiés pour cela et rétablis quand vous quittez la page. Ne déconnectez pas le capteur avant.</translation>
+        <translation>Tant que cette page est affichée, le capteur transmet sa position sur la ligne de programmation. Ses réglages de sortie sont modifiés pour cela et rétablis quand vous quittez la page. Ne déconnectez pas le capteur avant d'avoir quitté la page.</translation>
     </message>
     <message id="264">
         <source>The parity extension changes the SSI word that the sensor sends; the controller must be set up for it. Use the parity extension?</source>
@@ -749,7 +749,7 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
     <message id="265">
         <source>In the synchronous measurement mode the controller must clock the sensor regularly. Use the synchronous measurement mode?</source>
         <extracomment>Question</extracomment>
-        <translation>En mode de mesure synchrone, l'automate doit cadencer le capteur régulièrement. Utiliser le mode de mesure synchrone ?</translation>
+        <translation>En mode de mesure synchrone, l'automate doit envoyer régulièrement le signal d'horloge au capteur. Utiliser le mode de mesure synchrone ?</translation>
     </message>
     <message id="1000">
         <source>simulated</source>
@@ -759,7 +759,7 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
     <message id="1001">
         <source>You have no permission to open %1. Add your user to the group %2, then log in again.</source>
         <extracomment>%1 port, %2 group of users</extracomment>
-        <translation>Vous n'avez pas le droit d'ouvrir %1. Ajoutez votre utilisateur au groupe %2, puis reconnectez-vous.</translation>
+        <translation>Vous n'avez pas l'autorisation d'ouvrir %1. Ajoutez votre utilisateur au groupe %2, puis fermez la session et rouvrez-la.</translation>
     </message>
     <message id="1002">
         <source>%1 is in use by another program.</source>
@@ -824,7 +824,7 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
     <message id="1015">
         <source>Link light</source>
         <extracomment>Accessible name</extracomment>
-        <translation>Voyant de liaison</translation>
+        <translation>Voyant de connexion</translation>
     </message>
     <message id="1016">
         <source>Program icon</source>
@@ -859,7 +859,7 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
     <message id="1022">
         <source>Lookup Table Arrays</source>
         <extracomment>Caption</extracomment>
-        <translation>Tables de valeurs</translation>
+        <translation>Table de valeurs</translation>
     </message>
     <message id="1023">
         <source>Compensation Array</source>
@@ -892,7 +892,7 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
     </message>
     <message id="1101">
         <source>The sensor on COM%1 still carries the data format for the position stream. Its own data format %2 is written back as soon as it is connected there again.</source>
-        <translation>Le capteur sur COM%1 conserve encore le format de données du flux de positions. Son propre format %2 sera réécrit dès qu'il y sera reconnecté.</translation>
+        <translation>Le capteur sur COM%1 conserve encore le format de données du flux de positions. Son propre format de données %2 sera réécrit dès que le capteur y sera reconnecté.</translation>
     </message>
     <message id="1102">
         <source>Switch the sensor's supply off and on again now.</source>
@@ -912,15 +912,15 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
     </message>
     <message id="1201">
         <source>The values on this page have not all been read from the sensor as it is connected now. Refresh the page before you apply changes.</source>
-        <translation>Les valeurs de cette page n'ont pas toutes été lues dans le capteur tel qu'il est connecté maintenant. Actualisez la page avant d'appliquer des modifications.</translation>
+        <translation>Les valeurs de cette page n'ont pas toutes été lues dans le capteur actuellement connecté. Actualisez la page avant d'appliquer des modifications.</translation>
     </message>
     <message id="1202">
         <source>The changes were not applied completely. Written to the sensor before the failure: %1. Whether they have taken effect is not known. Read the values again before you go on.</source>
-        <translation>Les modifications n'ont pas été entièrement appliquées. Écrits dans le capteur avant l'échec : %1. On ne sait pas s'ils ont pris effet. Relisez les valeurs avant de continuer.</translation>
+        <translation>Les modifications n'ont pas été entièrement appliquées. Paramètres écrits dans le capteur avant l'échec : %1. On ne sait pas s'ils ont pris effet. Relisez les valeurs avant de continuer.</translation>
     </message>
     <message id="1203">
         <source>The changes were not applied: no parameter had been written when the failure came. Read the values again before you go on.</source>
-        <translation>Les modifications n'ont pas été appliquées : aucun paramètre n'avait été écrit au moment de l'échec. Relisez les valeurs avant de continuer.</translation>
+        <translation>Les modifications n'ont pas été appliquées : aucun paramètre n'avait été écrit au moment de l'échec. Relisez les valeurs avant de continuer.</translation>
     </message>
     <message id="1204">
         <source>The error skip count must be a number from 0 to 255.</source>
@@ -928,11 +928,11 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
     </message>
     <message id="1205">
         <source>The sensor cannot hold the scale factor or the offset that these settings give. Choose a coarser resolution or another offset. Nothing was written.</source>
-        <translation>Le capteur ne peut pas contenir le facteur d'échelle ou le décalage qui résultent de ces réglages. Choisissez une résolution plus grossière ou un autre décalage. Rien n'a été écrit.</translation>
+        <translation>Le capteur n'admet pas le facteur d'échelle ou le décalage qui résultent de ces réglages. Choisissez une résolution plus grossière ou un autre décalage. Rien n'a été écrit.</translation>
     </message>
     <message id="1206">
         <source>The sensor has no valid resolution, so its offset is not known. Nothing was written.</source>
-        <translation>Le capteur n'a pas de résolution valide ; son décalage n'est donc pas connu. Rien n'a été écrit.</translation>
+        <translation>Le capteur n'a pas de résolution valide ; son décalage n'est donc pas connu. Rien n'a été écrit.</translation>
     </message>
     <message id="1300">
         <source>The sensor's parameters have not been read completely since this page was shown or the connection was lost. Read them again before you apply changes.</source>
@@ -1024,11 +1024,11 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
     </message>
     <message id="1400">
         <source>Not hexadecimal, but sent all the same: %1</source>
-        <translation>Non hexadécimal, mais envoyé quand même : %1</translation>
+        <translation>Non hexadécimal, mais envoyé quand même : %1</translation>
     </message>
     <message id="1401">
         <source>field %1 "%2" as %3</source>
-        <translation>champ %1 « %2 » comme %3</translation>
+        <translation>champ %1 « %2 » comme %3</translation>
     </message>
     <message id="1402">
         <source>The serial port is not connected. Nothing was sent.</source>
@@ -1036,7 +1036,7 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
     </message>
     <message id="1403">
         <source>Cut off: the sensor did not fall silent within 60 seconds and 1 MiB.</source>
-        <translation>Interrompu : le capteur n'a pas cessé d'émettre dans la limite de 60 secondes et de 1 Mio.</translation>
+        <translation>Interrompu : le capteur n'a pas cessé d'émettre dans la limite de 60 secondes et de 1 Mio.</translation>
     </message>
     <message id="1404">
         <source>Fields that are not hexadecimal</source>
@@ -1072,7 +1072,7 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
     </message>
     <message id="1600">
         <source>%1 is the port of the sensor. The display unit needs a port of its own; the value QDL3Comport of the settings names it.</source>
-        <translation>%1 est le port du capteur. L'afficheur a besoin de son propre port, indiqué par la valeur QDL3Comport des paramètres.</translation>
+        <translation>%1 est le port du capteur. L'afficheur a besoin de son propre port, indiqué par la valeur QDL3Comport des réglages.</translation>
     </message>
     <message id="1601">
         <source>The port %1 no longer exists. Reconnect its adapter, then close the window of the display unit and open it again.</source>
