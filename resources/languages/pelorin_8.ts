@@ -15,7 +15,7 @@
     <message id="102">
         <source>The line settings of port %1 could not be set (system error %2).</source>
         <extracomment>%1 port, %2 system error code</extracomment>
-        <translation>No se pudieron ajustar los parámetros de línea del puerto %1 (error del sistema %2).</translation>
+        <translation>No se pudieron ajustar los parámetros de transmisión del puerto %1 (error del sistema %2).</translation>
     </message>
     <message id="103">
         <source>The time-outs of port %1 could not be set (system error %2).</source>
@@ -379,7 +379,7 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
     <message id="174">
         <source>Measurement Direction</source>
         <extracomment>Caption</extracomment>
-        <translation>Dirección de medición</translation>
+        <translation>Sentido de medición</translation>
     </message>
     <message id="175">
         <source>mm</source>
@@ -419,7 +419,7 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
     <message id="182">
         <source>This type of sensor does not offer a resolution finer than 0.010 mm.</source>
         <extracomment>Message</extracomment>
-        <translation>Este tipo de sensor no ofrece una resolución más fina que 0.010 mm.</translation>
+        <translation>Este tipo de sensor no ofrece una resolución más fina que 0.010 mm.</translation>
     </message>
     <message id="183">
         <source>This type of sensor has no synchronous measurement mode.</source>
@@ -429,7 +429,7 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
     <message id="184">
         <source>The measurement direction changes, and the offset with it. Select the sensor type or enter the sensor's dimensions; the new offset is calculated from them.</source>
         <extracomment>Note in a dialog</extracomment>
-        <translation>La dirección de medición cambia, y con ella el offset. Seleccione el tipo de sensor o introduzca sus dimensiones; el nuevo offset se calcula a partir de ellas.</translation>
+        <translation>El sentido de medición cambia, y con él el offset. Seleccione el tipo de sensor o introduzca sus dimensiones; el nuevo offset se calcula a partir de ellas.</translation>
     </message>
     <message id="185">
         <source>Calculate Offset</source>
@@ -634,7 +634,7 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
     <message id="242">
         <source>The synchronous measurement mode cannot be combined with the reverse direction.</source>
         <extracomment>Message</extracomment>
-        <translation>El modo de medición síncrono no se puede combinar con la dirección inversa.</translation>
+        <translation>El modo de medición síncrono no se puede combinar con el sentido inverso.</translation>
     </message>
     <message id="243">
         <source>This value must be 0, 1 or 2.</source>
@@ -659,17 +659,17 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
     <message id="247">
         <source>The display unit on %1 (node %2) did not acknowledge its set-up.</source>
         <extracomment>%1 port, %2 node</extracomment>
-        <translation>El visualizador en %1 (nodo %2) no confirmó su configuración.</translation>
+        <translation>El visualizador en %1 (nodo %2) no confirmó sus ajustes.</translation>
     </message>
     <message id="248">
         <source>Send</source>
         <extracomment>Caption</extracomment>
-        <translation>Enviar</translation>
+        <translation>Envío</translation>
     </message>
     <message id="249">
         <source>Receive</source>
         <extracomment>Caption</extracomment>
-        <translation>Recibido</translation>
+        <translation>Recepción</translation>
     </message>
     <message id="250">
         <source>Execute</source>
@@ -714,7 +714,7 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
     <message id="258">
         <source>This is not a lookup table for temperature compensation.</source>
         <extracomment>Message</extracomment>
-        <translation>Esta no es una tabla de compensación de temperatura.</translation>
+        <translation>Esta no es una tabla de valores para la compensación de temperatura.</translation>
     </message>
     <message id="259">
         <source>Row</source>
@@ -749,7 +749,7 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
     <message id="265">
         <source>In the synchronous measurement mode the controller must clock the sensor regularly. Use the synchronous measurement mode?</source>
         <extracomment>Question</extracomment>
-        <translation>En el modo de medición síncrono, el controlador debe sincronizar el sensor con regularidad. ¿Usar el modo de medición síncrono?</translation>
+        <translation>En el modo de medición síncrono, el controlador debe enviar regularmente la señal de reloj al sensor. ¿Usar el modo de medición síncrono?</translation>
     </message>
     <message id="1000">
         <source>simulated</source>
@@ -809,7 +809,7 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
     <message id="1012">
         <source>Operation abandoned: the connection to the sensor was lost.</source>
         <extracomment>Message</extracomment>
-        <translation>Operación cancelada: se perdió la conexión con el sensor.</translation>
+        <translation>Operación interrumpida: se perdió la conexión con el sensor.</translation>
     </message>
     <message id="1013">
         <source>The sensor is not identified. Nothing was written.</source>
@@ -859,7 +859,7 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
     <message id="1022">
         <source>Lookup Table Arrays</source>
         <extracomment>Caption</extracomment>
-        <translation>Tablas de valores</translation>
+        <translation>Tabla de valores</translation>
     </message>
     <message id="1023">
         <source>Compensation Array</source>
@@ -892,7 +892,7 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
     </message>
     <message id="1101">
         <source>The sensor on COM%1 still carries the data format for the position stream. Its own data format %2 is written back as soon as it is connected there again.</source>
-        <translation>El sensor en COM%1 conserva aún el formato de datos del flujo de posiciones. Su propio formato %2 se reescribirá en cuanto vuelva a conectarse allí.</translation>
+        <translation>El sensor en COM%1 conserva aún el formato de datos del flujo de posiciones. Su propio formato de datos %2 se volverá a escribir en cuanto el sensor se conecte de nuevo a ese puerto.</translation>
     </message>
     <message id="1102">
         <source>Switch the sensor's supply off and on again now.</source>
@@ -912,11 +912,11 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
     </message>
     <message id="1201">
         <source>The values on this page have not all been read from the sensor as it is connected now. Refresh the page before you apply changes.</source>
-        <translation>No todos los valores de esta página se han leído del sensor tal como está conectado ahora. Actualice la página antes de aplicar cambios.</translation>
+        <translation>No todos los valores de esta página se han leído del sensor conectado actualmente. Actualice la página antes de aplicar cambios.</translation>
     </message>
     <message id="1202">
         <source>The changes were not applied completely. Written to the sensor before the failure: %1. Whether they have taken effect is not known. Read the values again before you go on.</source>
-        <translation>Los cambios no se aplicaron por completo. Escritos en el sensor antes del fallo: %1. No se sabe si han surtido efecto. Vuelva a leer los valores antes de continuar.</translation>
+        <translation>Los cambios no se aplicaron por completo. Parámetros escritos en el sensor antes del fallo: %1. No se sabe si han surtido efecto. Vuelva a leer los valores antes de continuar.</translation>
     </message>
     <message id="1203">
         <source>The changes were not applied: no parameter had been written when the failure came. Read the values again before you go on.</source>
@@ -928,11 +928,11 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
     </message>
     <message id="1205">
         <source>The sensor cannot hold the scale factor or the offset that these settings give. Choose a coarser resolution or another offset. Nothing was written.</source>
-        <translation>El sensor no admite el factor de escala o el offset que resultan de estos ajustes. Elija una resolución menos fina u otro offset. No se ha escrito nada.</translation>
+        <translation>El sensor no admite el factor de escala o el offset que resultan de estos ajustes. Elija una resolución menos fina u otro offset. No se escribió nada.</translation>
     </message>
     <message id="1206">
         <source>The sensor has no valid resolution, so its offset is not known. Nothing was written.</source>
-        <translation>El sensor no tiene una resolución válida, por lo que no se conoce su offset. No se ha escrito nada.</translation>
+        <translation>El sensor no tiene una resolución válida, por lo que no se conoce su offset. No se escribió nada.</translation>
     </message>
     <message id="1300">
         <source>The sensor's parameters have not been read completely since this page was shown or the connection was lost. Read them again before you apply changes.</source>
@@ -1032,11 +1032,11 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
     </message>
     <message id="1402">
         <source>The serial port is not connected. Nothing was sent.</source>
-        <translation>El puerto serie no está conectado. No se ha enviado nada.</translation>
+        <translation>El puerto serie no está conectado. No se envió nada.</translation>
     </message>
     <message id="1403">
         <source>Cut off: the sensor did not fall silent within 60 seconds and 1 MiB.</source>
-        <translation>Interrumpido: el sensor no dejó de enviar dentro de 60 segundos y 1 MiB.</translation>
+        <translation>Interrumpido: el sensor no dejó de enviar en el límite de 60 segundos y 1 MiB.</translation>
     </message>
     <message id="1404">
         <source>Fields that are not hexadecimal</source>
@@ -1072,7 +1072,7 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
     </message>
     <message id="1600">
         <source>%1 is the port of the sensor. The display unit needs a port of its own; the value QDL3Comport of the settings names it.</source>
-        <translation>%1 es el puerto del sensor. El visualizador necesita un puerto propio, que indica el valor QDL3Comport de la configuración.</translation>
+        <translation>%1 es el puerto del sensor. El visualizador necesita un puerto propio, que indica el valor QDL3Comport de los ajustes.</translation>
     </message>
     <message id="1601">
         <source>The port %1 no longer exists. Reconnect its adapter, then close the window of the display unit and open it again.</source>
