@@ -15,7 +15,7 @@
     <message id="102">
         <source>The line settings of port %1 could not be set (system error %2).</source>
         <extracomment>%1 port, %2 system error code</extracomment>
-        <translation>Impossibile impostare i parametri di linea della porta %1 (errore di sistema %2).</translation>
+        <translation>Impossibile impostare i parametri di trasmissione della porta %1 (errore di sistema %2).</translation>
     </message>
     <message id="103">
         <source>The time-outs of port %1 could not be set (system error %2).</source>
@@ -140,7 +140,7 @@
     <message id="127">
         <source>Measurement Mode</source>
         <extracomment>Caption, group and table row</extracomment>
-        <translation>Modo di misura</translation>
+        <translation>Modalità di misura</translation>
     </message>
     <message id="128">
         <source>Reverse</source>
@@ -419,7 +419,7 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
     <message id="182">
         <source>This type of sensor does not offer a resolution finer than 0.010 mm.</source>
         <extracomment>Message</extracomment>
-        <translation>Questo tipo di sensore non offre una risoluzione più fine di 0.010 mm.</translation>
+        <translation>Questo tipo di sensore non offre una risoluzione più fine di 0.010 mm.</translation>
     </message>
     <message id="183">
         <source>This type of sensor has no synchronous measurement mode.</source>
@@ -659,7 +659,7 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
     <message id="247">
         <source>The display unit on %1 (node %2) did not acknowledge its set-up.</source>
         <extracomment>%1 port, %2 node</extracomment>
-        <translation>Il visualizzatore su %1 (nodo %2) non ha confermato la configurazione.</translation>
+        <translation>Il visualizzatore su %1 (nodo %2) non ha confermato le impostazioni.</translation>
     </message>
     <message id="248">
         <source>Send</source>
@@ -714,7 +714,7 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
     <message id="258">
         <source>This is not a lookup table for temperature compensation.</source>
         <extracomment>Message</extracomment>
-        <translation>Questa non è una tabella di compensazione di temperatura.</translation>
+        <translation>Questa non è una tabella di valori per la compensazione di temperatura.</translation>
     </message>
     <message id="259">
         <source>Row</source>
@@ -754,7 +754,7 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
     <message id="1000">
         <source>simulated</source>
         <extracomment>Stands beside the name of a simulated port</extracomment>
-        <translation>simulata</translation>
+        <translation>simulazione</translation>
     </message>
     <message id="1001">
         <source>You have no permission to open %1. Add your user to the group %2, then log in again.</source>
@@ -824,7 +824,7 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
     <message id="1015">
         <source>Link light</source>
         <extracomment>Accessible name</extracomment>
-        <translation>Spia di collegamento</translation>
+        <translation>Spia di connessione</translation>
     </message>
     <message id="1016">
         <source>Program icon</source>
@@ -859,7 +859,7 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
     <message id="1022">
         <source>Lookup Table Arrays</source>
         <extracomment>Caption</extracomment>
-        <translation>Tabelle di valori</translation>
+        <translation>Tabella di valori</translation>
     </message>
     <message id="1023">
         <source>Compensation Array</source>
@@ -888,15 +888,15 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
     </message>
     <message id="1100">
         <source>The sensor is not identified. Connect it before its position is shown.</source>
-        <translation>Il sensore non è identificato. Collegarlo prima di visualizzarne la posizione.</translation>
+        <translation>Il sensore non è identificato. Connetterlo prima di visualizzarne la posizione.</translation>
     </message>
     <message id="1101">
         <source>The sensor on COM%1 still carries the data format for the position stream. Its own data format %2 is written back as soon as it is connected there again.</source>
-        <translation>Il sensore su COM%1 ha ancora il formato dati del flusso di posizioni. Il suo formato %2 verrà riscritto non appena sarà di nuovo collegato lì.</translation>
+        <translation>Il sensore su COM%1 ha ancora il formato dati del flusso di posizioni. Il suo formato dati %2 verrà riscritto non appena il sensore sarà di nuovo connesso a quella porta.</translation>
     </message>
     <message id="1102">
         <source>Switch the sensor's supply off and on again now.</source>
-        <translation>Spegnere e riaccendere ora l'alimentazione del sensore.</translation>
+        <translation>Togliere e reinserire ora l'alimentazione del sensore.</translation>
     </message>
     <message id="1103">
         <source>Note</source>
@@ -912,11 +912,11 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
     </message>
     <message id="1201">
         <source>The values on this page have not all been read from the sensor as it is connected now. Refresh the page before you apply changes.</source>
-        <translation>Non tutti i valori di questa pagina sono stati letti dal sensore collegato in questo momento. Aggiornare la pagina prima di applicare le modifiche.</translation>
+        <translation>Non tutti i valori di questa pagina sono stati letti dal sensore attualmente connesso. Aggiornare la pagina prima di applicare le modifiche.</translation>
     </message>
     <message id="1202">
         <source>The changes were not applied completely. Written to the sensor before the failure: %1. Whether they have taken effect is not known. Read the values again before you go on.</source>
-        <translation>Le modifiche non sono state applicate completamente. Scritti nel sensore prima dell'errore: %1. Non è noto se abbiano avuto effetto. Rileggere i valori prima di proseguire.</translation>
+        <translation>Le modifiche non sono state applicate completamente. Parametri scritti nel sensore prima dell'errore: %1. Non è noto se abbiano avuto effetto. Rileggere i valori prima di proseguire.</translation>
     </message>
     <message id="1203">
         <source>The changes were not applied: no parameter had been written when the failure came. Read the values again before you go on.</source>
@@ -928,11 +928,11 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
     </message>
     <message id="1205">
         <source>The sensor cannot hold the scale factor or the offset that these settings give. Choose a coarser resolution or another offset. Nothing was written.</source>
-        <translation>Il sensore non può contenere il fattore di scala o l'offset risultanti da queste impostazioni. Scegliere una risoluzione meno fine o un altro offset. Non è stato scritto nulla.</translation>
+        <translation>Il sensore non ammette il fattore di scala o l'offset risultanti da queste impostazioni. Scegliere una risoluzione meno fine o un altro offset. Non è stato scritto nulla.</translation>
     </message>
     <message id="1206">
         <source>The sensor has no valid resolution, so its offset is not known. Nothing was written.</source>
-        <translation>Il sensore non ha una risoluzione valida, quindi la sua offset non è nota. Non è stato scritto nulla.</translation>
+        <translation>Il sensore non ha una risoluzione valida, quindi il suo offset non è noto. Non è stato scritto nulla.</translation>
     </message>
     <message id="1300">
         <source>The sensor's parameters have not been read completely since this page was shown or the connection was lost. Read them again before you apply changes.</source>
@@ -992,7 +992,7 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
     </message>
     <message id="1322">
         <source>The backup file does not hold every parameter that the connected sensor needs. Nothing was written.</source>
-        <translation>Il file di backup non contiene tutti i parametri necessari al sensore collegato. Non è stato scritto nulla.</translation>
+        <translation>Il file di backup non contiene tutti i parametri necessari al sensore connesso. Non è stato scritto nulla.</translation>
     </message>
     <message id="1323">
         <source>Missing: %1</source>
@@ -1016,7 +1016,7 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
     </message>
     <message id="1328">
         <source>The sensor is not identified. Connect it before you save its parameters.</source>
-        <translation>Il sensore non è identificato. Collegarlo prima di salvarne i parametri.</translation>
+        <translation>Il sensore non è identificato. Connetterlo prima di salvarne i parametri.</translation>
     </message>
     <message id="1329">
         <source>Progress</source>
@@ -1032,7 +1032,7 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
     </message>
     <message id="1402">
         <source>The serial port is not connected. Nothing was sent.</source>
-        <translation>La porta seriale non è collegata. Non è stato inviato nulla.</translation>
+        <translation>La porta seriale non è connessa. Non è stato inviato nulla.</translation>
     </message>
     <message id="1403">
         <source>Cut off: the sensor did not fall silent within 60 seconds and 1 MiB.</source>
