@@ -156,6 +156,8 @@ void OutputSetupControls::clear()
     uncheck(m_magnets);
     uncheck(m_extensions);
     uncheck(m_modes);
+    for (QRadioButton* button : m_magnets)
+        button->setEnabled(true);
 }
 
 void OutputSetupControls::show(char id, const OutputSettings& read)
