@@ -1022,6 +1022,10 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <source>Progress</source>
         <translation>Avanzamento</translation>
     </message>
+    <message id="1330">
+        <source>Parameter %1 was read as "%2", which is not a value of it: the answer was disturbed. Refresh the page. Nothing was written.</source>
+        <translation>Il parametro %1 è stato letto come «%2», che non è un suo valore: la risposta era disturbata. Aggiornare la pagina. Non è stato scritto nulla.</translation>
+    </message>
     <message id="1400">
         <source>Not hexadecimal, but sent all the same: %1</source>
         <translation>Non esadecimale, ma inviato comunque: %1</translation>

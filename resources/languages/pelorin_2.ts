@@ -1022,6 +1022,10 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <source>Progress</source>
         <translation>Fortschritt</translation>
     </message>
+    <message id="1330">
+        <source>Parameter %1 was read as "%2", which is not a value of it: the answer was disturbed. Refresh the page. Nothing was written.</source>
+        <translation>Parameter %1 wurde als „%2“ gelesen, was kein gültiger Wert ist: Die Antwort war gestört. Aktualisieren Sie die Seite. Es wurde nichts geschrieben.</translation>
+    </message>
     <message id="1400">
         <source>Not hexadecimal, but sent all the same: %1</source>
         <translation>Nicht hexadezimal, wird trotzdem gesendet: %1</translation>

@@ -1022,6 +1022,10 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <source>Progress</source>
         <translation>Progression</translation>
     </message>
+    <message id="1330">
+        <source>Parameter %1 was read as "%2", which is not a value of it: the answer was disturbed. Refresh the page. Nothing was written.</source>
+        <translation>Le paramètre %1 a été lu comme « %2 », ce qui n'en est pas une valeur : la réponse a été perturbée. Actualisez la page. Rien n'a été écrit.</translation>
+    </message>
     <message id="1400">
         <source>Not hexadecimal, but sent all the same: %1</source>
         <translation>Non hexadécimal, mais envoyé quand même : %1</translation>

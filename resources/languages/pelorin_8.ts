@@ -1022,6 +1022,10 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <source>Progress</source>
         <translation>Progreso</translation>
     </message>
+    <message id="1330">
+        <source>Parameter %1 was read as "%2", which is not a value of it: the answer was disturbed. Refresh the page. Nothing was written.</source>
+        <translation>El parámetro %1 se leyó como «%2», que no es un valor suyo: la respuesta llegó alterada. Actualice la página. No se escribió nada.</translation>
+    </message>
     <message id="1400">
         <source>Not hexadecimal, but sent all the same: %1</source>
         <translation>No es hexadecimal, pero se envía igualmente: %1</translation>
