@@ -20,6 +20,8 @@ public:
     /// Loads the packages numbered from 0 up to the first number that is missing. A later package
     /// replaces an earlier one of the same name.
     PackageTable();
+    PackageTable(const PackageTable&) = delete; // the cursor belongs to these entries
+    PackageTable& operator=(const PackageTable&) = delete;
 
     /// Hands out one entry after the other.
     /// @return 1; 0 behind the last entry, after which the first one follows again
