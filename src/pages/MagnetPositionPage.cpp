@@ -1,6 +1,7 @@
 #include "pages/MagnetPositionPage.h"
 
 #include "link/SensorLink.h"
+#include "pages/ParameterCodec.h"
 #include "platform/core/DecimalText.h"
 #include "platform/core/HexText.h"
 #include "platform/core/LanguageStrings.h"
@@ -208,10 +209,16 @@ void MagnetPositionPage::closeStreamingFormat()
         failStart('D');
 }
 
-/// The sensor starts to stream when its supply returns.
+/// The sensor starts to stream when its supply returns. Without a resolution every position would
+/// be shown as another one.
 void MagnetPositionPage::startStream()
 {
-    const int resolution = integerPrefix(link().lastReply()); // micrometres
+    const QByteArray reply = link().lastReply();
+    const int resolution = integerPrefix(reply); // micrometres
+    if (!isWellFormed('A', reply) || resolution <= 0) {
+        failStart('A');
+        return;
+    }
     link().setRts(0);
     link().setStreamMode(1, hexToLong(m_format.own), resolution);
     if (m_manualPower)

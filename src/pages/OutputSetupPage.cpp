@@ -51,6 +51,7 @@ constexpr int kNothingWrittenText = 1203;
 constexpr int kSkipCountRangeText = 1204;
 constexpr int kDoesNotFitText = 1205;
 constexpr int kNoResolutionText = 1206;
+constexpr int kMisreadText = 1330;
 
 // The last of each only for sensors with an extension.
 constexpr std::string_view kReadSequence = "DAUNLK";
@@ -135,6 +136,7 @@ void OutputSetupPage::getCurrentValues()
     m_step = 0;
     m_valuesLoaded = false;
     m_read = {};
+    m_misread.reset();
     m_controls->clear();
     m_controls->setAdvanced(hasExtension());
     beginSequence();
@@ -159,7 +161,10 @@ void OutputSetupPage::onLinkReply(int result)
 void OutputSetupPage::readNext()
 {
     const char id = stepParameter();
-    m_read.decode(id, link().lastReply());
+    const QByteArray reply = link().lastReply();
+    if (!m_misread && !isWellFormed(id, reply))
+        m_misread.emplace(id, reply);
+    m_read.decode(id, reply);
     m_controls->show(id, m_read);
     ++m_step;
     if (stepParameter() == kNoParameter) {
@@ -287,6 +292,10 @@ bool OutputSetupPage::valuesAreCurrent()
         return refuse(kNotIdentifiedText);
     if (!m_valuesLoaded || linkWasLost())
         return refuse(kReadFirstText);
+    if (m_misread)
+        return refuse(languageString(kMisreadText)
+                          .arg(QString(QLatin1Char(m_misread->first)),
+                               QString::fromLatin1(m_misread->second)));
     return m_read.micrometres > 0 || refuse(kNoResolutionText);
 }
 
@@ -352,11 +361,16 @@ bool OutputSetupPage::isLinkKept()
     return !linkWasLost() || refuse(kLinkLostText);
 }
 
-/// Says why not, then leads to the control that is the reason.
-/// @return false
 bool OutputSetupPage::refuse(int message, QWidget* focus)
 {
-    (void)messageBox(mainWindow(), languageString(message), QMessageBox::Ok, QMessageBox::Warning);
+    return refuse(languageString(message), focus);
+}
+
+/// Says why not, then leads to the control that is the reason.
+/// @return false
+bool OutputSetupPage::refuse(const QString& text, QWidget* focus)
+{
+    (void)messageBox(mainWindow(), text, QMessageBox::Ok, QMessageBox::Warning);
     if (focus)
         focus->setFocus();
     if (auto* edit = qobject_cast<QLineEdit*>(focus))

@@ -3,6 +3,7 @@
 #include "pages/OutputSettings.h"
 #include "pages/SensorPage.h"
 
+#include <optional>
 #include <string_view>
 #include <utility>
 #include <vector>
@@ -59,6 +60,7 @@ private:
     [[nodiscard]] bool confirm(int question);
     [[nodiscard]] bool isLinkKept();
     [[nodiscard]] bool refuse(int message, QWidget* focus = nullptr);
+    [[nodiscard]] bool refuse(const QString& text, QWidget* focus = nullptr);
 
     [[nodiscard]] bool hasExtension() const;
     [[nodiscard]] std::string_view sequenceOf(std::string_view full) const;
@@ -71,6 +73,7 @@ private:
     bool m_unlocked = false;
     bool m_valuesLoaded = false; ///< m_read is what the sensor has
     OutputSettings m_read;
+    std::optional<std::pair<char, QByteArray>> m_misread; ///< the first reply that was no value
     OutputSettings m_chosen;                           ///< what Apply writes
     std::vector<std::pair<char, QByteArray>> m_writes; ///< made before the first one is written
 };

@@ -3,6 +3,8 @@
 #include "platform/core/DecimalText.h"
 #include "platform/core/HexText.h"
 
+#include <QRegularExpression>
+
 #include <cmath>
 
 namespace pelorin {
@@ -25,7 +27,28 @@ int longStrokeCode(double strokeMm)
     return static_cast<int>(strokeMm * 1.497005988023952 + 208.0);
 }
 
+QString patternOf(char id)
+{
+    switch (id) {
+    case 'A':
+    case 'U':
+        return QStringLiteral(" *[0-9]+");
+    case 'L':
+        return QStringLiteral(".. *[0-9]+");
+    case 'N':
+        return QStringLiteral("[0-9A-Fa-f]+");
+    default:
+        return QStringLiteral("[0-9A-Fa-f]{6}");
+    }
+}
+
 } // namespace
+
+bool isWellFormed(char id, const QByteArray& reply)
+{
+    const QRegularExpression form(QRegularExpression::anchoredPattern(patternOf(id)));
+    return form.match(QString::fromLatin1(reply)).hasMatch();
+}
 
 DataFormat DataFormat::decode(const QByteArray& text)
 {
