@@ -5,6 +5,7 @@
 #include "pages/CalculateOffsetDialog.h"
 #include "pages/OutputSetupPage.h"
 #include "pages/PasswordDialog.h"
+#include "platform/core/LanguageStrings.h"
 #include "simulator/SimulatedSensor.h"
 #include "support/ModalAnswer.h"
 
@@ -20,6 +21,7 @@ namespace pelorin {
 
 namespace {
 
+constexpr int kPageCaption = 168;
 constexpr int kDirectionList = 1008;
 constexpr int kSkipCountEdit = 1014;
 constexpr int kUnlockButton = 1019;
@@ -98,7 +100,8 @@ bool visitOutputSetup(Tour& tour)
 {
     auto* list = tour.window().findChild<QListWidget*>(QStringLiteral("pageList"));
     const auto& page = *tour.window().findChild<OutputSetupPage*>();
-    const int row = list->row(list->findItems(QStringLiteral("Output Setup"), {}).value(0));
+    const int row =
+        list->row(list->findItems(languageString(kPageCaption), Qt::MatchExactly).value(0));
     if (!tour.choosePage(row))
         return false;
     Tour::print(QStringLiteral("Output setup"));
