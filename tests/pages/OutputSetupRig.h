@@ -47,10 +47,9 @@ public:
     [[nodiscard]] bool showPage()
     {
         const auto found = pageList().findItems(QStringLiteral("Output Setup"), Qt::MatchExactly);
-        if (found.size() != 1 || !choosePage(pageList().row(found.first())))
-            return false;
+        const bool shown = found.size() == 1 && choosePage(pageList().row(found.first()));
         (void)sensor().takeReceivedFrames();
-        return true;
+        return shown;
     }
 
     template <class Control>
@@ -62,7 +61,6 @@ public:
     [[nodiscard]] QString listText(int id) { return control<QComboBox>(id)->currentText(); }
     [[nodiscard]] QString skipCountText() { return control<QLineEdit>(kSkipCount)->text(); }
     [[nodiscard]] bool isEnabled(int id) { return control<QWidget>(id)->isEnabled(); }
-    [[nodiscard]] bool isChecked(int id) { return control<QAbstractButton>(id)->isChecked(); }
 
     /// The buttons that are checked.
     [[nodiscard]] QList<int> checkedButtons()
@@ -75,14 +73,13 @@ public:
     }
 
     /// Goes through a list by the keyboard until an item is selected.
-    void select(int id, const QString& item)
+    void select(int id, const char* item)
     {
         auto* list = control<QComboBox>(id);
         QTest::keyClick(list, Qt::Key_Home);
-        for (int step = 1; step < list->count() && list->currentText() != item; ++step)
+        for (int step = 1; step < list->count() && listText(id) != QLatin1String(item); ++step)
             QTest::keyClick(list, Qt::Key_Down);
     }
-    void select(int id, const char* item) { select(id, QString::fromUtf8(item)); }
 
     void click(int id)
     {
@@ -100,12 +97,12 @@ public:
         QTest::keyClicks(edit, QString::fromLatin1(text));
     }
 
-    /// Unlocks the error skip count. @return whether the password was asked for
-    [[nodiscard]] bool unlock(const char* password)
+    /// Enters a password for the error skip count. @return whether it was asked for
+    [[nodiscard]] bool unlock(const char* password, Qt::Key end = Qt::Key_Return)
     {
-        const ModalAnswer<PasswordDialog> answer([password](PasswordDialog& dialog) {
+        const ModalAnswer<PasswordDialog> answer([&](PasswordDialog& dialog) {
             QTest::keyClicks(dialog.getControl<QLineEdit>(1064), QString::fromLatin1(password));
-            QTest::keyClick(&dialog, Qt::Key_Return);
+            QTest::keyClick(&dialog, end);
         });
         click(kUnlock);
         return answer.wasShown();
@@ -120,17 +117,11 @@ public:
     }
 
     /// Clicks Apply and waits until it has ended.
-    [[nodiscard]] bool apply()
-    {
-        click(kApply);
-        return waitIdle();
-    }
-
-    /// Clicks Apply. @return the text of the message that it was refused with, or of the question
-    [[nodiscard]] QString applyAnswered(int button = QMessageBox::Ok)
+    /// @return the text of the message that it was refused with, or of the question
+    [[nodiscard]] QString apply(int button = QMessageBox::Ok)
     {
         QString text;
-        const ModalAnswer<QMessageBox> answer([&text, button](QMessageBox& box) {
+        const ModalAnswer<QMessageBox> answer([&](QMessageBox& box) {
             text = box.text();
             QTest::mouseClick(box.button(QMessageBox::StandardButton(button)), Qt::LeftButton);
         });
@@ -138,18 +129,18 @@ public:
         return waitIdle() ? text : QStringLiteral("busy");
     }
 
-    /// Clicks Apply and enters the SE distance in the offset dialog.
-    /// @return whether the dialog was shown
-    [[nodiscard]] bool applyWithOffset(const char* seDistance, const char* deadZone = nullptr)
+    /// The same with the offset dialog, in which the SE distance and, where it can be edited, the
+    /// dead zone are entered.
+    [[nodiscard]] QString applyWithOffset(const char* seDistance, int button = QMessageBox::Ok)
     {
         const ModalAnswer<CalculateOffsetDialog> answer([&](CalculateOffsetDialog& dialog) {
             QTest::keyClicks(dialog.getControl<QLineEdit>(1031), QString::fromLatin1(seDistance));
-            if (deadZone)
-                QTest::keyClicks(dialog.getControl<QLineEdit>(1037), QString::fromLatin1(deadZone));
+            if (dialog.getControl<QLineEdit>(1037)->isEnabled())
+                QTest::keyClicks(dialog.getControl<QLineEdit>(1037), QStringLiteral("63.5"));
             QTest::mouseClick(dialog.getControl<QWidget>(1), Qt::LeftButton);
         });
-        click(kApply);
-        return waitIdle() && answer.wasShown();
+        const QString text = apply(button);
+        return answer.wasShown() ? text : QStringLiteral("not asked for the offset");
     }
 
     /// What the sensor has received since the last call, blanks between the frames.
@@ -161,14 +152,13 @@ public:
         return frames.join(QLatin1Char(' '));
     }
 
-    [[nodiscard]] QString stored(char id) { return QString::fromStdString(sensor().parameter(id)); }
-
-    /// What the sensor holds of some parameters.
+    /// What the sensor holds of some parameters, as "D=020018 A=00000010".
     [[nodiscard]] QString holds(std::string_view ids)
     {
         QStringList texts;
         for (const char id : ids)
-            texts << QStringLiteral("%1=%2").arg(QString(QLatin1Char(id)), stored(id));
+            texts << QLatin1Char(id) + QStringLiteral("=") +
+                         QString::fromStdString(sensor().parameter(id));
         return texts.join(QLatin1Char(' '));
     }
 };

@@ -28,34 +28,17 @@ using Frames = std::vector<std::string>;
 inline const QByteArray kManualPower =
     "[HKEY_LOCAL_MACHINE\\SOFTWARE\\Korvex Systems\\Pelorin]\r\n\"ManualPowerMode\"=dword:1\r\n";
 
-/// Answers every message box with OK and keeps their texts.
-class BoxAnswers : public QObject
-{
-public:
-    BoxAnswers()
-    {
-        connect(&m_poll, &QTimer::timeout, this, [this] {
-            auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-            if (!box || !box->button(QMessageBox::Ok))
-                return;
-            m_texts << box->text();
-            QTest::mouseClick(box->button(QMessageBox::Ok), Qt::LeftButton);
-        });
-        m_poll.start(2);
-    }
-
-    [[nodiscard]] const QStringList& texts() const { return m_texts; }
-
-private:
-    QStringList m_texts;
-    QTimer m_poll;
-};
-
 /// The real main window with its position page.
 class PositionPageRig : public MainWindowRig
 {
 public:
     using MainWindowRig::MainWindowRig;
+
+    [[nodiscard]] ColorableTextBox& box()
+    {
+        return *page<MagnetPositionPage>().findChild<ColorableTextBox*>();
+    }
+    [[nodiscard]] QString shown() { return box().text(); }
 
     [[nodiscard]] int positionRow()
     {
@@ -63,21 +46,10 @@ public:
         return found.isEmpty() ? -1 : pageList().row(found.front());
     }
 
-    [[nodiscard]] QString shown() { return box().text(); }
-
-    [[nodiscard]] ColorableTextBox& box()
+    void clickPositionPage()
     {
-        return *page<MagnetPositionPage>().findChild<ColorableTextBox*>();
-    }
-
-    void clickPositionPage() { clickPage(positionRow()); }
-
-    /// Connects, shows the position page and waits for the first position.
-    /// @return false if there is none
-    [[nodiscard]] bool startStreaming()
-    {
-        start();
-        return waitConnected() && stream();
+        (void)frames();
+        clickPage(positionRow());
     }
 
     /// Waits until the window has connected and its first page has read its values.
@@ -86,10 +58,12 @@ public:
         return QTest::qWaitFor([this] { return window().currentPage() == 0; }) && waitIdle();
     }
 
+    /// Connects, shows the position page and waits for the first position.
+    [[nodiscard]] bool startStreaming() { return startConnected() && stream(); }
+
     /// Shows the position page and waits for the first position. @return false if there is none
     [[nodiscard]] bool stream()
     {
-        (void)sensor().takeReceivedFrames();
         clickPositionPage();
         return isStreaming();
     }
@@ -105,6 +79,28 @@ public:
     /// Chooses the first page and waits until it has read its values. @return false if it does not
     [[nodiscard]] bool leave() { return choosePage(0); }
 
+    /// What the sensor has received since the last call.
+    /// @param count how many of the frames, 0 for all
+    [[nodiscard]] Frames frames(std::size_t count = 0)
+    {
+        Frames frames = sensor().takeReceivedFrames();
+        if (count > 0)
+            frames.resize(count);
+        return frames;
+    }
+
+    /// Of these those that write.
+    [[nodiscard]] Frames writes() { return writesOf(frames()); }
+
+    [[nodiscard]] static Frames writesOf(const Frames& frames)
+    {
+        Frames writes;
+        for (const auto& frame : frames)
+            if (frame.size() > 1 && frame[1] == 'N')
+                writes.push_back(frame);
+        return writes;
+    }
+
     [[nodiscard]] QByteArray format() { return QByteArray::fromStdString(sensor().parameter('D')); }
 
     [[nodiscard]] bool isKept(const QByteArray& own, const QByteArray& streaming)
@@ -112,6 +108,32 @@ public:
         return FormatRestore().isKept(
             {kPort, QByteArray::fromStdString(sensor().parameter('V')), own, streaming});
     }
+};
+
+/// Answers every message box with OK and keeps their texts.
+class BoxAnswers : public QObject
+{
+public:
+    /// @param rig with a supply switched by hand: the second box, which asks to switch it on,
+    /// is open until the sensor has heard PROG frames
+    explicit BoxAnswers(PositionPageRig* rig = nullptr)
+    {
+        connect(&m_poll, &QTimer::timeout, this, [this, rig] {
+            auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+            const bool early = rig && m_texts.size() == 1 && rig->sensor().progFrames() <= 5;
+            if (!box || !box->button(QMessageBox::Ok) || early)
+                return;
+            m_texts << box->text();
+            QTest::mouseClick(box->button(QMessageBox::Ok), Qt::LeftButton);
+        });
+        m_poll.start(2);
+    }
+
+    [[nodiscard]] const QStringList& texts() const { return m_texts; }
+
+private:
+    QStringList m_texts;
+    QTimer m_poll;
 };
 
 /// Stops a sequence at one place: acts when the answer to a frame has arrived at the main window
@@ -123,7 +145,7 @@ public:
     AnswerGate(PositionPageRig& rig, std::string frame, std::function<void()> action)
         : m_rig(rig), m_frame(std::move(frame)), m_action(std::move(action))
     {
-        (void)m_rig.sensor().takeReceivedFrames();
+        (void)m_rig.frames();
         m_rig.window().installEventFilter(this);
         if (m_frame.empty())
             act();
@@ -134,7 +156,7 @@ public:
     /// All frames that the sensor has received since the gate was made.
     [[nodiscard]] const Frames& frames()
     {
-        for (auto& frame : m_rig.sensor().takeReceivedFrames())
+        for (auto& frame : m_rig.frames())
             m_frames.push_back(std::move(frame));
         return m_frames;
     }
@@ -167,15 +189,5 @@ private:
     bool m_acted = false;
     Frames m_frames;
 };
-
-/// Of received frames those that write.
-inline Frames writesOf(const Frames& frames)
-{
-    Frames writes;
-    for (const auto& frame : frames)
-        if (frame.size() > 1 && frame[1] == 'N')
-            writes.push_back(frame);
-    return writes;
-}
 
 } // namespace pelorin::test
