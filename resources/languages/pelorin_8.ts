@@ -1074,6 +1074,10 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <source>Has no function in this version.</source>
         <translation>Sin función en esta versión.</translation>
     </message>
+    <message id="1510">
+        <source>The file has been written, but it does not hold these cells as they were typed. A point is kept in steps of 0.5 from -16384.0 to 16383.5, a value as an integer, and what is not a number as 0.</source>
+        <translation>El archivo se ha escrito, pero estas celdas figuran en él de otro modo que lo introducido. Un punto se guarda en pasos de 0.5 de -16384.0 a 16383.5, un valor como número entero, y lo que no es un número como 0.</translation>
+    </message>
     <message id="1600">
         <source>%1 is the port of the sensor. The display unit needs a port of its own; the value QDL3Comport of the settings names it.</source>
         <translation>%1 es el puerto del sensor. El visualizador necesita un puerto propio, que indica el valor QDL3Comport de los ajustes.</translation>
