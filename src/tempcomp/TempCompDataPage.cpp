@@ -1,5 +1,6 @@
 #include "tempcomp/TempCompDataPage.h"
 
+#include "platform/core/DecimalText.h"
 #include "platform/core/LanguageStrings.h"
 #include "platform/ui/CellEditor.h"
 #include "platform/ui/ColumnWidths.h"
@@ -13,6 +14,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 namespace pelorin {
 
@@ -37,6 +39,7 @@ constexpr int kNotWrittenText = 1500;
 constexpr int kNotReadText = 1501;
 constexpr int kRowsIgnoredText = 1502;
 constexpr int kNoFunctionText = 1503;
+constexpr int kOtherThanTypedText = 1510;
 
 constexpr std::array kLookupHeaderTexts = {254, 255, 256};
 constexpr int kArrayRowText = 259;
@@ -169,8 +172,15 @@ void TempCompDataPage::writeToFile()
     m_editor->commit();
     const QString path =
         chooseFile(window(), kWriteToFileText, QFileDialog::AcceptSave, QFileDialog::AnyFile);
-    if (!path.isEmpty())
-        report(writeLookupTableFile(path, lookupTable()));
+    if (path.isEmpty())
+        return;
+    const CompensationTable table = lookupTable();
+    const LookupTableResult result = writeLookupTableFile(path, table);
+    report(result);
+    const QStringList cells = cellsOtherThanTyped(table);
+    if (result.outcome == LookupTableResult::Outcome::Done && !cells.isEmpty())
+        showMessage(languageString(kOtherThanTypedText) + QStringLiteral("\n\n") +
+                    cells.join(QLatin1Char('\n')));
 }
 
 void TempCompDataPage::readFromFile()
@@ -206,6 +216,25 @@ void TempCompDataPage::showLookupTable(const CompensationTable& table)
         showMessage(languageString(kRowsIgnoredText)
                         .arg(QString::number(entryCount), QString::number(kRowCount),
                              QString::number(entryCount - kRowCount)));
+}
+
+/// What was written for each cell that does not hold just that number; an empty cell is a 0.
+QStringList TempCompDataPage::cellsOtherThanTyped(const CompensationTable& written) const
+{
+    const auto header = [this](int column) {
+        return m_lookupList->horizontalHeaderItem(column)->text();
+    };
+    QStringList cells;
+    for (int row = 0; row < kRowCount; ++row) {
+        const auto [point, value] = textsOf(written[static_cast<std::size_t>(row)]);
+        for (const auto& [column, text] : {std::pair(kPointColumn, point), {kValueColumn, value}}) {
+            const QString typed = m_lookupList->item(row, column)->text().trimmed();
+            if (!typed.isEmpty() && intlAtof(typed) != intlAtof(text))
+                cells << QStringLiteral("%1 %2, %3: %4")
+                             .arg(header(0), QString::number(row), header(column), text);
+        }
+    }
+    return cells;
 }
 
 void TempCompDataPage::report(const LookupTableResult& result)

@@ -30,6 +30,7 @@ private:
     void readFromFile();
     [[nodiscard]] CompensationTable lookupTable() const;
     void showLookupTable(const CompensationTable& table);
+    [[nodiscard]] QStringList cellsOtherThanTyped(const CompensationTable& written) const;
     void report(const LookupTableResult& result);
     void showMessage(const QString& text);
 

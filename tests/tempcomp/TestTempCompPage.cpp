@@ -128,6 +128,7 @@ private Q_SLOTS:
     void columnZeroAndOtherListCommitTheOpenCell();
 
     void typedCellsAreWrittenAndReadBack();
+    void cellsWrittenOtherThanTypedAreTold();
     void shorterFileLeavesTheOtherRows();
     void longerFileFillsTheListAndSaysHowManyRowsItIgnores();
     void readCellsAreWrittenBackAsTheSameLines();
@@ -251,7 +252,8 @@ void TestTempCompPage::typedCellsAreWrittenAndReadBack()
     m_bench->type(0, 2, "7");
     m_bench->type(9, 1, "-10.25");
     m_bench->type(9, 2, "1234");
-    QCOMPARE(m_bench->chooseFile(kWriteButton, m_bench->path("table")), QString());
+    QCOMPARE(m_bench->chooseFile(kWriteButton, m_bench->path("table")).section(u'\n', 1),
+             latin("\nRow 0, Point: 25.0\nRow 9, Point: -10.0"));
     QVERIFY(!m_bench->editor());
     QCOMPARE(contentOf(m_bench->path("table.csv")),
              kMarkerLine + "0032,00000007\r\n" + kZeroLine.repeated(8) + "FFFFFFEC,000004D2\r\n");
@@ -263,6 +265,21 @@ void TestTempCompPage::typedCellsAreWrittenAndReadBack()
     QCOMPARE(m_bench->text(1, 1), latin("0.0"));
     QCOMPARE(m_bench->text(1, 2), latin("0"));
     QCOMPARE(m_bench->text(9, 1), latin("-10.0"));
+}
+
+void TestTempCompPage::cellsWrittenOtherThanTypedAreTold()
+{
+    const QList<std::pair<const char*, const char*>> rows{
+        {"20000", "99999999999"}, {"abc", "1.5"}, {" 1.50 ", "+3"}, {"1e3", "-0"}};
+    for (int row = 0; row < rows.size(); ++row) {
+        m_bench->type(row, 1, rows[row].first);
+        m_bench->type(row, 2, rows[row].second);
+    }
+    QCOMPARE(m_bench->chooseFile(kWriteButton, m_bench->path("table.csv")),
+             latin("The file has been written, but it does not hold these cells as they were "
+                   "typed. A point is kept in steps of 0.5 from -16384.0 to 16383.5, a value as "
+                   "an integer, and what is not a number as 0.\n\nRow 0, Point: -12768.0\nRow 0, "
+                   "Value: 2147483647\nRow 1, Point: 0.0\nRow 1, Value: 1\nRow 3, Point: 0.0"));
 }
 
 void TestTempCompPage::shorterFileLeavesTheOtherRows()
