@@ -14,15 +14,11 @@
 namespace pelorin::test {
 
 /// What a ScriptedPort does, and what was done to it. A step whose error is not 0 fails with it.
+/// The numbers may be set at any time, also while a worker uses the port.
 struct PortScript
 {
-    std::atomic<int> openError = 0;
-    std::atomic<int> lineError = 0;
-    std::atomic<int> timeoutsError = 0;
-    std::atomic<int> queuesError = 0;
-    std::atomic<int> purgeError = 0;
-    std::atomic<int> writeError = 0;
-    std::atomic<int> readError = 0;
+    std::atomic<int> openError = 0, lineError = 0, timeoutsError = 0, queuesError = 0;
+    std::atomic<int> purgeError = 0, writeError = 0, readError = 0;
     std::atomic<int> missing = 0; ///< bytes at the end of each write that do not leave
     std::atomic<bool> open = false;
 

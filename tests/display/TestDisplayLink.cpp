@@ -22,12 +22,14 @@ namespace {
 
 constexpr int kSensorPort = 7;
 constexpr DisplaySettings kGray25{0x47, 25, 5};
+const SimulatedDisplayUnit::Settings kGray25OfUnit{"SSIGRAY", "25", "0.005"};
 
 const QByteArray kPelorinKey = "[HKEY_LOCAL_MACHINE\\SOFTWARE\\Korvex Systems\\Pelorin]\r\n";
 
-const QList<QByteArray> kSetUpCommands{"WE",     "SdP3",        "SPUMM",
-                                       "SXAOFF", "SXE00000000", "SXeFFFFFFFF"};
-const QList<QByteArray> kApplyCommands{"WE", "SXTSSIGRAY", "SXB25", "SPR0.005"};
+const QList<QByteArray> kSetUpFrames{"$1WE",     "$1SdP3",        "$1SPUMM",
+                                     "$1SXAOFF", "$1SXE00000000", "$1SXeFFFFFFFF"};
+const QList<QByteArray> kReadingFrames{"$1RD"};
+const QList<QByteArray> kApplyFrames{"$1WE", "$1SXTSSIGRAY", "$1SXB25", "$1SPR0.005"};
 
 /// How the link reaches the unit.
 enum class Way { InProcess, Terminal };
@@ -35,24 +37,18 @@ enum class Way { InProcess, Terminal };
 const QList<std::pair<const char*, Way>> kWays{{"in process", Way::InProcess},
                                                {"terminal", Way::Terminal}};
 
-struct NamedFault
-{
-    const char* name;
-    SimulatedFault fault;
-};
-
 /// Late is beyond the time limit of init.
-const QList<NamedFault> kFaults{{"silent", {SimulatedFault::Kind::Silent}},
-                                {"late", {SimulatedFault::Kind::Late, 150}},
-                                {"short", {SimulatedFault::Kind::Short, 1}},
-                                {"wrong", {SimulatedFault::Kind::WrongByte, 0}}};
+const QList<std::pair<const char*, SimulatedFault>> kFaults{
+    {"silent", {SimulatedFault::Kind::Silent}},
+    {"late", {SimulatedFault::Kind::Late, 150}},
+    {"short", {SimulatedFault::Kind::Short, 1}},
+    {"wrong", {SimulatedFault::Kind::WrongByte, 0}}};
 
-QList<QByteArray> framesOf(const QList<QByteArray>& commands)
+void addWays()
 {
-    QList<QByteArray> frames;
-    for (const QByteArray& command : commands)
-        frames << "$1" + command;
-    return frames;
+    QTest::addColumn<Way>("way");
+    for (const auto& [name, way] : kWays)
+        QTest::newRow(name) << way;
 }
 
 } // namespace
@@ -62,43 +58,37 @@ class TestDisplayLink : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase() { m_languages = std::make_unique<Languages>(1); }
     void init();
     void cleanup();
 
-    void unitIsSetUpReadAndSet_data();
+    void unitIsSetUpReadAndSet_data() { addWays(); }
     void unitIsSetUpReadAndSet();
-    void faultDuringSetUpEndsIt_data();
-    void faultDuringSetUpEndsIt();
-    void faultDuringApplyEndsIt_data();
-    void faultDuringApplyEndsIt();
-    void faultyReadingShowsStars_data();
-    void faultyReadingShowsStars();
-    void answerIsReadAsFarAsItCounts_data();
+    void faultyAnswerEndsTheExchange_data();
+    void faultyAnswerEndsTheExchange();
+    void answerIsReadAsFarAsItCounts_data() { addWays(); }
     void answerIsReadAsFarAsItCounts();
-    void unpluggedUnitIsToldOnce_data();
+    void unpluggedUnitIsToldOnce_data() { addWays(); }
     void unpluggedUnitIsToldOnce();
     void failureIsToldAgainOnceItHasWorked();
-    void failureWithAnAnswerIsToldOnce();
     void failedOpeningIsExplained_data();
     void failedOpeningIsExplained();
     void failedSetUpTellsTheErrorsInItsMessage();
-    void portOfTheSensorIsNotOpened_data();
     void portOfTheSensorIsNotOpened();
     void settingsNamePortAndNode_data();
     void settingsNamePortAndNode();
-    void requestWithoutWorkerFailsAtOnce();
     void closeCutsShortWhatRuns_data();
     void closeCutsShortWhatRuns();
 
 private:
     void reach(Way way);
     void useScript();
-    [[nodiscard]] bool openUnit();
+    void makeLink();
+    [[nodiscard]] RequestId request(const QList<QByteArray>& frames);
     [[nodiscard]] int await(RequestId request);
+    [[nodiscard]] bool openUnit();
     [[nodiscard]] QList<QByteArray> takeFrames();
 
-    std::unique_ptr<Languages> m_languages;
+    const Languages m_languages{1};
     std::unique_ptr<TestRegistry> m_registry;
     std::shared_ptr<SimulatedDisplayUnit> m_unit;
     std::shared_ptr<PortScript> m_script;
@@ -115,34 +105,29 @@ void TestDisplayLink::init()
     m_unit = std::make_shared<SimulatedDisplayUnit>();
     m_unit->setReading("12.345");
     m_window = std::make_unique<MessageCollector>();
-    reach(Way::InProcess);
 }
 
 void TestDisplayLink::cleanup()
 {
     m_link.reset();
-    m_factory.reset();
     m_server.reset();
-    m_window.reset();
     m_registry.reset();
 }
 
 /// Makes the link whose port leads to the unit.
 void TestDisplayLink::reach(Way way)
 {
-    m_link.reset();
-    m_factory =
-        std::make_unique<ComPortFactory>([this, way](const QString&) -> std::unique_ptr<ComPort> {
-            if (way == Way::Terminal)
-                return std::make_unique<TermiosComPort>(m_server->path());
-            return std::make_unique<SimulatedComPort>(m_unit);
-        });
     if (way == Way::Terminal) {
         m_server = std::make_unique<PtyServer>(m_unit);
         QCOMPARE(m_server->start(), 0);
     }
-    m_link = std::make_unique<DisplayLink>(*m_factory);
-    m_link->setReplyTarget(m_window.get(), WM_DISPLAY_UNIT);
+    m_factory =
+        std::make_unique<ComPortFactory>([this](const QString&) -> std::unique_ptr<ComPort> {
+            if (m_server)
+                return std::make_unique<TermiosComPort>(m_server->path());
+            return std::make_unique<SimulatedComPort>(m_unit);
+        });
+    makeLink();
 }
 
 /// Makes the link whose port does what m_script says.
@@ -152,16 +137,21 @@ void TestDisplayLink::useScript()
     m_script = std::make_shared<PortScript>();
     m_factory = std::make_unique<ComPortFactory>(
         [this](const QString&) { return std::make_unique<ScriptedPort>(m_script); });
+    makeLink();
+}
+
+void TestDisplayLink::makeLink()
+{
     m_link = std::make_unique<DisplayLink>(*m_factory);
     m_link->setReplyTarget(m_window.get(), WM_DISPLAY_UNIT);
 }
 
-/// Opens the link, and forgets the frames of the set-up.
-bool TestDisplayLink::openUnit()
+/// Makes the request that sends these frames.
+RequestId TestDisplayLink::request(const QList<QByteArray>& frames)
 {
-    const bool open = await(m_link->open(kSensorPort)) == 1 && m_link->takeMessage().isEmpty();
-    (void)takeFrames();
-    return open;
+    if (frames == kSetUpFrames)
+        return m_link->open(kSensorPort);
+    return frames == kReadingFrames ? m_link->requestReading() : m_link->requestApply(kGray25);
 }
 
 /// The result of a request, -1 if it is not answered in time.
@@ -169,6 +159,15 @@ int TestDisplayLink::await(RequestId request)
 {
     (void)QTest::qWaitFor([&] { return m_window->resultOf(request) >= 0; });
     return m_window->resultOf(request);
+}
+
+/// Opens the link and reads once, and forgets the frames of both.
+bool TestDisplayLink::openUnit()
+{
+    const bool open = await(m_link->open(kSensorPort)) == 1 && m_link->takeMessage().isEmpty() &&
+                      await(m_link->requestReading()) == 1;
+    (void)takeFrames();
+    return open;
 }
 
 QList<QByteArray> TestDisplayLink::takeFrames()
@@ -179,123 +178,59 @@ QList<QByteArray> TestDisplayLink::takeFrames()
     return frames;
 }
 
-void TestDisplayLink::unitIsSetUpReadAndSet_data()
-{
-    QTest::addColumn<Way>("way");
-    for (const auto& [name, way] : kWays)
-        QTest::newRow(name) << way;
-}
-
 void TestDisplayLink::unitIsSetUpReadAndSet()
 {
     QFETCH(Way, way);
     reach(way);
-    QCOMPARE(await(m_link->open(kSensorPort)), 1);
-    QCOMPARE(takeFrames(), framesOf(kSetUpCommands));
-
-    QCOMPARE(await(m_link->requestReading()), 1);
-    QCOMPARE(takeFrames(), QList<QByteArray>{"$1RD"});
-    QCOMPARE(m_link->lastReading(), QStringLiteral("12.345"));
-
-    QCOMPARE(await(m_link->requestApply(kGray25)), 1);
-    QCOMPARE(takeFrames(), framesOf(kApplyCommands));
-    QCOMPARE(m_unit->settings(), (SimulatedDisplayUnit::Settings{"SSIGRAY", "25", "0.005"}));
+    for (const auto& frames : {kSetUpFrames, kReadingFrames, kApplyFrames}) {
+        QCOMPARE(await(request(frames)), 1);
+        QCOMPARE(takeFrames(), frames);
+    }
+    QCOMPARE(m_unit->settings(), kGray25OfUnit);
     QCOMPARE(m_link->lastReading(), QStringLiteral("12.345"));
     QCOMPARE(m_link->takeMessage(), QString());
 }
 
-/// Each fault at each command; over the terminal, which only carries the bytes, at one command.
-static void addFaults(const QList<QByteArray>& commands, int commandOverTerminal)
+/// Each fault at each command; over the terminal, which only carries the bytes, at the last one.
+void TestDisplayLink::faultyAnswerEndsTheExchange_data()
 {
     QTest::addColumn<Way>("way");
+    QTest::addColumn<QList<QByteArray>>("frames");
     QTest::addColumn<int>("index");
     QTest::addColumn<SimulatedFault>("fault");
     for (const auto& [wayName, way] : kWays)
-        for (int index = 0; index < commands.size(); ++index)
-            for (const auto& [name, fault] : kFaults)
-                if (way == Way::InProcess || index == commandOverTerminal)
-                    QTest::addRow("%s: %s %s", wayName, commands[index].constData(), name)
-                        << way << index << fault;
+        for (const auto& frames : {kSetUpFrames, kReadingFrames, kApplyFrames})
+            for (int index = way == Way::InProcess ? 0 : static_cast<int>(frames.size()) - 1;
+                 index < frames.size(); ++index)
+                for (const auto& [name, fault] : kFaults)
+                    QTest::addRow("%s, %d of %d: %s %s", wayName, index + 1,
+                                  static_cast<int>(frames.size()), frames[index].constData(), name)
+                        << way << frames << index << fault;
 }
 
-void TestDisplayLink::faultDuringSetUpEndsIt_data()
-{
-    addFaults(kSetUpCommands, 1);
-}
-
-void TestDisplayLink::faultDuringSetUpEndsIt()
+void TestDisplayLink::faultyAnswerEndsTheExchange()
 {
     QFETCH(Way, way);
+    QFETCH(QList<QByteArray>, frames);
     QFETCH(int, index);
     QFETCH(SimulatedFault, fault);
+    const bool isSetUp = frames == kSetUpFrames;
     reach(way);
-    m_unit->setFault(fault, kSetUpCommands[index].toStdString());
+    QVERIFY(isSetUp || openUnit());
+    m_unit->setFault(fault, frames[index].mid(2).toStdString());
 
-    QCOMPARE(await(m_link->open(kSensorPort)), 0);
-    QCOMPARE(takeFrames(), framesOf(kSetUpCommands).mid(0, index + 1));
-    QCOMPARE(m_link->takeMessage(),
-             QStringLiteral("The display unit on unit (node 1) did not acknowledge its set-up."));
-    QCOMPARE(m_link->takeMessage(), QString());
-}
-
-void TestDisplayLink::faultDuringApplyEndsIt_data()
-{
-    addFaults(kApplyCommands, 2);
-}
-
-void TestDisplayLink::faultDuringApplyEndsIt()
-{
-    QFETCH(Way, way);
-    QFETCH(int, index);
-    QFETCH(SimulatedFault, fault);
-    reach(way);
-    QVERIFY(openUnit());
-    QCOMPARE(await(m_link->requestReading()), 1);
-    (void)takeFrames();
-    m_unit->setFault(fault, kApplyCommands[index].toStdString());
-
-    QCOMPARE(await(m_link->requestApply(kGray25)), 0);
-    QCOMPARE(takeFrames(), framesOf(kApplyCommands).mid(0, index + 1));
-    QCOMPARE(m_link->lastReading(), QStringLiteral("12.345"));
-    QCOMPARE(m_link->takeMessage(), QString());
-
+    QCOMPARE(await(request(frames)), 0);
+    QCOMPARE(takeFrames(), frames.mid(0, index + 1));
+    QCOMPARE(m_link->takeMessage(), isSetUp ? QStringLiteral("The display unit on unit (node 1) "
+                                                             "did not acknowledge its set-up.")
+                                            : QString());
+    if (isSetUp)
+        return;
+    QCOMPARE(m_link->lastReading(),
+             frames == kReadingFrames ? QStringLiteral("****") : QStringLiteral("12.345"));
     m_unit->clearFaults();
     // Once a late answer has passed:
-    QVERIFY(QTest::qWaitFor([&] { return await(m_link->requestApply(kGray25)) == 1; }));
-}
-
-void TestDisplayLink::faultyReadingShowsStars_data()
-{
-    QTest::addColumn<Way>("way");
-    QTest::addColumn<SimulatedFault>("fault");
-    for (const auto& [wayName, way] : kWays)
-        for (const auto& [name, fault] : kFaults)
-            QTest::addRow("%s: %s", wayName, name) << way << fault;
-}
-
-void TestDisplayLink::faultyReadingShowsStars()
-{
-    QFETCH(Way, way);
-    QFETCH(SimulatedFault, fault);
-    reach(way);
-    QVERIFY(openUnit());
-    QCOMPARE(await(m_link->requestReading()), 1);
-    m_unit->setFault(fault, "RD");
-
-    QCOMPARE(await(m_link->requestReading()), 0);
-    QCOMPARE(m_link->lastReading(), QStringLiteral("****"));
-    QCOMPARE(m_link->takeMessage(), QString());
-
-    m_unit->clearFaults();
-    QVERIFY(QTest::qWaitFor([&] {
-        return await(m_link->requestReading()) == 1 &&
-               m_link->lastReading() == QStringLiteral("12.345");
-    }));
-}
-
-void TestDisplayLink::answerIsReadAsFarAsItCounts_data()
-{
-    unitIsSetUpReadAndSet_data();
+    QVERIFY(QTest::qWaitFor([&] { return await(request(frames)) == 1; }));
 }
 
 /// The rest still arrives for a moment; it must not pass for what the next command is answered.
@@ -309,12 +244,7 @@ void TestDisplayLink::answerIsReadAsFarAsItCounts()
     QVERIFY(QTest::qWaitFor([&] { return await(m_link->requestReading()) == 1; }));
     QCOMPARE(m_link->lastReading(), QStringLiteral("12.34500000000"));
     QVERIFY(QTest::qWaitFor([&] { return await(m_link->requestApply(kGray25)) == 1; }));
-    QCOMPARE(m_unit->settings(), (SimulatedDisplayUnit::Settings{"SSIGRAY", "25", "0.005"}));
-}
-
-void TestDisplayLink::unpluggedUnitIsToldOnce_data()
-{
-    unitIsSetUpReadAndSet_data();
+    QCOMPARE(m_unit->settings(), kGray25OfUnit);
 }
 
 void TestDisplayLink::unpluggedUnitIsToldOnce()
@@ -348,33 +278,24 @@ void TestDisplayLink::failureIsToldAgainOnceItHasWorked()
 {
     useScript();
     QVERIFY(openUnit());
-    const QString error = QStringLiteral("Error in ReadFile. Error = 5");
-    const auto readingTells = [this](int readError) {
-        m_script->readError = readError;
+    const auto tells = [this](std::atomic<int> PortScript::*step, int error) {
+        (*m_script).*step = error;
         (void)await(m_link->requestReading());
+        (*m_script).*step = 0;
         return m_link->takeMessage();
     };
-    QCOMPARE(readingTells(5), error);
-    QCOMPARE(readingTells(5), QString());
+    const QString error = QStringLiteral("Error in ReadFile. Error = 5");
+    QCOMPARE(tells(&PortScript::readError, 5), error);
+    QCOMPARE(tells(&PortScript::readError, 5), QString());
+    QCOMPARE(tells(&PortScript::purgeError, 5), QString()); // answered, but it did not work
     {
         const std::lock_guard lock(m_script->mutex);
         m_script->answers = {QByteArray()};
     }
-    QCOMPARE(readingTells(0), QString()); // silence is no sign that it works
-    QCOMPARE(readingTells(5), QString());
-    QCOMPARE(readingTells(0), QString());
-    QCOMPARE(readingTells(5), error);
-}
-
-void TestDisplayLink::failureWithAnAnswerIsToldOnce()
-{
-    useScript();
-    QVERIFY(openUnit());
-    m_script->purgeError = 5;
-    QCOMPARE(await(m_link->requestApply(kGray25)), 1);
-    QCOMPARE(m_link->takeMessage(), QStringLiteral("Error in PurgeComm. Error = 5"));
-    QCOMPARE(await(m_link->requestApply(kGray25)), 1);
-    QCOMPARE(m_link->takeMessage(), QString());
+    QCOMPARE(tells(&PortScript::readError, 0), QString()); // silence is no sign that it works
+    QCOMPARE(tells(&PortScript::readError, 5), QString());
+    QCOMPARE(tells(&PortScript::readError, 0), QString());
+    QCOMPARE(tells(&PortScript::readError, 5), error);
 }
 
 void TestDisplayLink::failedOpeningIsExplained_data()
@@ -382,25 +303,23 @@ void TestDisplayLink::failedOpeningIsExplained_data()
     QTest::addColumn<std::atomic<int> PortScript::*>("step");
     QTest::addColumn<int>("error");
     QTest::addColumn<QString>("message");
-    QTest::newRow("missing") << &PortScript::openError << ENOENT
-                             << QStringLiteral("Port unit could not be opened (system error 2).");
-    QTest::newRow("busy") << &PortScript::openError << EBUSY
-                          << QStringLiteral("Port unit could not be opened (system error 16).\n"
-                                            "unit is in use by another program.");
-    QTest::newRow("permission")
-        << &PortScript::openError << EACCES
-        << QStringLiteral("Port unit could not be opened (system error 13).\nYou have no "
-                          "permission to open unit. Add your user to the group dialout, then log "
-                          "in again.");
-    QTest::newRow("line") << &PortScript::lineError << EINVAL
-                          << QStringLiteral("The line settings of port unit could not be set "
-                                            "(system error 22).");
-    QTest::newRow("time-outs") << &PortScript::timeoutsError << EINVAL
-                               << QStringLiteral("The time-outs of port unit could not be set "
-                                                 "(system error 22).");
-    QTest::newRow("queues") << &PortScript::queuesError << EINVAL
-                            << QStringLiteral("The queue sizes of port unit could not be set "
-                                              "(system error 22).");
+    const auto row = [](const char* name, std::atomic<int> PortScript::*step, int error,
+                        const char* message) {
+        QTest::newRow(name) << step << error << QString::fromLatin1(message);
+    };
+    row("missing", &PortScript::openError, ENOENT,
+        "Port unit could not be opened (system error 2).");
+    row("busy", &PortScript::openError, EBUSY,
+        "Port unit could not be opened (system error 16).\nunit is in use by another program.");
+    row("permission", &PortScript::openError, EACCES,
+        "Port unit could not be opened (system error 13).\nYou have no permission to open unit. "
+        "Add your user to the group dialout, then log in again.");
+    row("line", &PortScript::lineError, EINVAL,
+        "The line settings of port unit could not be set (system error 22).");
+    row("time-outs", &PortScript::timeoutsError, EINVAL,
+        "The time-outs of port unit could not be set (system error 22).");
+    row("queues", &PortScript::queuesError, EINVAL,
+        "The queue sizes of port unit could not be set (system error 22).");
 }
 
 void TestDisplayLink::failedOpeningIsExplained()
@@ -425,33 +344,21 @@ void TestDisplayLink::failedSetUpTellsTheErrorsInItsMessage()
              QStringLiteral("The display unit on unit (node 1) did not acknowledge its set-up.\n"
                             "Error in ReadFile. Error = 5"));
     QCOMPARE(m_script->line, (LineSettings{19200, 'N', 8, 1}));
-    m_link->close();
-    QVERIFY(!m_script->open);
-}
-
-void TestDisplayLink::portOfTheSensorIsNotOpened_data()
-{
-    QTest::addColumn<QByteArray>("name");
-    QTest::newRow("number") << QByteArray("COM7");
-    QTest::newRow("small letters") << QByteArray("com7");
-    QTest::newRow("Windows device") << QByteArray("\\\\\\\\.\\\\COM7");
-    QTest::newRow("path") << QByteArray("/dev/ttyS6");
 }
 
 void TestDisplayLink::portOfTheSensorIsNotOpened()
 {
-    QFETCH(QByteArray, name);
-    m_registry->write(kPelorinKey + "\"QDL3Comport\"=\"" + name + "\"\r\n");
-    useScript();
-    QVERIFY(m_link->isPort(kSensorPort));
-    QCOMPARE(m_link->open(kSensorPort), RequestId{0});
-    QCOMPARE(m_link->takeMessage(),
-             m_link->portName() +
-                 QStringLiteral(" is the port of the sensor. The display unit needs a port of its "
-                                "own; the value QDL3Comport of the settings names it."));
-    QVERIFY(!m_script->open);
-
-    QCOMPARE(await(m_link->open(kSensorPort + 1)), 1);
+    for (const QByteArray name : {"COM7", "/dev/ttyS6"}) {
+        m_registry->write(kPelorinKey + "\"QDL3Comport\"=\"" + name + "\"\r\n");
+        useScript();
+        QCOMPARE(m_link->open(kSensorPort), RequestId{0});
+        QCOMPARE(m_link->takeMessage(),
+                 QString::fromLatin1(name) +
+                     QStringLiteral(" is the port of the sensor. The display unit needs a port of "
+                                    "its own; the value QDL3Comport of the settings names it."));
+        QVERIFY(!m_script->open);
+        QCOMPARE(await(m_link->open(kSensorPort + 1)), 1);
+    }
 }
 
 void TestDisplayLink::settingsNamePortAndNode_data()
@@ -477,45 +384,36 @@ void TestDisplayLink::settingsNamePortAndNode()
     QTEST(written.left(written.indexOf('\r') + 1), "firstFrame");
 }
 
-void TestDisplayLink::requestWithoutWorkerFailsAtOnce()
-{
-    QCOMPARE(await(m_link->requestReading()), 0);
-    QVERIFY(openUnit());
-    m_link->close();
-    QCOMPARE(await(m_link->requestReading()), 0);
-    QCOMPARE(await(m_link->requestApply(kGray25)), 0);
-    QCOMPARE(takeFrames(), QList<QByteArray>());
-}
-
 void TestDisplayLink::closeCutsShortWhatRuns_data()
 {
     QTest::addColumn<Way>("way");
-    QTest::addColumn<QByteArray>("command");
+    QTest::addColumn<QList<QByteArray>>("frames");
     for (const auto& [name, way] : kWays)
-        for (const char* command : {"SdP3", "RD", "SXB25"})
-            QTest::addRow("%s: %s", name, command) << way << QByteArray(command);
+        for (const auto& frames : {kSetUpFrames, kReadingFrames, kApplyFrames})
+            QTest::addRow("%s: %s", name, frames.last().constData()) << way << frames;
 }
 
 void TestDisplayLink::closeCutsShortWhatRuns()
 {
     QFETCH(Way, way);
-    QFETCH(QByteArray, command);
-    Pacing::setSpeeds({1, 20, 0.05}); // an answer that does not come is waited for 10 seconds
+    QFETCH(QList<QByteArray>, frames);
     reach(way);
-    m_unit->setFault({SimulatedFault::Kind::Silent}, command.toStdString());
-    RequestId request = m_link->open(kSensorPort);
-    if (command != "SdP3") {
-        QCOMPARE(await(request), 1);
-        request = command == "RD" ? m_link->requestReading() : m_link->requestApply(kGray25);
-    }
-    QList<QByteArray> frames;
-    QTRY_VERIFY((frames += takeFrames()).contains("$1" + command));
+    QVERIFY(frames == kSetUpFrames || openUnit());
+    Pacing::setSpeeds({1, 20, 0.05}); // an answer that does not come is waited for 10 seconds
+    m_unit->setFault({SimulatedFault::Kind::Silent}, frames.last().mid(2).toStdString());
+    const RequestId running = request(frames);
+    QList<QByteArray> sent;
+    QVERIFY(QTest::qWaitFor([&] {
+        sent += takeFrames();
+        return sent == frames;
+    }));
 
     QElapsedTimer timer;
     timer.start();
     m_link->close();
     QVERIFY(timer.elapsed() < 5000);
-    QCOMPARE(await(request), 0);
+    QCOMPARE(await(running), 0);
+    QCOMPARE(await(m_link->requestReading()), 0); // nobody is there to perform it
     SimulatedComPort other(m_unit);
     if (way == Way::InProcess)
         QCOMPARE(other.open(), 0); // the port has been given back
