@@ -1094,5 +1094,13 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <source>Current reading of the display unit</source>
         <translation>Lettura attuale del visualizzatore</translation>
     </message>
+    <message id="1610">
+        <source>The display unit has acknowledged the settings.</source>
+        <translation>Il visualizzatore ha confermato le impostazioni.</translation>
+    </message>
+    <message id="1611">
+        <source>The display unit has not acknowledged all settings. Some of them may be in effect: apply them again.</source>
+        <translation>Il visualizzatore non ha confermato tutte le impostazioni. Alcune possono essere già attive: applicarle di nuovo.</translation>
+    </message>
 </context>
 </TS>

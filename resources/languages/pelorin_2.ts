@@ -1094,5 +1094,13 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <source>Current reading of the display unit</source>
         <translation>Aktueller Anzeigewert des Anzeigegeräts</translation>
     </message>
+    <message id="1610">
+        <source>The display unit has acknowledged the settings.</source>
+        <translation>Das Anzeigegerät hat die Einstellungen bestätigt.</translation>
+    </message>
+    <message id="1611">
+        <source>The display unit has not acknowledged all settings. Some of them may be in effect: apply them again.</source>
+        <translation>Das Anzeigegerät hat nicht alle Einstellungen bestätigt. Einige können schon gelten: übernehmen Sie sie erneut.</translation>
+    </message>
 </context>
 </TS>

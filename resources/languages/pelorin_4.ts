@@ -1094,5 +1094,13 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <source>Current reading of the display unit</source>
         <translation>Valeur actuelle de l'afficheur</translation>
     </message>
+    <message id="1610">
+        <source>The display unit has acknowledged the settings.</source>
+        <translation>L'afficheur a confirmé les réglages.</translation>
+    </message>
+    <message id="1611">
+        <source>The display unit has not acknowledged all settings. Some of them may be in effect: apply them again.</source>
+        <translation>L'afficheur n'a pas confirmé tous les réglages. Certains sont peut-être déjà actifs, appliquez-les de nouveau.</translation>
+    </message>
 </context>
 </TS>

@@ -1094,5 +1094,13 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <source>Current reading of the display unit</source>
         <translation>Lectura actual del visualizador</translation>
     </message>
+    <message id="1610">
+        <source>The display unit has acknowledged the settings.</source>
+        <translation>El visualizador ha confirmado los ajustes.</translation>
+    </message>
+    <message id="1611">
+        <source>The display unit has not acknowledged all settings. Some of them may be in effect: apply them again.</source>
+        <translation>El visualizador no ha confirmado todos los ajustes. Algunos pueden estar ya activos: aplíquelos de nuevo.</translation>
+    </message>
 </context>
 </TS>
