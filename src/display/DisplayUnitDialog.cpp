@@ -10,6 +10,7 @@
 
 #include <QApplication>
 #include <QComboBox>
+#include <QLabel>
 #include <QPushButton>
 
 #include <array>
@@ -40,6 +41,8 @@ constexpr int kApplyText = 180;
 constexpr int kTitleText = 246;
 constexpr int kSimulatedText = 1000;
 constexpr int kReadingText = 1603;
+constexpr int kAppliedText = 1610;
+constexpr int kNotAppliedText = 1611;
 
 constexpr std::array<std::uint8_t, 2> kModes{DisplaySettings::kBinary, DisplaySettings::kGray};
 constexpr std::array<std::uint8_t, 2> kDataBits{25, 24};
@@ -108,6 +111,9 @@ void DisplayUnitDialog::onInitDialog()
     applyButton->setEnabled(false);
     connect(applyButton, &QPushButton::clicked, this, &DisplayUnitDialog::apply);
 
+    m_outcomeLabel = findChild<QLabel*>(QStringLiteral("outcomeLabel"));
+    m_outcomeLabel->setMinimumHeight(2 * m_outcomeLabel->fontMetrics().lineSpacing());
+
     setCursor(Qt::WaitCursor);
     m_link.setReplyTarget(this, WM_DISPLAY_UNIT);
     // Once the window is on the screen, so that the messages appear over it.
@@ -133,10 +139,13 @@ void DisplayUnitDialog::translate()
         resolutions->setItemText(item, QString::number(resolution, 'f', 3) + QLatin1Char(' ') +
                                            languageString(kUnitText));
     }
+    showOutcome(m_outcomeText);
 }
 
 void DisplayUnitDialog::openLink()
 {
+    if (m_closeWanted)
+        return;
     m_setUp = m_link.open(m_sensorLink.portNumber());
     if (m_setUp == 0)
         onSetUp(0);
@@ -157,21 +166,25 @@ void DisplayUnitDialog::onSetUp(int result)
     collectMessage();
 }
 
-/// An Apply takes the place of one reading.
 void DisplayUnitDialog::onTimer()
 {
-    if (m_outstanding != 0)
-        return;
-    if (const auto settings = std::exchange(m_pendingSettings, std::nullopt)) {
-        m_outstanding = m_link.requestApply(*settings);
-    } else {
-        m_outstanding = m_link.requestReading();
-    }
+    if (m_outstanding == 0)
+        requestNext();
 }
 
-void DisplayUnitDialog::onCompletion()
+/// An Apply takes the place of one reading.
+void DisplayUnitDialog::requestNext()
+{
+    const auto settings = std::exchange(m_pendingSettings, std::nullopt);
+    m_applying = settings.has_value();
+    m_outstanding = settings ? m_link.requestApply(*settings) : m_link.requestReading();
+}
+
+void DisplayUnitDialog::onCompletion(int result)
 {
     m_outstanding = 0;
+    if (m_applying && !m_pendingSettings)
+        showOutcome(result == 1 ? kAppliedText : kNotAppliedText);
     const QString reading = m_link.lastReading();
     if (reading.compare(m_shownText, Qt::CaseInsensitive) != 0) {
         m_shownText = reading;
@@ -189,14 +202,23 @@ void DisplayUnitDialog::apply()
     m_pendingSettings = DisplaySettings{selectedData(*getControl<QComboBox>(kModeCombo)),
                                         selectedData(*getControl<QComboBox>(kDataBitsCombo)),
                                         selectedData(*getControl<QComboBox>(kResolutionCombo))};
+    showOutcome(0);
 }
 
-/// Closes the dialog, or has the completion of what is outstanding close it: a setting that is
-/// being applied goes out whole. A set-up, of which nothing shows yet, is cut short.
+void DisplayUnitDialog::showOutcome(int text)
+{
+    m_outcomeText = text;
+    m_outcomeLabel->setText(text == 0 ? QString() : languageString(text));
+}
+
+/// Closes the dialog, or has the completion of what is outstanding close it: settings that were
+/// applied go out whole. A set-up, of which nothing shows yet, is cut short.
 void DisplayUnitDialog::done(int result)
 {
     m_timer.stop();
     m_closeWanted = true;
+    if (m_outstanding == 0 && m_pendingSettings)
+        requestNext();
     if (m_outstanding != 0) {
         setCursor(Qt::WaitCursor);
         return;
@@ -217,7 +239,7 @@ void DisplayUnitDialog::customEvent(QEvent* event)
     if (message->request() == m_setUp) {
         onSetUp(static_cast<int>(message->wParam()));
     } else if (message->request() == m_outstanding) {
-        onCompletion();
+        onCompletion(static_cast<int>(message->wParam()));
     }
 }
 

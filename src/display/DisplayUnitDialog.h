@@ -8,6 +8,7 @@
 
 #include <optional>
 
+class QLabel;
 class QMessageBox;
 
 namespace pelorin {
@@ -17,9 +18,9 @@ class SensorLink;
 /// Shows what the display unit displays, asked for three times a second, and sends it the output
 /// settings that the user applies. Modeless. User-interface thread only.
 ///
-/// It closes once the unit has answered what it was asked; the window stays until then, at most
-/// as long as the time limits of one exchange. What the user must be told is shown when no other
-/// dialog is open.
+/// It closes once the unit has answered what it was asked and has got what the user has applied;
+/// the window stays until then, at most as long as the time limits of the two exchanges. What the
+/// user must be told is shown when no other dialog is open.
 class DisplayUnitDialog final : public BaseDialog
 {
     Q_OBJECT
@@ -47,8 +48,10 @@ private:
     void openLink();
     void onSetUp(int result);
     void onTimer();
-    void onCompletion();
+    void requestNext();
+    void onCompletion(int result);
     void apply();
+    void showOutcome(int text);
     void collectMessage();
     void showMessage();
 
@@ -56,11 +59,14 @@ private:
     DisplayLink m_link;
     RequestId m_setUp = 0;       ///< the set-up that runs
     RequestId m_outstanding = 0; ///< the reading or apply that runs
+    bool m_applying = false;     ///< what runs is an apply
     bool m_connected = false;
     bool m_closeWanted = false; ///< the dialog closes with the next completion
     std::optional<DisplaySettings> m_pendingSettings; ///< applied, not yet handed to the link
     QString m_shownText;
-    QString m_message; ///< not yet shown
+    QLabel* m_outcomeLabel = nullptr;
+    int m_outcomeText = 0; ///< what became of the last apply; 0 as long as that is open
+    QString m_message;     ///< not yet shown
     QPointer<QMessageBox> m_messageBox;
     QTimer m_timer;
 };
