@@ -2,9 +2,7 @@
 
 #include "app/Commands.h"
 #include "display/DisplayUnitDialog.h"
-#include "platform/core/MessageNumbers.h"
 #include "platform/core/Pacing.h"
-#include "platform/core/WindowMessage.h"
 #include "support/MainWindowRig.h"
 
 #include <QApplication>
@@ -127,26 +125,6 @@ struct DisplayUnitBench : MainWindowRig
         QTest::keyClick(messageBox(), Qt::Key_Return);
         return QTest::qWaitFor([&] { return !messageBox(); }) ? text : latin("box stays");
     }
-};
-
-/// Counts the completions that a dialog gets.
-class CompletionCounter : public QObject
-{
-public:
-    explicit CompletionCounter(QObject* dialog) { dialog->installEventFilter(this); }
-    bool eventFilter(QObject*, QEvent* event) override
-    {
-        m_count += event->type() == WindowMessage::typeOf(WM_DISPLAY_UNIT) ? 1 : 0;
-        return false;
-    }
-    /// Waits for some completions from now on.
-    [[nodiscard]] bool waitForMore()
-    {
-        return QTest::qWaitFor([this, limit = m_count + 5] { return m_count >= limit; });
-    }
-
-private:
-    int m_count = 0;
 };
 
 } // namespace pelorin::test

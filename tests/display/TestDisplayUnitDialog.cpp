@@ -2,6 +2,8 @@
 
 #include "pages/SelectPortDialog.h"
 #include "pages/SerialPortComboBox.h"
+#include "platform/core/MessageNumbers.h"
+#include "platform/core/WindowMessage.h"
 #include "support/ModalAnswer.h"
 
 #include <QPointer>
@@ -10,6 +12,30 @@ using namespace pelorin;
 using namespace pelorin::test;
 
 using Bench = DisplayUnitBench;
+
+namespace {
+
+/// Counts the completions that a dialog gets.
+class CompletionCounter : public QObject
+{
+public:
+    explicit CompletionCounter(QObject* dialog) { dialog->installEventFilter(this); }
+    bool eventFilter(QObject*, QEvent* event) override
+    {
+        m_count += event->type() == WindowMessage::typeOf(WM_DISPLAY_UNIT) ? 1 : 0;
+        return false;
+    }
+    /// Waits for some completions from now on.
+    [[nodiscard]] bool waitForMore()
+    {
+        return QTest::qWaitFor([this, limit = m_count + 5] { return m_count >= limit; });
+    }
+
+private:
+    int m_count = 0;
+};
+
+} // namespace
 
 class TestDisplayUnitDialog : public QObject
 {
@@ -326,8 +352,7 @@ void TestDisplayUnitDialog::portOfTheUnitIsNotGivenToTheSensor()
     QCOMPARE(bench.lightText(), latin("Green: connected"));
     QVERIFY(bench.waitForReading());
 
-    bench.dialog()->close();
-    QTRY_VERIFY(!bench.dialog());
+    QVERIFY(bench.closeDialog());
     QVERIFY(choosePort(96));
     QTRY_COMPARE(bench.link().portNumber(), 96);
 }
