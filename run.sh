@@ -11,11 +11,9 @@ if [[ -n ${DISPLAY:-} || -n ${WAYLAND_DISPLAY:-} ]]; then
     if [[ -z ${DISPLAY:-} ]]; then
         packages+=(qt6-wayland)
     fi
-    build dev pelorin
+    build dev pelorin pelorin_demo
     say "Starting Pelorin"
-    # The first /CP: counts, so that an argument chooses another simulated sensor.
-    PELORIN_REGISTRY=$PWD/build/dev/share/pelorin/demo.reg \
-        build/dev/bin/pelorin "$@" /CP:99
+    build/dev/bin/pelorin-demo "$@"
 else
     build dev pelorin-tour
     say "No display: running the tour, pictures go to build/tour"
