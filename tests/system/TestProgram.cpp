@@ -1,8 +1,7 @@
+#include "Program.h"
 #include "support/TestRegistry.h"
 
-#include <QFile>
 #include <QFileInfo>
-#include <QProcess>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -13,71 +12,12 @@ using namespace pelorin;
 
 namespace {
 
-constexpr int kTimeLimit = 20'000; ///< ms; far beyond a start or an end
-
 const QByteArray kSettings =
     "[HKEY_LOCAL_MACHINE\\SOFTWARE\\Korvex Systems\\Pelorin]\r\n\"Path\"=\"C:\\\\Pelorin\"\r\n"
     "[HKEY_LOCAL_MACHINE\\SOFTWARE\\Korvex Systems\\Pelorin\\Help Files]\r\n" +
     kSimulatedBounds +
     "[HKEY_LOCAL_MACHINE\\HARDWARE\\DEVICEMAP\\SERIALCOMM]\r\n"
     "\"simulator:sensor?type=2\"=\"COM1\"\r\n\"/nonexistent/tty\"=\"COM5\"\r\n";
-
-QByteArray contentOf(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-/// A program that runs beside the test; it goes with this object.
-class Program
-{
-public:
-    Program(const char* path, const QStringList& arguments,
-            const QProcessEnvironment& environment = QProcessEnvironment::systemEnvironment())
-    {
-        m_process.setProcessEnvironment(environment);
-        m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-        m_process.start(QString::fromLatin1(path), arguments);
-        if (!m_process.waitForStarted())
-            qWarning("%s does not start", path);
-    }
-    ~Program()
-    {
-        m_process.kill();
-        (void)m_process.waitForFinished(); // it is killed
-    }
-
-    [[nodiscard]] bool isRunning() const { return m_process.state() == QProcess::Running; }
-
-    /// Whether it has prepared to be ended by a signal, as the system tells.
-    [[nodiscard]] bool catches(int signal) const
-    {
-        const QList<QByteArray> lines = status().split('\n');
-        for (const QByteArray& line : lines) {
-            if (line.startsWith("SigCgt:"))
-                return (line.mid(7).trimmed().toULongLong(nullptr, 16) >> (signal - 1) & 1) != 0;
-        }
-        return false;
-    }
-
-    /// Sends a signal. @return its exit status; -1 if it does not end, or not by itself
-    [[nodiscard]] int endBy(int signal)
-    {
-        if (::kill(static_cast<pid_t>(m_process.processId()), signal) != 0 ||
-            !m_process.waitForFinished(kTimeLimit) ||
-            m_process.exitStatus() != QProcess::NormalExit)
-            return -1;
-        return m_process.exitCode();
-    }
-
-private:
-    [[nodiscard]] QByteArray status() const
-    {
-        return contentOf(QStringLiteral("/proc/%1/status").arg(m_process.processId()));
-    }
-
-    QProcess m_process;
-};
 
 } // namespace
 
@@ -98,7 +38,7 @@ private:
     {
         auto environment = QProcessEnvironment::systemEnvironment();
         environment.insert(QStringLiteral("XDG_CONFIG_HOME"), m_folder->path());
-        return std::make_unique<Program>(PELORIN_PROGRAM, arguments, environment);
+        return std::make_unique<Program>(QStringLiteral(PELORIN_PROGRAM), arguments, environment);
     }
 
     [[nodiscard]] QString profilePath() const
@@ -151,7 +91,7 @@ void TestProgram::sensorBehindATerminalIsConnectedAndRead()
     const QString line = m_folder->filePath(QStringLiteral("sensor"));
     m_settings->write(kSettings + "\"" + line.toUtf8() + "\"=\"COM9\"\r\n");
     const Program simulator(
-        PELORIN_SIMULATOR,
+        QStringLiteral(PELORIN_SIMULATOR),
         {QStringLiteral("--link"), line, QStringLiteral("--fault"), QStringLiteral("vanish@D")});
     QTRY_VERIFY_WITH_TIMEOUT(QFileInfo(line).isSymLink(), kTimeLimit);
 
