@@ -47,6 +47,7 @@ private Q_SLOTS:
     void init();
     void packageNamesWhatIsLoadedAtRunTime();
     void desktopFilesAreValid();
+    void everyLanguageHasItsTextsAndItsHelp();
     void defaultSettingsAndTheirLanguageAreFound();
     void menuStartsTheProgramOnASensor_data();
     void menuStartsTheProgramOnASensor();
@@ -115,6 +116,17 @@ void TestPackage::desktopFilesAreValid()
     const QByteArray entry = contentOf(installed("share/applications/pelorin.desktop"));
     QVERIFY(entry.contains("\nIcon=pelorin\n"));
     QVERIFY(contentOf(installed("share/icons/hicolor/scalable/apps/pelorin.svg")).contains("<svg"));
+}
+
+void TestPackage::everyLanguageHasItsTextsAndItsHelp()
+{
+    for (const char* code : {"1", "2", "4", "8", "16"}) {
+        const QString name = QStringLiteral("/pelorin_") + QLatin1String(code);
+        QVERIFY2(QFile::exists(installed("share/pelorin/languages") + name + QStringLiteral(".qm")),
+                 code);
+        QVERIFY2(QFile::exists(installed("share/pelorin/help") + name + QStringLiteral(".html")),
+                 code);
+    }
 }
 
 /// COM0 is no port: the program gets as far as its first question, in its language.
