@@ -1,0 +1,23 @@
+#!/usr/bin/env bash
+# Renews the pictures of the documentation from the tour, on the smallest screen that is supported.
+# Where pngquant is installed it makes them small.
+#   tools/screenshots.sh
+set -euo pipefail
+cd -- "$(dirname -- "${BASH_SOURCE[0]}")/.."
+source tools/setup.sh
+
+build dev pelorin-tour
+tour=build/screenshots
+mkdir -p "$tour"
+sed -e 's/1920/1280/' -e 's/1080/720/' tests/support/screen.json >"$tour/screen.json"
+PELORIN_REGISTRY=$PWD/build/dev/share/pelorin/demo.reg \
+    XDG_CONFIG_HOME=$PWD/$tour/config \
+    QT_QPA_PLATFORM=offscreen:configfile=$PWD/$tour/screen.json \
+    build/dev/bin/pelorin-tour "$tour"
+for picture in docs/screenshots/*.png; do
+    if command -v pngquant >/dev/null; then
+        pngquant --force --output "$picture" -- "$tour/${picture##*/}"
+    else
+        cp -- "$tour/${picture##*/}" "$picture"
+    fi
+done
