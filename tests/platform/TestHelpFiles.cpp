@@ -4,6 +4,7 @@
 
 #include <QFile>
 #include <QRegularExpression>
+#include <QScrollBar>
 #include <QTest>
 #include <QTextBlock>
 #include <QTextBrowser>
@@ -40,6 +41,7 @@ private Q_SLOTS:
     void linksLeadToAnchors();
     void chapterIsShownAtTheTopOfTheWindow_data() { addLanguages(); }
     void chapterIsShownAtTheTopOfTheWindow();
+    void shownWindowMovesToAnotherChapter();
     void messagesAreQuotedAsTheProgramShowsThem_data() { addLanguages(); }
     void messagesAreQuotedAsTheProgramShowsThem();
 
@@ -106,6 +108,28 @@ void TestHelpFiles::chapterIsShownAtTheTopOfTheWindow()
         QTRY_COMPARE(browser->cursorForPosition(QPoint(20, 12)).block().text(), heading);
     }
     QCOMPARE(browser->documentTitle(), languageString(1014));
+}
+
+/// A site's own file may lack an anchor; the chapter shown before must not stand for it.
+void TestHelpFiles::shownWindowMovesToAnotherChapter()
+{
+    Languages languages(1);
+    const QString path = pathOf(languages, 1);
+    HelpWindow window;
+    QScrollBar* bar = window.findChild<QTextBrowser*>()->verticalScrollBar();
+    const auto placeOf = [&](const char* anchor) {
+        return window.showHelp(path, QLatin1String(anchor)).error == 0 ? bar->value() : -1;
+    };
+    QVERIFY(placeOf("log") >= 0);
+    QTRY_VERIFY(bar->value() > 0);
+    const int log = bar->value();
+    QVERIFY(placeOf("position") < log);
+    QCOMPARE(placeOf("log"), log);
+    bar->setValue(10);
+    QCOMPARE(placeOf("log"), log);
+    QCOMPARE(placeOf("missing"), 0);
+    QCOMPARE(placeOf("log"), log);
+    QCOMPARE(placeOf(""), 0);
 }
 
 void TestHelpFiles::messagesAreQuotedAsTheProgramShowsThem()

@@ -21,8 +21,9 @@ public:
 
     explicit HelpWindow(QWidget* parent = nullptr);
 
-    /// Shows an HTML file from an anchor on, or from its start if the anchor is empty, and brings
-    /// the window to the front. A file that cannot be read leaves the window as it is.
+    /// Shows an HTML file from an anchor on, or from its start if the anchor is empty or the file
+    /// lacks it, and brings the window to the front. May be called again while the window is
+    /// shown. A file that cannot be read leaves the window as it is.
     [[nodiscard]] Failure showHelp(const QString& path, const QString& anchor = QString());
 
 private:
