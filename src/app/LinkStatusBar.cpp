@@ -70,7 +70,15 @@ void LinkStatusBar::setPort(int port)
 
 void LinkStatusBar::setText(const QString& text)
 {
+    m_messageString = 0;
     m_message->setText(text);
+    setExplanation(QString());
+}
+
+void LinkStatusBar::showString(int number)
+{
+    setText(languageString(number));
+    m_messageString = number;
 }
 
 QString LinkStatusBar::text() const
@@ -106,6 +114,8 @@ void LinkStatusBar::setLinkState(int state)
 void LinkStatusBar::translate()
 {
     setPort(m_port);
+    if (m_messageString != 0)
+        showString(m_messageString);
     m_linkLight->setAccessibleName(languageString(kLightNameText));
     describeLight();
 }

@@ -19,13 +19,16 @@ public:
 
     /// @param port number of the COM port, 0 for none
     void setPort(int port);
+    /// Shows a message as it stands.
     void setText(const QString& text);
+    /// Shows a string of the language module, from now on in the current language.
+    void showString(int number);
     [[nodiscard]] QString text() const;
-    /// A longer explanation of the message; empty for none.
+    /// A longer explanation of the message, until there is another message.
     void setExplanation(const QString& explanation);
     /// @param state 1 green, -1 gray, any other value red blinking
     void setLinkState(int state);
-    /// Renders the port and the light's description again, in the current language.
+    /// Renders everything again that is not a text as it stands, in the current language.
     void translate();
 
 protected:
@@ -37,6 +40,7 @@ private:
     void showLight(const QPixmap& light);
 
     int m_port = 0;
+    int m_messageString = 0; ///< 0 while a text is shown as it stands
     int m_linkState = -1;
     bool m_redShown = false; ///< the phase of the blinking
     QTimer m_blinkTimer;

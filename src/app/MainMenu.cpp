@@ -1,13 +1,14 @@
 #include "app/MainMenu.h"
 
 #include "app/Commands.h"
+#include "link/SensorLink.h"
+#include "platform/core/LanguageManager.h"
 #include "platform/core/LanguageStrings.h"
 
 #include <QAction>
 #include <QMenu>
 #include <QMenuBar>
 
-#include <utility>
 #include <vector>
 
 namespace pelorin {
@@ -56,8 +57,9 @@ constexpr int kExitCaption = 106;
 
 } // namespace
 
-MainMenu::MainMenu(QMenuBar& bar, bool withDisplayUnit, StateOf stateOf)
-    : QObject(&bar), m_bar(bar), m_stateOf(std::move(stateOf))
+MainMenu::MainMenu(QMenuBar& bar, bool withDisplayUnit, const SensorLink& link,
+                   const LanguageManager& languages)
+    : QObject(&bar), m_bar(bar), m_link(link), m_languages(languages)
 {
     for (const auto& [caption, items] : menus()) {
         QMenu* menu = m_bar.addMenu(QString());
@@ -95,11 +97,19 @@ void MainMenu::updateItems(const QMenu& menu)
     for (QAction* action : menu.actions()) {
         if (action->isSeparator())
             continue;
-        const auto [enabled, checkable, checked] = m_stateOf(action->data().toInt());
-        action->setEnabled(enabled);
-        action->setCheckable(checkable);
-        action->setChecked(checked);
+        const int command = action->data().toInt();
+        action->setEnabled(isPossible(command));
+        action->setCheckable(isLanguageCommand(command));
+        action->setChecked(languageCodeOf(command) == m_languages.getCurrentLanguage());
     }
+}
+
+bool MainMenu::isPossible(int command) const
+{
+    if (command == kWriteECommand || command == kWriteQCommand)
+        return m_link.ssiType() != 1;
+    return !isLanguageCommand(command) ||
+           (m_languages.getAvailLanguages() & languageCodeOf(command)) != 0;
 }
 
 } // namespace pelorin

@@ -3,13 +3,14 @@
 #include <QHash>
 #include <QObject>
 
-#include <functional>
-
 class QAction;
 class QMenu;
 class QMenuBar;
 
 namespace pelorin {
+
+class LanguageManager;
+class SensorLink;
 
 /// The menu bar of the main window: its items, their captions in the current language, and their
 /// state, which is asked for each time a menu is opened.
@@ -18,17 +19,13 @@ class MainMenu final : public QObject
     Q_OBJECT
 
 public:
-    /// How an item is shown.
-    struct ItemState
-    {
-        bool enabled = true;
-        bool checkable = false;
-        bool checked = false;
-    };
-    using StateOf = std::function<ItemState(int command)>;
-
     /// @param withDisplayUnit whether the item for the display unit exists
-    MainMenu(QMenuBar& bar, bool withDisplayUnit, StateOf stateOf);
+    MainMenu(QMenuBar& bar, bool withDisplayUnit, const SensorLink& link,
+             const LanguageManager& languages);
+
+    /// Whether a command is possible with this sensor and on this installation; its item is greyed
+    /// otherwise.
+    [[nodiscard]] bool isPossible(int command) const;
 
     void translate();
 
@@ -40,7 +37,8 @@ private:
     void updateItems(const QMenu& menu);
 
     QMenuBar& m_bar;
-    StateOf m_stateOf;
+    const SensorLink& m_link;
+    const LanguageManager& m_languages;
     QHash<QAction*, int> m_captions; ///< string number of each item and menu
 };
 
