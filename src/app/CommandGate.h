@@ -37,7 +37,8 @@ public:
     [[nodiscard]] bool isFree() const { return !isCommandRunning() && !isDialogOpen(); }
 
     [[nodiscard]] bool isCloseWanted() const { return m_closeWanted; }
-    void setCloseWanted(bool wanted) { m_closeWanted = wanted; }
+    /// The window is to close as soon as it can; that is never taken back.
+    void requestClose() { m_closeWanted = true; }
 
     /// Shows the user a message as soon as the gate is free: the command, or the page that has
     /// something to say, would wait for the answer otherwise.

@@ -79,6 +79,7 @@ std::optional<int> portOfCommandLine(const QString& commandLine)
 PelorinApp::PelorinApp(const ComPortFactory& factory) : m_factory(factory), m_link(factory)
 {
     m_link.setErrorPresenter([this](const QString& text) { showError(text); });
+    connect(qApp, &QGuiApplication::commitDataRequest, this, &PelorinApp::requestClose);
     RegistryConfig config;
     if (config.setStorage(productKey(), 0) == 1)
         m_installPath = config.getValue(QStringLiteral("Path"), QString());

@@ -15,8 +15,8 @@ class ComPortFactory;
 class PelorinMainWindow;
 
 /// The application: reads the settings, loads the language, opens the sensor's port, creates the
-/// main window, and stores the settings at exit. It owns the one link to the sensor.
-/// User-interface thread only.
+/// main window, and stores the settings at exit. It owns the one link to the sensor, and closes
+/// when the desktop session ends. User-interface thread only.
 class PelorinApp final : public QObject
 {
     Q_OBJECT

@@ -154,7 +154,7 @@ bool PelorinMainWindow::releasePage()
 
 void PelorinMainWindow::resumePage()
 {
-    if (!m_closing && !m_gate.isCloseWanted())
+    if (!m_gate.isCloseWanted())
         m_pages->resumeLink();
 }
 
@@ -402,6 +402,7 @@ bool PelorinMainWindow::isWriting() const
 void PelorinMainWindow::closeEvent(QCloseEvent* event)
 {
     event->ignore();
+    m_gate.requestClose();
     if (m_displayUnit)
         m_displayUnit->close();
     if (CommandGate::isDialogOpen()) {
@@ -409,8 +410,7 @@ void PelorinMainWindow::closeEvent(QCloseEvent* event)
         return;
     }
     m_closeAfterWriting = m_closeAfterWriting || isWriting();
-    m_gate.setCloseWanted(m_displayUnit || m_gate.isCommandRunning() || isWriting());
-    if (m_gate.isCloseWanted() || m_closing)
+    if (m_displayUnit || m_gate.isCommandRunning() || isWriting() || m_closing)
         return;
     m_closing = true;
     shutDown();
@@ -421,7 +421,6 @@ void PelorinMainWindow::closeEvent(QCloseEvent* event)
 /// They may be open one over the other.
 void PelorinMainWindow::endDialogs()
 {
-    m_gate.setCloseWanted(true);
     QWidget* dialog = QApplication::activeModalWidget();
     while (dialog && dialog->close())
         dialog = QApplication::activeModalWidget();

@@ -26,8 +26,6 @@ int main(int argc, char* argv[])
     TerminationSignals signals; // outlives the link: a second signal must not cut its end short
     PelorinApp pelorin(factory);
     QObject::connect(&signals, &TerminationSignals::received, &pelorin, &PelorinApp::requestClose);
-    QObject::connect(&application, &QGuiApplication::commitDataRequest, &pelorin,
-                     &PelorinApp::requestClose);
     QObject::connect(&pelorin, &PelorinApp::closed, &application, &QApplication::quit);
 
     if (!pelorin.initInstance(QApplication::arguments().mid(1).join(QLatin1Char(' '))))

@@ -42,17 +42,13 @@ class TestMainWindow : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void startConnectsAndShowsTheFirstPage();
     void failedConnectShowsNoPage();
     void missingBoundsAreExplained();
     void refreshWithoutAPageDoesNothing();
     void arrowKeysMoveAndEnterChooses();
-    void clickOnTheShownPageReadsNothing();
     void busyKeepsInputAway();
-    void storeCommandsAreWrittenAndConnectAgain_data();
     void storeCommandsAreWrittenAndConnectAgain();
     void storeCommandsAreGreyedForTypeOne();
-    void displayUnitItemFollowsTheSettings_data();
     void displayUnitItemFollowsTheSettings();
     void languageItemShowsEverythingInThatLanguage();
     void manualPowerModeAsksTheUser_data();
@@ -60,20 +56,9 @@ private Q_SLOTS:
     void closingSwitchesTheSupplyOff();
     void closingDuringAConnectEndsIt();
     void closingWaitsForAStoreCommand();
-    void closingWhileADialogIsOpenEndsItFirst();
     void closingEndsAQuestionAndTheDialogThatAsks();
     void windowMayGoWhileTheWorkerPosts();
 };
-
-void TestMainWindow::startConnectsAndShowsTheFirstPage()
-{
-    MainWindowRig rig;
-    QVERIFY(rig.startConnected());
-    QCOMPARE(rig.statusText(), QStringLiteral("Ready."));
-    QCOMPARE(rig.lightText(), kConnected);
-    QCOMPARE(rig.pageList().currentRow(), 0);
-    QVERIFY(rig.page<SensorInfoPage>().isVisible());
-}
 
 void TestMainWindow::failedConnectShowsNoPage()
 {
@@ -128,6 +113,11 @@ void TestMainWindow::arrowKeysMoveAndEnterChooses()
 {
     MainWindowRig rig;
     QVERIFY(rig.startConnected());
+    (void)rig.sensor().takeReceivedFrames();
+    rig.clickPage(0); // is shown already
+    QCoreApplication::processEvents();
+    QVERIFY(rig.sensor().takeReceivedFrames().empty());
+
     auto& list = rig.pageList();
     list.setFocus();
     for (const auto key : {Qt::Key_Return, Qt::Key_Space}) {
@@ -141,19 +131,6 @@ void TestMainWindow::arrowKeysMoveAndEnterChooses()
         QVERIFY(rig.waitIdle());
         QVERIFY(rig.choosePage(0));
     }
-}
-
-void TestMainWindow::clickOnTheShownPageReadsNothing()
-{
-    MainWindowRig rig;
-    QVERIFY(rig.startConnected());
-    (void)rig.sensor().takeReceivedFrames();
-    rig.clickPage(0);
-    QTest::mouseClick(rig.pageList().viewport(), Qt::LeftButton, {},
-                      rig.pageList().viewport()->rect().bottomLeft() + QPoint(5, -5));
-    QCoreApplication::processEvents();
-    QVERIFY(rig.sensor().takeReceivedFrames().empty());
-    QCOMPARE(rig.window().currentPage(), 0);
 }
 
 void TestMainWindow::busyKeepsInputAway()
@@ -175,28 +152,20 @@ void TestMainWindow::busyKeepsInputAway()
     QVERIFY(!QApplication::activeModalWidget());
 }
 
-void TestMainWindow::storeCommandsAreWrittenAndConnectAgain_data()
-{
-    QTest::addColumn<int>("command");
-    QTest::addColumn<QByteArray>("frame");
-    QTest::newRow("E") << int{kWriteECommand} << QByteArray("EN");
-    QTest::newRow("Q") << int{kWriteQCommand} << QByteArray("QN");
-}
-
 void TestMainWindow::storeCommandsAreWrittenAndConnectAgain()
 {
-    QFETCH(int, command);
-    QFETCH(QByteArray, frame);
-
     MainWindowRig rig;
     QVERIFY(rig.startConnected());
-    (void)rig.sensor().takeReceivedFrames();
-    QVERIFY(rig.clickCommand(command));
-    QTRY_VERIFY(rig.window().isBusy());
-    QTRY_COMPARE(rig.logged().count(QStringLiteral("SSI Type: 2")), 2);
-    QVERIFY(rig.waitIdle());
-    QVERIFY(hasReceived(rig, frame.toStdString()));
-    QCOMPARE(rig.statusText(), QStringLiteral("Ready."));
+    int connects = 1;
+    for (const auto& [command, frame] : {std::pair(kWriteECommand, "EN"), {kWriteQCommand, "QN"}}) {
+        (void)rig.sensor().takeReceivedFrames();
+        QVERIFY(rig.clickCommand(command));
+        ++connects;
+        QTRY_COMPARE(rig.logged().count(QStringLiteral("SSI Type: 2")), connects);
+        QVERIFY(rig.waitIdle());
+        QVERIFY(hasReceived(rig, frame));
+        QCOMPARE(rig.statusText(), QStringLiteral("Ready."));
+    }
 }
 
 void TestMainWindow::storeCommandsAreGreyedForTypeOne()
@@ -207,24 +176,14 @@ void TestMainWindow::storeCommandsAreGreyedForTypeOne()
     QVERIFY(!rig.clickCommand(kWriteQCommand));
 }
 
-void TestMainWindow::displayUnitItemFollowsTheSettings_data()
-{
-    QTest::addColumn<QByteArray>("settings");
-    QTest::addColumn<int>("items");
-    QTest::newRow("off") << QByteArray() << 1;
-    QTest::newRow("on") << kProductKey + "\"EnableQDL3\"=dword:00000001\r\n" << 3;
-}
-
 void TestMainWindow::displayUnitItemFollowsTheSettings()
 {
-    QFETCH(QByteArray, settings);
-    QFETCH(int, items);
-    MainWindowRig rig({.type = 2}, settings);
-    rig.start();
-    int shown = 0; // the separator counts only between items
-    for (const auto* action : rig.window().menuBar()->actions().at(1)->menu()->actions())
-        shown += action->isSeparator() && items == 1 ? 0 : 1;
-    QCOMPARE(shown, items);
+    for (const bool on : {false, true}) {
+        MainWindowRig rig({},
+                          on ? kProductKey + "\"EnableQDL3\"=dword:00000001\r\n" : QByteArray());
+        rig.start();
+        QCOMPARE(rig.clickCommand(kDisplayUnitCommand), on);
+    }
 }
 
 void TestMainWindow::languageItemShowsEverythingInThatLanguage()
@@ -330,23 +289,6 @@ void TestMainWindow::closingWaitsForAStoreCommand()
     QVERIFY(hasReceived(rig, "EN"));
     QCOMPARE(rig.sensor().mode(), SimulatedSensor::Mode::Off);
     QCOMPARE(rig.logged().count(QStringLiteral("SSI Type: 2")), 1); // no second connect
-}
-
-void TestMainWindow::closingWhileADialogIsOpenEndsItFirst()
-{
-    MainWindowRig rig;
-    QVERIFY(rig.startConnected());
-    bool visibleInside = false;
-    ModalAnswer<AboutDialog> about([&](AboutDialog&) {
-        rig.window().close();
-        visibleInside = rig.window().isVisible();
-    });
-    const QSignalSpy closed(&rig.window(), &PelorinMainWindow::closed);
-    QVERIFY(rig.clickCommand(kAboutCommand));
-    QTRY_COMPARE(closed.size(), 1);
-    QVERIFY(about.wasShown());
-    QVERIFY(visibleInside);
-    QVERIFY(!QApplication::activeModalWidget());
 }
 
 void TestMainWindow::closingEndsAQuestionAndTheDialogThatAsks()

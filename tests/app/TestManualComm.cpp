@@ -26,7 +26,6 @@ private Q_SLOTS:
 
     void answerOfTheSensorIsShownAndPagesWorkAfterwards();
     void everythingButMessagesIsLockedDuringAnExchange();
-    void dialogClosedDuringAnExchangeGivesTheWindowItsReplies();
     void positionStreamRestsWhileTheDialogIsOpen();
     void lostPortIsToldAndConnectedAgainAfterwards();
     void windowCanBeClosedDuringAnExchange();
@@ -109,12 +108,17 @@ void TestManualComm::answerOfTheSensorIsShownAndPagesWorkAfterwards()
         send(dialog, "56,41,0D");
         QTRY_COMPARE(received(dialog), shownAs(m_rig->sensor().parameter('V')));
         QVERIFY(m_rig->waitIdle());
-        send(dialog, "46,41,0D");
-        QTRY_COMPARE(received(dialog), shownAs(m_rig->sensor().parameter('F')));
-        QVERIFY(m_rig->waitIdle());
         clickOk(dialog);
     });
     QCOMPARE(m_rig->logged(), logged);
+    QVERIFY(refreshWorks());
+
+    openDialog([this](ManualCommDialog& dialog) { // closed before the answer comes
+        send(dialog, "46,41,0D");
+        QVERIFY(isBusyNow());
+        dialog.close();
+    });
+    QVERIFY(m_rig->waitIdle());
     QVERIFY(refreshWorks());
 }
 
@@ -137,30 +141,13 @@ void TestManualComm::everythingButMessagesIsLockedDuringAnExchange()
     });
 }
 
-void TestManualComm::dialogClosedDuringAnExchangeGivesTheWindowItsReplies()
-{
-    openDialog([this](ManualCommDialog& dialog) {
-        send(dialog, "56,41,0D");
-        QVERIFY(isBusyNow());
-        dialog.close(); // as the window manager does
-    });
-    QVERIFY(m_rig->waitIdle());
-    QVERIFY(refreshWorks());
-}
-
 void TestManualComm::positionStreamRestsWhileTheDialogIsOpen()
 {
-    const auto positionItem =
-        m_rig->pageList().findItems(QStringLiteral("Magnet Position"), Qt::MatchExactly);
-    QCOMPARE(positionItem.size(), 1);
-    QVERIFY(m_rig->choosePage(m_rig->pageList().row(positionItem.first())));
+    QVERIFY(m_rig->choosePage(1));
     QTRY_COMPARE(m_rig->sensor().mode(), SimulatedSensor::Mode::Streaming);
 
     openDialog([this](ManualCommDialog& dialog) {
         QCOMPARE(m_rig->sensor().mode(), SimulatedSensor::Mode::Programming);
-        send(dialog, "56,41,0D");
-        QTRY_COMPARE(received(dialog), shownAs(m_rig->sensor().parameter('V')));
-        QVERIFY(m_rig->waitIdle());
         clickOk(dialog);
     });
     QTRY_COMPARE(m_rig->sensor().mode(), SimulatedSensor::Mode::Streaming);

@@ -248,12 +248,10 @@ private Q_SLOTS:
     void portPluggedInMeanwhileOpensOnRetry();
     void installationThatCannotBeUsedEndsTheStart_data();
     void installationThatCannotBeUsedEndsTheStart();
-    void missingHelpFilesAreReportedOnce();
     void languageChosenHasItsHelpFileAndIsStored();
-    void userIsAddressedInTheLanguageOfTheProfile();
     void damagedFilesAreNamed_data();
     void damagedFilesAreNamed();
-    void unreadableSettingsAreNamed();
+    void endOfTheDesktopSessionClosesTheWindow();
     void signalEndsTheStartWhateverIsAsked_data();
     void signalEndsTheStartWhateverIsAsked();
 };
@@ -275,21 +273,14 @@ void TestPelorinApp::portComesFromTheCommandLineOrTheProfile_data()
     add("", profileOf(7, 1), 7, profileOf(7, 1));
     add("", "[Setup]\nCOMPort=12\nOther=text\n", 12,
         "[Setup]\nCOMPort=12\nLanguage=1\nOther=text\n");
-    add("", "[Setup]\nCOMPort=seven\n", 1, profileOf(1, 1));
     // The port of the command line is for one run.
     add("/CP:7", {}, 7, onlyLanguage);
-    add("/CP:7", profileOf(5, 1), 7, profileOf(5, 1));
-    add("/CP:12", profileOf(5, 1), 12, profileOf(5, 1));
     add("/CP:123", profileOf(5, 1), 12, profileOf(5, 1));
-    add("/CP:07", profileOf(5, 1), 7, profileOf(5, 1));
     add("/CP:7x", profileOf(5, 1), 7, profileOf(5, 1));
-    add("/CP:7 2", profileOf(5, 1), 7, profileOf(5, 1));
     add("-x /CP:12 file", profileOf(5, 1), 12, profileOf(5, 1));
     add("/CP:7 /CP:12", profileOf(5, 1), 7, profileOf(5, 1));
     // At the very end the switch says nothing.
     add("/CP:", profileOf(7, 1), 7, profileOf(7, 1));
-    add("/CP", profileOf(7, 1), 7, profileOf(7, 1));
-    add("7", profileOf(12, 1), 12, profileOf(12, 1));
 }
 
 void TestPelorinApp::portComesFromTheCommandLineOrTheProfile()
@@ -319,29 +310,19 @@ void TestPelorinApp::portThatCannotBeOpenedIsAskedFor_data()
     const QStringList ports{QStringLiteral("Select Communications Port")};
     const QByteArray kept = profileOf(5, 1);
 
-    QTest::newRow("Abort") << QString() << Answers{kOk, kAbort} << notOpen(5) << 0 << kept;
-    QTest::newRow("the box is closed")
-        << QString() << Answers{kOk, [](QDialog& box) { box.close(); }} << notOpen(5) << 0 << kept;
     QTest::newRow("Retry, Abort") << QString() << Answers{kOk, kRetry, kOk, kAbort}
                                   << notOpen(5) + notOpen(5) << 0 << kept;
     QTest::newRow("Ignore, another port") << QString() << Answers{kOk, kIgnore, choosePort(7)}
                                           << notOpen(5) + ports << 7 << profileOf(7, 1);
     QTest::newRow("Ignore, Cancel")
         << QString() << Answers{kOk, kIgnore, kCancelPorts} << notOpen(5) + ports << 0 << kept;
-    QTest::newRow("Ignore, OK with the same port, Abort")
-        << QString() << Answers{kOk, kIgnore, choosePort(5), kOk, kAbort}
-        << notOpen(5) + ports + notOpen(5) << 0 << kept;
     QTest::newRow("two ports that are not there")
         << QStringLiteral("/CP:6")
         << Answers{kOk, kIgnore, choosePort(6), kOk, kIgnore, choosePort(12)}
         << notOpen(6) + ports + notOpen(6) + ports << 12 << kept;
-    QTest::newRow("no digit behind the switch, Abort")
-        << QStringLiteral("/CP:X") << Answers{kOk, kAbort} << notOpen(0) << 0 << kept;
     QTest::newRow("no digit behind the switch, another port")
         << QStringLiteral("/CP:X7") << Answers{kOk, kIgnore, choosePort(7)} << notOpen(0) + ports
         << 7 << kept;
-    QTest::newRow("a space behind the switch, Abort")
-        << QStringLiteral("/CP: 7") << Answers{kOk, kAbort} << notOpen(0) << 0 << kept;
 }
 
 /// The profile names COM5, which is not there.
@@ -361,21 +342,21 @@ void TestPelorinApp::portThatCannotBeOpenedIsAskedFor()
     QCOMPARE(contentOf(run.profilePath()), stored);
 }
 
+/// Without help files, which is said once, in the language of the profile.
 void TestPelorinApp::portPluggedInMeanwhileOpensOnRetry()
 {
-    Run* running = nullptr;
-    const auto sensor = [&running] {
-        return running->ports.sensor(QStringLiteral("simulator:sensor?type=1"));
-    };
-    Run run(kSettings, profileOf(7, 1), {kOk, [&sensor](QDialog& box) {
-                                             sensor()->comeBack();
-                                             kRetry(box);
-                                         }});
-    running = &run;
-    sensor()->vanish();
+    std::shared_ptr<SimulatedSensor> sensor;
+    Run run(kPath + kPorts, profileOf(7, 2), {kOk, kOk, [&sensor](QDialog& box) {
+                                                  sensor->comeBack();
+                                                  kRetry(box);
+                                              }});
+    sensor = run.ports.sensor(QStringLiteral("simulator:sensor?type=1"));
+    sensor->vanish();
     QVERIFY(run.start());
     QCOMPARE(run.port(), 7);
-    QCOMPARE(run.user.heard(), notOpen(7));
+    QCOMPARE(run.user.heard().size(), 3);
+    QVERIFY(run.user.heard().first().startsWith(QStringLiteral("Es sind keine Hilfe")));
+    QCOMPARE(run.user.heard().last(), QStringLiteral("COM7 konnte nicht ge\u00f6ffnet werden."));
     QVERIFY(run.end());
 }
 
@@ -385,15 +366,12 @@ void TestPelorinApp::installationThatCannotBeUsedEndsTheStart_data()
     QTest::addColumn<QByteArray>("profile");
     QTest::addColumn<QString>("said");
     const QByteArray rest = kHelp + kPorts;
-    QTest::newRow("no settings") << QByteArray() << profileOf(7, 1) << kNoPath;
     QTest::newRow("no installation path") << kKey + rest << profileOf(7, 1) << kNoPath;
     QTest::newRow("empty installation path")
         << kKey + "\"Path\"=\"\"\r\n" + rest << profileOf(7, 1) << kNoPath;
     QTest::newRow("path without languages")
         << kKey + "\"Path\"=\"elsewhere\"\r\n" + rest << profileOf(7, 1) << noLanguage(1);
     QTest::newRow("unknown language") << kSettings << profileOf(7, 3) << noLanguage(3);
-    QTest::newRow("no language") << kSettings << profileOf(7, 0) << noLanguage(0);
-    QTest::newRow("several languages") << kSettings << profileOf(7, 31) << noLanguage(31);
 }
 
 void TestPelorinApp::installationThatCannotBeUsedEndsTheStart()
@@ -408,15 +386,6 @@ void TestPelorinApp::installationThatCannotBeUsedEndsTheStart()
     QVERIFY(!run.app->mainWindow());
     QVERIFY(!run.app->link().hasOpened());
     QCOMPARE(contentOf(run.profilePath()), profile);
-}
-
-void TestPelorinApp::missingHelpFilesAreReportedOnce()
-{
-    Run run(kPath + kPorts, profileOf(7, 1), {kOk});
-    QVERIFY(run.start());
-    QCOMPARE(run.user.heard(), QStringList(kNoHelp));
-    QCOMPARE(run.port(), 7);
-    QVERIFY(run.end());
 }
 
 /// Goes through the languages of the menu; the last one is that of the next start.
@@ -449,18 +418,6 @@ void TestPelorinApp::languageChosenHasItsHelpFileAndIsStored()
     QCOMPARE(contentOf(run.profilePath()), profileOf(7, 8));
 }
 
-void TestPelorinApp::userIsAddressedInTheLanguageOfTheProfile()
-{
-    QString abort;
-    Run run(kSettings, profileOf(5, 2), {kOk, answerTo<QMessageBox>([&abort](QMessageBox& box) {
-                                             abort = box.button(QMessageBox::Abort)->text();
-                                             kAbort(box);
-                                         })});
-    QVERIFY(run.start());
-    QCOMPARE(run.user.heard().value(1), QStringLiteral("COM5 konnte nicht ge\u00f6ffnet werden."));
-    QCOMPARE(abort.remove(QLatin1Char('&')), QStringLiteral("Abbrechen"));
-}
-
 void TestPelorinApp::damagedFilesAreNamed_data()
 {
     QTest::addColumn<QByteArray>("settings");
@@ -476,7 +433,6 @@ void TestPelorinApp::damagedFilesAreNamed_data()
         "The profile %2 is damaged. Standard values are used; a copy is kept beside it.");
     const QByteArray cut = kKey + "\"Path\"=\"C:\\\\Pelorin\r\n" + kHelp + kPorts;
 
-    QTest::newRow("settings") << cut << QByteArray() << QStringList{damaged, kNoPath} << 0;
     QTest::newRow("settings, in German")
         << cut << profileOf(7, 2) << QStringList{geschaedigt, kNoPath} << 0;
     QTest::newRow("settings, without a known language")
@@ -508,14 +464,19 @@ void TestPelorinApp::damagedFilesAreNamed()
     }
 }
 
-void TestPelorinApp::unreadableSettingsAreNamed()
+/// What the desktop wants of the session is nothing to the program, so it gets none here.
+void TestPelorinApp::endOfTheDesktopSessionClosesTheWindow()
 {
-    Run run(kSettings, {}, {kOk, kOk});
-    QVERIFY(QFile::remove(run.settingsPath()) && QDir().mkdir(run.settingsPath()));
-    run.restart();
-    QVERIFY(!run.start());
-    const QString said = QStringLiteral("The settings file %1 cannot be read.");
-    QCOMPARE(run.user.heard(), (QStringList{said.arg(run.settingsPath()), kNoPath}));
+    Run run(kSettings, profileOf(7, 1), {});
+    QVERIFY(run.start());
+    const QSignalSpy closed(run.app.get(), &PelorinApp::closed);
+    const int ending =
+        QGuiApplication::staticMetaObject.indexOfSignal("commitDataRequest(QSessionManager&)");
+    QVERIFY(ending >= 0);
+    void* arguments[] = {nullptr, nullptr};
+    QMetaObject::activate(qApp, ending, arguments);
+    QTRY_COMPARE(closed.size(), 1);
+    QVERIFY(!run.app->mainWindow()->isVisible());
 }
 
 void TestPelorinApp::signalEndsTheStartWhateverIsAsked_data()
@@ -530,14 +491,9 @@ void TestPelorinApp::signalEndsTheStartWhateverIsAsked_data()
                         const Answers& answers, const QString& asked) {
         QTest::newRow(name) << settings << profile << answers << asked;
     };
-    add("damaged settings", "damaged", kept, {}, QStringLiteral("The settings file"));
-    add("damaged profile", kSettings, damaged, {}, QStringLiteral("The profile"));
     add("settings, then profile", "damaged", damaged, {kOk}, QStringLiteral("The profile"));
-    add("no installation path", kPorts, kept, {}, kNoPath);
-    add("unknown language", kSettings, profileOf(5, 3), {}, noLanguage(3));
     add("no help files", kPath + kPorts, kept, {}, kNoHelp);
     add("why the port is not open", kSettings, kept, {}, notOpen(5).first());
-    add("what to do", kSettings, kept, {kOk}, notOpen(5).last());
     add("which port", kSettings, kept, {kOk, kIgnore}, QStringLiteral("Select Comm"));
     add("after a retry", kSettings, kept, {kOk, kRetry, kOk}, notOpen(5).last());
 }

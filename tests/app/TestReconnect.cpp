@@ -11,6 +11,7 @@
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QTest>
+#include <QTimer>
 
 using namespace pelorin;
 using test::MainWindowRig;
@@ -23,6 +24,24 @@ const QString kLost = QStringLiteral("Lost communication with COM7, trying to re
 const QString kGone =
     QStringLiteral("Serial communications port COM7 no longer exists, please check the "
                    "connection and retry.");
+
+/// Lets three periods of the reconnect timer go by.
+bool waitThreePeriods()
+{
+    QTimer timer;
+    const QSignalSpy ticks(&timer, &QTimer::timeout);
+    timer.start(Pacing::pause(std::chrono::milliseconds(500)));
+    return QTest::qWaitFor([&ticks] { return ticks.size() >= 3; });
+}
+
+/// Chooses COM9, which is the same sensor, in the dialog.
+void choosePortNine(SelectPortDialog& dialog)
+{
+    auto* combo = dialog.findChild<QComboBox*>();
+    combo->addItem(QStringLiteral("COM9"), 9);
+    combo->setCurrentIndex(combo->findData(9));
+    QTest::keyClick(&dialog, Qt::Key_Return);
+}
 
 const QByteArray kManualPower = "[HKEY_LOCAL_MACHINE\\SOFTWARE\\Korvex Systems\\Pelorin]\r\n"
                                 "\"ManualPowerMode\"=dword:00000001\r\n";
@@ -59,7 +78,7 @@ void TestReconnect::lostPortIsReopenedSilently()
     QTRY_COMPARE(rig.statusText(), QStringLiteral("Ready."));
     QCOMPARE(rig.lightText(), kConnected);
     const int atReturn = rig.openAttempts();
-    QTest::qWait(50); // ten periods of the fast clock
+    QVERIFY(waitThreePeriods());
     QCOMPARE(rig.openAttempts(), atReturn);
 }
 
@@ -116,9 +135,8 @@ void TestReconnect::connectWaitsUntilADialogIsClosed()
         rig.link().requestWrite('D', "020018"); // notices the loss
         QTRY_COMPARE(rig.statusText(), kLost);
         rig.sensor().comeBack();
-        const int attempts = rig.openAttempts();
-        QTRY_VERIFY(rig.openAttempts() > attempts || rig.link().linkFailed() == 0);
-        QTest::qWait(20);
+        QTRY_COMPARE(rig.link().linkFailed(), 0);
+        QCoreApplication::processEvents();
         connectsInside = static_cast<int>(rig.logged().count(QStringLiteral("SSI Type: 2")));
         QTest::keyClick(&dialog, Qt::Key_Escape);
     });
@@ -140,7 +158,7 @@ void TestReconnect::questionWaitsUntilADialogIsClosed()
         rig.link().requestWrite('D', "020018");
         const int attempts = rig.openAttempts();
         QTRY_COMPARE(rig.openAttempts(), attempts + 11);
-        QTest::qWait(30); // six periods of the fast clock
+        QVERIFY(waitThreePeriods());
         askedInside = QApplication::activeModalWidget() != &dialog;
         question = std::make_unique<ModalAnswer<QMessageBox>>([&](QMessageBox& box) {
             rig.sensor().comeBack();
@@ -169,7 +187,6 @@ void TestReconnect::portLostInsideTheManualBoxesStartsNoSecondConnect()
             QTRY_COMPARE(rig.statusText(), kLost);
             rig.sensor().comeBack();
             QTRY_COMPARE(rig.link().linkFailed(), 0);
-            QTest::qWait(20);
             // The frames go on, for the user is still switching the supply.
             QTRY_VERIFY(rig.sensor().progFrames() > 5);
             third = std::make_unique<ModalAnswer<QMessageBox>>([&](QMessageBox& more) {
@@ -190,25 +207,21 @@ void TestReconnect::portLostInsideTheManualBoxesStartsNoSecondConnect()
 void TestReconnect::openingAnotherPortEndsTheReconnecting()
 {
     MainWindowRig rig;
-    Pacing::setSpeeds({1, 200, 2}); // the five seconds are long enough for a dialog
     QVERIFY(rig.startConnected());
-    rig.sensor().vanish();
-    rig.clickRefresh();
-    QTRY_COMPARE(rig.statusText(), kLost);
-    QVERIFY(rig.waitIdle());
+    const int before = rig.openAttempts();
     ModalAnswer<SelectPortDialog> ports([&](SelectPortDialog& dialog) {
-        rig.sensor().comeBack();
-        auto* combo = dialog.findChild<QComboBox*>();
-        combo->addItem(QStringLiteral("COM9"), 9);
-        combo->setCurrentIndex(combo->findData(9));
-        QTest::keyClick(&dialog, Qt::Key_Return);
+        rig.sensor().vanish();
+        rig.link().requestWrite('D', "020018"); // notices the loss
+        QTRY_COMPARE(rig.openAttempts(), before + 11);
+        rig.sensor().comeBack(); // no tick opens COM7 any more
+        choosePortNine(dialog);
     });
     QVERIFY(rig.clickCommand(kSelectPortCommand));
     QTRY_VERIFY(ports.wasShown());
-    QTRY_COMPARE(rig.link().linkFailed(), 0);
+    QTRY_COMPARE(rig.link().portNumber(), 9);
     QVERIFY(rig.waitIdle());
     const int attempts = rig.openAttempts();
-    QTest::qWait(700); // more than one period
+    QVERIFY(waitThreePeriods());
     QCOMPARE(rig.openAttempts(), attempts);
 }
 
@@ -219,10 +232,7 @@ void TestReconnect::portThatCannotBeOpenedEndsTheProgram()
     const QSignalSpy closed(&rig.window(), &PelorinMainWindow::closed);
     ModalAnswer<SelectPortDialog> ports([&](SelectPortDialog& dialog) {
         rig.sensor().vanish();
-        auto* combo = dialog.findChild<QComboBox*>();
-        combo->addItem(QStringLiteral("COM9"), 9);
-        combo->setCurrentIndex(combo->findData(9));
-        QTest::keyClick(&dialog, Qt::Key_Return);
+        choosePortNine(dialog);
     });
     QVERIFY(rig.clickCommand(kSelectPortCommand));
     QTRY_COMPARE(closed.size(), 1);
