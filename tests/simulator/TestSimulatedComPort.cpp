@@ -59,35 +59,15 @@ private Q_SLOTS:
     void init() { Pacing::setSpeeds({1.0, 100.0, 50.0}); }
     void cleanupTestCase() { Pacing::setSpeeds({}); }
 
-    void openingSwitchesTheSupplyOff();
     void reopenedPortFindsTheSensorAsItWasLeft();
     void writeReturnsWhenItsBytesHaveLeft();
     void writeThatRunsOutOfTimeEndsShort();
-    void positionsStreamAfterARestartAtTheStreamSpeed();
     void sensorIsDeafAtAnotherSpeed();
     void supplySwitchedByAnotherThreadEndsTheWait();
-    void portThatVanishesInAWriteReportsWhatLeft();
-    void nameDescribesTheDevice_data();
     void nameDescribesTheDevice();
     void nameDecidesFaults();
-    void unknownNameCannotBeOpened_data();
     void unknownNameCannotBeOpened();
 };
-
-void TestSimulatedComPort::openingSwitchesTheSupplyOff()
-{
-    SimulatedPorts ports;
-    const auto name = QStringLiteral("simulator:sensor?type=1");
-    const auto sensor = ports.sensor(name);
-    const auto port = ports.makePort(name);
-    QVERIFY(connectSensor(*port));
-    QCOMPARE(sensor->mode(), SimulatedSensor::Mode::Programming);
-
-    port->close();
-    QCOMPARE(sensor->mode(), SimulatedSensor::Mode::Programming);
-    QCOMPARE(port->open(), 0);
-    QCOMPARE(sensor->mode(), SimulatedSensor::Mode::Off);
-}
 
 void TestSimulatedComPort::reopenedPortFindsTheSensorAsItWasLeft()
 {
@@ -99,6 +79,10 @@ void TestSimulatedComPort::reopenedPortFindsTheSensorAsItWasLeft()
         QCOMPARE(port->write("KN010102\r").written, 9);
         QCOMPARE(port->write("CN\r").written, 3);
         QCOMPARE(ports.makePort(name)->open(), EBUSY);
+        port->close();
+        QCOMPARE(ports.sensor(name)->mode(), SimulatedSensor::Mode::Programming);
+        QCOMPARE(port->open(), 0); // switches the supply off
+        QCOMPARE(ports.sensor(name)->mode(), SimulatedSensor::Mode::Off);
     }
     const auto port = ports.makePort(name);
     QVERIFY(connectSensor(*port));
@@ -141,32 +125,12 @@ void TestSimulatedComPort::writeThatRunsOutOfTimeEndsShort()
     QCOMPARE(result.written, 1);
 }
 
-void TestSimulatedComPort::positionsStreamAfterARestartAtTheStreamSpeed()
-{
-    SimulatedPorts ports;
-    const auto name = QStringLiteral("simulator:sensor?position=12.34");
-    const auto port = ports.makePort(name);
-    QVERIFY(connectSensor(*port));
-    QCOMPARE(ask(*port, "DA\r"), QByteArray("4A0519\r"));
-    QCOMPARE(port->write("DN4E0519\r").written, 9);
-    QCOMPARE(port->write("CN\r").written, 3);
-
-    QCOMPARE(port->setRts(true), 0);
-    QCOMPARE(port->setLine(kStreamLine), 0);
-    QCOMPARE(port->setTimeouts({.readConstant = 100'000}), 0);
-    QCOMPARE(port->setRts(false), 0);
-    for (int frame = 0; frame < 3; ++frame)
-        QCOMPARE(readFrame(*port), QByteArray("0004D700\r"));
-}
-
 void TestSimulatedComPort::sensorIsDeafAtAnotherSpeed()
 {
     SimulatedPorts ports;
     const auto port = ports.makePort(QStringLiteral("simulator:sensor"));
     QVERIFY(connectSensor(*port));
     QCOMPARE(port->setLine({9600}), 0);
-    QCOMPARE(ask(*port, "VA\r"), QByteArray());
-    QCOMPARE(port->setLine({4800, 'E', 7, 1}), 0);
     QCOMPARE(ask(*port, "VA\r"), QByteArray());
     QCOMPARE(port->setLine(kParameterLine), 0);
     QCOMPARE(ask(*port, "VA\r"), QByteArray("3A0102\r"));
@@ -189,53 +153,26 @@ void TestSimulatedComPort::supplySwitchedByAnotherThreadEndsTheWait()
     QCOMPARE(readFrame(*port), QByteArray("00271500\r"));
 }
 
-void TestSimulatedComPort::portThatVanishesInAWriteReportsWhatLeft()
-{
-    SimulatedPorts ports;
-    const auto name = QStringLiteral("simulator:sensor");
-    const auto port = ports.makePort(name);
-    QVERIFY(connectSensor(*port));
-    ports.sensor(name)->vanishAfter(4);
-
-    const auto result = port->write("NN000032\r");
-    QCOMPARE(result.error, ENODEV);
-    QCOMPARE(result.written, 4);
-    QVERIFY(!port->isOpen());
-    QCOMPARE(port->open(), ENOENT);
-    ports.sensor(name)->comeBack();
-    QVERIFY(connectSensor(*port));
-    QCOMPARE(ask(*port, "NA\r"), QByteArray("00000A\r"));
-}
-
-void TestSimulatedComPort::nameDescribesTheDevice_data()
-{
-    QTest::addColumn<int>("type");
-    QTest::addColumn<bool>("followsRts");
-    QTest::addColumn<bool>("moves");
-
-    QTest::newRow("simulator:sensor") << 2 << true << false;
-    QTest::newRow("simulator:sensor?type=0") << 0 << true << false;
-    QTest::newRow("simulator:sensor?type=1&moving=1") << 1 << true << true;
-    QTest::newRow("simulator:sensor?power=manual&moving=0") << 2 << false << false;
-}
-
 void TestSimulatedComPort::nameDescribesTheDevice()
 {
-    QFETCH(int, type);
-    QFETCH(bool, followsRts);
-    QFETCH(bool, moves);
-    const auto name = QString::fromLatin1(QTest::currentDataTag());
     SimulatedPorts ports;
-    const auto sensor = ports.sensor(name);
-    QVERIFY(sensor);
-    QVERIFY(!ports.displayUnit(name));
-    QCOMPARE(sensor->type(), type);
+    const auto plain = ports.sensor(QStringLiteral("simulator:sensor"));
+    const auto name = QStringLiteral("simulator:sensor?type=1&moving=1&power=manual");
+    const auto other = ports.sensor(name);
+    QVERIFY(plain && other && !ports.displayUnit(name));
+    QCOMPARE(plain->type(), 2);
+    QCOMPARE(other->type(), 1);
+
+    // A magnet moves over the whole stroke of 800 mm and back.
     using TimePoint = SimulatedDevice::TimePoint;
-    QCOMPARE(sensor->magnetPosition(TimePoint(5s)) != sensor->magnetPosition(TimePoint(8s)), moves);
+    QCOMPARE(plain->magnetPosition(TimePoint(5s)), plain->magnetPosition(TimePoint(8s)));
+    QVERIFY(other->magnetPosition(TimePoint(0s)) < 1.0);
+    QVERIFY(other->magnetPosition(TimePoint(10s)) > 799.0);
+    QVERIFY(other->magnetPosition(TimePoint(20s)) < 1.0);
 
     QVERIFY(connectSensor(*ports.makePort(name)));
-    sensor->setRts(true, SimulatedDevice::Clock::now());
-    QCOMPARE(sensor->mode() == SimulatedSensor::Mode::Off, followsRts);
+    other->setRts(true, SimulatedDevice::Clock::now());
+    QCOMPARE(other->mode(), SimulatedSensor::Mode::Programming); // its supply is the user's
 }
 
 void TestSimulatedComPort::nameDecidesFaults()
@@ -257,25 +194,17 @@ void TestSimulatedComPort::nameDecidesFaults()
     QCOMPARE(ask(*display, "$3RD\r"), QByteArray("*1.5"));
 }
 
-void TestSimulatedComPort::unknownNameCannotBeOpened_data()
-{
-    QTest::addColumn<QString>("name");
-    for (const char* name :
-         {"simulator:", "simulator:valve", "simulator:sensor?type=3", "simulator:sensor?type=",
-          "simulator:sensor?type=1.5", "simulator:sensor?node=1", "simulator:sensor?moving=yes",
-          "simulator:sensor?fault=late:x", "simulator:display?node=10", "/dev/ttyUSB0", ""})
-        QTest::addRow("'%s'", name) << QString::fromLatin1(name);
-}
-
 void TestSimulatedComPort::unknownNameCannotBeOpened()
 {
-    QFETCH(QString, name);
     SimulatedPorts ports;
-    QCOMPARE(SimulatedPorts::isSimulated(name), name.startsWith(QLatin1String("simulator:")));
-    QVERIFY(!ports.device(name));
-    const auto port = ports.makePort(name);
-    QCOMPARE(port->open(), ENOENT);
-    QCOMPARE(port->read().error, EBADF);
+    for (const char* text :
+         {"simulator:", "simulator:valve", "simulator:sensor?type=3", "simulator:sensor?type=1.5",
+          "simulator:sensor?node=1", "simulator:sensor?moving=yes", "simulator:sensor?fault=late:x",
+          "simulator:display?node=10", "/dev/ttyUSB0"}) {
+        const auto port = ports.makePort(QLatin1String(text));
+        QCOMPARE(port->open(), ENOENT);
+        QCOMPARE(port->read().error, EBADF);
+    }
 }
 
 QTEST_GUILESS_MAIN(TestSimulatedComPort)

@@ -36,9 +36,7 @@ private Q_SLOTS:
     void commandIsAcknowledgedOnceWritingIsAllowed();
     void appliedSettingsAreKept();
     void otherNodesFramesAreIgnored();
-    void readingIsTheValueShown();
     void valueShownMovesSlowly();
-    void nothingIsHeardAtTheSensorsSpeed();
     void faultStrikesTheCommandsThatBeginWithItsText();
 };
 
@@ -81,13 +79,6 @@ void TestSimulatedDisplayUnit::otherNodesFramesAreIgnored()
     QCOMPARE(bench.ask("$4WE\r"), QByteArray("*\r"));
 }
 
-void TestSimulatedDisplayUnit::readingIsTheValueShown()
-{
-    Bench bench;
-    bench.unit.setReading("12.345");
-    QCOMPARE(bench.ask("$1RD\r"), QByteArray("*12.345\r"));
-}
-
 void TestSimulatedDisplayUnit::valueShownMovesSlowly()
 {
     Bench bench;
@@ -100,13 +91,6 @@ void TestSimulatedDisplayUnit::valueShownMovesSlowly()
         QVERIFY2(reading == 0 || (value != before && std::abs(value - before) < 1.5), answer);
         before = value;
     }
-}
-
-void TestSimulatedDisplayUnit::nothingIsHeardAtTheSensorsSpeed()
-{
-    Bench bench;
-    bench.unit.setLine({4800}, bench.now);
-    QCOMPARE(bench.ask("$1WE\r"), QByteArray());
 }
 
 void TestSimulatedDisplayUnit::faultStrikesTheCommandsThatBeginWithItsText()

@@ -3,8 +3,8 @@
 #include <QTest>
 
 #include <algorithm>
+#include <array>
 #include <cerrno>
-#include <cmath>
 
 using namespace pelorin;
 using namespace std::chrono_literals;
@@ -82,31 +82,20 @@ class TestSimulatedSensor : public QObject
 private Q_SLOTS:
     void typeDecidesVersionAndParameters_data();
     void typeDecidesVersionAndParameters();
-    void factoryValuesFollowFromEachOther_data();
-    void factoryValuesFollowFromEachOther();
     void answersOnlyInProgrammingMode_data();
     void answersOnlyInProgrammingMode();
     void progFramesThatBeganBeforeTheSupplyCount();
     void answerArrivesByteByByteAtTheLineSpeed();
-    void writeLastsOnlyOnceClosed_data();
-    void writeLastsOnlyOnceClosed();
-    void writtenValueIsReadBackAtOnce();
-    void versionCannotBeWritten();
+    void writeLastsOnlyOnceClosedWithTheCommandOfItsType();
     void positionFrameCarriesTheWord_data();
     void positionFrameCarriesTheWord();
     void streamStartsWithTheSupplyAndKeepsItsRate();
-    void streamNeedsFormatAndLineSpeed_data();
-    void streamNeedsFormatAndLineSpeed();
-    void streamIsGarbageAtAnotherSpeed();
-    void streamThatNobodyTakesIsForgotten();
     void changeOfLineSpeedRestartsSensorWithoutRts();
-    void movingMagnetStaysOnTheStroke();
     void faultSpoilsTheAnswer_data();
     void faultSpoilsTheAnswer();
     void faultRuleIsReadWholeOrNotAtAll_data();
     void faultRuleIsReadWholeOrNotAtAll();
     void faultStrikesAsOftenAsToldAndTheStreamToo();
-    void frameThatMakesThePortVanishIsLostWithTheSupply();
     void portVanishesAtTheByteToldAndComesBackOnCommand();
 };
 
@@ -142,39 +131,6 @@ void TestSimulatedSensor::typeDecidesVersionAndParameters()
     QCOMPARE(answering, parameters);
 }
 
-void TestSimulatedSensor::factoryValuesFollowFromEachOther_data()
-{
-    QTest::addColumn<int>("type");
-    for (const int type : {0, 1, 2})
-        QTest::addRow("type %d", type) << type;
-}
-
-void TestSimulatedSensor::factoryValuesFollowFromEachOther()
-{
-    QFETCH(int, type);
-    const SimulatedSensor sensor(ofType(type));
-    const auto text = [&sensor](char id) { return QString::fromStdString(sensor.parameter(id)); };
-    const double stroke = text('L').mid(2).toDouble();
-    QVERIFY(stroke > 0);
-
-    const double counts = text('U').toDouble() * 0.01 / text('A').toDouble() * 512.0;
-    QCOMPARE(text('S').toInt(nullptr, 16), static_cast<int>(counts));
-
-    double cycle = stroke * 5.988023952095808 + 528.0;
-    if (stroke >= 600)
-        cycle = stroke * 1.497005988023952 + 208.0;
-    else if (stroke >= 300)
-        cycle = stroke * 2.994011976047904 + 170.0;
-    QCOMPARE(text('Z').left(4).toInt(nullptr, 16), static_cast<int>(cycle));
-    QCOMPARE(text('Z').mid(4), QStringLiteral("32"));
-
-    if (type > 0)
-        QCOMPARE(text('M').left(4).toInt(nullptr, 16),
-                 static_cast<int>(stroke * 1.497005988023952 + 208.0));
-    else // is not made with a finer resolution
-        QVERIFY(text('A').toInt() >= 10);
-}
-
 void TestSimulatedSensor::answersOnlyInProgrammingMode_data()
 {
     QTest::addColumn<QByteArray>("sent");
@@ -183,10 +139,8 @@ void TestSimulatedSensor::answersOnlyInProgrammingMode_data()
 
     const QByteArray version("3A0102\r");
     const QByteArray entry = QByteArray("PROG\r").repeated(5);
-    QTest::newRow("no PROG frames") << QByteArray() << 0 << QByteArray();
     QTest::newRow("too few") << QByteArray("PROG\r").repeated(4) << 0 << QByteArray();
     QTest::newRow("just enough") << entry << 0 << version;
-    QTest::newRow("a burst") << QByteArray("PROG\r").repeated(101) << 0 << version;
     QTest::newRow("begun in the middle of one") << "OG\r" + entry << 0 << version;
     QTest::newRow("broken off") << QByteArray("PROG\rPROG\rPROG\rPROG\rPRG\rPROG\r") << 0
                                 << QByteArray();
@@ -248,59 +202,31 @@ void TestSimulatedSensor::answerArrivesByteByByteAtTheLineSpeed()
     QVERIFY(!bench.sensor.nextDue(bench.now));
 }
 
-void TestSimulatedSensor::writeLastsOnlyOnceClosed_data()
+void TestSimulatedSensor::writeLastsOnlyOnceClosedWithTheCommandOfItsType()
 {
-    QTest::addColumn<int>("type");
-    QTest::addColumn<QByteArray>("closing");
-    QTest::addColumn<bool>("lasts");
-
+    struct Closing
+    {
+        const char* frame;
+        std::array<bool, 3> lasts; ///< by type
+    };
+    const Closing closings[] = {{"", {false, false, false}},
+                                {"CN\r", {true, false, true}},
+                                {"EN\r", {true, true, true}},
+                                {"QN\r", {false, false, false}},
+                                {"EN1\r", {false, false, false}}};
     for (const int type : {0, 1, 2}) {
-        QTest::addRow("type %d, nothing", type) << type << QByteArray() << false;
-        QTest::addRow("type %d, C", type) << type << QByteArray("CN\r") << (type != 1);
-        QTest::addRow("type %d, E", type) << type << QByteArray("EN\r") << true;
-        QTest::addRow("type %d, Q", type) << type << QByteArray("QN\r") << false;
-        QTest::addRow("type %d, E with data", type) << type << QByteArray("EN1\r") << false;
-        QTest::addRow("type %d, E read", type) << type << QByteArray("EA\r") << false;
+        for (const auto& [frame, lasts] : closings) {
+            Bench bench(ofType(type));
+            bench.enterProgramming();
+            const auto before = bench.sensor.parameter('N');
+            QCOMPARE(bench.ask("NN123456\rVN1A0000\rNA\r"), QByteArray("123456\r"));
+            QCOMPARE(bench.ask(frame), QByteArray());
+            bench.enterProgramming();
+            const bool kept = lasts[static_cast<std::size_t>(type)];
+            QCOMPARE(bench.sensor.parameter('N'), kept ? std::string("123456") : before);
+            QVERIFY(bench.sensor.parameter('V') != "1A0000"); // is not to be written
+        }
     }
-}
-
-void TestSimulatedSensor::writeLastsOnlyOnceClosed()
-{
-    QFETCH(int, type);
-    QFETCH(QByteArray, closing);
-    QFETCH(bool, lasts);
-    Bench bench(ofType(type));
-    bench.enterProgramming();
-    const auto before = bench.sensor.parameter('N');
-
-    bench.send("NN123456\r");
-    QCOMPARE(bench.ask(closing.toStdString()), QByteArray());
-    bench.enterProgramming();
-
-    const std::string expected = lasts ? "123456" : before;
-    QCOMPARE(bench.sensor.parameter('N'), expected);
-    QCOMPARE(bench.ask("NA\r"), QByteArray::fromStdString(expected + '\r'));
-}
-
-void TestSimulatedSensor::writtenValueIsReadBackAtOnce()
-{
-    Bench bench(ofType(0));
-    bench.enterProgramming();
-    (void)bench.sensor.takeReceivedFrames();
-
-    QCOMPARE(bench.ask("FNSN999999\r"), QByteArray());
-    QCOMPARE(bench.ask("FA\r"), QByteArray("SN999999\r"));
-    QCOMPARE(bench.sensor.parameter('F'), std::string("SN000417"));
-    QCOMPARE(bench.ask("JN000002\rJA\r"), QByteArray());
-    QCOMPARE(bench.sensor.takeReceivedFrames(),
-             (std::vector<std::string>{"FNSN999999", "FA", "JN000002", "JA"}));
-}
-
-void TestSimulatedSensor::versionCannotBeWritten()
-{
-    Bench bench;
-    bench.enterProgramming();
-    QCOMPARE(bench.ask("VN1A0000\rEN\rVA\r"), QByteArray("3A0102\r"));
 }
 
 void TestSimulatedSensor::positionFrameCarriesTheWord_data()
@@ -311,14 +237,10 @@ void TestSimulatedSensor::positionFrameCarriesTheWord_data()
     QTest::addColumn<double>("millimetres");
     QTest::addColumn<QByteArray>("frame");
 
-    QTest::newRow("24 bits, one count") << QByteArray("040018") << QByteArray("00000010")
-                                        << QByteArray("000000") << 0.01 << QByteArray("00000100\r");
     QTest::newRow("25 bits, one count") << QByteArray("040019") << QByteArray("00000010")
                                         << QByteArray("000000") << 0.01 << QByteArray("00000080\r");
     QTest::newRow("24 bits, negative") << QByteArray("040018") << QByteArray("00000010")
                                        << QByteArray("000000") << -0.01 << QByteArray("FFFFFF00\r");
-    QTest::newRow("25 bits, negative") << QByteArray("060019") << QByteArray("00000005")
-                                       << QByteArray("000000") << -0.46 << QByteArray("FFFFD200\r");
     QTest::newRow("with an offset") // 2468 + 10 counts
         << QByteArray("4E0519") << QByteArray("00000005") << QByteArray("00000A") << 12.34
         << QByteArray("0004D700\r");
@@ -373,59 +295,15 @@ void TestSimulatedSensor::streamStartsWithTheSupplyAndKeepsItsRate()
     QVERIFY(heard.startsWith("00271500\r00271500\r"));
     QCOMPARE(bench.heardFor(2ms), QByteArray("71500\r"));
 
-    bench.enterProgramming();
-    QCOMPARE(bench.ask("DA\r"), QByteArray("4E0519\r"));
-}
-
-void TestSimulatedSensor::streamNeedsFormatAndLineSpeed_data()
-{
-    QTest::addColumn<QByteArray>("format");
-    QTest::addColumn<int>("baud");
-    QTest::addColumn<bool>("streams");
-
-    QTest::newRow("both") << QByteArray("4E0519") << 38400 << true;
-    QTest::newRow("not the format") << QByteArray("FB0519") << 38400 << false;
-    QTest::newRow("not the speed") << QByteArray("4E0519") << 4800 << false;
-}
-
-void TestSimulatedSensor::streamNeedsFormatAndLineSpeed()
-{
-    QFETCH(QByteArray, format);
-    QFETCH(int, baud);
-    QFETCH(bool, streams);
-    Bench bench;
-    bench.sensor.setParameter('D', format.toStdString());
-    bench.sensor.setLine({baud}, bench.now);
-    bench.powerCycle();
-
-    QCOMPARE(bench.sensor.mode(), streams ? Mode::Streaming : Mode::Listening);
-    QCOMPARE(!bench.heardFor(1s).isEmpty(), streams);
-}
-
-void TestSimulatedSensor::streamIsGarbageAtAnotherSpeed()
-{
-    Bench bench;
-    bench.sensor.setParameter('D', "4E0519");
-    bench.sensor.setLine(kStreamLine, bench.now);
-    bench.powerCycle();
+    // At another speed it is garbage, and only what is a second old is kept for who looks late.
     bench.sensor.setLine(kParameterLine, bench.now);
+    const QByteArray garbage = bench.heardFor(1h);
+    QVERIFY(garbage.size() >= 8 * 100 && garbage.size() <= 9 * 102);
+    QVERIFY(std::ranges::all_of(garbage, [](char byte) { return (byte & 0x80) != 0; }));
 
-    const QByteArray heard = bench.heardFor(1s);
-    QVERIFY(!heard.isEmpty());
-    QVERIFY(std::ranges::all_of(heard, [](char byte) { return (byte & 0x80) != 0; }));
-}
-
-void TestSimulatedSensor::streamThatNobodyTakesIsForgotten()
-{
-    Bench bench;
-    bench.sensor.setParameter('D', "4E0519");
-    bench.sensor.setLine(kStreamLine, bench.now);
-    bench.powerCycle();
-
-    const QByteArray heard = bench.heardFor(1h);
-    QVERIFY2(heard.size() >= 8 * 100 && heard.size() <= 9 * 102,
-             qPrintable(QString::number(heard.size())));
-    QVERIFY(heard.startsWith("00271500\r"));
+    bench.enterProgramming();
+    QCOMPARE(bench.sensor.mode(), Mode::Programming); // not at the speed of the stream
+    QCOMPARE(bench.ask("DA\r"), QByteArray("4E0519\r"));
 }
 
 void TestSimulatedSensor::changeOfLineSpeedRestartsSensorWithoutRts()
@@ -448,28 +326,6 @@ void TestSimulatedSensor::changeOfLineSpeedRestartsSensorWithoutRts()
     QCOMPARE(bench.ask("AA\r"), QByteArray("00000005\r"));
 }
 
-void TestSimulatedSensor::movingMagnetStaysOnTheStroke()
-{
-    SimulatedSensor::Options options;
-    options.moving = true;
-    SimulatedSensor sensor(options);
-    double lowest = 1e9;
-    double highest = -1e9;
-    double before = sensor.magnetPosition(TimePoint(0s));
-    for (auto now = TimePoint(0s); now < TimePoint(40s); now += 100ms) {
-        const double position = sensor.magnetPosition(now);
-        QVERIFY(std::abs(position - before) < 25.0);
-        lowest = std::min(lowest, position);
-        highest = std::max(highest, position);
-        before = position;
-    }
-    QVERIFY2(lowest >= 0.0 && lowest < 1.0, qPrintable(QString::number(lowest)));
-    QVERIFY2(highest <= 1250.0 && highest > 1249.0, qPrintable(QString::number(highest)));
-
-    sensor.setMagnetPosition(321.5);
-    QCOMPARE(sensor.magnetPosition(TimePoint(7s)), 321.5);
-}
-
 void TestSimulatedSensor::faultSpoilsTheAnswer_data()
 {
     QTest::addColumn<QByteArray>("rule");
@@ -478,20 +334,11 @@ void TestSimulatedSensor::faultSpoilsTheAnswer_data()
 
     const QByteArray whole("3A0102\r");
     QTest::newRow("silent") << QByteArray("silent") << QByteArray() << QByteArray();
-    QTest::newRow("silent for it") << QByteArray("silent@V") << QByteArray() << QByteArray();
     QTest::newRow("silent for another") << QByteArray("silent@A") << whole << QByteArray();
-    QTest::newRow("silent for its reads")
-        << QByteArray("silent@VA") << QByteArray() << QByteArray();
     QTest::newRow("silent for its writes") << QByteArray("silent@VN") << whole << QByteArray();
     QTest::newRow("late") << QByteArray("late:600") << QByteArray() << whole;
-    QTest::newRow("late, as usual") << QByteArray("late@V") << QByteArray() << whole;
-    QTest::newRow("not late enough") << QByteArray("late:400") << whole << QByteArray();
     QTest::newRow("short") << QByteArray("short:5") << QByteArray("3A010") << QByteArray();
     QTest::newRow("long") << QByteArray("long") << QByteArray("3A01020000") << QByteArray();
-    QTest::newRow("wrong first byte") << QByteArray("wrong-byte")
-                                      << QByteArray("\xB3"
-                                                    "A0102\r")
-                                      << QByteArray();
     QTest::newRow("wrong end") << QByteArray("wrong-byte:6") << QByteArray("3A0102\x8D")
                                << QByteArray();
     QTest::newRow("no CR") << QByteArray("no-cr") << QByteArray("3A0102") << QByteArray();
@@ -547,28 +394,6 @@ void TestSimulatedSensor::faultStrikesAsOftenAsToldAndTheStreamToo()
     QVERIFY(bench.heardFor(1s).startsWith("0027150000271500\r00271500\r"));
 }
 
-void TestSimulatedSensor::frameThatMakesThePortVanishIsLostWithTheSupply()
-{
-    Bench bench;
-    const int owner = 0;
-    QCOMPARE(bench.sensor.claim(&owner, bench.now), 0);
-    bench.enterProgramming();
-    bench.send("NN000001\rEN\rNN000002\r");
-    bench.sensor.setFault({.kind = Kind::Vanish, .amount = 2000}, "DN");
-    QCOMPARE(bench.ask("DA\r"), QByteArray("4A0519\r"));
-    QVERIFY(bench.sensor.isClaimedBy(&owner, bench.now));
-
-    QCOMPARE(bench.sensor.receive("DN000018\rEN\r", bench.now), 9);
-    QVERIFY(!bench.sensor.isPresent(bench.now));
-    QVERIFY(!bench.sensor.isClaimedBy(&owner, bench.now));
-    QCOMPARE(bench.sensor.claim(&owner, bench.now + 1999ms), ENOENT);
-    bench.now += 2s;
-    QCOMPARE(bench.sensor.claim(&owner, bench.now), 0);
-
-    bench.enterProgramming();
-    QCOMPARE(bench.ask("DA\rNA\r"), QByteArray("4A0519\r000001\r"));
-}
-
 void TestSimulatedSensor::portVanishesAtTheByteToldAndComesBackOnCommand()
 {
     Bench bench;
@@ -580,12 +405,21 @@ void TestSimulatedSensor::portVanishesAtTheByteToldAndComesBackOnCommand()
     QVERIFY(!bench.sensor.isPresent(bench.now));
     QCOMPARE(bench.heardFor(1h), QByteArray());
     QCOMPARE(bench.sensor.receive("VA\r", bench.now), 0);
+    const int owner = 0;
+    QCOMPARE(bench.sensor.claim(&owner, bench.now), ENOENT);
 
     bench.sensor.comeBack(bench.now);
     QVERIFY(bench.sensor.isPresent(bench.now));
     QCOMPARE(bench.sensor.mode(), Mode::Off);
     bench.enterProgramming();
-    QCOMPARE(bench.ask("VA\r"), QByteArray("3A0102\r"));
+    bench.send("NN000001\r");
+    bench.sensor.setFault({.kind = Kind::Vanish, .amount = 2000}, "DN");
+    QCOMPARE(bench.sensor.receive("DN000018\rEN\r", bench.now), 9);
+    QCOMPARE(bench.sensor.claim(&owner, bench.now + 1999ms), ENOENT);
+    bench.now += 2s;
+    QCOMPARE(bench.sensor.claim(&owner, bench.now), 0);
+    bench.enterProgramming();
+    QCOMPARE(bench.ask("DA\rNA\r"), QByteArray("4A0519\r00000A\r")); // nothing was closed
 }
 
 QTEST_APPLESS_MAIN(TestSimulatedSensor)
