@@ -3,9 +3,11 @@
 #include "pages/AboutDialog.h"
 #include "pages/CalculateOffsetDialog.h"
 #include "pages/CommLogPage.h"
+#include "pages/FactoryParamsPage.h"
 #include "pages/FormatRestore.h"
 #include "pages/MagnetPositionPage.h"
 #include "pages/ManualCommDialog.h"
+#include "pages/OutputSetupPage.h"
 #include "pages/PasswordDialog.h"
 #include "pages/SelectPortDialog.h"
 #include "pages/SensorInfoPage.h"
@@ -14,6 +16,8 @@
 #include "simulator/SimulatedPorts.h"
 #include "support/FormFaults.h"
 #include "support/Languages.h"
+#include "tempcomp/TempCompDataPage.h"
+#include "tempcomp/TempCompPage.h"
 
 #include <QTest>
 
@@ -44,6 +48,12 @@ struct Surroundings
     }
 };
 
+template <class Page>
+std::unique_ptr<SensorPage> makePage()
+{
+    return std::make_unique<Page>();
+}
+
 class TestForms : public QObject
 {
     Q_OBJECT
@@ -62,7 +72,9 @@ void TestForms::everyCaptionSpeaksEveryLanguage_data()
 {
     QTest::addColumn<MakeDialog>("make");
     const auto row = [](const char* name, const MakeDialog& make) { QTest::newRow(name) << make; };
-
+    const auto page = [this, &row](const char* name, std::unique_ptr<SensorPage> (*make)()) {
+        row(name, [this, make] { return m_around.make(make()); });
+    };
     row("AboutDialog", [] { return std::make_unique<AboutDialog>(nullptr); });
     row("CalculateOffsetDialog",
         [] { return std::make_unique<CalculateOffsetDialog>(nullptr, true, 1250.0); });
@@ -70,14 +82,18 @@ void TestForms::everyCaptionSpeaksEveryLanguage_data()
     row("DisplayUnitDialog", [this] {
         return std::make_unique<DisplayUnitDialog>(nullptr, m_around.factory, m_around.link);
     });
-    row("CommLogPage", [this] { return m_around.make(std::make_unique<CommLogPage>()); });
     row("ManualCommDialog",
         [this] { return std::make_unique<ManualCommDialog>(nullptr, m_around.link); });
     row("SelectPortDialog", [] { return std::make_unique<SelectPortDialog>(nullptr, 7); });
-    row("SensorInfoPage", [this] { return m_around.make(std::make_unique<SensorInfoPage>()); });
     row("MagnetPositionPage", [this] {
         return m_around.make(std::make_unique<MagnetPositionPage>(m_around.restore, false));
     });
+    page("CommLogPage", &makePage<CommLogPage>);
+    page("FactoryParamsPage", &makePage<FactoryParamsPage>);
+    page("OutputSetupPage", &makePage<OutputSetupPage>);
+    page("SensorInfoPage", &makePage<SensorInfoPage>);
+    page("TempCompDataPage", &makePage<TempCompDataPage>);
+    page("TempCompPage", &makePage<TempCompPage>);
 }
 
 void TestForms::everyCaptionSpeaksEveryLanguage()
