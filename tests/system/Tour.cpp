@@ -1,7 +1,10 @@
 #include "Tour.h"
 
 #include "app/PelorinMainWindow.h"
+#include "platform/core/LanguageStrings.h"
 
+#include <QFileDialog>
+#include <QLineEdit>
 #include <QListWidget>
 #include <QMenu>
 #include <QMenuBar>
@@ -13,12 +16,6 @@
 
 namespace pelorin {
 
-namespace {
-
-constexpr int kTimeLimit = 30'000; ///< ms; far beyond a connect and a page's sequence
-
-} // namespace
-
 Tour::Tour(PelorinMainWindow& window, std::shared_ptr<SimulatedSensor> sensor,
            std::shared_ptr<SimulatedDisplayUnit> displayUnit, QDir folder)
     : m_window(window), m_sensor(std::move(sensor)), m_displayUnit(std::move(displayUnit)),
@@ -26,11 +23,15 @@ Tour::Tour(PelorinMainWindow& window, std::shared_ptr<SimulatedSensor> sensor,
 {
 }
 
-bool Tour::choosePage(int row)
+bool Tour::choosePage(Page page)
 {
     auto* list = m_window.findChild<QListWidget*>(QStringLiteral("pageList"));
+    const auto found = list->findItems(languageString(static_cast<int>(page)), Qt::MatchExactly);
+    if (found.isEmpty())
+        return fail("a page is missing");
+    const int row = list->row(found.first());
     QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
-                      list->visualItemRect(list->item(row)).center());
+                      list->visualItemRect(found.first()).center());
     if (!QTest::qWaitFor([&] { return m_window.currentPage() == row; }, kTimeLimit))
         return fail("a page did not come up");
     QCoreApplication::sendPostedEvents(); // the page has said that it is busy
@@ -51,6 +52,13 @@ bool Tour::clickCommand(int command)
         }
     }
     return fail("a menu item is missing");
+}
+
+void Tour::enterPath(const QFileDialog& dialog, const QString& path)
+{
+    auto* edit = dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+    edit->setText(path);
+    QTest::keyClick(edit, Qt::Key_Return);
 }
 
 bool Tour::waitIdle()

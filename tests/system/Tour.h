@@ -5,6 +5,7 @@
 
 #include <memory>
 
+class QFileDialog;
 class QTableWidget;
 
 namespace pelorin {
@@ -18,6 +19,17 @@ class SimulatedSensor;
 class Tour
 {
 public:
+    /// The pages, by the numbers of their captions.
+    enum class Page {
+        Information = 110,
+        Position = 261,
+        OutputSetup = 168,
+        Log = 188,
+        Factory = 214,
+        TempComp = 253
+    };
+    static constexpr int kTimeLimit = 30'000; ///< ms; far beyond a connect and a page's sequence
+
     Tour(PelorinMainWindow& window, std::shared_ptr<SimulatedSensor> sensor,
          std::shared_ptr<SimulatedDisplayUnit> displayUnit, QDir folder);
 
@@ -27,9 +39,11 @@ public:
     [[nodiscard]] const QDir& folder() const { return m_folder; }
 
     /// Clicks a page's row and waits until it is shown and idle.
-    [[nodiscard]] bool choosePage(int row);
+    [[nodiscard]] bool choosePage(Page page);
     /// Clicks the item of a command in its menu. @return false if there is none
     [[nodiscard]] bool clickCommand(int command);
+    /// Types the path of a file and presses Enter.
+    static void enterPath(const QFileDialog& dialog, const QString& path);
     /// Waits until a page is shown and nothing runs.
     [[nodiscard]] bool waitIdle();
     /// Saves a picture of a window under a name.

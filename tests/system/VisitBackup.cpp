@@ -9,9 +9,6 @@
 #include <QApplication>
 #include <QFile>
 #include <QFileDialog>
-#include <QLineEdit>
-#include <QMenu>
-#include <QMenuBar>
 #include <QMessageBox>
 #include <QProgressBar>
 #include <QTest>
@@ -20,22 +17,6 @@
 namespace pelorin {
 
 namespace {
-
-constexpr int kTimeLimit = 30'000; ///< ms
-
-/// Clicks the item of a command in its menu.
-void clickCommand(const Tour& tour, int command)
-{
-    QMenuBar& bar = *tour.window().menuBar();
-    for (QAction* top : bar.actions())
-        for (QAction* item : top->menu() ? top->menu()->actions() : QList<QAction*>()) {
-            if (item->data().toInt() != command)
-                continue;
-            QTest::mouseClick(&bar, Qt::LeftButton, {}, bar.actionGeometry(top).center());
-            QTest::mouseClick(top->menu(), Qt::LeftButton, {},
-                              top->menu()->actionGeometry(item).center());
-        }
-}
 
 /// Runs a command that asks for a file, and waits until its progress dialog has ended.
 bool runWithFile(Tour& tour, int command, const QString& path, const char* picture)
@@ -47,9 +28,7 @@ bool runWithFile(Tour& tour, int command, const QString& path, const char* pictu
         QWidget* active = QApplication::activeModalWidget();
         if (auto* dialog = qobject_cast<QFileDialog*>(active); dialog && !asked) {
             asked = true;
-            auto* edit = dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
-            edit->setText(path);
-            QTest::keyClick(edit, Qt::Key_Return);
+            Tour::enterPath(*dialog, path);
         } else if (auto* progress = qobject_cast<BackupProgressDialog*>(active);
                    progress && !pictured) {
             const auto* bar = progress->findChild<QProgressBar*>();
@@ -60,9 +39,9 @@ bool runWithFile(Tour& tour, int command, const QString& path, const char* pictu
         }
     });
     poll.start(20);
-    clickCommand(tour, command);
-    return QTest::qWaitFor([&] { return pictured && !QApplication::activeModalWidget(); },
-                           kTimeLimit);
+    return tour.clickCommand(command) &&
+           QTest::qWaitFor([&] { return pictured && !QApplication::activeModalWidget(); },
+                           Tour::kTimeLimit);
 }
 
 } // namespace
@@ -84,7 +63,7 @@ bool visitBackup(Tour& tour)
     if (!runWithFile(tour, kRestoreBackupCommand, path, "restore"))
         return Tour::fail("the backup was not restored");
     const bool connected =
-        QTest::qWaitFor([&tour] { return tour.window().currentPage() == 0; }, kTimeLimit);
+        QTest::qWaitFor([&tour] { return tour.window().currentPage() == 0; }, Tour::kTimeLimit);
     Tour::print(QStringLiteral("  Restored: the sensor has N = %1 again")
                     .arg(QString::fromStdString(tour.sensor().parameter('N'))));
     return connected && tour.waitIdle() && tour.sensor().parameter('N') == offset;

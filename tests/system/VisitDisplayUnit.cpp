@@ -16,8 +16,6 @@ namespace pelorin {
 
 namespace {
 
-constexpr int kTimeLimit = 30'000; ///< ms; far beyond a set-up
-
 QString textOf(const SimulatedDisplayUnit::Settings& settings)
 {
     return QString::fromStdString(settings.mode + ", " + settings.dataBits + " bits, " +
@@ -29,7 +27,7 @@ bool waitForReading(const QLabel& box)
 {
     const QString before = box.text();
     if (!QTest::qWaitFor([&] { return box.text() != before && !box.text().startsWith(u'*'); },
-                         kTimeLimit))
+                         Tour::kTimeLimit))
         return Tour::fail("the display unit's reading does not move");
     Tour::print(QStringLiteral("  displayed: %1").arg(box.text()));
     return true;
@@ -43,7 +41,7 @@ bool visitDisplayUnit(Tour& tour)
     const auto find = [&] { return dialog = tour.window().findChild<DisplayUnitDialog*>(); };
     if (!tour.waitIdle() || !tour.clickCommand(kDisplayUnitCommand))
         return false;
-    if (!QTest::qWaitFor([&] { return find() != nullptr; }, kTimeLimit))
+    if (!QTest::qWaitFor([&] { return find() != nullptr; }, Tour::kTimeLimit))
         return Tour::fail("the display unit's window did not come up");
     Tour::print(dialog->windowTitle());
     const auto& box = *dialog->findChild<QLabel*>(QStringLiteral("displayBox"));
@@ -55,13 +53,13 @@ bool visitDisplayUnit(Tour& tour)
     QTest::keyClick(dialog->findChild<QComboBox*>(QStringLiteral("modeCombo")), Qt::Key_Down);
     QTest::mouseClick(dialog->findChild<QPushButton*>(), Qt::LeftButton);
     if (!QTest::qWaitFor([&] { return tour.displayUnit().settings().resolution == "0.005"; },
-                         kTimeLimit))
+                         Tour::kTimeLimit))
         return Tour::fail("the display unit did not get its settings");
     Tour::print(QStringLiteral("  applied: %1").arg(textOf(tour.displayUnit().settings())));
     if (!waitForReading(box) || !tour.save("display-unit-applied", *dialog))
         return false;
     dialog->close();
-    return QTest::qWaitFor([&] { return !dialog; }, kTimeLimit) ||
+    return QTest::qWaitFor([&] { return !dialog; }, Tour::kTimeLimit) ||
            Tour::fail("the window did not close");
 }
 

@@ -5,7 +5,6 @@
 #include "pages/FactoryParamsPage.h"
 #include "simulator/SimulatedSensor.h"
 
-#include <QListWidget>
 #include <QPushButton>
 #include <QTableWidget>
 #include <QTest>
@@ -31,10 +30,8 @@ bool visitFactory(Tour& tour)
 {
     constexpr int kOffsetRow = 6;
     constexpr int kMultiplierRow = 4;
-    const auto* pages = tour.window().findChild<QListWidget*>(QStringLiteral("pageList"));
-    const auto items = pages->findItems(QStringLiteral("Factory Parameters"), Qt::MatchExactly);
-    if (items.isEmpty() || !tour.choosePage(pages->row(items.first())))
-        return Tour::fail("the factory parameters cannot be shown");
+    if (!tour.choosePage(Tour::Page::Factory))
+        return false;
 
     const auto& page = *tour.window().findChild<FactoryParamsPage*>();
     auto& list = *page.findChild<QTableWidget*>();

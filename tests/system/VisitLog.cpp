@@ -3,14 +3,11 @@
 
 #include "app/PelorinMainWindow.h"
 #include "pages/CommLogPage.h"
-#include "platform/core/LanguageStrings.h"
 #include "support/ModalAnswer.h"
 
 #include <QFile>
 #include <QFileDialog>
-#include <QLineEdit>
 #include <QListView>
-#include <QListWidget>
 #include <QPushButton>
 #include <QTest>
 
@@ -20,25 +17,14 @@ namespace pelorin {
 
 namespace {
 
-constexpr int kPageCaption = 188;
 constexpr int kLogList = 1032;
 constexpr int kSaveButton = 1034;
-
-int rowOfPage(const Tour& tour)
-{
-    const auto* pages = tour.window().findChild<QListWidget*>(QStringLiteral("pageList"));
-    const auto found = pages->findItems(languageString(kPageCaption), Qt::MatchExactly);
-    return found.isEmpty() ? -1 : pages->row(found.first());
-}
 
 /// Saves the log through the file dialog. @return what the file then holds
 QByteArray saveLog(const CommLogPage& page, const QString& path)
 {
-    const test::ModalAnswer<QFileDialog> answer([&path](QFileDialog& dialog) {
-        auto* edit = dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
-        edit->setText(path);
-        QTest::keyClick(edit, Qt::Key_Return);
-    });
+    const test::ModalAnswer<QFileDialog> answer(
+        [&path](QFileDialog& dialog) { Tour::enterPath(dialog, path); });
     QTest::mouseClick(page.getControl<QPushButton>(kSaveButton), Qt::LeftButton);
     QFile file(path);
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
@@ -52,7 +38,7 @@ bool visitLog(Tour& tour)
     const QString path = tour.folder().filePath(QStringLiteral("log.txt"));
     if (QFile::exists(path) && !QFile::remove(path))
         return Tour::fail("the log of the last tour cannot be removed");
-    if (!tour.choosePage(rowOfPage(tour)))
+    if (!tour.choosePage(Tour::Page::Log))
         return false;
 
     const auto& page = *tour.window().findChild<CommLogPage*>();
@@ -66,7 +52,7 @@ bool visitLog(Tour& tour)
     if (saveLog(page, path).count("\r\n") != model.rowCount())
         return Tour::fail("the log was not saved");
     Tour::print(QStringLiteral("  saved %1").arg(path));
-    return tour.choosePage(0);
+    return tour.choosePage(Tour::Page::Information);
 }
 
 } // namespace pelorin

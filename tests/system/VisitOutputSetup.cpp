@@ -5,7 +5,6 @@
 #include "pages/CalculateOffsetDialog.h"
 #include "pages/OutputSetupPage.h"
 #include "pages/PasswordDialog.h"
-#include "platform/core/LanguageStrings.h"
 #include "simulator/SimulatedSensor.h"
 #include "support/ModalAnswer.h"
 
@@ -13,7 +12,6 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
-#include <QListWidget>
 #include <QRadioButton>
 #include <QTest>
 
@@ -21,7 +19,6 @@ namespace pelorin {
 
 namespace {
 
-constexpr int kPageCaption = 168;
 constexpr int kDirectionList = 1008;
 constexpr int kSkipCountEdit = 1014;
 constexpr int kUnlockButton = 1019;
@@ -98,17 +95,15 @@ bool apply(Tour& tour, const OutputSetupPage& page)
 
 bool visitOutputSetup(Tour& tour)
 {
-    auto* list = tour.window().findChild<QListWidget*>(QStringLiteral("pageList"));
     const auto& page = *tour.window().findChild<OutputSetupPage*>();
-    const int row =
-        list->row(list->findItems(languageString(kPageCaption), Qt::MatchExactly).value(0));
-    if (!tour.choosePage(row))
+    if (!tour.choosePage(Tour::Page::OutputSetup))
         return false;
     Tour::print(QStringLiteral("Output setup"));
     print(page);
-    return tour.save("output-setup") && calculateOffset(tour, page) && tour.choosePage(0) &&
-           tour.choosePage(row) && unlockSkipCount(tour, page) && apply(tour, page) &&
-           tour.choosePage(0);
+    return tour.save("output-setup") && calculateOffset(tour, page) &&
+           tour.choosePage(Tour::Page::Information) && tour.choosePage(Tour::Page::OutputSetup) &&
+           unlockSkipCount(tour, page) && apply(tour, page) &&
+           tour.choosePage(Tour::Page::Information);
 }
 
 } // namespace pelorin

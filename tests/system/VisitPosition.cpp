@@ -12,22 +12,21 @@ namespace pelorin {
 bool visitPosition(Tour& tour)
 {
     constexpr int kUpdates = 3;
-    constexpr int kTimeLimit = 30'000; ///< ms; the stream takes its time to begin on a busy machine
     tour.sensor().setMoving(true);
-    if (!tour.choosePage(1))
+    if (!tour.choosePage(Tour::Page::Position))
         return false;
     const auto* box = tour.window().findChild<QLabel*>(QStringLiteral("positionBox"));
-    if (!QTest::qWaitFor([&] { return box->text() != QStringLiteral("****"); }))
+    if (!QTest::qWaitFor([&] { return box->text() != QStringLiteral("****"); }, Tour::kTimeLimit))
         return Tour::fail("there is no position");
     QStringList positions;
     for (int update = 0; update < kUpdates; ++update) {
         const QString last = box->text();
-        if (!QTest::qWaitFor([&] { return box->text() != last; }, kTimeLimit))
+        if (!QTest::qWaitFor([&] { return box->text() != last; }, Tour::kTimeLimit))
             return Tour::fail("the position does not move");
         positions << box->text();
     }
     Tour::print(QStringLiteral("Magnet position: %1 mm").arg(positions.join(QStringLiteral(", "))));
-    return tour.save("position") && tour.choosePage(0);
+    return tour.save("position") && tour.choosePage(Tour::Page::Information);
 }
 
 } // namespace pelorin

@@ -2,14 +2,12 @@
 #include "Visits.h"
 
 #include "app/PelorinMainWindow.h"
-#include "platform/core/LanguageStrings.h"
 #include "support/ModalAnswer.h"
 #include "tempcomp/TempCompDataPage.h"
 
 #include <QFile>
 #include <QFileDialog>
 #include <QLineEdit>
-#include <QListWidget>
 #include <QPushButton>
 #include <QTableWidget>
 #include <QTest>
@@ -18,17 +16,9 @@ namespace pelorin {
 
 namespace {
 
-constexpr int kPageCaption = 253;
 constexpr int kLookupList = 1058;
 constexpr int kWriteButton = 1060;
 constexpr int kReadButton = 1061;
-
-int rowOfPage(const Tour& tour)
-{
-    const auto* pages = tour.window().findChild<QListWidget*>(QStringLiteral("pageList"));
-    const auto found = pages->findItems(languageString(kPageCaption), Qt::MatchExactly);
-    return found.isEmpty() ? -1 : pages->row(found.first());
-}
 
 /// Clicks a cell and types into its editor, which stays open.
 void type(const QTableWidget& list, int row, int column, const QString& text)
@@ -42,11 +32,8 @@ void type(const QTableWidget& list, int row, int column, const QString& text)
 /// Clicks a button and answers its file dialog with a path.
 bool chooseFile(const TempCompDataPage& page, int button, const QString& path)
 {
-    const test::ModalAnswer<QFileDialog> answer([&path](QFileDialog& dialog) {
-        auto* edit = dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
-        edit->setText(path);
-        QTest::keyClick(edit, Qt::Key_Return);
-    });
+    const test::ModalAnswer<QFileDialog> answer(
+        [&path](QFileDialog& dialog) { Tour::enterPath(dialog, path); });
     QTest::mouseClick(page.getControl<QPushButton>(button), Qt::LeftButton);
     return answer.wasShown();
 }
@@ -59,7 +46,7 @@ bool visitTempComp(Tour& tour)
     const QString path = tour.folder().filePath(QStringLiteral("lookup-table.csv"));
     if (QFile::exists(path) && !QFile::remove(path))
         return Tour::fail("the lookup table of the last tour cannot be removed");
-    if (!tour.choosePage(rowOfPage(tour)))
+    if (!tour.choosePage(Tour::Page::TempComp))
         return false;
 
     const auto& page = *tour.window().findChild<TempCompDataPage*>();
@@ -81,7 +68,7 @@ bool visitTempComp(Tour& tour)
 
     Tour::print(QStringLiteral("Temperature compensation, saved as %1 and read back").arg(path));
     Tour::print(list);
-    return tour.save("temperature-compensation") && tour.choosePage(0);
+    return tour.save("temperature-compensation") && tour.choosePage(Tour::Page::Information);
 }
 
 } // namespace pelorin
