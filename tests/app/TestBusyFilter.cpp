@@ -271,10 +271,13 @@ void TestBusyFilter::inputQueuedMeanwhileIsDropped()
         ++delivered;
         QTest::mouseClick(windowOf(sink), Qt::LeftButton, {}, middleInWindow(sink));
     };
+    QTimer behindOthers;
+    behindOthers.setSingleShot(true);
+    connect(&behindOthers, &QTimer::timeout, this, deliver);
     m_busy->begin();
     m_busy->release();
     QMetaObject::invokeMethod(this, deliver, Qt::QueuedConnection);
-    QTimer::singleShot(0, this, deliver);
+    behindOthers.start(0);
     QTRY_VERIFY(delivered == 2 && !m_busy->isBusy());
     QCOMPARE(sink.received, 0);
 }
