@@ -1,8 +1,5 @@
 #pragma once
 
-#include <optional>
-#include <string_view>
-
 namespace pelorin {
 
 /// The settings of a serial line.
@@ -12,9 +9,6 @@ struct LineSettings
     char parity = 'N'; ///< 'N' none, 'E' even, 'O' odd
     int dataBits = 8;  ///< 7 or 8
     int stopBits = 1;  ///< 1 or 2
-
-    /// Reads a text such as "4800,N,8,1"; nothing if it is not one.
-    [[nodiscard]] static std::optional<LineSettings> parse(std::string_view text) noexcept;
 
     bool operator==(const LineSettings&) const = default;
 };
