@@ -188,8 +188,13 @@ RegistryFile RegistryFile::read(const QString& path)
         return registry;
     }
 
-    Parser parser;
     const QString content = decoded(file.readAll());
+    if (file.error() != QFileDevice::NoError) {
+        registry.m_damage = Damage{path, 0};
+        return registry;
+    }
+
+    Parser parser;
     const auto lines = QStringView(content).split(QLatin1Char('\n'));
     for (qsizetype i = 0; i < lines.size(); ++i) {
         // What cannot be decoded comes as replacement characters.
