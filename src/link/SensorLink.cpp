@@ -29,6 +29,11 @@ QString deviceNameOf(int portNumber)
     return QStringLiteral("\\\\.\\COM%1").arg(portNumber);
 }
 
+QString threadFailure(int error)
+{
+    return languageString(kThreadFailedText).arg(QString::number(error));
+}
+
 /// A copy that shares nothing with its source: each thread frees its own.
 QByteArray separate(const QByteArray& bytes)
 {
@@ -82,8 +87,7 @@ int SensorLink::startWorker()
         m_worker = std::thread([this] { run(); });
     } catch (const std::system_error& error) {
         m_port->close();
-        const QString message =
-            languageString(kThreadFailedText).arg(QString::number(error.code().value()));
+        const QString message = threadFailure(error.code().value());
         m_commLog.append(message);
         present(message, 1);
         return 0;
@@ -172,13 +176,15 @@ void SensorLink::setLossTarget(QObject* window)
 
 void SensorLink::setKeepAlive(int on)
 {
-    if (on == 1) {
-        m_keepAliveTimer.start(Pacing::pause(kKeepAlivePeriod), [this] {
-            m_events.signal(static_cast<int>(SensorRequest::KeepAlive));
-        });
-    } else {
+    if (on != 1) {
         m_keepAliveTimer.stop();
+        return;
     }
+    const int error = m_keepAliveTimer.start(Pacing::pause(kKeepAlivePeriod), [this] {
+        m_events.signal(static_cast<int>(SensorRequest::KeepAlive));
+    });
+    if (error != 0)
+        m_commLog.append(threadFailure(error));
 }
 
 void SensorLink::setStreamMode(int on, int dataBits, int resolutionThousandths)
@@ -241,7 +247,8 @@ void SensorLink::run()
     const auto pause = [this](std::chrono::milliseconds duration) {
         return !m_events.waitFor(static_cast<int>(SensorRequest::Stop), Pacing::pause(duration));
     };
-    SensorProtocol protocol(*m_port, m_commLog, {[this] { reportLoss(); }, pause});
+    SensorProtocol protocol(*m_port, m_commLog,
+                            {[this] { reportLoss(); }, [this] { ++m_lossCount; }, pause});
 
     while (true) {
         const auto kind = static_cast<SensorRequest>(m_events.waitForAny());

@@ -50,7 +50,8 @@ public:
 
     void setErrorPresenter(ErrorPresenter presenter);
 
-    /// Opens and configures COM<portNumber> and starts the worker; does nothing while one runs.
+    /// Opens and configures COM<portNumber> and starts the worker. While one runs its port stays
+    /// as it is, and only linkFailed is cleared.
     /// A port that cannot be configured is closed again.
     /// @param showErrors 1 shows the user why the port could not be opened
     /// @return 1 or 0
@@ -110,8 +111,9 @@ public:
     [[nodiscard]] bool isIdentified() const { return m_identified; }
     /// 1 after a failed purge, write or raw exchange, until the next successful open.
     [[nodiscard]] int linkFailed() const { return m_linkFailed; }
-    /// How often the link was lost in this run. A sequence of requests compares it with the
-    /// count at its start: the flag may have been cleared by a quick reconnect.
+    /// How often the link was lost or a frame left it incomplete in this run. A sequence of
+    /// requests compares it with the count at its start: requests to write succeed whatever
+    /// happens, and the flag may have been cleared by a quick reconnect.
     [[nodiscard]] int lossCount() const { return m_lossCount; }
 
     [[nodiscard]] CommLog& commLog() { return m_commLog; }

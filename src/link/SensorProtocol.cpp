@@ -178,6 +178,7 @@ int SensorProtocol::writeFrame(std::string_view frame, int purge)
         m_log.append(QString::asprintf(
             "Byte count mismatch in WriteFile. Wrote = %d, Correct = %d,Error = %d", written,
             length, error));
+        m_callbacks.reportCutFrame();
     } else {
         logFrame(1, frame);
     }

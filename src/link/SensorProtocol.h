@@ -30,6 +30,8 @@ public:
     struct Callbacks
     {
         std::function<void()> reportLoss; ///< the port failed; the link must be opened again
+        /// Time ran out before a frame had left: the port goes on, but the sensor lacks the frame.
+        std::function<void()> reportCutFrame;
         /// Waits; returns false at once when the worker is asked to stop.
         std::function<bool(std::chrono::milliseconds)> pause;
     };

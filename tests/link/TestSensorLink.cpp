@@ -4,7 +4,10 @@
 #include "platform/core/Pacing.h"
 #include "simulator/SimulatedComPort.h"
 #include "simulator/SimulatedSensor.h"
+#include "support/LogLines.h"
 #include "support/MessageCollector.h"
+#include "support/NoThreads.h"
+#include "support/PortDecorator.h"
 #include "support/TestRegistry.h"
 
 #include <QElapsedTimer>
@@ -15,40 +18,36 @@ using namespace std::chrono_literals;
 
 namespace {
 
-/// A port that refuses one step of its configuration.
-class RefusingPort final : public ComPort
+enum class Fault { None, Line, Timeouts, Queues, CutWrites };
+
+/// A port that refuses one step of its configuration, or whose frames never leave whole.
+class FaultyPort final : public test::PortDecorator
 {
 public:
-    enum class Step { None, Line, Timeouts, Queues };
-
-    RefusingPort(std::unique_ptr<ComPort> port, Step step) : m_port(std::move(port)), m_step(step)
+    FaultyPort(std::shared_ptr<SimulatedSensor> sensor, Fault fault)
+        : PortDecorator(std::make_unique<SimulatedComPort>(std::move(sensor))), m_fault(fault)
     {
     }
 
-    int open() override { return m_port->open(); }
-    bool isOpen() const override { return m_port->isOpen(); }
     int setLine(const LineSettings& line) override
     {
-        return m_step == Step::Line ? EINVAL : m_port->setLine(line);
+        return m_fault == Fault::Line ? EINVAL : PortDecorator::setLine(line);
     }
     int setTimeouts(const Timeouts& timeouts) override
     {
-        return m_step == Step::Timeouts ? EINVAL : m_port->setTimeouts(timeouts);
+        return m_fault == Fault::Timeouts ? EINVAL : PortDecorator::setTimeouts(timeouts);
     }
     int setQueueSizes(int receive, int transmit) override
     {
-        return m_step == Step::Queues ? EINVAL : m_port->setQueueSizes(receive, transmit);
+        return m_fault == Fault::Queues ? EINVAL : PortDecorator::setQueueSizes(receive, transmit);
     }
-    int purge(Purge what) override { return m_port->purge(what); }
-    int setRts(bool on) override { return m_port->setRts(on); }
-    ReadResult read() override { return m_port->read(); }
-    WriteResult write(std::string_view bytes) override { return m_port->write(bytes); }
-    void interrupt() override { m_port->interrupt(); }
-    void close() override { m_port->close(); }
+    WriteResult write(std::string_view bytes) override
+    {
+        return PortDecorator::write(m_fault == Fault::CutWrites ? bytes.substr(0, 2) : bytes);
+    }
 
 private:
-    std::unique_ptr<ComPort> m_port;
-    Step m_step;
+    Fault m_fault;
 };
 
 } // namespace
@@ -67,28 +66,31 @@ private Q_SLOTS:
     void requestWithoutWorkerFailsAtOnce();
     void connectIsServedBeforeRead();
     void nothingIsPostedWithoutATarget();
+
     void lostPortIsCountedOnceAndWriteStillReportsSuccess();
+    void cutFrameIsCountedButLosesNoPort();
     void closeTakesBackUndeliveredLossReports();
-    void closeCutsAConnectShortAndAnswersIt();
-    void closeAnswersRequestsNotYetServed();
-    void closeCanSwitchTheSupplyOffLast();
-    void keepAliveRunsBesideReads();
+    void closeCutsAConnectShortAndAnswersWhatWasRequested();
+    void windowMayGoWhileTheWorkerPosts();
+
+    void openLeavesARunningWorkersPortAlone();
     void refusedConfigurationClosesThePort_data();
     void refusedConfigurationClosesThePort();
     void missingPortIsShownOnlyWhenAsked();
+    void threadThatCannotBeStartedIsReported();
+
+    void keepAliveRunsBesideReads();
     void positionsComeFromTheStream();
-    void lostPortDuringStreamIsReported();
-    void windowMayGoWhileTheWorkerPosts();
 
 private:
     [[nodiscard]] int await(RequestId request);
-    [[nodiscard]] QStringList logged();
+    [[nodiscard]] QStringList logged() { return test::logLines(m_link->commLog()); }
     [[nodiscard]] bool connectSensor();
     void makeSensor(int type);
 
     std::unique_ptr<TestRegistry> m_registry;
     std::shared_ptr<SimulatedSensor> m_sensor;
-    RefusingPort::Step m_refused = RefusingPort::Step::None;
+    Fault m_fault = Fault::None;
     std::unique_ptr<ComPortFactory> m_factory;
     std::unique_ptr<MessageCollector> m_window;
     std::unique_ptr<SensorLink> m_link;
@@ -100,13 +102,11 @@ void TestSensorLink::init()
     Pacing::setSpeeds({100, 100, 5});
     m_registry.reset();
     m_registry = std::make_unique<TestRegistry>(kSimulatedBounds);
-    m_refused = RefusingPort::Step::None;
+    m_fault = Fault::None;
     m_shown.clear();
     makeSensor(2);
-    m_factory = std::make_unique<ComPortFactory>([this](const QString&) {
-        return std::make_unique<RefusingPort>(std::make_unique<SimulatedComPort>(m_sensor),
-                                              m_refused);
-    });
+    m_factory = std::make_unique<ComPortFactory>(
+        [this](const QString&) { return std::make_unique<FaultyPort>(m_sensor, m_fault); });
     m_window = std::make_unique<MessageCollector>();
     m_link = std::make_unique<SensorLink>(*m_factory);
     m_link->setErrorPresenter([this](const QString& text) { m_shown << text; });
@@ -130,15 +130,6 @@ int TestSensorLink::await(RequestId request)
 {
     (void)QTest::qWaitFor([&] { return m_window->resultOf(request) >= 0; });
     return m_window->resultOf(request);
-}
-
-QStringList TestSensorLink::logged()
-{
-    QStringList lines;
-    const auto snapshot = m_link->commLog().snapshot();
-    for (int index = 0; index < snapshot.size(); ++index)
-        lines << snapshot.line(index);
-    return lines;
 }
 
 bool TestSensorLink::connectSensor()
@@ -169,8 +160,9 @@ void TestSensorLink::connectIdentifiesEachType()
     QCOMPARE(await(m_link->requestRead('X')), 0);
     QCOMPARE(m_link->lastReply(), QByteArray());
 
-    m_link->close();
+    m_link->close(1);
     QVERIFY(!m_link->isIdentified());
+    QCOMPARE(m_sensor->mode(), SimulatedSensor::Mode::Off);
 }
 
 void TestSensorLink::connectWithoutBoundsFailsButKeepsTheVersion()
@@ -187,15 +179,13 @@ void TestSensorLink::connectWithoutBoundsFailsButKeepsTheVersion()
 
 void TestSensorLink::requestWithoutWorkerFailsAtOnce()
 {
-    const auto read = m_link->requestRead('D');
-    const auto write = m_link->requestWrite('D', "123456");
-    QCOMPARE(await(read), 0);
-    QCOMPARE(await(write), 0);
+    const auto before = m_sensor->parameter('D');
+    QCOMPARE(await(m_link->requestRead('D')), 0);
+    QCOMPARE(await(m_link->requestWrite('D', "123456")), 0);
 
     QVERIFY(connectSensor());
-    QVERIFY(m_sensor->parameter('D') != "123456");
-    const auto frames = m_sensor->takeReceivedFrames();
-    QVERIFY(std::find(frames.begin(), frames.end(), "DN123456") == frames.end());
+    QCOMPARE(await(m_link->requestWrite('C', QByteArray())), 1);
+    QCOMPARE(m_sensor->parameter('D'), before);
 }
 
 void TestSensorLink::connectIsServedBeforeRead()
@@ -206,14 +196,8 @@ void TestSensorLink::connectIsServedBeforeRead()
     const auto read = m_link->requestRead('D');
     const auto connect = m_link->requestConnect();
     QCOMPARE(await(read), 1);
-
-    const auto& messages = m_window->messages();
-    const auto indexOf = [&messages](RequestId request) {
-        return std::find_if(messages.begin(), messages.end(),
-                            [request](const auto& message) { return message.request == request; }) -
-               messages.begin();
-    };
-    QVERIFY(indexOf(connect) < indexOf(read));
+    QCOMPARE(m_window->messages().back().request, read);
+    QVERIFY(m_window->resultOf(connect) >= 0);
 }
 
 void TestSensorLink::nothingIsPostedWithoutATarget()
@@ -222,8 +206,8 @@ void TestSensorLink::nothingIsPostedWithoutATarget()
     const auto posted = m_window->messages().size();
     m_link->setReplyTarget(nullptr, 0);
     m_link->requestWrite('D', "020018");
-    m_link->requestWrite('C', QByteArray());
-    QTRY_VERIFY(logged().contains(QStringLiteral("TX: [43][Set][TERM]")));
+    QTRY_VERIFY(logged().back().startsWith(QStringLiteral("TX: [44][Set]")));
+    m_link->close();
     QCoreApplication::processEvents();
     QCOMPARE(m_window->messages().size(), posted);
 }
@@ -247,6 +231,19 @@ void TestSensorLink::lostPortIsCountedOnceAndWriteStillReportsSuccess()
     QVERIFY(m_link->isIdentified());
 }
 
+void TestSensorLink::cutFrameIsCountedButLosesNoPort()
+{
+    m_fault = Fault::CutWrites;
+    QCOMPARE(m_link->open(7, 1), 1);
+    QCOMPARE(await(m_link->requestWrite('D', "020018")), 1);
+
+    QCOMPARE(logged(), QStringList(QStringLiteral("Byte count mismatch in WriteFile. Wrote = 2, "
+                                                  "Correct = 9,Error = 0")));
+    QCOMPARE(m_link->lossCount(), 1); // who wrote is told that the sensor lacks it
+    QCOMPARE(m_link->linkFailed(), 0);
+    QCOMPARE(m_window->count(WM_LINK_LOST), 0);
+}
+
 void TestSensorLink::closeTakesBackUndeliveredLossReports()
 {
     QCOMPARE(m_link->open(7, 1), 1);
@@ -260,11 +257,12 @@ void TestSensorLink::closeTakesBackUndeliveredLossReports()
     QCOMPARE(m_link->lossCount(), 1);
 }
 
-void TestSensorLink::closeCutsAConnectShortAndAnswersIt()
+void TestSensorLink::closeCutsAConnectShortAndAnswersWhatWasRequested()
 {
     Pacing::setSpeeds({1, 1, 1});
     QCOMPARE(m_link->open(7, 1), 1);
     const auto connect = m_link->requestConnect();
+    const auto write = m_link->requestWrite('D', "111111");
     QTRY_VERIFY(m_sensor->progFrames() > 2); // one of the hundred frames is on the line
 
     QElapsedTimer timer;
@@ -272,29 +270,79 @@ void TestSensorLink::closeCutsAConnectShortAndAnswersIt()
     m_link->close();
     QVERIFY(timer.elapsed() < 500);
     QCOMPARE(await(connect), 0);
+    QCOMPARE(await(write), 0);
     QCOMPARE(m_link->linkFailed(), 0);
+    for (const auto& frame : m_sensor->takeReceivedFrames())
+        QCOMPARE(frame, std::string("PROG"));
     QCOMPARE(m_link->open(7, 1), 1); // the worker has given the port back
 }
 
-void TestSensorLink::closeAnswersRequestsNotYetServed()
-{
-    Pacing::setSpeeds({1, 1, 1});
-    QCOMPARE(m_link->open(7, 1), 1);
-    const auto connect = m_link->requestConnect();
-    const auto write = m_link->requestWrite('D', "111111");
-    m_link->close();
-
-    QCOMPARE(await(connect), 0);
-    QCOMPARE(await(write), 0);
-    QVERIFY(m_sensor->takeReceivedFrames().empty());
-}
-
-void TestSensorLink::closeCanSwitchTheSupplyOffLast()
+void TestSensorLink::windowMayGoWhileTheWorkerPosts()
 {
     QVERIFY(connectSensor());
-    QCOMPARE(m_sensor->mode(), SimulatedSensor::Mode::Programming);
-    m_link->close(1);
-    QCOMPARE(m_sensor->mode(), SimulatedSensor::Mode::Off);
+    for (int round = 0; round < 200; ++round) {
+        m_link->requestWrite('D', "020018");
+        m_link->setReplyTarget(nullptr, 0);
+        m_link->setLossTarget(nullptr);
+        m_window = std::make_unique<MessageCollector>();
+        m_link->setReplyTarget(m_window.get(), WM_LINK_REPLY);
+        m_link->setLossTarget(m_window.get());
+    }
+    QCOMPARE(await(m_link->requestRead('D')), 1);
+}
+
+void TestSensorLink::openLeavesARunningWorkersPortAlone()
+{
+    QVERIFY(connectSensor());
+    QCOMPARE(m_link->open(8, 1), 1);
+    QCOMPARE(m_link->portNumber(), 7);
+    QVERIFY(m_link->isIdentified());
+    QCOMPARE(await(m_link->requestRead('D')), 1);
+}
+
+void TestSensorLink::refusedConfigurationClosesThePort_data()
+{
+    QTest::addColumn<Fault>("step");
+    QTest::newRow("line") << Fault::Line;
+    QTest::newRow("time-outs") << Fault::Timeouts;
+    QTest::newRow("queues") << Fault::Queues;
+}
+
+void TestSensorLink::refusedConfigurationClosesThePort()
+{
+    QFETCH(Fault, step);
+    m_fault = step;
+    QCOMPARE(m_link->open(7, 0), 0);
+    QCOMPARE(m_shown.size(), 1);
+    QCOMPARE(logged(), m_shown);
+    QVERIFY(!m_link->hasOpened());
+    QCOMPARE(m_link->portNumber(), 1);
+
+    m_fault = Fault::None;
+    QVERIFY(connectSensor()); // opened and configured anew
+}
+
+void TestSensorLink::missingPortIsShownOnlyWhenAsked()
+{
+    m_sensor->vanish();
+    QCOMPARE(m_link->open(7, 0), 0);
+    QVERIFY(m_shown.isEmpty());
+    QCOMPARE(m_link->open(7, 1), 0);
+    QCOMPARE(m_shown.size(), 1);
+    QVERIFY(logged().isEmpty());
+}
+
+void TestSensorLink::threadThatCannotBeStartedIsReported()
+{
+    {
+        const test::NoThreads none;
+        QCOMPARE(m_link->open(7, 0), 0);
+        QCOMPARE(m_shown.size(), 1);
+        QCOMPARE(logged(), m_shown);
+        m_link->setKeepAlive(1);
+        QCOMPARE(logged().size(), 2);
+    }
+    QVERIFY(connectSensor()); // the port has been given back
 }
 
 void TestSensorLink::keepAliveRunsBesideReads()
@@ -313,38 +361,6 @@ void TestSensorLink::keepAliveRunsBesideReads()
     QTest::qWait(20);
     QCOMPARE(m_sensor->progFrames(), atStop);
     QVERIFY(!logged().join(QLatin1Char('\n')).contains(QStringLiteral("[50][52]")));
-}
-
-void TestSensorLink::refusedConfigurationClosesThePort_data()
-{
-    QTest::addColumn<RefusingPort::Step>("step");
-    QTest::newRow("line") << RefusingPort::Step::Line;
-    QTest::newRow("time-outs") << RefusingPort::Step::Timeouts;
-    QTest::newRow("queues") << RefusingPort::Step::Queues;
-}
-
-void TestSensorLink::refusedConfigurationClosesThePort()
-{
-    QFETCH(RefusingPort::Step, step);
-    m_refused = step;
-    QCOMPARE(m_link->open(7, 0), 0);
-    QCOMPARE(m_shown.size(), 1);
-    QCOMPARE(logged(), m_shown);
-    QVERIFY(!m_link->hasOpened());
-    QCOMPARE(m_link->portNumber(), 1);
-
-    m_refused = RefusingPort::Step::None;
-    QVERIFY(connectSensor()); // opened and configured anew
-}
-
-void TestSensorLink::missingPortIsShownOnlyWhenAsked()
-{
-    m_sensor->vanish();
-    QCOMPARE(m_link->open(7, 0), 0);
-    QVERIFY(m_shown.isEmpty());
-    QCOMPARE(m_link->open(7, 1), 0);
-    QCOMPARE(m_shown.size(), 1);
-    QVERIFY(logged().isEmpty());
 }
 
 void TestSensorLink::positionsComeFromTheStream()
@@ -370,29 +386,9 @@ void TestSensorLink::positionsComeFromTheStream()
 
     m_link->setStreamMode(0, 0, 0);
     QCOMPARE(await(m_link->requestPosition()), 0);
-}
-
-void TestSensorLink::lostPortDuringStreamIsReported()
-{
-    QVERIFY(connectSensor());
     m_sensor->vanish();
     QCOMPARE(await(m_link->requestPosition()), 0);
-    QCOMPARE(m_window->count(WM_LINK_LOST), 1);
     QCOMPARE(m_link->linkFailed(), 1);
-}
-
-void TestSensorLink::windowMayGoWhileTheWorkerPosts()
-{
-    QVERIFY(connectSensor());
-    for (int round = 0; round < 200; ++round) {
-        m_link->requestWrite('D', "020018");
-        m_link->setReplyTarget(nullptr, 0);
-        m_link->setLossTarget(nullptr);
-        m_window = std::make_unique<MessageCollector>();
-        m_link->setReplyTarget(m_window.get(), WM_LINK_REPLY);
-        m_link->setLossTarget(m_window.get());
-    }
-    QCOMPARE(await(m_link->requestRead('D')), 1);
 }
 
 QTEST_GUILESS_MAIN(TestSensorLink)

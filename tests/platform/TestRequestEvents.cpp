@@ -16,7 +16,6 @@ class TestRequestEvents : public QObject
 private Q_SLOTS:
     void lowestSignalledEventIsServedFirstAndOnce();
     void waitingForOneEventLeavesItSignalled();
-    void signalFromAnotherThreadWakesTheWaiter();
     void stoppedTimerNeverTicksAgain();
 };
 
@@ -45,24 +44,11 @@ void TestRequestEvents::waitingForOneEventLeavesItSignalled()
     QVERIFY(!events.take(2));
 }
 
-void TestRequestEvents::signalFromAnotherThreadWakesTheWaiter()
-{
-    RequestEvents events;
-    std::thread signaller([&events] {
-        std::this_thread::sleep_for(20ms);
-        events.signal(4);
-    });
-
-    QVERIFY(events.waitFor(4, 5s));
-    QCOMPARE(events.waitForAny(), 4);
-    signaller.join();
-}
-
 void TestRequestEvents::stoppedTimerNeverTicksAgain()
 {
     std::atomic<int> ticks = 0;
     PeriodicTimer timer;
-    timer.start(1ms, [&ticks] { ++ticks; });
+    QCOMPARE(timer.start(1ms, [&ticks] { ++ticks; }), 0);
     QTRY_VERIFY(ticks > 3);
 
     timer.stop();
@@ -70,7 +56,7 @@ void TestRequestEvents::stoppedTimerNeverTicksAgain()
     QTest::qWait(20);
     QCOMPARE(ticks.load(), ticksAtStop);
 
-    timer.start(1ms, [&ticks] { ++ticks; });
+    QCOMPARE(timer.start(1ms, [&ticks] { ++ticks; }), 0);
     QTRY_VERIFY(ticks > ticksAtStop);
 }
 

@@ -1,5 +1,6 @@
 #include "platform/core/PeriodicTimer.h"
 
+#include <system_error>
 #include <utility>
 
 namespace pelorin {
@@ -9,12 +10,17 @@ PeriodicTimer::~PeriodicTimer()
     stop();
 }
 
-void PeriodicTimer::start(std::chrono::milliseconds period, std::function<void()> tick)
+int PeriodicTimer::start(std::chrono::milliseconds period, std::function<void()> tick)
 {
     if (isRunning())
-        return;
+        return 0;
     m_stopping = false;
-    m_thread = std::thread([this, period, tick = std::move(tick)] { run(period, tick); });
+    try {
+        m_thread = std::thread([this, period, tick = std::move(tick)] { run(period, tick); });
+    } catch (const std::system_error& error) {
+        return error.code().value();
+    }
+    return 0;
 }
 
 void PeriodicTimer::stop()

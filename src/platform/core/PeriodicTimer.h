@@ -19,7 +19,8 @@ public:
     ~PeriodicTimer();
 
     /// Calls tick every period, first after one period. Does nothing while the timer runs.
-    void start(std::chrono::milliseconds period, std::function<void()> tick);
+    /// @return 0, or the system's error code if it gives no thread
+    [[nodiscard]] int start(std::chrono::milliseconds period, std::function<void()> tick);
 
     /// Once this has returned tick is not called again.
     void stop();

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "platform/core/ComPort.h"
+
+#include <memory>
+#include <utility>
+
+namespace pelorin::test {
+
+/// A port that does what another one does, but for what a test overrides.
+class PortDecorator : public ComPort
+{
+public:
+    explicit PortDecorator(std::unique_ptr<ComPort> port) : m_port(std::move(port)) {}
+
+    int open() override { return m_port->open(); }
+    bool isOpen() const override { return m_port->isOpen(); }
+    int setLine(const LineSettings& line) override { return m_port->setLine(line); }
+    int setTimeouts(const Timeouts& timeouts) override { return m_port->setTimeouts(timeouts); }
+    int setQueueSizes(int in, int out) override { return m_port->setQueueSizes(in, out); }
+    int purge(Purge what) override { return m_port->purge(what); }
+    int setRts(bool on) override { return m_port->setRts(on); }
+    ReadResult read() override { return m_port->read(); }
+    WriteResult write(std::string_view bytes) override { return m_port->write(bytes); }
+    void interrupt() override { m_port->interrupt(); }
+    void close() override { m_port->close(); }
+
+private:
+    std::unique_ptr<ComPort> m_port;
+};
+
+} // namespace pelorin::test
