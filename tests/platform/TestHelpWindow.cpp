@@ -1,9 +1,9 @@
 #include "platform/ui/HelpWindow.h"
 
 #include "platform/ui/Pictures.h"
+#include "support/FileContent.h"
 #include "support/NumberedTexts.h"
 
-#include <QFile>
 #include <QScrollBar>
 #include <QTemporaryDir>
 #include <QTest>
@@ -21,34 +21,26 @@ class TestHelpWindow : public QObject
 
 private Q_SLOTS:
     void initTestCase();
-    void fileIsShownFromItsAnchorOn();
-    void fileWithoutAnchorIsShownFromItsStart();
-    void missingFileIsReportedAndLeavesTheWindow();
-    void refusedFileIsReportedWithTheSystemsError();
+    void fileIsShownFromItsAnchorOrItsStart();
+    void fileThatCannotBeShownIsReportedAndLeavesTheWindow();
     void escapeClosesTheWindow();
     void picturesAreThereInEverySize();
 
 private:
     QTemporaryDir m_folder;
-    QString m_file;
+    QString m_file = m_folder.filePath(QStringLiteral("help 1.html"));
     NumberedTexts m_texts{QStringLiteral("en")};
 };
 
 void TestHelpWindow::initTestCase()
 {
     QCoreApplication::installTranslator(&m_texts);
-    m_file = m_folder.filePath(QStringLiteral("help 1.html"));
-    QFile file(m_file);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    QByteArray html = "<html><head><meta charset=\"utf-8\"><title>T\xc3\xbcr</title></head><body>"
-                      "<h1>Start</h1>";
-    for (int line = 0; line < 300; ++line)
-        html += "<p>line</p>";
-    html += "<h2><a name=\"ports\">M\xc3\xbc</a></h2></body></html>";
-    QCOMPARE(file.write(html), html.size());
+    QVERIFY(putContent(m_file, "<html><head><meta charset=\"utf-8\"></head><body>" +
+                                   QByteArray("<p>line</p>").repeated(300) +
+                                   "<h2><a name=\"ports\">M\xc3\xbc</a></h2></body></html>"));
 }
 
-void TestHelpWindow::fileIsShownFromItsAnchorOn()
+void TestHelpWindow::fileIsShownFromItsAnchorOrItsStart()
 {
     HelpWindow window;
     QCOMPARE(window.showHelp(m_file, QStringLiteral("ports")).error, 0);
@@ -59,19 +51,12 @@ void TestHelpWindow::fileIsShownFromItsAnchorOn()
     QVERIFY(browser->toPlainText().endsWith(QString::fromUtf8("M\xc3\xbc")));
     QTRY_VERIFY(browser->verticalScrollBar()->maximum() > 0);
     QTRY_COMPARE(browser->verticalScrollBar()->value(), browser->verticalScrollBar()->maximum());
-}
 
-void TestHelpWindow::fileWithoutAnchorIsShownFromItsStart()
-{
-    HelpWindow window;
-    QCOMPARE(window.showHelp(m_file, QStringLiteral("ports")).error, 0);
     QCOMPARE(window.showHelp(m_file).error, 0);
-
-    auto* browser = window.findChild<QTextBrowser*>();
     QTRY_COMPARE(browser->verticalScrollBar()->value(), 0);
 }
 
-void TestHelpWindow::missingFileIsReportedAndLeavesTheWindow()
+void TestHelpWindow::fileThatCannotBeShownIsReportedAndLeavesTheWindow()
 {
     HelpWindow window;
     for (const QString& path : {QString(), m_folder.path(), m_file + QStringLiteral("/below")}) {
@@ -79,19 +64,13 @@ void TestHelpWindow::missingFileIsReportedAndLeavesTheWindow()
         QCOMPARE(failure.error, 1);
         QCOMPARE(failure.detail, ENOENT);
     }
-    QVERIFY(!window.isVisible());
-}
 
-void TestHelpWindow::refusedFileIsReportedWithTheSystemsError()
-{
-    HelpWindow window;
     rlimit before{};
     QCOMPARE(getrlimit(RLIMIT_NOFILE, &before), 0);
     const rlimit none{0, before.rlim_max};
     QCOMPARE(setrlimit(RLIMIT_NOFILE, &none), 0);
     const HelpWindow::Failure failure = window.showHelp(m_file);
     QCOMPARE(setrlimit(RLIMIT_NOFILE, &before), 0);
-
     QCOMPARE(failure.error, 2);
     QCOMPARE(failure.detail, EMFILE);
     QVERIFY(!window.isVisible());
@@ -110,8 +89,6 @@ void TestHelpWindow::picturesAreThereInEverySize()
 {
     for (const int size : {16, 24, 32, 48, 64, 128, 256})
         QCOMPARE(programIcon().pixmap(size).size(), QSize(size, size));
-    QVERIFY(!programIcon().pixmap(256).toImage().pixelColor(0, 0).alpha());
-
     for (const auto& [name, size] :
          {std::pair("BMP_PELORIN_INFO", 16), std::pair("BMP_PELORIN_WRENCH", 16),
           std::pair("BMP_PELORIN_REDLED", 13), std::pair("BMP_PELORIN_GREENLED", 13),

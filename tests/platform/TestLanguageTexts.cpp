@@ -1,5 +1,6 @@
+#include "support/FileContent.h"
+
 #include <QDirIterator>
-#include <QFile>
 #include <QMap>
 #include <QRegularExpression>
 #include <QSet>
@@ -12,36 +13,30 @@ struct Text
 {
     QString text;
     bool finished = false;
+    int count = 0; ///< how often the number stands in the module
 };
 
 using Texts = QMap<int, Text>;
 
 constexpr const char* kSource = PELORIN_SOURCE_DIR;
 
-QString contentOf(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
-}
-
-/// The texts of a language module's source; doubled numbers are appended to doubled.
-Texts readTexts(int code, QList<int>& doubled)
+/// The texts of a language module's source.
+Texts readTexts(int code)
 {
     Texts texts;
     const QString path = QString::fromLatin1(kSource) +
                          QStringLiteral("/resources/languages/pelorin_%1.ts").arg(code);
-    QXmlStreamReader xml(contentOf(path));
+    QXmlStreamReader xml(pelorin::test::contentOf(path));
     int number = 0;
     while (!xml.atEnd()) {
         if (xml.readNext() != QXmlStreamReader::StartElement)
             continue;
         if (xml.name() == QLatin1String("message")) {
             number = xml.attributes().value(QLatin1String("id")).toInt();
-            if (texts.contains(number))
-                doubled.append(number);
         } else if (xml.name() == QLatin1String("translation")) {
             const bool finished = !xml.attributes().hasAttribute(QLatin1String("type"));
-            texts.insert(number, {xml.readElementText(), finished});
+            const int count = texts.value(number).count + 1;
+            texts.insert(number, {xml.readElementText(), finished, count});
         }
     }
     return xml.hasError() ? Texts() : texts;
@@ -75,13 +70,11 @@ class TestLanguageTexts : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void everyLanguageHasTheEnglishNumbersAndArguments_data();
+    void everyLanguageHasTheEnglishNumbersAndArguments_data() { addLanguages(); }
     void everyLanguageHasTheEnglishNumbersAndArguments();
-    void mnemonicsAreUniqueWithinEachMenu_data();
-    void mnemonicsAreUniqueWithinEachMenu();
-    void mnemonicsStandInMenusAlone_data();
-    void mnemonicsStandInMenusAlone();
-    void fileFiltersOfferTheExtensionAndAllFiles_data();
+    void mnemonicsStandInMenusAloneAndAreUniqueThere_data() { addLanguages(); }
+    void mnemonicsStandInMenusAloneAndAreUniqueThere();
+    void fileFiltersOfferTheExtensionAndAllFiles_data() { addLanguages(); }
     void fileFiltersOfferTheExtensionAndAllFiles();
     void everyNumberThatTheProgramUsesHasAText();
 
@@ -94,24 +87,17 @@ private:
     }
 };
 
-void TestLanguageTexts::everyLanguageHasTheEnglishNumbersAndArguments_data()
-{
-    addLanguages();
-}
-
 void TestLanguageTexts::everyLanguageHasTheEnglishNumbersAndArguments()
 {
     QFETCH(int, code);
-
-    QList<int> doubled;
-    const Texts english = readTexts(1, doubled);
-    const Texts texts = readTexts(code, doubled);
-    QCOMPARE(doubled, QList<int>());
+    const Texts english = readTexts(1);
+    const Texts texts = readTexts(code);
     QVERIFY(english.size() > 100);
     QCOMPARE(texts.keys(), english.keys());
 
     for (auto it = texts.cbegin(); it != texts.cend(); ++it) {
         const QByteArray where = QByteArray::number(it.key()) + ": " + it->text.toUtf8();
+        QVERIFY2(it->count == 1, where.constData());
         QVERIFY2(it->finished, where.constData());
         QVERIFY2(!it->text.trimmed().isEmpty(), where.constData());
         QVERIFY2(matches(it->text, "%[0-9L]+") == matches(english[it.key()].text, "%[0-9L]+"),
@@ -120,17 +106,11 @@ void TestLanguageTexts::everyLanguageHasTheEnglishNumbersAndArguments()
     }
 }
 
-void TestLanguageTexts::mnemonicsAreUniqueWithinEachMenu_data()
-{
-    addLanguages();
-}
-
-void TestLanguageTexts::mnemonicsAreUniqueWithinEachMenu()
+void TestLanguageTexts::mnemonicsStandInMenusAloneAndAreUniqueThere()
 {
     QFETCH(int, code);
-
-    QList<int> doubled;
-    const Texts texts = readTexts(code, doubled);
+    const Texts texts = readTexts(code);
+    QSet<int> captions;
     for (const auto& menu : kMenus) {
         QSet<QChar> taken;
         for (const int number : menu) {
@@ -138,49 +118,25 @@ void TestLanguageTexts::mnemonicsAreUniqueWithinEachMenu()
             QVERIFY2(mnemonic.isNull() || !taken.contains(mnemonic),
                      qPrintable(texts[number].text));
             taken.insert(mnemonic);
+            captions.insert(number);
         }
     }
-}
-
-void TestLanguageTexts::mnemonicsStandInMenusAlone_data()
-{
-    addLanguages();
-}
-
-void TestLanguageTexts::mnemonicsStandInMenusAlone()
-{
-    QFETCH(int, code);
-
-    QSet<int> captions;
-    for (const auto& menu : kMenus)
-        captions.unite(QSet<int>(menu.cbegin(), menu.cend()));
     captions.subtract({107, 246, 251}); // also titles, where the mark would show
-
-    QList<int> doubled;
-    const Texts texts = readTexts(code, doubled);
     for (auto it = texts.cbegin(); it != texts.cend(); ++it) {
         QVERIFY2(captions.contains(it.key()) != mnemonicOf(it->text).isNull(),
                  qPrintable(it->text));
     }
 }
 
-void TestLanguageTexts::fileFiltersOfferTheExtensionAndAllFiles_data()
-{
-    addLanguages();
-}
-
 void TestLanguageTexts::fileFiltersOfferTheExtensionAndAllFiles()
 {
     QFETCH(int, code);
-
-    QList<int> doubled;
-    const Texts texts = readTexts(code, doubled);
-    const QMap<int, QString> extensions = {
-        {191, QStringLiteral("txt")}, {212, QStringLiteral("dat")}, {257, QStringLiteral("csv")}};
-    for (auto it = extensions.cbegin(); it != extensions.cend(); ++it) {
-        const auto filters = texts[it.key()].text.split(QStringLiteral(";;"));
+    const Texts texts = readTexts(code);
+    for (const auto& [number, extension] :
+         {std::pair(191, "txt"), std::pair(212, "dat"), std::pair(257, "csv")}) {
+        const auto filters = texts[number].text.split(QStringLiteral(";;"));
         QCOMPARE(filters.size(), 2);
-        QVERIFY2(filters[0].endsWith(QStringLiteral(" (*.%1)").arg(it.value())),
+        QVERIFY2(filters[0].endsWith(QStringLiteral(" (*.%1)").arg(QLatin1String(extension))),
                  qPrintable(filters[0]));
         QVERIFY2(filters[1].endsWith(QStringLiteral(" (*)")), qPrintable(filters[1]));
     }
@@ -188,14 +144,13 @@ void TestLanguageTexts::fileFiltersOfferTheExtensionAndAllFiles()
 
 void TestLanguageTexts::everyNumberThatTheProgramUsesHasAText()
 {
-    QList<int> doubled;
-    const Texts texts = readTexts(1, doubled);
+    const Texts texts = readTexts(1);
     QDirIterator sources(QString::fromLatin1(kSource) + QStringLiteral("/src"),
                          {QStringLiteral("*.cpp"), QStringLiteral("*.h")}, QDir::Files,
                          QDirIterator::Subdirectories);
     while (sources.hasNext()) {
         const QString path = sources.next();
-        const QString content = contentOf(path);
+        const QString content = QString::fromUtf8(pelorin::test::contentOf(path));
         auto numbers = matches(content, "\\b(?:languageString|setStatusText)\\(\\s*(\\d+)", 1);
         numbers.unite(matches(content, "\\baddToTranslationMap\\(\\s*\\d+\\s*,\\s*(\\d+)", 1));
         for (const QString& number : std::as_const(numbers))

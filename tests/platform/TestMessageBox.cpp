@@ -6,19 +6,34 @@
 #include <QPushButton>
 #include <QTest>
 
+#include <functional>
 #include <memory>
+#include <utility>
 
 using namespace pelorin;
 using namespace pelorin::test;
 
 namespace {
 
+using Button = QMessageBox::StandardButton;
 using Buttons = QMessageBox::StandardButtons;
 
-constexpr Buttons kOkCancel = QMessageBox::Ok | QMessageBox::Cancel;
-constexpr Buttons kYesNo = QMessageBox::Yes | QMessageBox::No;
-constexpr Buttons kRetryCancel = QMessageBox::Retry | QMessageBox::Cancel;
-constexpr Buttons kAbortRetryIgnore = QMessageBox::Abort | QMessageBox::Retry | QMessageBox::Ignore;
+const QString kText = QStringLiteral("<b>F</b> & \"P\" &amp;\n%1");
+
+void compareTexts(const QMessageBox& box)
+{
+    QCOMPARE(box.windowTitle(), QStringLiteral("Pelorin"));
+    QCOMPARE(box.text(), kText);
+    QCOMPARE(box.textFormat(), Qt::PlainText);
+    QCOMPARE(box.icon(), QMessageBox::Warning);
+}
+
+/// The answer to a box on which the steps are done.
+Button answered(Buttons buttons, std::function<void(QMessageBox&)> steps)
+{
+    const ModalAnswer<QMessageBox> answer(std::move(steps));
+    return messageBox(nullptr, kText, buttons, QMessageBox::Warning);
+}
 
 } // namespace
 
@@ -28,83 +43,47 @@ class TestMessageBox : public QObject
 
 private Q_SLOTS:
     void initTestCase() { QCoreApplication::setApplicationName(QStringLiteral("Pelorin")); }
-    void boxSaysTheTextAsItStands();
-    void clickedButtonIsTheAnswer_data();
-    void clickedButtonIsTheAnswer();
-    void enterGoesOnAndEscapeDoesNothingMore_data();
-    void enterGoesOnAndEscapeDoesNothingMore();
+    void answerIsTheButtonClickedOrMeant_data();
+    void answerIsTheButtonClickedOrMeant();
     void boxEndsWithItsParent();
     void shownMessageWaitsForNobody();
 };
 
-void TestMessageBox::boxSaysTheTextAsItStands()
+void TestMessageBox::answerIsTheButtonClickedOrMeant_data()
 {
-    const QString text = QStringLiteral("<b>F</b> & \"P\" &amp;\n%1");
-    ModalAnswer<QMessageBox> answer([&text](QMessageBox& box) {
-        QCOMPARE(box.windowTitle(), QStringLiteral("Pelorin"));
-        QCOMPARE(box.text(), text);
-        QCOMPARE(box.textFormat(), Qt::PlainText);
-        QCOMPARE(box.icon(), QMessageBox::Warning);
-        box.reject();
-    });
-    messageBox(nullptr, text, QMessageBox::Ok, QMessageBox::Warning);
-    QVERIFY(answer.wasShown());
+    QTest::addColumn<QList<Button>>("buttons");
+    QTest::addColumn<Button>("enter");
+    QTest::addColumn<Button>("escape");
+    const auto row = [](const char* title, const QList<Button>& buttons, Button enter,
+                        Button escape) { QTest::newRow(title) << buttons << enter << escape; };
+    using Box = QMessageBox;
+    row("OK", {Box::Ok}, Box::Ok, Box::Ok);
+    row("OK and Cancel", {Box::Ok, Box::Cancel}, Box::Ok, Box::Cancel);
+    row("Yes and No", {Box::Yes, Box::No}, Box::Yes, Box::No);
+    row("Retry and Cancel", {Box::Retry, Box::Cancel}, Box::Retry, Box::Cancel);
+    row("Abort, Retry and Ignore", {Box::Abort, Box::Retry, Box::Ignore}, Box::Retry, Box::Abort);
 }
 
-void TestMessageBox::clickedButtonIsTheAnswer_data()
+void TestMessageBox::answerIsTheButtonClickedOrMeant()
 {
-    QTest::addColumn<Buttons>("buttons");
-    QTest::addColumn<QMessageBox::StandardButton>("clicked");
-    QTest::newRow("OK") << Buttons(QMessageBox::Ok) << QMessageBox::Ok;
-    QTest::newRow("OK of OK and Cancel") << kOkCancel << QMessageBox::Ok;
-    QTest::newRow("Cancel of OK and Cancel") << kOkCancel << QMessageBox::Cancel;
-    QTest::newRow("Yes of Yes and No") << kYesNo << QMessageBox::Yes;
-    QTest::newRow("No of Yes and No") << kYesNo << QMessageBox::No;
-    QTest::newRow("Retry of Retry and Cancel") << kRetryCancel << QMessageBox::Retry;
-    QTest::newRow("Cancel of Retry and Cancel") << kRetryCancel << QMessageBox::Cancel;
-    QTest::newRow("Abort of three") << kAbortRetryIgnore << QMessageBox::Abort;
-    QTest::newRow("Retry of three") << kAbortRetryIgnore << QMessageBox::Retry;
-    QTest::newRow("Ignore of three") << kAbortRetryIgnore << QMessageBox::Ignore;
-}
+    QFETCH(QList<Button>, buttons);
+    QFETCH(Button, enter);
+    QFETCH(Button, escape);
+    Buttons all;
+    for (const Button button : buttons)
+        all |= button;
 
-void TestMessageBox::clickedButtonIsTheAnswer()
-{
-    QFETCH(Buttons, buttons);
-    QFETCH(QMessageBox::StandardButton, clicked);
-    ModalAnswer<QMessageBox> answer([buttons, clicked](QMessageBox& box) {
-        QCOMPARE(box.standardButtons(), buttons);
-        QTest::mouseClick(box.button(clicked), Qt::LeftButton);
-    });
-    QCOMPARE(messageBox(nullptr, QStringLiteral("?"), buttons, QMessageBox::Question), clicked);
-    QVERIFY(answer.wasShown());
-}
-
-void TestMessageBox::enterGoesOnAndEscapeDoesNothingMore_data()
-{
-    QTest::addColumn<Buttons>("buttons");
-    QTest::addColumn<QMessageBox::StandardButton>("enter");
-    QTest::addColumn<QMessageBox::StandardButton>("escape");
-    QTest::newRow("OK") << Buttons(QMessageBox::Ok) << QMessageBox::Ok << QMessageBox::Ok;
-    QTest::newRow("OK and Cancel") << kOkCancel << QMessageBox::Ok << QMessageBox::Cancel;
-    QTest::newRow("Yes and No") << kYesNo << QMessageBox::Yes << QMessageBox::No;
-    QTest::newRow("Retry and Cancel") << kRetryCancel << QMessageBox::Retry << QMessageBox::Cancel;
-    QTest::newRow("Abort, Retry and Ignore")
-        << kAbortRetryIgnore << QMessageBox::Retry << QMessageBox::Abort;
-}
-
-void TestMessageBox::enterGoesOnAndEscapeDoesNothingMore()
-{
-    QFETCH(Buttons, buttons);
-    QFETCH(QMessageBox::StandardButton, enter);
-    QFETCH(QMessageBox::StandardButton, escape);
-
-    const auto answerWith = [buttons](const std::function<void(QMessageBox&)>& steps) {
-        const ModalAnswer<QMessageBox> answer(steps);
-        return messageBox(nullptr, QStringLiteral("?"), buttons, QMessageBox::Question);
-    };
-    QCOMPARE(answerWith([](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Enter); }), enter);
-    QCOMPARE(answerWith([](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Escape); }), escape);
-    QCOMPARE(answerWith([](QMessageBox& box) { box.close(); }), escape);
+    for (const Button button : buttons) {
+        const auto click = [button, all](QMessageBox& box) {
+            compareTexts(box);
+            QCOMPARE(box.standardButtons(), all);
+            QTest::mouseClick(box.button(button), Qt::LeftButton);
+        };
+        QCOMPARE(answered(all, click), button);
+    }
+    QCOMPARE(answered(all, [](auto& box) { QTest::keyClick(&box, Qt::Key_Enter); }), enter);
+    QCOMPARE(answered(all, [](auto& box) { QTest::keyClick(&box, Qt::Key_Escape); }), escape);
+    QCOMPARE(answered(all, [](auto& box) { box.close(); }), escape);
 }
 
 void TestMessageBox::boxEndsWithItsParent()
@@ -112,8 +91,9 @@ void TestMessageBox::boxEndsWithItsParent()
     auto parent = std::make_unique<QWidget>();
     parent->show();
     const ModalAnswer<QMessageBox> answer([&parent](QMessageBox&) { parent.reset(); });
-    QCOMPARE(messageBox(parent.get(), QStringLiteral("?"), kYesNo, QMessageBox::Question),
-             QMessageBox::No);
+    QCOMPARE(
+        messageBox(parent.get(), kText, QMessageBox::Yes | QMessageBox::No, QMessageBox::Question),
+        QMessageBox::No);
     QVERIFY(!parent);
 }
 
@@ -121,12 +101,9 @@ void TestMessageBox::shownMessageWaitsForNobody()
 {
     QWidget parent;
     parent.show();
-    const QString text = QStringLiteral("<b>Error = 19</b>");
-    const QPointer<QMessageBox> box = showMessageBox(&parent, text, QMessageBox::Warning);
+    const QPointer<QMessageBox> box = showMessageBox(&parent, kText, QMessageBox::Warning);
     QCOMPARE(QApplication::activeModalWidget(), box.data());
-    QCOMPARE(box->windowTitle(), QStringLiteral("Pelorin"));
-    QCOMPARE(box->text(), text);
-    QCOMPARE(box->textFormat(), Qt::PlainText);
+    compareTexts(*box);
     QTest::mouseClick(box->button(QMessageBox::Ok), Qt::LeftButton);
     QTRY_VERIFY(!box);
     QVERIFY(!QApplication::activeModalWidget());

@@ -1,30 +1,26 @@
 #include "platform/core/RegistryConfig.h"
 #include "platform/core/SettingsLocation.h"
+#include "support/FileContent.h"
 
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
 #include <QTemporaryDir>
 #include <QTest>
 
 using namespace pelorin;
+using namespace pelorin::test;
 
 namespace {
 
 const QString kProduct = QStringLiteral("\\HKEY_LOCAL_MACHINE\\SOFTWARE\\Korvex Systems\\Pelorin");
+const QString kBounds = kProduct + QStringLiteral("\\Firmware Rev Bounds");
 
-bool putContent(const QString& path, const QByteArray& content)
+QString installed(const char* name)
 {
-    QFile file(path);
-    return QFileInfo(path).dir().mkpath(QStringLiteral(".")) && file.open(QIODevice::WriteOnly) &&
-           file.write(content) == content.size();
+    return programFolder() + QLatin1Char('/') + QLatin1String(name);
 }
 
-QByteArray settingsWith(const QByteArray& values)
+bool use(const QString& settingsFile)
 {
-    return "Windows Registry Editor Version 5.00\n"
-           "[HKEY_LOCAL_MACHINE\\SOFTWARE\\Korvex Systems\\Pelorin]\n" +
-           values + "\n";
+    return qputenv("PELORIN_REGISTRY", settingsFile.toUtf8());
 }
 
 } // namespace
@@ -38,21 +34,22 @@ private Q_SLOTS:
     void valueAnswersAsTextAndAsNumber_data();
     void valueAnswersAsTextAndAsNumber();
     void missingKeyOrDamagedFileAnswersWithDefaults();
-    void settingsAreReadAfreshForEachKey();
     void nearestSettingsFileIsUsed();
     void installationPathNamesAFolder_data();
     void installationPathNamesAFolder();
-    void installedSettingsAreWholeAndLeadToTheInstallation_data();
-    void installedSettingsAreWholeAndLeadToTheInstallation();
-    void defaultSettingsLeaveTheSensorsToTheSite();
+    void installedSettingsLeadToTheInstallation_data();
+    void installedSettingsLeadToTheInstallation();
     void everyCommentedDefaultCanBeTurnedOn();
     void demonstrationHasSensorsOfEveryType();
 
 private:
-    [[nodiscard]] bool useSettings(const QByteArray& content) const
+    [[nodiscard]] bool useValues(const QByteArray& values) const
     {
         const QString path = m_folder->filePath(QStringLiteral("site/test.reg"));
-        return putContent(path, content) && qputenv("PELORIN_REGISTRY", path.toUtf8());
+        return putContent(path, "REGEDIT4\n[HKEY_LOCAL_MACHINE\\SOFTWARE\\Korvex Systems\\"
+                                "Pelorin]\n" +
+                                    values) &&
+               use(path);
     }
 
     std::unique_ptr<QTemporaryDir> m_folder;
@@ -61,36 +58,32 @@ private:
 void TestRegistryConfig::init()
 {
     m_folder = std::make_unique<QTemporaryDir>();
-    QVERIFY(m_folder->isValid());
     QVERIFY(qputenv("XDG_CONFIG_HOME", m_folder->path().toUtf8()));
     QVERIFY(qunsetenv("PELORIN_REGISTRY"));
 }
 
 void TestRegistryConfig::valueAnswersAsTextAndAsNumber_data()
 {
-    QTest::addColumn<QByteArray>("values");
     QTest::addColumn<QString>("text");
     QTest::addColumn<qint32>("number");
 
-    QTest::newRow("absent") << QByteArray("\"Other\"=\"1\"") << "default" << -7;
-    QTest::newRow("text") << QByteArray("\"Value\"=\"COM96\"") << "COM96" << -7;
-    QTest::newRow("empty text") << QByteArray("\"Value\"=\"\"") << "" << -7;
-    QTest::newRow("decimal text") << QByteArray("\"Value\"=\" 16 \"") << " 16 " << 16;
-    QTest::newRow("negative text") << QByteArray("\"Value\"=\"-1\"") << "-1" << -1;
-    QTest::newRow("hexadecimal text") << QByteArray("\"Value\"=\"1F\"") << "1F" << -7;
-    QTest::newRow("fraction") << QByteArray("\"Value\"=\"50.8\"") << "50.8" << -7;
-    QTest::newRow("number") << QByteArray("\"Value\"=dword:0000001f") << "31" << 31;
-    QTest::newRow("large number") << QByteArray("\"Value\"=dword:ffffffff") << "4294967295" << -1;
-    QTest::newRow("bytes") << QByteArray("\"Value\"=hex:1f") << "default" << -7;
+    QTest::newRow("\"Other\"=\"1\"") << "default" << -7;
+    QTest::newRow("\"Value\"=\"COM96\"") << "COM96" << -7;
+    QTest::newRow("\"Value\"=\"\"") << "" << -7;
+    QTest::newRow("\"Value\"=\" 16 \"") << " 16 " << 16;
+    QTest::newRow("\"Value\"=\"-1\"") << "-1" << -1;
+    QTest::newRow("\"Value\"=\"1F\"") << "1F" << -7;
+    QTest::newRow("\"Value\"=\"50.8\"") << "50.8" << -7;
+    QTest::newRow("\"Value\"=dword:0000001f") << "31" << 31;
+    QTest::newRow("\"Value\"=dword:ffffffff") << "4294967295" << -1;
+    QTest::newRow("\"Value\"=hex:1f") << "default" << -7;
 }
 
 void TestRegistryConfig::valueAnswersAsTextAndAsNumber()
 {
-    QFETCH(QByteArray, values);
     QFETCH(QString, text);
     QFETCH(qint32, number);
-
-    QVERIFY(useSettings(settingsWith(values)));
+    QVERIFY(useValues(QTest::currentDataTag()));
     RegistryConfig config;
     QCOMPARE(config.setStorage(kProduct, 0), 1);
     QCOMPARE(config.getValue(QStringLiteral("Value"), QStringLiteral("default")), text);
@@ -99,121 +92,95 @@ void TestRegistryConfig::valueAnswersAsTextAndAsNumber()
 
 void TestRegistryConfig::missingKeyOrDamagedFileAnswersWithDefaults()
 {
+    const QString value = QStringLiteral("Value");
     RegistryConfig config;
-    QVERIFY(useSettings(settingsWith("\"Value\"=\"1\"")));
-    QVERIFY(config.setStorage(kProduct + QStringLiteral("\\Help Files")) != 1);
-    QCOMPARE(config.getValue(QStringLiteral("Value"), 5), 5);
+    QVERIFY(useValues("\"Value\"=\"1\""));
+    QVERIFY(config.setStorage(kBounds) != 1);
+    QCOMPARE(config.getValue(value, 5), 5);
+    QCOMPARE(config.setStorage(kProduct), 1);
+    QCOMPARE(config.getValue(value, 5), 1);
 
-    QVERIFY(useSettings(settingsWith("\"Value\"=\"1\"\n\"Path\"=damaged")));
+    QVERIFY(useValues("\"Value\"=\"1\"\n\"Path\"=damaged")); // read afresh
     QVERIFY(config.setStorage(kProduct) != 1);
-    QCOMPARE(config.getValue(QStringLiteral("Value"), 5), 5);
-    QCOMPARE(RegistryFile::read(registryFilePath()).damage()->line, 4);
-}
-
-void TestRegistryConfig::settingsAreReadAfreshForEachKey()
-{
-    RegistryConfig config;
-    QVERIFY(useSettings(settingsWith("\"Value\"=\"1\"")));
-    QCOMPARE(config.setStorage(kProduct), 1);
-    QVERIFY(useSettings(settingsWith("\"Value\"=\"2\"")));
-    QCOMPARE(config.getValue(QStringLiteral("Value"), 0), 1);
-    QCOMPARE(config.setStorage(kProduct), 1);
-    QCOMPARE(config.getValue(QStringLiteral("Value"), 0), 2);
+    QCOMPARE(config.getValue(value, 5), 5);
 }
 
 void TestRegistryConfig::nearestSettingsFileIsUsed()
 {
     if (!QFileInfo::exists(QStringLiteral("/etc/pelorin/pelorin.reg")))
-        QCOMPARE(registryFilePath(), programFolder() + QStringLiteral("/pelorin.reg"));
+        QCOMPARE(registryFilePath(), installed("pelorin.reg"));
 
     const QString users = m_folder->filePath(QStringLiteral("pelorin/pelorin.reg"));
     QVERIFY(putContent(users, "anything"));
     QCOMPARE(registryFilePath(), users);
 
     // A file that is named but missing is not silently replaced by another one.
-    QVERIFY(qputenv("PELORIN_REGISTRY", "/nowhere/site.reg"));
+    QVERIFY(use(QStringLiteral("/nowhere/site.reg")));
     QCOMPARE(registryFilePath(), QStringLiteral("/nowhere/site.reg"));
 }
 
 void TestRegistryConfig::installationPathNamesAFolder_data()
 {
-    QTest::addColumn<QString>("installPath");
     QTest::addColumn<QString>("folder");
-
-    QTest::newRow("relative") << "..\\share\\pelorin\\"
-                              << "/srv/share/pelorin";
-    QTest::newRow("relative, slashes") << "../share/pelorin\\"
-                                       << "/srv/share/pelorin";
-    QTest::newRow("folder of the settings") << ".\\"
-                                            << "/srv/site";
-    QTest::newRow("absolute") << "/usr/share/pelorin\\"
-                              << "/usr/share/pelorin";
-    QTest::newRow("drive") << "C:\\Program Files\\Pelorin\\" << programFolder();
-    QTest::newRow("drive, slashes") << "d:/Pelorin\\" << programFolder();
-    QTest::newRow("server") << "\\\\server\\share\\Pelorin\\" << programFolder();
+    QTest::newRow("..\\share\\pelorin\\") << "/srv/share/pelorin";
+    QTest::newRow("../share/pelorin\\") << "/srv/share/pelorin";
+    QTest::newRow(".\\") << "/srv/site";
+    QTest::newRow("/usr/share/pelorin\\") << "/usr/share/pelorin";
+    for (const char* windows : {"C:\\Program Files\\Pelorin\\", "d:/Pelorin\\", "\\\\server\\P\\"})
+        QTest::newRow(windows) << programFolder();
 }
 
 void TestRegistryConfig::installationPathNamesAFolder()
 {
-    QFETCH(QString, installPath);
     QFETCH(QString, folder);
-
-    QVERIFY(qputenv("PELORIN_REGISTRY", "/srv/site/test.reg"));
-    QCOMPARE(installationFolder(installPath), folder);
+    QVERIFY(use(QStringLiteral("/srv/site/test.reg")));
+    QCOMPARE(installationFolder(QString::fromLatin1(QTest::currentDataTag())), folder);
 }
 
-void TestRegistryConfig::installedSettingsAreWholeAndLeadToTheInstallation_data()
+void TestRegistryConfig::installedSettingsLeadToTheInstallation_data()
 {
-    QTest::addColumn<QString>("name");
-    QTest::newRow("default") << "pelorin.reg";
-    QTest::newRow("demonstration") << "demo.reg";
+    QTest::addColumn<int>("features");
+    QTest::addColumn<bool>("hasBounds");
+    QTest::newRow("pelorin.reg") << 0 << false; // the sensors are left to the site
+    QTest::newRow("demo.reg") << 1 << true;
 }
 
-void TestRegistryConfig::installedSettingsAreWholeAndLeadToTheInstallation()
+void TestRegistryConfig::installedSettingsLeadToTheInstallation()
 {
-    QFETCH(QString, name);
+    QFETCH(int, features);
+    QFETCH(bool, hasBounds);
 
     // Also when the file is copied elsewhere to be edited.
-    const QString installed = programFolder() + QLatin1Char('/') + name;
-    const QString copy = m_folder->filePath(name);
-    QVERIFY(QFile::copy(installed, copy));
-    for (const QString& path : {installed, copy}) {
-        QVERIFY(qputenv("PELORIN_REGISTRY", path.toUtf8()));
-        QVERIFY(!RegistryFile::read(registryFilePath()).damage());
+    const QString original = installed(QTest::currentDataTag());
+    const QString copy = m_folder->filePath(QStringLiteral("copy.reg"));
+    QVERIFY(QFile::copy(original, copy));
+    for (const QString& path : {original, copy}) {
+        QVERIFY(use(path));
         RegistryConfig config;
         QCOMPARE(config.setStorage(kProduct), 1);
-        const QString folder =
-            installationFolder(config.getValue(QStringLiteral("Path"), QString()));
-        QVERIFY(QFileInfo::exists(folder + QStringLiteral("/languages/pelorin_1.qm")));
+        QVERIFY(QFileInfo::exists(
+            installationFolder(config.getValue(QStringLiteral("Path"), QString())) +
+            QStringLiteral("/languages/pelorin_1.qm")));
+        QCOMPARE(config.getValue(QStringLiteral("EnableQDL3"), 0), features);
+        QCOMPARE(config.getValue(QStringLiteral("EnableTempComp"), 0), features);
+        QCOMPARE(config.getValue(QStringLiteral("ManualPowerMode"), 0), 0);
 
         QCOMPARE(config.setStorage(kProduct + QStringLiteral("\\Help Files")), 1);
         for (const char* language : {"Lang1", "Lang2", "Lang4", "Lang8", "Lang16"})
             QVERIFY(!config.getValue(QLatin1String(language), QString()).isEmpty());
+        QCOMPARE(config.setStorage(kBounds) == 1, hasBounds);
     }
-}
-
-void TestRegistryConfig::defaultSettingsLeaveTheSensorsToTheSite()
-{
-    const QString path = programFolder() + QStringLiteral("/pelorin.reg");
-    QVERIFY(qputenv("PELORIN_REGISTRY", path.toUtf8()));
-    RegistryConfig config;
-    QVERIFY(config.setStorage(kProduct + QStringLiteral("\\Firmware Rev Bounds")) != 1);
-    QCOMPARE(config.setStorage(kProduct), 1);
-    for (const char* flag : {"ManualPowerMode", "EnableQDL3", "EnableTempComp"})
-        QCOMPARE(config.getValue(QLatin1String(flag), 0), 0);
 }
 
 void TestRegistryConfig::everyCommentedDefaultCanBeTurnedOn()
 {
-    QFile file(programFolder() + QStringLiteral("/pelorin.reg"));
-    QVERIFY(file.open(QIODevice::ReadOnly));
-    QByteArray content = file.readAll();
+    QByteArray content = contentOf(installed("pelorin.reg"));
     content.replace("\n;\"", "\n\"").replace("\n;[", "\n[");
-    QVERIFY(useSettings(content));
+    const QString path = m_folder->filePath(QStringLiteral("all.reg"));
+    QVERIFY(putContent(path, content) && use(path));
 
-    QVERIFY(!RegistryFile::read(registryFilePath()).damage());
     RegistryConfig config;
-    QCOMPARE(config.setStorage(kProduct + QStringLiteral("\\Firmware Rev Bounds")), 1);
+    QCOMPARE(config.setStorage(kBounds), 1);
     QCOMPARE(config.getValue(QStringLiteral("Type2High"), 0), 0x3F);
     QCOMPARE(config.setStorage(kProduct + QStringLiteral("\\Package Parameters\\Package0")), 1);
     QCOMPARE(config.getValue(QStringLiteral("SEDistance"), QString()), QStringLiteral("50.8"));
@@ -221,20 +188,16 @@ void TestRegistryConfig::everyCommentedDefaultCanBeTurnedOn()
 
 void TestRegistryConfig::demonstrationHasSensorsOfEveryType()
 {
-    const QString path = programFolder() + QStringLiteral("/demo.reg");
-    QVERIFY(qputenv("PELORIN_REGISTRY", path.toUtf8()));
+    QVERIFY(use(installed("demo.reg")));
     RegistryConfig config;
-    QCOMPARE(config.setStorage(kProduct), 1);
-    QCOMPARE(config.getValue(QStringLiteral("EnableQDL3"), 0), 1);
-    QCOMPARE(config.getValue(QStringLiteral("EnableTempComp"), 0), 1);
-    QCOMPARE(config.getValue(QStringLiteral("QDL3Comport"), QString()), QStringLiteral("COM96"));
-
-    QCOMPARE(config.setStorage(kProduct + QStringLiteral("\\Firmware Rev Bounds")), 1);
-    const qint32 bounds[][2] = {{16, 31}, {32, 47}, {48, 63}};
+    QCOMPARE(config.setStorage(kBounds), 1);
     for (int type = 0; type < 3; ++type) {
-        QCOMPARE(config.getValue(QStringLiteral("Type%1Low").arg(type), -1), bounds[type][0]);
-        QCOMPARE(config.getValue(QStringLiteral("Type%1High").arg(type), -1), bounds[type][1]);
+        const int low = 16 * (type + 1);
+        QCOMPARE(config.getValue(QStringLiteral("Type%1Low").arg(type), -1), low);
+        QCOMPARE(config.getValue(QStringLiteral("Type%1High").arg(type), -1), low + 15);
     }
+    QCOMPARE(config.setStorage(kProduct), 1);
+    QCOMPARE(config.getValue(QStringLiteral("QDL3Comport"), QString()), QStringLiteral("COM96"));
 }
 
 QTEST_GUILESS_MAIN(TestRegistryConfig)

@@ -14,9 +14,6 @@
 #include <algorithm>
 #include <atomic>
 #include <cerrno>
-#include <cstring>
-#include <future>
-#include <string>
 #include <thread>
 
 using namespace pelorin;
@@ -28,79 +25,53 @@ class TestTermiosOpening : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
+    void init() { Pacing::setSpeeds({1.0, 100.0, 10.0}); }
 
-    void deviceInUseIsLeftAlone();
-    void openPortIsNotTouchedByOpeningItAgain();
-    void deviceLockedByAnotherProgramIsBusy();
-    void closedDeviceIsFreeForAll();
+    void deviceInUseIsNotTouched();
+    void deviceIsLockedAgainstOtherProgramsUntilItIsClosed();
     void openDeviceIsNotPassedOnToChildren();
-
     void pathThatIsNoSerialDeviceIsRefused_data();
     void pathThatIsNoSerialDeviceIsRefused();
-    void failingStepOfOpeningIsReportedAndUndone_data();
-    void failingStepOfOpeningIsReportedAndUndone();
-
-    void vanishedDeviceIsClosedAtOnce();
     void anotherThreadMayNoticeThatTheDeviceVanished();
     void unpluggingAThousandTimesLeavesNothingOpen();
 };
 
-void TestTermiosOpening::init()
-{
-    Pacing::setSpeeds({1.0, 100.0, 10.0});
-}
-
-void TestTermiosOpening::deviceInUseIsLeftAlone()
-{
-    PseudoTerminal terminal;
-    TermiosComPort port(terminal.path());
-    QCOMPARE(port.open(), 0);
-    QCOMPARE(port.setLine({38400, 'N', 8, 1}), 0);
-    QVERIFY(terminal.send("0000A5F0\r"));
-    QCOMPARE(readBytes(port, 1), QByteArray("0"));
-
-    TermiosComPort other(terminal.path());
-    QCOMPARE(other.open(), EBUSY);
-    QCOMPARE(terminal.speed(), 38400);
-    QVERIFY(terminal.isExclusive());
-    QCOMPARE(readBytes(port, 1), QByteArray("0"));
-}
-
-void TestTermiosOpening::openPortIsNotTouchedByOpeningItAgain()
+void TestTermiosOpening::deviceInUseIsNotTouched()
 {
     PseudoTerminal terminal;
     FaultyCalls calls;
     TermiosComPort port(terminal.path(), calls.table());
     QCOMPARE(port.open(), 0);
+    QCOMPARE(port.setLine({38400, 'N', 8, 1}), 0);
+    QVERIFY(terminal.send("0000A5F0\r"));
+    QCOMPARE(readBytes(port, 1), std::string("0"));
+
+    TermiosComPort other(terminal.path());
+    QCOMPARE(other.open(), EBUSY);
+    QCOMPARE(terminal.speed(), 38400);
+    QCOMPARE(readBytes(port, 1), std::string("0"));
 
     calls.made.clear(); // the system would raise RTS, refused or not
     QCOMPARE(port.open(), EBUSY);
     QVERIFY(calls.made.empty());
 }
 
-void TestTermiosOpening::deviceLockedByAnotherProgramIsBusy()
+void TestTermiosOpening::deviceIsLockedAgainstOtherProgramsUntilItIsClosed()
 {
     PseudoTerminal terminal;
+    TermiosComPort port(terminal.path());
     const int other = ::open(terminal.path().c_str(), O_RDWR | O_NOCTTY | O_CLOEXEC);
     QCOMPARE(flock(other, LOCK_EX | LOCK_NB), 0);
-
-    TermiosComPort port(terminal.path());
     QCOMPARE(port.open(), EBUSY);
-    ::close(other);
-    QCOMPARE(port.open(), 0);
-}
-
-void TestTermiosOpening::closedDeviceIsFreeForAll()
-{
-    PseudoTerminal terminal;
-    TermiosComPort port(terminal.path());
-    QCOMPARE(port.open(), 0);
-    QVERIFY(terminal.isExclusive());
-    port.close();
     QVERIFY(!terminal.isExclusive());
 
-    const int other = ::open(terminal.path().c_str(), O_RDWR | O_NOCTTY | O_CLOEXEC);
+    QCOMPARE(flock(other, LOCK_UN), 0);
+    QCOMPARE(port.open(), 0);
+    QVERIFY(terminal.isExclusive());
+    QCOMPARE(flock(other, LOCK_EX | LOCK_NB), -1);
+
+    port.close();
+    QVERIFY(!terminal.isExclusive());
     QCOMPARE(flock(other, LOCK_EX | LOCK_NB), 0);
     ::close(other);
 }
@@ -139,67 +110,6 @@ void TestTermiosOpening::pathThatIsNoSerialDeviceIsRefused()
     QCOMPARE(port.open(), error);
     QVERIFY(!port.isOpen());
     QCOMPARE(countOpenDescriptors(), before);
-}
-
-void TestTermiosOpening::failingStepOfOpeningIsReportedAndUndone_data()
-{
-    QTest::addColumn<int>("step");
-    QTest::addColumn<int>("error");
-    QTest::addColumn<int>("reported");
-
-    PseudoTerminal terminal;
-    FaultyCalls calls;
-    TermiosComPort port(terminal.path(), calls.table());
-    QCOMPARE(port.open(), 0);
-    QVERIFY(calls.made.size() > 8);
-    for (std::size_t step = 0; step < calls.made.size(); ++step) {
-        const auto& name = calls.made[step];
-        for (const int error : {EINTR, EAGAIN, EACCES, EBUSY, EIO, ENXIO, ENODEV, ENOENT, ENOTTY,
-                                EINVAL, EPERM, ENOMEM, EMFILE, ENFILE}) {
-            int reported = error == EIO || error == ENXIO ? ENODEV : error;
-            if (name == "flock" && error == EWOULDBLOCK)
-                reported = EBUSY;
-            const bool hasNoModemLines = name == "TIOCMBIS" && (error == ENOTTY || error == EINVAL);
-            if (error == EINTR || hasNoModemLines)
-                reported = 0;
-            QTest::addRow("step %zu, %s: %s", step, name.c_str(), strerrorname_np(error))
-                << static_cast<int>(step) << error << reported;
-        }
-    }
-}
-
-void TestTermiosOpening::failingStepOfOpeningIsReportedAndUndone()
-{
-    QFETCH(int, step);
-    QFETCH(int, error);
-    QFETCH(int, reported);
-    PseudoTerminal terminal;
-    FaultyCalls calls;
-    TermiosComPort port(terminal.path(), calls.table());
-    const int before = countOpenDescriptors();
-
-    calls.before = [&](const std::string&) { return step-- == 0 ? error : 0; };
-    QCOMPARE(port.open(), reported);
-    QCOMPARE(port.isOpen(), reported == 0);
-    port.close();
-    QCOMPARE(countOpenDescriptors(), before);
-    QVERIFY(!terminal.isExclusive());
-
-    QCOMPARE(port.open(), 0);
-    QVERIFY(terminal.send("V"));
-    QCOMPARE(readBytes(port, 1), QByteArray("V"));
-}
-
-void TestTermiosOpening::vanishedDeviceIsClosedAtOnce()
-{
-    PseudoTerminal terminal;
-    TermiosComPort port(terminal.path());
-    QCOMPARE(port.open(), 0);
-    terminal.unplug();
-
-    const int before = countOpenDescriptors();
-    QCOMPARE(port.read().error, ENODEV);
-    QCOMPARE(countOpenDescriptors(), before - 2); // the device, and the event that ends a wait
 }
 
 void TestTermiosOpening::anotherThreadMayNoticeThatTheDeviceVanished()
@@ -241,9 +151,10 @@ void TestTermiosOpening::unpluggingAThousandTimesLeavesNothingOpen()
         QVERIFY(terminal.plugIn());
         QCOMPARE(port.open(), 0);
         QVERIFY(terminal.send("V"));
-        QCOMPARE(readBytes(port, 1), QByteArray("V"));
+        QCOMPARE(readBytes(port, 1), std::string("V"));
         terminal.unplug();
         QCOMPARE(cycle % 2 == 0 ? port.write("VA\r").error : port.read().error, ENODEV);
+        QCOMPARE(countOpenDescriptors(), before); // the dead device is closed at once
         QVERIFY(port.open() != 0);
         QCOMPARE(countOpenDescriptors(), before);
     }

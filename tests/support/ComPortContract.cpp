@@ -7,7 +7,6 @@
 #include <QTest>
 
 #include <cerrno>
-#include <future>
 #include <map>
 #include <thread>
 
@@ -20,47 +19,33 @@ using namespace std::chrono_literals;
 constexpr LineSettings kParameterLine = {4800, 'N', 8, 1};
 constexpr LineSettings kStreamLine = {38400, 'N', 8, 1};
 
-/// Longer than any test may take, on the faster clock too.
-constexpr ComPort::Timeouts kLongTimeouts = {100, 1, 300'000, 1, 300'000};
-
-QByteArray receive(ComPortPeer& peer, std::size_t count)
-{
-    return QByteArray::fromStdString(peer.receive(count));
-}
-
-/// Every operation of an open port, by name, and the error that it ends with.
-const std::map<std::string, int (*)(ComPort&)>& operations()
-{
-    static const std::map<std::string, int (*)(ComPort&)> table = {
-        {"read", [](ComPort& port) { return port.read().error; }},
-        {"write", [](ComPort& port) { return port.write("PROG\r").error; }},
-        {"purge", [](ComPort& port) { return port.purge(ComPort::Purge::Both); }},
-        {"setLine", [](ComPort& port) { return port.setLine(kStreamLine); }},
-        {"setRts", [](ComPort& port) { return port.setRts(true); }},
-    };
-    return table;
-}
+/// Every operation of an open port that needs its device, and the error that it ends with.
+const std::map<std::string, int (*)(ComPort&)> kOperations = {
+    {"read", [](ComPort& port) { return port.read().error; }},
+    {"write", [](ComPort& port) { return port.write("PROG\r").error; }},
+    {"purge", [](ComPort& port) { return port.purge(ComPort::Purge::Both); }},
+    {"setLine", [](ComPort& port) { return port.setLine(kStreamLine); }},
+    {"setRts", [](ComPort& port) { return port.setRts(true); }},
+};
 
 /// The name of the first operation that ends otherwise; empty if none does.
 std::string firstNotFailingWith(int error, ComPort& port)
 {
-    for (const auto& [name, operation] : operations()) {
+    for (const auto& [name, operation] : kOperations) {
         if (operation(port) != error)
             return name;
     }
     if (port.setTimeouts({}) != error)
         return "setTimeouts";
-    if (port.setQueueSizes(128, 128) != error)
-        return "setQueueSizes";
-    return {};
+    return port.setQueueSizes(128, 128) != error ? "setQueueSizes" : std::string();
 }
 
 } // namespace
 
-QByteArray readBytes(ComPort& port, int count)
+std::string readBytes(ComPort& port, std::size_t count)
 {
     const QDeadlineTimer deadline(5s);
-    QByteArray bytes;
+    std::string bytes;
     ComPort::ReadResult result;
     while (bytes.size() < count && result.error == 0 && !deadline.hasExpired()) {
         result = port.read();
@@ -73,60 +58,52 @@ QByteArray readBytes(ComPort& port, int count)
 void ComPortContract::init()
 {
     Pacing::setSpeeds({1.0, 100.0, 10.0});
+    m_peer = makePeer();
+    m_port = m_peer->makePort();
+    QCOMPARE(m_port->open(), 0);
 }
 
-void ComPortContract::cleanupTestCase()
+void ComPortContract::cleanup()
 {
-    Pacing::setSpeeds({});
+    m_port.reset();
+    m_peer.reset();
 }
 
-void ComPortContract::everyByteValuePassesUnchangedBothWays()
+/// Reads a byte on another thread, for longer than any test may take.
+std::future<ComPort::ReadResult> ComPortContract::startReading()
 {
-    QByteArray allValues;
+    if (m_port->setTimeouts({100, 1, 300'000, 1, 300'000}) != 0)
+        qWarning("The time limits were refused");
+    return std::async(std::launch::async, [this] { return m_port->read(); });
+}
+
+void ComPortContract::everyByteValuePassesUnchangedAtEverySpeed()
+{
+    std::string allValues;
     for (int value = 0; value < 256; ++value)
         allValues += static_cast<char>(value);
-    const auto peer = makePeer();
-    const auto port = peer->makePort();
-    QCOMPARE(port->open(), 0);
-
-    peer->send(allValues.toStdString());
-    QCOMPARE(readBytes(*port, 256), allValues);
-
-    const auto result = port->write(allValues.toStdString());
-    QCOMPARE(result.error, 0);
-    QCOMPARE(result.written, 256);
-    QCOMPARE(receive(*peer, 256), allValues);
-}
-
-void ComPortContract::bytesPassAfterEveryChangeOfSpeed()
-{
-    const auto peer = makePeer();
-    const auto port = peer->makePort();
-    QCOMPARE(port->open(), 0);
-    QCOMPARE(port->setTimeouts({}), 0);
-    QCOMPARE(port->setQueueSizes(128, 128), 0);
+    QCOMPARE(m_port->setTimeouts({}), 0);
+    QCOMPARE(m_port->setQueueSizes(128, 128), 0);
 
     for (const auto& line : {kParameterLine, kStreamLine, kParameterLine}) {
-        QCOMPARE(port->setLine(line), 0);
-        peer->send("0000A5F0\r");
-        QCOMPARE(readBytes(*port, 9), QByteArray("0000A5F0\r"));
-        QCOMPARE(port->write("VA\r").written, 3);
-        QCOMPARE(receive(*peer, 3), QByteArray("VA\r"));
+        QCOMPARE(m_port->setLine(line), 0);
+        m_peer->send(allValues);
+        QCOMPARE(readBytes(*m_port, 256), allValues);
+        const auto result = m_port->write(allValues);
+        QCOMPARE(result.error, 0);
+        QCOMPARE(result.written, 256);
+        QCOMPARE(m_peer->receive(256), allValues);
     }
 }
 
 void ComPortContract::silentReadGivesNothingInTime()
 {
-    const auto peer = makePeer();
-    const auto port = peer->makePort();
-    QCOMPARE(port->open(), 0);
-
     // A loaded machine may be late now and then, but never early.
     qint64 shortest = 1000;
     for (int attempt = 0; attempt < 5 && shortest > 150; ++attempt) {
         QElapsedTimer timer;
         timer.start();
-        const auto result = port->read();
+        const auto result = m_port->read();
         const qint64 elapsed = timer.elapsed();
         QCOMPARE(result.error, 0);
         QVERIFY(!result.received);
@@ -138,14 +115,9 @@ void ComPortContract::silentReadGivesNothingInTime()
 
 void ComPortContract::byteThatComesWhileAReadWaitsIsReadAtOnce()
 {
-    const auto peer = makePeer();
-    const auto port = peer->makePort();
-    QCOMPARE(port->open(), 0);
-    QCOMPARE(port->setTimeouts(kLongTimeouts), 0);
-
-    auto reading = std::async(std::launch::async, [&port] { return port->read(); });
+    auto reading = startReading();
     std::this_thread::sleep_for(10ms);
-    peer->send("\r");
+    m_peer->send("\r");
 
     QCOMPARE(reading.wait_for(10s), std::future_status::ready);
     const auto result = reading.get();
@@ -153,59 +125,52 @@ void ComPortContract::byteThatComesWhileAReadWaitsIsReadAtOnce()
     QCOMPARE(result.byte, '\r');
 }
 
+void ComPortContract::lineCanBeSetWhileAReadWaits()
+{
+    auto reading = startReading();
+    for (int change = 0; change < 20; ++change) {
+        QCOMPARE(m_port->setLine(change % 2 == 0 ? kStreamLine : kParameterLine), 0);
+        QVERIFY(m_port->setRts(false) != ENODEV);
+    }
+    m_peer->send("4");
+
+    QCOMPARE(reading.wait_for(10s), std::future_status::ready);
+    QCOMPARE(reading.get().byte, '4');
+}
+
 void ComPortContract::interruptEndsARunningRead()
 {
-    const auto peer = makePeer();
-    const auto port = peer->makePort();
     for (const auto delay : {0ms, 1ms, 20ms}) {
-        QCOMPARE(port->open(), 0);
-        QCOMPARE(port->setTimeouts(kLongTimeouts), 0);
-
-        auto reading = std::async(std::launch::async, [&port] { return port->read(); });
+        auto reading = startReading();
         std::this_thread::sleep_for(delay); // before, into and within the wait
-        port->interrupt();
+        m_port->interrupt();
 
         QCOMPARE(reading.wait_for(10s), std::future_status::ready);
         const auto result = reading.get();
         QCOMPARE(result.error, ECANCELED);
         QVERIFY(!result.received);
-        port->close();
+        m_port->close();
+        QCOMPARE(m_port->open(), 0);
     }
 }
 
 void ComPortContract::interruptedPortTransfersNothingUntilItIsClosed()
 {
-    const auto peer = makePeer();
-    const auto port = peer->makePort();
-    QCOMPARE(port->open(), 0);
-    peer->send("A");
-    QCOMPARE(readBytes(*port, 1), QByteArray("A"));
-
-    port->interrupt();
-    peer->send("B");
+    m_port->interrupt();
+    m_peer->send("B");
     for (int attempt = 0; attempt < 3; ++attempt) {
-        QCOMPARE(port->read().error, ECANCELED);
-        const auto result = port->write("lost");
+        QCOMPARE(m_port->read().error, ECANCELED);
+        const auto result = m_port->write("lost");
         QCOMPARE(result.error, ECANCELED);
         QCOMPARE(result.written, 0);
     }
-    QVERIFY(port->isOpen());
+    QVERIFY(m_port->isOpen());
 
-    port->close();
-    QCOMPARE(port->open(), 0);
-    QCOMPARE(port->write("kept").written, 4);
-    QCOMPARE(receive(*peer, 4), QByteArray("kept"));
-}
-
-void ComPortContract::interruptOfAClosedPortDoesNothing()
-{
-    const auto peer = makePeer();
-    const auto port = peer->makePort();
-    port->interrupt();
-
-    QCOMPARE(port->open(), 0);
-    peer->send("V");
-    QCOMPARE(readBytes(*port, 1), QByteArray("V"));
+    m_port->close();
+    m_port->interrupt(); // of a closed port: nothing
+    QCOMPARE(m_port->open(), 0);
+    QCOMPARE(m_port->write("kept").written, 4);
+    QCOMPARE(m_peer->receive(4), std::string("kept"));
 }
 
 void ComPortContract::purgeDiscardsWhatWasReceived_data()
@@ -218,144 +183,91 @@ void ComPortContract::purgeDiscardsWhatWasReceived_data()
 void ComPortContract::purgeDiscardsWhatWasReceived()
 {
     QFETCH(bool, both);
-    const auto peer = makePeer();
-    const auto port = peer->makePort();
-    QCOMPARE(port->open(), 0);
-    peer->send("stale\r");
-    QCOMPARE(readBytes(*port, 1), QByteArray("s"));
+    m_peer->send("stale\r");
+    QCOMPARE(readBytes(*m_port, 1), std::string("s"));
 
-    QCOMPARE(port->purge(both ? ComPort::Purge::Both : ComPort::Purge::Receive), 0);
-    QVERIFY(!port->read().received);
+    QCOMPARE(m_port->purge(both ? ComPort::Purge::Both : ComPort::Purge::Receive), 0);
+    QVERIFY(!m_port->read().received);
 
-    peer->send("fresh\r");
-    QCOMPARE(readBytes(*port, 6), QByteArray("fresh\r"));
+    m_peer->send("fresh\r");
+    QCOMPARE(readBytes(*m_port, 6), std::string("fresh\r"));
 }
 
 void ComPortContract::completedWriteSurvivesAPurge()
 {
-    const auto peer = makePeer();
-    const auto port = peer->makePort();
-    QCOMPARE(port->open(), 0);
-
-    QByteArray sent;
+    std::string sent;
     for (int frame = 0; frame < 20; ++frame) {
-        const QByteArray bytes = "N" + QByteArray::number(10 + frame) + '\r';
-        QCOMPARE(port->write(bytes.toStdString()).written, 4);
-        QCOMPARE(port->purge(ComPort::Purge::Both), 0);
+        const std::string bytes = "N" + std::to_string(10 + frame) + '\r';
+        QCOMPARE(m_port->write(bytes).written, 4);
+        QCOMPARE(m_port->purge(ComPort::Purge::Both), 0);
         sent += bytes;
     }
-    QCOMPARE(receive(*peer, 80), sent);
+    QCOMPARE(m_peer->receive(80), sent);
 }
 
 void ComPortContract::everythingOnAClosedPortFails()
 {
-    const auto peer = makePeer();
-    const auto port = peer->makePort();
-    QVERIFY(!port->isOpen());
-    QCOMPARE(firstNotFailingWith(EBADF, *port), std::string());
+    const auto other = m_peer->makePort();
+    QVERIFY(!other->isOpen());
+    QCOMPARE(firstNotFailingWith(EBADF, *other), std::string());
 
-    QCOMPARE(port->open(), 0);
-    QVERIFY(port->isOpen());
-    port->close();
-    QVERIFY(!port->isOpen());
-    QCOMPARE(firstNotFailingWith(EBADF, *port), std::string());
-    port->close();
-}
-
-void ComPortContract::closedPortCanBeOpenedAgain()
-{
-    const auto peer = makePeer();
-    const auto port = peer->makePort();
-    for (int round = 0; round < 3; ++round) {
-        QCOMPARE(port->open(), 0);
-        peer->send("0A1234\r");
-        QCOMPARE(readBytes(*port, 7), QByteArray("0A1234\r"));
-        port->close();
-    }
+    QVERIFY(m_port->isOpen());
+    m_port->close();
+    QVERIFY(!m_port->isOpen());
+    QCOMPARE(firstNotFailingWith(EBADF, *m_port), std::string());
+    m_port->close();
 }
 
 void ComPortContract::openPortKeepsEveryOtherOut()
 {
-    const auto peer = makePeer();
-    const auto port = peer->makePort();
-    const auto other = peer->makePort();
-    QCOMPARE(port->open(), 0);
-
+    const auto other = m_peer->makePort();
     QCOMPARE(other->open(), EBUSY);
     QVERIFY(!other->isOpen());
-    QCOMPARE(port->open(), EBUSY);
-    QVERIFY(port->isOpen());
-    QCOMPARE(port->write("VA\r").written, 3);
-    QCOMPARE(receive(*peer, 3), QByteArray("VA\r"));
+    QCOMPARE(m_port->open(), EBUSY);
+    QVERIFY(m_port->isOpen());
+    QCOMPARE(m_port->write("VA\r").written, 3);
+    QCOMPARE(m_peer->receive(3), std::string("VA\r"));
 
-    port->close();
+    m_port->close();
     QCOMPARE(other->open(), 0);
 }
 
 void ComPortContract::vanishedDeviceIsReportedByWhatNoticesAndByAllThatFollows_data()
 {
     QTest::addColumn<QByteArray>("noticing");
-    for (const auto& [name, operation] : operations())
+    for (const auto& [name, operation] : kOperations)
         QTest::addRow("noticed by %s", name.c_str()) << QByteArray::fromStdString(name);
 }
 
 void ComPortContract::vanishedDeviceIsReportedByWhatNoticesAndByAllThatFollows()
 {
     QFETCH(QByteArray, noticing);
-    const auto peer = makePeer();
-    const auto port = peer->makePort();
-    QCOMPARE(port->open(), 0);
+    m_peer->vanish();
+    QCOMPARE(kOperations.at(noticing.toStdString())(*m_port), ENODEV);
+    QVERIFY(!m_port->isOpen());
+    QVERIFY(m_port->open() != 0);
+    QCOMPARE(firstNotFailingWith(ENODEV, *m_port), std::string());
 
-    peer->vanish();
-    QCOMPARE(operations().at(noticing.toStdString())(*port), ENODEV);
-    QVERIFY(!port->isOpen());
-    QCOMPARE(firstNotFailingWith(ENODEV, *port), std::string());
-    QVERIFY(port->open() != 0);
-    QCOMPARE(firstNotFailingWith(ENODEV, *port), std::string());
+    m_peer->comeBack();
+    QCOMPARE(m_port->read().error, ENODEV);
+    QCOMPARE(m_port->open(), 0);
+    QCOMPARE(m_port->write("VA\r").written, 3);
+    QCOMPARE(m_peer->receive(3), std::string("VA\r"));
 
-    peer->comeBack();
-    QCOMPARE(port->read().error, ENODEV);
-    QCOMPARE(port->open(), 0);
-    QCOMPARE(port->write("VA\r").written, 3);
-    QCOMPARE(receive(*peer, 3), QByteArray("VA\r"));
-
-    peer->vanish();
-    port->close();
-    QCOMPARE(firstNotFailingWith(EBADF, *port), std::string());
+    m_peer->vanish();
+    m_port->close();
+    QCOMPARE(firstNotFailingWith(EBADF, *m_port), std::string());
 }
 
 void ComPortContract::vanishingEndsARunningRead()
 {
-    const auto peer = makePeer();
-    const auto port = peer->makePort();
-    QCOMPARE(port->open(), 0);
-    QCOMPARE(port->setTimeouts(kLongTimeouts), 0);
-
-    auto reading = std::async(std::launch::async, [&port] { return port->read(); });
+    auto reading = startReading();
     std::this_thread::sleep_for(10ms);
-    peer->vanish();
+    m_peer->vanish();
 
     QCOMPARE(reading.wait_for(10s), std::future_status::ready);
     QCOMPARE(reading.get().error, ENODEV);
-    QVERIFY(!port->isOpen());
-}
-
-void ComPortContract::lineCanBeSetWhileAReadWaits()
-{
-    const auto peer = makePeer();
-    const auto port = peer->makePort();
-    QCOMPARE(port->open(), 0);
-    QCOMPARE(port->setTimeouts(kLongTimeouts), 0);
-
-    auto reading = std::async(std::launch::async, [&port] { return port->read(); });
-    for (int change = 0; change < 20; ++change) {
-        QCOMPARE(port->setLine(change % 2 == 0 ? kStreamLine : kParameterLine), 0);
-        QVERIFY(port->setRts(false) != ENODEV);
-    }
-    peer->send("4");
-
-    QCOMPARE(reading.wait_for(10s), std::future_status::ready);
-    QCOMPARE(reading.get().byte, '4');
+    QVERIFY(!m_port->isOpen());
 }
 
 } // namespace pelorin
