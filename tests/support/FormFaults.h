@@ -10,10 +10,8 @@
 #include <QFile>
 #include <QLineEdit>
 #include <QPlainTextEdit>
+#include <QRegularExpression>
 #include <QStringList>
-#include <QXmlStreamReader>
-
-#include <algorithm>
 
 namespace pelorin::test {
 
@@ -28,43 +26,25 @@ struct FormControl
 /// The controls of a form in the resources; the first is the dialog itself.
 inline QList<FormControl> controlsOfForm(const QString& form)
 {
+    static const QRegularExpression name(QStringLiteral("name=\"([^\"]+)\""));
+    static const QRegularExpression id(
+        QStringLiteral("name=\"controlId\"[^>]*>\\s*<number>(\\d+)"));
+    static const QRegularExpression caption(QStringLiteral(
+        "name=\"(?:text|title|plainText|windowTitle)\"[^>]*>\\s*<string[^>]*>([^<]*)"));
     QList<FormControl> controls;
-    QList<qsizetype> open; // the widgets around the place that is read
-    QString property;
-    int depthInItem = 0; // items of a combo box or list have texts of their own
     QFile file(QStringLiteral(":/pelorin/forms/%1.ui").arg(form));
     if (!file.open(QIODevice::ReadOnly))
         return {};
-    QXmlStreamReader xml(&file);
-    while (!xml.atEnd()) {
-        xml.readNext();
-        if (xml.isStartElement()) {
-            if (xml.name() == QLatin1String("widget")) {
-                open.append(controls.size());
-                depthInItem = 0;
-                controls.append({xml.attributes().value(QLatin1String("name")).toString(), -1, {}});
-            } else if (xml.name() == QLatin1String("item")) {
-                ++depthInItem;
-            } else if (xml.name() == QLatin1String("property")) {
-                property = xml.attributes().value(QLatin1String("name")).toString();
-            } else if (xml.name() == QLatin1String("number") &&
-                       property == QLatin1String("controlId")) {
-                controls[open.last()].id = xml.readElementText().toInt();
-            } else if (xml.name() == QLatin1String("string") && depthInItem == 0 &&
-                       QStringList{QStringLiteral("text"), QStringLiteral("title"),
-                                   QStringLiteral("plainText"), QStringLiteral("windowTitle")}
-                           .contains(property)) {
-                controls[open.last()].caption = xml.readElementText();
-            }
-        } else if (xml.isEndElement()) {
-            if (xml.name() == QLatin1String("widget")) {
-                open.removeLast();
-            } else if (xml.name() == QLatin1String("item") && depthInItem > 0) {
-                --depthInItem;
-            }
-        }
+    const auto widgets = QString::fromUtf8(file.readAll()).split(QStringLiteral("<widget ")).mid(1);
+    for (const QString& widget : widgets) {
+        // Up to its layout or list, whose items have texts of their own.
+        const QString own = widget.section(QStringLiteral("<item"), 0, 0);
+        const auto idMatch = id.match(own);
+        controls.append({name.match(own).captured(1),
+                         idMatch.hasMatch() ? idMatch.captured(1).toInt() : -1,
+                         caption.match(own).captured(1)});
     }
-    return xml.hasError() ? QList<FormControl>() : controls;
+    return controls;
 }
 
 inline QString captionOf(const QWidget& control)

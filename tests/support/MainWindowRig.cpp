@@ -3,6 +3,7 @@
 #include "pages/FormatRestore.h"
 #include "platform/core/Pacing.h"
 #include "simulator/SimulatedComPort.h"
+#include "support/LogLines.h"
 
 #include <QFile>
 #include <QLabel>
@@ -129,11 +130,7 @@ QString MainWindowRig::lightText()
 
 QStringList MainWindowRig::logged()
 {
-    QStringList lines;
-    const auto snapshot = m_link.commLog().snapshot();
-    for (int index = 0; index < snapshot.size(); ++index)
-        lines << snapshot.line(index);
-    return lines;
+    return logLines(m_link.commLog());
 }
 
 } // namespace pelorin::test

@@ -11,10 +11,8 @@
 #include <QString>
 
 #include <memory>
-#include <optional>
 
 class QListWidget;
-class QStatusBar;
 
 namespace pelorin::test {
 
