@@ -16,7 +16,6 @@ class TestTerminationSignals : public QObject
 private Q_SLOTS:
     void signalBecomesACallFromTheEventLoop();
     void floodOfSignalsLeavesTheInterruptedThreadAlone();
-    void signalsEndTheProgramAgainAfterwards();
 };
 
 void TestTerminationSignals::signalBecomesACallFromTheEventLoop()
@@ -49,18 +48,6 @@ void TestTerminationSignals::floodOfSignalsLeavesTheInterruptedThreadAlone()
     worker.join();
     QCOMPARE(error, ENODEV);
     QTRY_COMPARE(received.size(), 1);
-}
-
-void TestTerminationSignals::signalsEndTheProgramAgainAfterwards()
-{
-    {
-        const TerminationSignals signals;
-    }
-    for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
-        struct sigaction action = {};
-        QCOMPARE(::sigaction(signal, nullptr, &action), 0);
-        QVERIFY(action.sa_handler == SIG_DFL);
-    }
 }
 
 QTEST_GUILESS_MAIN(TestTerminationSignals)

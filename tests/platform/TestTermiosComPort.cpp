@@ -7,11 +7,10 @@
 
 #include <fcntl.h>
 #include <sys/ioctl.h>
-#include <sys/syscall.h>
+#include <sys/time.h>
 #include <unistd.h>
 
 #include <csignal>
-#include <ctime>
 
 using namespace pelorin;
 using namespace std::chrono_literals;
@@ -36,7 +35,7 @@ private:
     PseudoTerminal m_terminal;
 };
 
-/// Interrupts the system calls of the thread that makes it, every millisecond.
+/// Interrupts the system calls of the main thread every millisecond.
 class SignalStorm
 {
 public:
@@ -44,27 +43,19 @@ public:
     {
         struct sigaction action = {};
         action.sa_handler = [](int) {};
-        sigaction(SIGUSR2, &action, &m_former); // without SA_RESTART
-
-        sigevent event = {};
-        event.sigev_notify = SIGEV_THREAD_ID;
-        event.sigev_signo = SIGUSR2;
-        event._sigev_un._tid = static_cast<pid_t>(syscall(SYS_gettid));
-        timer_create(CLOCK_MONOTONIC, &event, &m_timer);
-        const itimerspec period = {{0, 1'000'000}, {0, 1'000'000}};
-        timer_settime(m_timer, 0, &period, nullptr);
+        sigaction(SIGALRM, &action, nullptr); // without SA_RESTART
+        setPeriod(1000);
     }
     SignalStorm(const SignalStorm&) = delete;
     SignalStorm& operator=(const SignalStorm&) = delete;
-    ~SignalStorm()
-    {
-        timer_delete(m_timer);
-        sigaction(SIGUSR2, &m_former, nullptr);
-    }
+    ~SignalStorm() { setPeriod(0); }
 
 private:
-    timer_t m_timer{};
-    struct sigaction m_former = {};
+    static void setPeriod(suseconds_t microseconds)
+    {
+        const itimerval timer = {{0, microseconds}, {0, microseconds}};
+        setitimer(ITIMER_REAL, &timer, nullptr);
+    }
 };
 
 } // namespace
