@@ -55,6 +55,7 @@ private Q_SLOTS:
     void silentSensorIsTriedTwice();
     void replyIsTakenWholeOrNotAtAll_data();
     void replyIsTakenWholeOrNotAtAll();
+    void lateReplyIsNotTakenForTheNextOne();
     void writeFrameCarriesIdAndValue_data();
     void writeFrameCarriesIdAndValue();
     void vanishedPortIsReportedAndLogged();
@@ -155,6 +156,16 @@ void TestSensorProtocol::replyIsTakenWholeOrNotAtAll()
     if (taken)
         QCOMPARE(*reply, text);
     QCOMPARE(logged().back(), lastLine);
+}
+
+void TestSensorProtocol::lateReplyIsNotTakenForTheNextOne()
+{
+    QVERIFY(m_protocol->connect());
+    m_sensor->setParameter('F', "222222");
+    Pacing::setSpeeds({100, 1e9, 10}); // what has begun to come is there
+    QCOMPARE(m_port->write("VA\r").written, 3);
+    QVERIFY(m_port->read().received);
+    QCOMPARE(m_protocol->readParameter('F'), QByteArray("222222"));
 }
 
 void TestSensorProtocol::writeFrameCarriesIdAndValue_data()
