@@ -3,9 +3,8 @@
 #include "backup/BackupFile.h"
 #include "link/SensorLink.h"
 #include "platform/core/LanguageStrings.h"
+#include "platform/ui/FileChooser.h"
 #include "platform/ui/MessageBox.h"
-
-#include <QFileDialog>
 
 namespace pelorin {
 
@@ -25,12 +24,9 @@ constexpr int kNothingSavedText = 1328;
 QString askForPath(QWidget& window, Mode mode)
 {
     const bool backup = mode == Mode::Backup;
-    QFileDialog dialog(&window, languageString(backup ? kSaveTitle : kRestoreTitle), QString(),
-                       languageString(kFilterText));
-    dialog.setAcceptMode(backup ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
-    dialog.setFileMode(backup ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
-    dialog.setDefaultSuffix(QStringLiteral("dat"));
-    return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
+    return chooseFile(&window, backup ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen,
+                      languageString(backup ? kSaveTitle : kRestoreTitle),
+                      languageString(kFilterText), QStringLiteral("dat"));
 }
 
 void report(QWidget& window, const QString& text)

@@ -4,11 +4,11 @@
 #include "pages/CommLogFile.h"
 #include "pages/CommLogModel.h"
 #include "platform/core/LanguageStrings.h"
+#include "platform/ui/FileChooser.h"
 #include "platform/ui/MessageBox.h"
 
 #include <QAction>
 #include <QClipboard>
-#include <QFileDialog>
 #include <QFontDatabase>
 #include <QGuiApplication>
 #include <QListView>
@@ -58,18 +58,6 @@ public:
 private:
     const CommLogModel& m_model;
 };
-
-/// Has the user choose where to save.
-/// @return the path, empty if the user gives up
-QString chooseFile(QWidget* parent)
-{
-    QFileDialog dialog(parent, languageString(kSaveText), QString(),
-                       languageString(kFileFilterText));
-    dialog.setAcceptMode(QFileDialog::AcceptSave);
-    dialog.setFileMode(QFileDialog::AnyFile);
-    dialog.setDefaultSuffix(QStringLiteral("txt"));
-    return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
-}
 
 } // namespace
 
@@ -143,7 +131,8 @@ void CommLogPage::copySelectedLines() const
 void CommLogPage::saveToDisk()
 {
     const CommLog::Snapshot shown = m_model->lines();
-    const QString path = chooseFile(window());
+    const QString path = chooseFile(window(), QFileDialog::AcceptSave, languageString(kSaveText),
+                                    languageString(kFileFilterText), QStringLiteral("txt"));
     if (path.isEmpty())
         return;
     using Outcome = CommLogSaving::Outcome;

@@ -4,11 +4,11 @@
 #include "platform/core/LanguageStrings.h"
 #include "platform/ui/CellEditor.h"
 #include "platform/ui/ColumnWidths.h"
+#include "platform/ui/FileChooser.h"
 #include "platform/ui/MessageBox.h"
 #include "tempcomp/LookupTableFile.h"
 
 #include <QAbstractButton>
-#include <QFileDialog>
 #include <QHeaderView>
 #include <QTableWidget>
 
@@ -78,17 +78,10 @@ void setHeaders(QTableWidget& list, const QStringList& headers)
 
 /// Has the user choose a lookup-table file.
 /// @return its path, empty if the user cancels
-QString chooseFile(QWidget* parent, int captionText, QFileDialog::AcceptMode acceptMode,
-                   QFileDialog::FileMode fileMode)
+QString chooseTable(QWidget* parent, int captionText, QFileDialog::AcceptMode acceptMode)
 {
-    QFileDialog dialog(parent, languageString(captionText), QString(),
-                       languageString(kFileFilterText));
-    dialog.setAcceptMode(acceptMode);
-    dialog.setFileMode(fileMode);
-    dialog.setDefaultSuffix(QStringLiteral("csv"));
-    if (dialog.exec() != QDialog::Accepted)
-        return {};
-    return dialog.selectedFiles().value(0);
+    return chooseFile(parent, acceptMode, languageString(captionText),
+                      languageString(kFileFilterText), QStringLiteral("csv"));
 }
 
 /// Why a file was not written or read, in the user's words; empty if it was.
@@ -170,8 +163,7 @@ void TempCompDataPage::translate()
 void TempCompDataPage::writeToFile()
 {
     m_editor->commit();
-    const QString path =
-        chooseFile(window(), kWriteToFileText, QFileDialog::AcceptSave, QFileDialog::AnyFile);
+    const QString path = chooseTable(window(), kWriteToFileText, QFileDialog::AcceptSave);
     if (path.isEmpty())
         return;
     const CompensationTable table = lookupTable();
@@ -185,8 +177,7 @@ void TempCompDataPage::writeToFile()
 
 void TempCompDataPage::readFromFile()
 {
-    const QString path =
-        chooseFile(window(), kReadFromFileText, QFileDialog::AcceptOpen, QFileDialog::ExistingFile);
+    const QString path = chooseTable(window(), kReadFromFileText, QFileDialog::AcceptOpen);
     if (path.isEmpty())
         return;
     CompensationTable table;
