@@ -118,6 +118,14 @@ bool MainWindowRig::clickCommand(int command)
     return false;
 }
 
+QString MainWindowRig::frames()
+{
+    QStringList frames;
+    for (const std::string& frame : m_sensor->takeReceivedFrames())
+        frames << QString::fromStdString(frame);
+    return frames.join(QLatin1Char(' '));
+}
+
 QString MainWindowRig::statusText()
 {
     return m_window->findChild<QLabel*>(QStringLiteral("messagePane"))->text();

@@ -57,6 +57,9 @@ public:
     /// Opens the menu that has the command and clicks its item. @return false if it is greyed
     [[nodiscard]] bool clickCommand(int command);
 
+    /// What the sensor has received since the last call, blanks between the frames.
+    [[nodiscard]] QString frames();
+
     [[nodiscard]] QString statusText();
     /// What the light says, in words.
     [[nodiscard]] QString lightText();
