@@ -935,8 +935,8 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <translation>The sensor has no valid resolution, so its offset is not known. Nothing was written.</translation>
     </message>
     <message id="1300">
-        <source>The sensor's parameters have not been read completely since this page was shown or the connection was lost. Read them again before you apply changes.</source>
-        <translation>The sensor's parameters have not been read completely since this page was shown or the connection was lost. Read them again before you apply changes.</translation>
+        <source>The sensor's parameters have not been read completely since this page was shown, the connection was lost or manual communications were used. Read them again before you apply changes.</source>
+        <translation>The sensor's parameters have not been read completely since this page was shown, the connection was lost or manual communications were used. Read them again before you apply changes.</translation>
     </message>
     <message id="1301">
         <source>The resolution read from the sensor is 0. Nothing was written.</source>

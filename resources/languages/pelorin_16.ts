@@ -935,8 +935,8 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <translation>Il sensore non ha una risoluzione valida, quindi il suo offset non è noto. Non è stato scritto nulla.</translation>
     </message>
     <message id="1300">
-        <source>The sensor's parameters have not been read completely since this page was shown or the connection was lost. Read them again before you apply changes.</source>
-        <translation>I parametri del sensore non sono stati letti completamente da quando è stata mostrata questa pagina o è andata persa la connessione. Leggerli di nuovo prima di applicare modifiche.</translation>
+        <source>The sensor's parameters have not been read completely since this page was shown, the connection was lost or manual communications were used. Read them again before you apply changes.</source>
+        <translation>I parametri del sensore non sono stati letti completamente da quando è stata mostrata questa pagina, è andata persa la connessione o è stata usata la comunicazione manuale. Leggerli di nuovo prima di applicare modifiche.</translation>
     </message>
     <message id="1301">
         <source>The resolution read from the sensor is 0. Nothing was written.</source>

@@ -935,8 +935,8 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <translation>Der Sensor hat keine gültige Auflösung, daher ist sein Offset nicht bekannt. Es wurde nichts geschrieben.</translation>
     </message>
     <message id="1300">
-        <source>The sensor's parameters have not been read completely since this page was shown or the connection was lost. Read them again before you apply changes.</source>
-        <translation>Die Parameter des Sensors wurden nicht vollständig gelesen, seit diese Seite gezeigt wurde oder die Verbindung verloren ging. Lesen Sie sie erneut, bevor Sie Änderungen übernehmen.</translation>
+        <source>The sensor's parameters have not been read completely since this page was shown, the connection was lost or manual communications were used. Read them again before you apply changes.</source>
+        <translation>Die Parameter des Sensors wurden nicht vollständig gelesen, seit diese Seite gezeigt wurde, die Verbindung verloren ging oder die manuelle Kommunikation benutzt wurde. Lesen Sie sie erneut, bevor Sie Änderungen übernehmen.</translation>
     </message>
     <message id="1301">
         <source>The resolution read from the sensor is 0. Nothing was written.</source>

@@ -935,8 +935,8 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <translation>Le capteur n'a pas de résolution valide ; son décalage n'est donc pas connu. Rien n'a été écrit.</translation>
     </message>
     <message id="1300">
-        <source>The sensor's parameters have not been read completely since this page was shown or the connection was lost. Read them again before you apply changes.</source>
-        <translation>Les paramètres du capteur n'ont pas été lus entièrement depuis l'affichage de cette page ou la perte de la connexion. Relisez-les avant d'appliquer des modifications.</translation>
+        <source>The sensor's parameters have not been read completely since this page was shown, the connection was lost or manual communications were used. Read them again before you apply changes.</source>
+        <translation>Les paramètres du capteur n'ont pas été lus entièrement depuis l'affichage de cette page, la perte de la connexion ou l'emploi de la communication manuelle. Relisez-les avant d'appliquer des modifications.</translation>
     </message>
     <message id="1301">
         <source>The resolution read from the sensor is 0. Nothing was written.</source>

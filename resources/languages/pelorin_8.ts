@@ -935,8 +935,8 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <translation>El sensor no tiene una resolución válida, por lo que no se conoce su offset. No se escribió nada.</translation>
     </message>
     <message id="1300">
-        <source>The sensor's parameters have not been read completely since this page was shown or the connection was lost. Read them again before you apply changes.</source>
-        <translation>Los parámetros del sensor no se han leído por completo desde que se mostró esta página o se perdió la conexión. Vuelva a leerlos antes de aplicar cambios.</translation>
+        <source>The sensor's parameters have not been read completely since this page was shown, the connection was lost or manual communications were used. Read them again before you apply changes.</source>
+        <translation>Los parámetros del sensor no se han leído por completo desde que se mostró esta página, se perdió la conexión o se usó la comunicación manual. Vuelva a leerlos antes de aplicar cambios.</translation>
     </message>
     <message id="1301">
         <source>The resolution read from the sensor is 0. Nothing was written.</source>

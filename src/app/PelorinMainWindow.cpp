@@ -276,6 +276,8 @@ void PelorinMainWindow::communicateManually()
         return;
     ManualCommDialog(this, m_link).exec();
     m_link.setReplyTarget(this, WM_LINK_REPLY);
+    if (SensorPage* page = m_pages->shownPage())
+        page->sensorChanged();
     resumePage();
 }
 

@@ -116,6 +116,11 @@ bool FactoryParamsPage::isWriting() const
     return m_phase == Phase::Writing || m_phase == Phase::Closing;
 }
 
+void FactoryParamsPage::sensorChanged()
+{
+    m_readComplete = false;
+}
+
 char FactoryParamsPage::readParameterId() const
 {
     return kReadSequence[static_cast<std::size_t>(m_step)];
@@ -238,6 +243,7 @@ QString FactoryParamsPage::fail()
     const bool writing = isWriting();
     const char id = writing ? writeParameterId() : readParameterId();
     m_phase = Phase::Idle;
+    m_readComplete = false; // nobody knows what the sensor has got
     showBusy(0);
     setStatusText(writing ? kWriteFailedText : kReadFailedText, {parameterArgument(id)});
     if (!writing)

@@ -21,6 +21,7 @@ public:
 
     void getCurrentValues() override;
     [[nodiscard]] bool isWriting() const override;
+    void sensorChanged() override;
 
 Q_SIGNALS:
     /// Writing has ended half way. The text tells the user what had been written.

@@ -115,11 +115,9 @@ bool OutputSetupPage::isWriting() const
     return m_phase == Phase::Writing || m_phase == Phase::Closing;
 }
 
-/// A command may change the sensor behind the page.
-bool OutputSetupPage::releaseLink()
+void OutputSetupPage::sensorChanged()
 {
     m_valuesLoaded = false;
-    return false;
 }
 
 void OutputSetupPage::linkLost()

@@ -25,7 +25,7 @@ public:
 
     void getCurrentValues() override;
     [[nodiscard]] bool isWriting() const override;
-    bool releaseLink() override;
+    void sensorChanged() override;
     void linkLost() override;
 
 Q_SIGNALS:

@@ -39,6 +39,8 @@ bool SensorPage::releaseLink()
     return false;
 }
 
+void SensorPage::sensorChanged() {}
+
 void SensorPage::linkLost() {}
 
 bool SensorPage::isWriting() const

@@ -40,6 +40,10 @@ public:
     /// @return true if there was something to end; getCurrentValues starts it again
     virtual bool releaseLink();
 
+    /// A command may have changed the sensor behind the page: what the page has read is no base
+    /// any more for what it writes.
+    virtual void sensorChanged();
+
     /// The link was lost: ends what the page does with it. Called on every loss, before the link
     /// is opened again.
     virtual void linkLost();

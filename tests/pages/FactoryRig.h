@@ -11,12 +11,7 @@
 #include <QTableWidget>
 #include <QTest>
 
-#include <string>
-#include <vector>
-
 namespace pelorin::test {
-
-using Frames = std::vector<std::string>;
 
 /// The factory page in the real main window, driven as a user drives it.
 class FactoryRig : public MainWindowRig
@@ -27,11 +22,20 @@ public:
     /// Connects, shows the page and waits until it has read its values. @return false if not
     [[nodiscard]] bool show()
     {
-        return startConnected() &&
-               choosePage(pageList().row(
-                   pageList()
-                       .findItems(QStringLiteral("Factory Parameters"), Qt::MatchExactly)
-                       .value(0)));
+        constexpr int kPage = 4;
+        const bool shown = startConnected() && choosePage(kPage);
+        (void)frames();
+        return shown;
+    }
+    /// Reads the values again and waits for the end.
+    [[nodiscard]] bool refresh()
+    {
+        clickRefresh();
+        return busyBeginsAndEnds();
+    }
+    [[nodiscard]] bool busyBeginsAndEnds()
+    {
+        return QTest::qWaitFor([this] { return window().isBusy(); }) && waitIdle();
     }
 
     [[nodiscard]] QTableWidget& list()
@@ -51,12 +55,13 @@ public:
         return nullptr;
     }
     [[nodiscard]] QString value(int row) { return list().item(row, 1)->text(); }
-    [[nodiscard]] QStringList values()
+    /// All values, with bars in between.
+    [[nodiscard]] QString values()
     {
         QStringList texts;
         for (int row = 0; row < list().rowCount(); ++row)
             texts << value(row);
-        return texts;
+        return texts.join(QLatin1Char('|'));
     }
 
     void clickCell(int row, int column)
@@ -72,15 +77,21 @@ public:
         QTest::keyClicks(editor(), QString::fromUtf8(text));
         clickCell(0, 0);
     }
-    void clickApply() { QTest::mouseClick(&applyButton(), Qt::LeftButton); }
     /// Has the button enabled without changing a value.
     void touch()
     {
         clickCell(0, 1);
         clickCell(0, 0);
     }
-
-    /// Clicks Apply, which asks. @return the text of the message, null if there was none
+    void clickApply() { QTest::mouseClick(&applyButton(), Qt::LeftButton); }
+    /// Clicks Apply and waits until it has ended. @return whether it has written
+    [[nodiscard]] bool apply()
+    {
+        clickApply();
+        return busyBeginsAndEnds();
+    }
+    /// Clicks Apply, which tells why it does not write.
+    /// @return the message, or what went wrong
     [[nodiscard]] QString refusalOfApply()
     {
         QString text;
@@ -88,8 +99,11 @@ public:
             text = box.text();
             box.accept();
         });
+        (void)frames();
         clickApply();
-        return text;
+        QCoreApplication::processEvents();
+        const bool idle = !window().isBusy() && frames().isEmpty();
+        return idle ? text : QStringLiteral("written");
     }
 };
 

@@ -112,7 +112,7 @@ void TestOutputSetupFailures::failedReadLeavesThePageUsable()
 
     QVERIFY(rig.refresh());
     rig.select(kFormat, "Binary");
-    QVERIFY(!rig.page<OutputSetupPage>().releaseLink()); // as a restore of all parameters does
+    rig.page<OutputSetupPage>().sensorChanged(); // as manual communications can
     QVERIFY(rig.apply().startsWith(QLatin1String(kReadFirst)));
     QVERIFY(rig.refresh());
     rig.select(kFormat, "Binary");
