@@ -126,8 +126,8 @@ QString offsetFault(const QString& text, double resolutionMm, int multiplier)
 {
     if (encodeOffset(intlAtof(text), resolutionMm, multiplier))
         return {};
-    const double unit = resolutionMm / multiplier;
-    return numberText(kLowestOffset * unit, kHighestOffset * unit, "%.3f");
+    return numberText(kLowestOffset / multiplier * resolutionMm,
+                      kHighestOffset / multiplier * resolutionMm, "%.3f");
 }
 
 QString at(const FactoryParameters::Texts& entries, int row)

@@ -10,346 +10,207 @@
 using namespace pelorin;
 using namespace pelorin::test;
 
-using Replies = QMap<char, QByteArray>;
-
 namespace {
 
-const Replies kReplies = {{'F', "SN012345"}, {'D', "0A0519"},   {'L', "0A1250"}, {'U', "283000"},
-                          {'P', "0000A71E"}, {'A', "00000005"}, {'N', "FFFFF6"}, {'M', "081F20"},
-                          {'J', "000001"},   {'O', "00003C"}};
+constexpr int kAllRows = FactoryParameters::kRowCount;
 
-/// The parameters with some of the replies replaced.
-FactoryParameters read(const Replies& others = {})
+/// Parameters as read from a sensor, one of them with another reply.
+FactoryParameters read(char id = 0, const QByteArray& reply = {})
 {
-    Replies replies = kReplies;
-    replies.insert(others);
+    QMap<char, QByteArray> replies = {
+        {'F', "SN012345"}, {'D', "0A0519"}, {'L', "0A1250"}, {'U', "283000"}, {'P', "0000A71E"},
+        {'A', "00000005"}, {'N', "FFFFF6"}, {'M', "081F20"}, {'J', "000001"}, {'O', "00003C"}};
+    if (id != 0)
+        replies[id] = reply;
     FactoryParameters parameters;
-    for (auto reply = replies.cbegin(); reply != replies.cend(); ++reply)
-        parameters.take(reply.key(), reply.value());
+    for (auto read = replies.cbegin(); read != replies.cend(); ++read)
+        parameters.take(read.key(), read.value());
     return parameters;
 }
 
 FactoryParameters::Texts entriesOf(const FactoryParameters& parameters)
 {
     FactoryParameters::Texts texts;
-    for (int row = 0; row < FactoryParameters::kRowCount; ++row)
+    for (int row = 0; row < kAllRows; ++row)
         texts[static_cast<std::size_t>(row)] = parameters.text(row);
     return texts;
 }
 
 /// The entries as read, one of them edited.
-FactoryParameters::Texts edited(const FactoryParameters& parameters, int row, const char* text)
+FactoryParameters::Texts edited(int row, const char* text)
 {
-    auto texts = entriesOf(parameters);
+    auto texts = entriesOf(read());
     texts[static_cast<std::size_t>(row)] = QString::fromUtf8(text);
     return texts;
 }
 
-QByteArray sixDigits(int value)
+/// What is written for the parameter of a row that is read, shown and not edited.
+QByteArray comesBack(FactoryParameters& parameters, int row, const QByteArray& reply)
 {
-    return QByteArray::number(value).rightJustified(6, '0');
+    const char id = FactoryParameters::parameterOf(row);
+    parameters.take(id, reply);
+    FactoryParameters::Texts entries;
+    entries[static_cast<std::size_t>(row)] = parameters.text(row);
+    return parameters.composeWriteValue(id, entries);
 }
 
 } // namespace
 
+/// Runs a second time in a locale with a decimal comma.
 class TestFactoryParameters : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
     void initTestCase();
-    void rowsShowWhatWasRead_data();
     void rowsShowWhatWasRead();
-    void editedRowsAreWrittenAs_data();
     void editedRowsAreWrittenAs();
-    void uneditedRowsAreWrittenAsTheyWereRead();
     void everyGradientComesBackAsItWasRead();
-    void everyReadableOffsetComesBackAsItWasRead_data();
-    void everyReadableOffsetComesBackAsItWasRead();
-    void badEntriesAreRefusedInTheirRow_data();
+    void offsetsComeBackAsTheyWereRead();
     void badEntriesAreRefusedInTheirRow();
-    void rowsThatTheSensorLacksAreNotLookedAt();
-    void repliesThatCannotBeWrittenBackAreRefused_data();
+    void rangeOfTheOffsetFollowsTheMultiplier();
     void repliesThatCannotBeWrittenBackAreRefused();
 
 private:
     Languages m_languages{1};
 };
 
-/// Runs a second time in a locale with a decimal comma.
 void TestFactoryParameters::initTestCase()
 {
     std::setlocale(LC_ALL, "");
     QLocale::setDefault(QLocale::system());
 }
 
-void TestFactoryParameters::rowsShowWhatWasRead_data()
-{
-    QTest::addColumn<Replies>("replies");
-    QTest::addColumn<int>("row");
-    QTest::addColumn<QString>("shown");
-    const auto row = [](const char* name, char id, const char* reply, int number,
-                        const char* shown) {
-        QTest::newRow(name) << Replies{{id, reply}} << number << QString::fromLatin1(shown);
-    };
-    row("F unchanged", 'F', "sn 12", 0, "sn 12");
-    row("kind of L", 'L', "0A1250", 1, "0A");
-    row("stroke of L", 'L', "0A1250", 2, "1250");
-    row("short stroke", 'L', "0A0050", 2, "50");
-    row("U", 'U', "2750", 3, "27.50");
-    row("small U", 'U', "29", 3, "0.29");
-    row("D 00", 'D', "0A0519", 4, "0");
-    row("D 40", 'D', "4A0519", 4, "2");
-    row("D 80", 'D', "8A0519", 4, "4");
-    row("D C0", 'D', "C01234", 4, "8");
-    row("D in small letters", 'D', "ca0519", 4, "8");
-    row("P unchanged", 'P', "0000a71e", 5, "0000a71e");
-    row("N negative", 'N', "FFFFF6", 6, "-0.050");
-    row("N negative in small letters", 'N', "fffff6", 6, "-0.050");
-    row("N positive", 'N', "00000A", 6, "0.050");
-    row("N of eight digits", 'N', "FFFFFFF6", 6, "-0.050");
-    row("N by A", 'A', "00000100", 6, "-1.000");
-    row("end of M", 'M', "081F2a", 7, "2a");
-    row("J unchanged", 'J', "000002", 8, "000002");
-    row("O unchanged", 'O', "00003c", 9, "00003c");
-}
-
+/// Reply, row, and the text that it shows.
 void TestFactoryParameters::rowsShowWhatWasRead()
 {
-    QFETCH(Replies, replies);
-    QFETCH(int, row);
-    QFETCH(QString, shown);
-    QCOMPARE(read(replies).text(row), shown);
-    QCOMPARE(FactoryParameters().text(row), QString());
+    for (const char* line :
+         {"F=sn#12 0 sn#12", "L=0A0050 1 0A", "L=0A0050 2 50", "U=2750 3 27.50", "U=29 3 0.29",
+          "D=3A0519 4 0", "D=7A0519 4 2", "D=8A0519 4 4", "D=ca0519 4 8", "P=0000a71e 5 0000a71e",
+          "N=fffff6 6 -0.050", "N=00000A 6 0.050", "N=FFFFFFF6 6 -0.050", "A=00000100 6 -1.000",
+          "M=081F2a 7 2a", "J=000002 8 000002", "O=00003c 9 00003c"}) {
+        const QStringList words = QString::fromLatin1(line).split(QLatin1Char(' '));
+        const QByteArray reply = words[0].toLatin1();
+        QVERIFY2(read(reply[0], reply.mid(2)).text(words[1].toInt()) == words[2], line);
+    }
+    for (int row = 0; row < kAllRows; ++row)
+        QCOMPARE(FactoryParameters().text(row), QString());
 }
 
-void TestFactoryParameters::editedRowsAreWrittenAs_data()
-{
-    QTest::addColumn<int>("row");
-    QTest::addColumn<QByteArray>("text");
-    QTest::addColumn<char>("id");
-    QTest::addColumn<QByteArray>("written");
-    const auto row = [](const char* text, int number, char id, const char* written) {
-        QTest::addRow("row %d %s gives %c %s", number, text, id, written)
-            << number << QByteArray(text) << id << QByteArray(written);
-    };
-    row("AB", 0, 'F', "000000AB");
-    row("12345678", 0, 'F', "12345678");
-    row("7C", 1, 'L', "7C1250");
-    row("50", 2, 'L', "0A0050");
-    row("0000043", 2, 'L', "0A0000043");
-    row("27.5", 3, 'U', "002750");
-    row("0.29", 3, 'U', "000029");
-    row("0.005", 3, 'U', "000001"); // halves go up
-    row("9999.99", 3, 'U', "999999");
-    row("0", 3, 'U', "000000");
-    row("2830", 3, 'S', "046C00");
-    row("9999.99", 3, 'S', "0F9FFE");
-    row("0", 3, 'S', "000000");
-    row("1250", 2, 'Z', "081F32");
-    row("250", 2, 'Z', "07E932");
-    row("0", 2, 'Z', "021032");
-    row("299", 2, 'Z', "090E32");
-    row("300", 2, 'Z', "042C32");
-    row("599", 2, 'Z', "07AB32");
-    row("600", 2, 'Z', "045232");
-    row("43639", 2, 'Z', "FFFF32");
-    row("250", 2, 'M', "024620");
-    row("0", 2, 'M', "00D020");
-    row("43639", 2, 'M', "FFFF20");
-    row("1", 5, 'P', "00000001");
-    row("2", 4, 'D', "4A0519");
-    row("4", 4, 'D', "8A0519");
-    row("8", 4, 'D', "CA0519");
-    row("-0.05", 6, 'N', "FFFFF6");
-    row("0.0525", 6, 'N', "00000B"); // halves go away from zero
-    row("-0.0525", 6, 'N', "FFFFF5");
-    row("-327.68", 6, 'N', "FF0000");
-    row("83558.395", 6, 'N', "FEFFFF");
-    row("2", 4, 'N', "FFFFEC");
-    row("4", 4, 'N', "FFFFD8");
-    row("8", 4, 'N', "FFFFB0");
-    row("F", 7, 'M', "081F0F");
-    row("0x7f", 7, 'M', "081F7F");
-    row("2", 8, 'J', "000002");
-    row("fFfFfF", 9, 'O', "FFFFFF");
-}
-
+/// Row, the text that is entered, and what is written. Halves are rounded away from zero.
 void TestFactoryParameters::editedRowsAreWrittenAs()
 {
-    QFETCH(int, row);
-    QFETCH(QByteArray, text);
-    QFETCH(char, id);
-    QFETCH(QByteArray, written);
-    const FactoryParameters parameters = read();
-    auto entries = edited(parameters, row, text);
-    QCOMPARE(parameters.findFault(entries, 10).message, QString());
-    QCOMPARE(parameters.composeWriteValue(id, entries), written);
+    for (const char* line : {"0 AB F=000000AB",       "1 7C L=7C1250",      "2 50 L=0A0050",
+                             "2 0000043 L=0A0000043", "3 27.5 U=002750",    "3 0.005 U=000001",
+                             "3 9999.99 U=999999",    "3 2830 S=046C00",    "3 9999.99 S=0F9FFE",
+                             "2 1250 Z=081F32",       "2 0 Z=021032",       "2 250 Z=07E932",
+                             "2 299 Z=090E32",        "2 300 Z=042C32",     "2 599 Z=07AB32",
+                             "2 600 Z=045232",        "2 43639 Z=FFFF32",   "2 250 M=024620",
+                             "2 43639 M=FFFF20",      "5 1 P=00000001",     "4 2 D=4A0519",
+                             "4 4 D=8A0519",          "4 8 D=CA0519",       "6 0.0525 N=00000B",
+                             "6 -0.0525 N=FFFFF5",    "6 -327.68 N=FF0000", "6 83558.395 N=FEFFFF",
+                             "4 2 N=FFFFEC",          "4 4 N=FFFFD8",       "4 8 N=FFFFB0",
+                             "7 0xf M=081F0F",        "8 2 J=000002",       "9 fFfFfF O=FFFFFF"}) {
+        const QStringList words = QString::fromLatin1(line).split(QLatin1Char(' '));
+        const QByteArray write = words[2].toLatin1();
+        auto entries = edited(words[0].toInt(), words[1].toLatin1().constData());
+        QCOMPARE(read().findFault(entries, kAllRows).message, QString());
+        QVERIFY2(read().composeWriteValue(write[0], entries) == write.mid(2), line);
 
-    // A typed number may have the user's separator.
-    auto& entry = entries[static_cast<std::size_t>(row)];
-    entry.replace(QLatin1Char('.'), QLocale().decimalPoint());
-    QCOMPARE(parameters.composeWriteValue(id, entries), written);
-}
-
-void TestFactoryParameters::uneditedRowsAreWrittenAsTheyWereRead()
-{
-    const FactoryParameters parameters = read();
-    for (const char id : {'F', 'L', 'U', 'P', 'D', 'N', 'M', 'J', 'O'})
-        QCOMPARE(parameters.composeWriteValue(id, entriesOf(parameters)), kReplies[id]);
+        // A typed number may have the user's separator.
+        for (QString& entry : entries)
+            entry.replace(QLatin1Char('.'), QLocale().decimalPoint());
+        QVERIFY2(read().composeWriteValue(write[0], entries) == write.mid(2), line);
+    }
 }
 
 void TestFactoryParameters::everyGradientComesBackAsItWasRead()
 {
     FactoryParameters parameters;
     for (int value = 0; value <= 999999; ++value) {
-        const QByteArray reply = sixDigits(value);
-        parameters.take('U', reply);
-        FactoryParameters::Texts entries;
-        entries[FactoryParameters::Gradient] = parameters.text(FactoryParameters::Gradient);
-        if (parameters.composeWriteValue('U', entries) != reply)
+        const QByteArray reply = QByteArray::number(value).rightJustified(6, '0');
+        if (comesBack(parameters, FactoryParameters::Gradient, reply) != reply)
             QFAIL(reply.constData());
     }
 }
 
-void TestFactoryParameters::everyReadableOffsetComesBackAsItWasRead_data()
+void TestFactoryParameters::offsetsComeBackAsTheyWereRead()
 {
-    QTest::addColumn<QByteArray>("resolution");
-    for (const char* resolution : {"00000001", "00000002", "00000003", "00000005", "00000010",
-                                   "00000100", "00099999", "99999999"})
-        QTest::newRow(resolution) << QByteArray(resolution);
-}
-
-void TestFactoryParameters::everyReadableOffsetComesBackAsItWasRead()
-{
-    QFETCH(QByteArray, resolution);
     constexpr int kStep = 1237; // a prime, so that all kinds of digits come by
-    FactoryParameters parameters = read({{'A', resolution}});
-    auto entries = entriesOf(parameters);
-    for (int count = -0x10000; count <= 0xFEFFFF; count += kStep) {
-        const QByteArray reply =
-            QString::asprintf("%06X", static_cast<unsigned>(count)).right(6).toLatin1();
-        parameters.take('N', reply);
-        entries[FactoryParameters::Offset] = parameters.text(FactoryParameters::Offset);
-        if (parameters.composeWriteValue('N', entries) != reply)
-            QFAIL(reply.constData());
+    for (const char* resolution : {"00000001", "00000003", "00000005", "00099999", "99999999"}) {
+        FactoryParameters parameters = read('A', resolution);
+        for (int count = -0x10000; count <= 0xFEFFFF; count += kStep) {
+            const QByteArray reply =
+                QString::asprintf("%06X", static_cast<unsigned>(count)).right(6).toLatin1();
+            if (comesBack(parameters, FactoryParameters::Offset, reply) != reply)
+                QFAIL(reply.constData());
+        }
     }
-}
-
-void TestFactoryParameters::badEntriesAreRefusedInTheirRow_data()
-{
-    QTest::addColumn<int>("row");
-    QTest::addColumn<QByteArray>("text");
-    QTest::addColumn<QString>("message");
-    const auto row = [](int number, const char* text, const char* message) {
-        QTest::addRow("row %d \"%s\"", number, text)
-            << number << QByteArray(text) << QString::fromUtf8(message);
-    };
-    const char* missing = "A value is missing. Please complete it first.";
-    const char* characters = "This value may only contain letters without accents, digits, blanks "
-                             "and the punctuation of the ASCII characters.";
-    const char* digits = "This value must consist of the digits 0 to 9 only.";
-    const char* eight = "This value must not be longer than 8 characters.";
-    const char* two = "This value must have exactly 2 characters.";
-    const char* gradient = "This value must be a number from 0.00 to 9999.99.";
-    const char* offset = "This value must be a number from -327.680 to 83558.395.";
-    const char* suffix = "This value must be a hexadecimal number from 0 to FF.";
-    const char* j = "This value must be 0, 1 or 2.";
-    const char* o = "This value must be a hexadecimal number from 0 to FFFFFF.";
-    for (int number = 0; number < FactoryParameters::kRowCount; ++number)
-        row(number, "", missing);
-    row(0, "123456789", eight);
-    row(0, "Größe", characters);
-    row(0, "a\tb", characters);
-    row(1, "A", two);
-    row(1, "0AB", two);
-    row(1, "\x7F\x7F", characters);
-    row(2, "12.5", digits);
-    row(2, "-1", digits);
-    row(2, " 50", digits);
-    row(2, "0x10", digits);
-    row(2, "00000500", "This value must not be longer than 7 characters.");
-    row(2, "43640", "This value must be a number from 0 to 43639.");
-    row(2, "9999999", "This value must be a number from 0 to 43639.");
-    row(3, "fast", gradient);
-    row(3, "1.000.5", gradient);
-    row(3, "1e3", gradient);
-    row(3, "inf", gradient);
-    row(3, "-0.01", gradient);
-    row(3, "10000", gradient);
-    row(4, "1", "This value must be 0, 2, 4 or 8.");
-    row(4, " 2", "This value must be 0, 2, 4 or 8.");
-    row(4, "16", "This value must be 0, 2, 4 or 8.");
-    row(5, "000000000", eight);
-    row(6, "zero", offset);
-    row(6, "-327.685", offset);
-    row(6, "83558.4", offset);
-    row(6, "1e300", offset);
-    row(7, "100", suffix);
-    row(7, "G", suffix);
-    row(7, "-1", suffix);
-    row(8, "3", j);
-    row(8, "-1", j);
-    row(8, "1.5", j);
-    row(8, "one", j);
-    row(9, "1000000", o);
-    row(9, "3C mm", o);
 }
 
 void TestFactoryParameters::badEntriesAreRefusedInTheirRow()
 {
-    QFETCH(int, row);
-    QFETCH(QByteArray, text);
-    QFETCH(QString, message);
-    const FactoryParameters parameters = read();
-    QCOMPARE(parameters.findFault(entriesOf(parameters), 10).message, QString());
-    const auto fault = parameters.findFault(edited(parameters, row, text), 10);
-    QCOMPARE(fault.message, message);
-    QCOMPARE(fault.row, row);
-}
-
-void TestFactoryParameters::rowsThatTheSensorLacksAreNotLookedAt()
-{
-    const FactoryParameters parameters = read();
-    QCOMPARE(parameters.findFault(edited(parameters, 7, ""), 7).message, QString());
-    QCOMPARE(parameters.findFault(edited(parameters, 8, "7"), 8).message, QString());
-}
-
-void TestFactoryParameters::repliesThatCannotBeWrittenBackAreRefused_data()
-{
-    QTest::addColumn<char>("id");
-    QTest::addColumn<QByteArray>("reply");
-    QTest::addColumn<QString>("message");
-    const auto misread = [](char id, const char* reply) {
-        QTest::addRow("%c %s", id, reply)
-            << id << QByteArray(reply)
-            << QStringLiteral("Parameter %1 was read as \"%2\". This page cannot write that back "
-                              "unchanged. Nothing was written.")
-                   .arg(QString(QLatin1Char(id)), QLatin1String(reply));
+    struct Case
+    {
+        QList<int> rows;
+        QList<const char*> texts;
+        const char* message;
     };
-    misread('L', "0A12.5");
-    misread('L', "0A-125");
-    misread('U', "28.300");
-    misread('U', "-00001");
-    misread('A', "0000G5");
-    misread('A', "000.50");
-    misread('D', "G10519");
-    misread('D', "4A051900"); // too wide to keep its first byte
-    misread('N', "00-00A");
-    QTest::newRow("A 0") << 'A' << QByteArray("00000000")
-                         << QStringLiteral("The resolution read from the sensor is 0. Nothing was "
-                                           "written.");
+    const QList<Case> cases = {
+        {{0, 1, 2, 3, 4, 5, 6, 7, 8, 9}, {""}, "A value is missing. Please complete it first."},
+        {{0, 1, 5},
+         {"\u00F6!", "\t!", "\x7F!"},
+         "This value may only contain unaccented letters, digits, spaces and ASCII punctuation."},
+        {{0, 5}, {"123456789"}, "This value must not be longer than 8 characters."},
+        {{1}, {"A", "0AB"}, "This value must have exactly 2 characters."},
+        {{2}, {"12.5", "-1", " 50", "0x10"}, "This value must consist of the digits 0 to 9 only."},
+        {{2}, {"00000500"}, "This value must not be longer than 7 characters."},
+        {{2}, {"43640", "9999999"}, "This value must be a number from 0 to 43639."},
+        {{3},
+         {"fast", "1.000.5", "1e3", "inf", "-0.01", "10000"},
+         "This value must be a number from 0.00 to 9999.99."},
+        {{4}, {"1", " 2", "16"}, "This value must be 0, 2, 4 or 8."},
+        {{6},
+         {"zero", "-327.685", "83558.4", "1e300"},
+         "This value must be a number from -327.680 to 83558.395."},
+        {{7}, {"100", "G", "-1"}, "This value must be a hexadecimal number from 0 to FF."},
+        {{8}, {"3", "-1", "1.5", "one"}, "This value must be 0, 1 or 2."},
+        {{9}, {"1000000", "3C mm"}, "This value must be a hexadecimal number from 0 to FFFFFF."}};
+    for (const auto& [rows, texts, message] : cases)
+        for (const int row : rows)
+            for (const char* text : texts) {
+                const auto fault = read().findFault(edited(row, text), kAllRows);
+                QVERIFY2(fault.message == QLatin1String(message) && fault.row == row, text);
+                // A row that the sensor lacks is not looked at.
+                QCOMPARE(read().findFault(edited(row, text), row).message, QString());
+            }
+}
+
+/// What the message names as the highest is taken, and nothing above it.
+void TestFactoryParameters::rangeOfTheOffsetFollowsTheMultiplier()
+{
+    auto entries = edited(FactoryParameters::Multiplier, "2");
+    QString& offset = entries[FactoryParameters::Offset];
+    offset = QStringLiteral("41779.195");
+    QCOMPARE(read().composeWriteValue('N', entries), QByteArray("FEFFFE"));
+    offset = QStringLiteral("41779.198");
+    QCOMPARE(read().findFault(entries, kAllRows).message,
+             QStringLiteral("This value must be a number from -163.840 to 41779.195."));
 }
 
 void TestFactoryParameters::repliesThatCannotBeWrittenBackAreRefused()
 {
-    QFETCH(char, id);
-    QFETCH(QByteArray, reply);
-    QFETCH(QString, message);
-    const FactoryParameters parameters = read({{id, reply}});
-    const auto fault = parameters.findFault(entriesOf(read()), 10);
-    QCOMPARE(fault.message, message);
-    QCOMPARE(fault.row, -1);
+    for (const QByteArray misread : {"L0A12.5", "L0A-125", "U28.300", "U-00001", "A0000G5",
+                                     "A000.50", "DG10519", "D4A051900", "N00-00A"}) {
+        const auto fault = read(misread[0], misread.mid(1)).findFault(edited(0, "A"), kAllRows);
+        QCOMPARE(fault.message,
+                 QStringLiteral("Parameter %1 was read as \"%2\". This page cannot "
+                                "write that back unchanged. Nothing was written.")
+                     .arg(QLatin1String(misread.left(1)), QLatin1String(misread.mid(1))));
+        QCOMPARE(fault.row, -1);
+    }
+    QCOMPARE(read('A', "00000000").findFault(edited(0, "A"), kAllRows).message,
+             QStringLiteral("The resolution read from the sensor is 0. Nothing was written."));
 }
 
 QTEST_MAIN(TestFactoryParameters)
