@@ -82,8 +82,9 @@ QString BackupFile::write(QByteArray text)
 
 int BackupFile::openForReading()
 {
-    if (QFileInfo(m_path).isDir())
-        return EISDIR;
+    const QFileInfo info(m_path);
+    if (info.exists() && !info.isFile()) // a pipe would keep us waiting
+        return info.isDir() ? EISDIR : EINVAL;
     m_device = std::make_unique<QFile>(m_path);
     return openFile(*m_device, QIODevice::ReadOnly);
 }

@@ -1,19 +1,22 @@
 #include "backup/BackupFile.h"
 
 #include "support/FileSizeLimit.h"
+#include "support/TestFolder.h"
 
-#include <QDir>
-#include <QFile>
-#include <QTemporaryDir>
 #include <QTest>
 
 #include <cerrno>
 
+#include <sys/stat.h>
+
 using namespace pelorin;
+using namespace pelorin::test;
 
 namespace {
 
-constexpr const char* kMarkerLine = "~~~PELORIN_BACKUP_FILE~~~\r\n";
+const QByteArray kMarker = "~~~PELORIN_BACKUP_FILE~~~";
+const QString kOlder = QStringLiteral("older.dat");
+const QString kNew = QStringLiteral("new.dat");
 
 BackupValues someValues()
 {
@@ -24,17 +27,7 @@ BackupValues someValues()
     return values;
 }
 
-QByteArray contentOf(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("not there");
-}
-
-bool create(const QString& path, const QByteArray& content)
-{
-    QFile file(path);
-    return file.open(QIODevice::WriteOnly) && file.write(content) == content.size();
-}
+const QByteArray kSavedText = kMarker + "\r\n41:00000005\r\n44:4A0519\r\n55:283000\r\n";
 
 } // namespace
 
@@ -44,50 +37,41 @@ class TestBackupFile : public QObject
 
 private Q_SLOTS:
     void init();
-    void savedFileHoldsMarkerAndValuesByIdentifier();
+    void fileIsReplacedOnlyWhenItIsSaved();
     void everyByteThatALineCanHoldComesBack();
-    void textIsReadLineByLine_data();
     void textIsReadLineByLine();
-    void foreignTextIsNoBackup_data();
-    void foreignTextIsNoBackup();
-    void hugeFileIsNoBackup();
-    void newFileIsEmptyUntilItIsSaved();
-    void olderFileStaysUntilTheNewOneIsSaved();
-    void diskErrorLeavesTheOlderFileAndNoHalfOne_data();
+    void foreignFileIsNoBackup();
     void diskErrorLeavesTheOlderFileAndNoHalfOne();
-    void fullDeviceIsReportedAndNotReplaced();
-    void linkToAFileStaysALink();
+    void whatIsNoPlainFileStaysWhatItIs();
     void fileThatCannotBeOpenedGivesTheSystemsCode();
     void valuesAreCheckedAgainstTheParametersOfASensor();
 
 private:
-    [[nodiscard]] QString path(const char* name = "backup.dat") const
-    {
-        return m_folder->filePath(QLatin1String(name));
-    }
-    [[nodiscard]] QStringList files() const
-    {
-        return QDir(m_folder->path()).entryList(QDir::Files | QDir::Hidden | QDir::System);
-    }
+    [[nodiscard]] QString path(const QString& name) const { return m_folder->path(name); }
 
-    std::unique_ptr<QTemporaryDir> m_folder;
+    std::unique_ptr<TestFolder> m_folder;
 };
 
 void TestBackupFile::init()
 {
-    m_folder = std::make_unique<QTemporaryDir>();
+    m_folder = std::make_unique<TestFolder>();
+    QVERIFY(m_folder->put(kOlder, "older"));
 }
 
-void TestBackupFile::savedFileHoldsMarkerAndValuesByIdentifier()
+void TestBackupFile::fileIsReplacedOnlyWhenItIsSaved()
 {
-    BackupFile file(path());
-    QCOMPARE(file.openForSaving(), 0);
-    QCOMPARE(file.save(someValues()), QString());
-    QCOMPARE(contentOf(path()), QByteArray("~~~PELORIN_BACKUP_FILE~~~\r\n"
-                                           "41:00000005\r\n"
-                                           "44:4A0519\r\n"
-                                           "55:283000\r\n"));
-    QCOMPARE(files(), QStringList(QStringLiteral("backup.dat")));
+    for (const QString& name : {kNew, kOlder}) {
+        const QByteArray before = m_folder->content(name);
+        for (const bool saves : {false, true}) {
+            BackupFile file(path(name));
+            QCOMPARE(file.openForSaving(), 0);
+            QCOMPARE(m_folder->content(name), before);
+            if (saves)
+                QCOMPARE(file.save(someValues()), QString());
+        }
+        QCOMPARE(m_folder->content(name), kSavedText);
+    }
+    QCOMPARE(m_folder->names(), QStringLiteral("new.dat older.dat"));
 }
 
 void TestBackupFile::everyByteThatALineCanHoldComesBack()
@@ -104,162 +88,88 @@ void TestBackupFile::everyByteThatALineCanHoldComesBack()
     QVERIFY(BackupFile::valuesOf(text) == values);
 }
 
-void TestBackupFile::textIsReadLineByLine_data()
-{
-    QTest::addColumn<QByteArray>("text");
-    QTest::addColumn<char>("id");
-    QTest::addColumn<QByteArray>("value");
-    const auto row = [](const char* name, const char* lines, char id, const char* value) {
-        QTest::newRow(name) << QByteArray(kMarkerLine) + lines << id << QByteArray(value);
-    };
-    row("CR LF", "44:4A0519\r\n", 'D', "4A0519");
-    row("LF alone", "44:4A0519\n", 'D', "4A0519");
-    row("no end of the last line", "41:1\r\n44:4A0519", 'D', "4A0519");
-    row("last of doubled lines", "44:000000\r\n44:4A0519\r\n", 'D', "4A0519");
-    row("empty one of doubled lines", "44:4A0519\r\n44:\r\n", 'D', "");
-    row("small hexadecimal digits", "4a:000001\r\n", 'J', "000001");
-    row("any third character", "44=4A0519\r\n", 'D', "4A0519");
-    row("cut within the line", "44:4A", 'D', "4A");
-    row("cut within the identifier", "4", 'D', "");
-    row("empty lines", "\r\n\r\n44:4A0519\r\n\r\n", 'D', "4A0519");
-    row("blanks kept", "44:  4A05 \r\n", 'D', "  4A05 ");
-    row("second CR kept", "44:4A0519\r\r\n", 'D', "4A0519\r");
-    row("marker alone", "", 'D', "");
-}
-
+/// What a file with these lines behind the marker holds of 'D'.
 void TestBackupFile::textIsReadLineByLine()
 {
-    QFETCH(QByteArray, text);
-    QFETCH(char, id);
-    QFETCH(QByteArray, value);
-    QVERIFY(create(path(), text));
-    BackupFile file(path());
-    QCOMPARE(file.openForReading(), 0);
-    const auto [failure, values] = file.read();
-    QCOMPARE(failure, QString());
-    QVERIFY(values.has_value());
-    QCOMPARE((*values)[id], value);
-}
-
-void TestBackupFile::foreignTextIsNoBackup_data()
-{
-    QTest::addColumn<QByteArray>("text");
-    QTest::newRow("empty file") << QByteArray();
-    QTest::newRow("empty line") << QByteArray("\r\n");
-    QTest::newRow("other case") << QByteArray("~~~pelorin_backup_file~~~\r\n44:4A0519\r\n");
-    QTest::newRow("longer line") << QByteArray("~~~PELORIN_BACKUP_FILE~~~ \r\n44:4A0519\r\n");
-    QTest::newRow("cut marker") << QByteArray("~~~PELORIN_BACKUP_FILE~~");
-    QTest::newRow("mark of a Unicode file")
-        << QByteArray("\xEF\xBB\xBF~~~PELORIN_BACKUP_FILE~~~\r\n44:4A0519\r\n");
-    QTest::newRow("marker in line 2") << QByteArray("\r\n~~~PELORIN_BACKUP_FILE~~~\r\n");
-    QTest::newRow("table of compensation values")
-        << QByteArray("~~~KORVEX_SSI_TEMP_COMPENSATION_LOOKUPTABLE~~~\r\n0000,00000000\r\n");
-    QTest::newRow("bytes") << QByteArray(5000, '\0');
-}
-
-void TestBackupFile::foreignTextIsNoBackup()
-{
-    QFETCH(QByteArray, text);
-    QVERIFY(create(path(), text));
-    BackupFile file(path());
-    QCOMPARE(file.openForReading(), 0);
-    const auto [failure, values] = file.read();
-    QCOMPARE(failure, QString());
-    QVERIFY(!values.has_value());
-}
-
-void TestBackupFile::hugeFileIsNoBackup()
-{
-    BackupFile file(QStringLiteral("/dev/zero")); // never ends
-    QCOMPARE(file.openForReading(), 0);
-    QVERIFY(!file.read().values.has_value());
-
-    QVERIFY(create(path(), kMarkerLine + QByteArray(2 * 1024 * 1024, '\n')));
-    BackupFile marked(path());
-    QCOMPARE(marked.openForReading(), 0);
-    QVERIFY(!marked.read().values.has_value());
-}
-
-void TestBackupFile::newFileIsEmptyUntilItIsSaved()
-{
-    {
-        BackupFile file(path());
-        QCOMPARE(file.openForSaving(), 0);
-        QCOMPARE(contentOf(path()), QByteArray());
+    for (const auto& [lines, value] : std::initializer_list<std::pair<const char*, const char*>>{
+             {"\r\n44:4A0519\r\n", "4A0519"},
+             {"\n41:1\n44:4A0519", "4A0519"}, // LF alone, and none at the end
+             {"\r\n44:000000\r\n44:4A0519\r\n", "4A0519"},
+             {"\r\n44:4A0519\r\n44:\r\n", ""},
+             {"\r\n44=4A0519\r\n", "4A0519"}, // any third character
+             {"\r\n\r\n\r\n44:4A0519\r\n\r\n", "4A0519"},
+             {"\r\n44:  4A05 \r\r\n", "  4A05 \r"},
+             {"\r\n44:4A", "4A"},
+             {"\r\n4", ""},
+             {"", ""}}) {
+        QVERIFY(m_folder->put(kNew, kMarker + lines));
+        BackupFile file(path(kNew));
+        QCOMPARE(file.openForReading(), 0);
+        const auto [failure, values] = file.read();
+        QCOMPARE(failure, QString());
+        QVERIFY2(values && (*values)['D'] == value, lines);
     }
-    QCOMPARE(contentOf(path()), QByteArray());
-    QCOMPARE(files(), QStringList(QStringLiteral("backup.dat")));
+    QCOMPARE((*BackupFile::valuesOf(kMarker + "\n4a:1"))['J'], QByteArray("1"));
 }
 
-void TestBackupFile::olderFileStaysUntilTheNewOneIsSaved()
+void TestBackupFile::foreignFileIsNoBackup()
 {
-    QVERIFY(create(path(), "older"));
-    {
-        BackupFile file(path());
-        QCOMPARE(file.openForSaving(), 0);
-        QCOMPARE(contentOf(path()), QByteArray("older"));
+    const QByteArray rest = "\r\n44:4A0519\r\n";
+    for (const QByteArray& text :
+         {QByteArray(), kMarker.toLower() + rest, kMarker + " " + rest, kMarker.chopped(1),
+          "\xEF\xBB\xBF" + kMarker + rest, "\r\n" + kMarker + rest, QByteArray(5000, '\0'),
+          kMarker + QByteArray(2 * 1024 * 1024, '\n')}) {
+        QVERIFY(m_folder->put(kNew, text));
+        BackupFile file(path(kNew));
+        QCOMPARE(file.openForReading(), 0);
+        const auto [failure, values] = file.read();
+        QCOMPARE(failure, QString());
+        QVERIFY2(!values, text.left(30).constData());
     }
-    QCOMPARE(contentOf(path()), QByteArray("older"));
-    QCOMPARE(files(), QStringList(QStringLiteral("backup.dat")));
-
-    BackupFile file(path());
-    QCOMPARE(file.openForSaving(), 0);
-    QCOMPARE(file.save(BackupValues()), QString());
-    QCOMPARE(contentOf(path()), QByteArray(kMarkerLine));
-}
-
-void TestBackupFile::diskErrorLeavesTheOlderFileAndNoHalfOne_data()
-{
-    QTest::addColumn<int>("limit");
-    QTest::newRow("nothing fits") << 0;
-    QTest::newRow("half of it fits") << 40;
-    QTest::newRow("all but the last byte fits") << 27 + 13 + 11 + 11 - 1;
 }
 
 void TestBackupFile::diskErrorLeavesTheOlderFileAndNoHalfOne()
 {
-    QFETCH(int, limit);
-    QVERIFY(create(path("older.dat"), "older"));
-    for (const char* name : {"older.dat", "new.dat"}) {
-        BackupFile file(path(name));
-        QCOMPARE(file.openForSaving(), 0);
-        const test::FileSizeLimit limited(static_cast<rlim_t>(limit));
-        QCOMPARE(file.save(someValues()), QStringLiteral("File too large"));
-    }
-    QCOMPARE(contentOf(path("older.dat")), QByteArray("older"));
-    QCOMPARE(files(), QStringList(QStringLiteral("older.dat")));
+    for (const qsizetype limit : {qsizetype{0}, qsizetype{40}, kSavedText.size() - 1})
+        for (const QString& name : {kNew, kOlder}) {
+            BackupFile file(path(name));
+            QCOMPARE(file.openForSaving(), 0);
+            const FileSizeLimit limited(static_cast<rlim_t>(limit));
+            QCOMPARE(file.save(someValues()), QStringLiteral("File too large"));
+        }
+    QCOMPARE(m_folder->content(kOlder), QByteArray("older"));
+    QCOMPARE(m_folder->names(), kOlder);
 }
 
-void TestBackupFile::fullDeviceIsReportedAndNotReplaced()
+void TestBackupFile::whatIsNoPlainFileStaysWhatItIs()
 {
-    BackupFile file(QStringLiteral("/dev/full"));
-    QCOMPARE(file.openForSaving(), 0);
-    QCOMPARE(file.save(someValues()), QStringLiteral("No space left on device"));
-    QVERIFY(QFileInfo::exists(QStringLiteral("/dev/full")));
-    QVERIFY(!QFileInfo(QStringLiteral("/dev/full")).isFile());
-}
+    const QFileInfo device(QStringLiteral("/dev/full"));
+    BackupFile full(device.filePath());
+    QCOMPARE(full.openForSaving(), 0);
+    QCOMPARE(full.save(someValues()), QStringLiteral("No space left on device"));
+    QVERIFY(device.exists() && !device.isFile());
 
-void TestBackupFile::linkToAFileStaysALink()
-{
-    QVERIFY(create(path("target.dat"), "older"));
-    QVERIFY(QFile::link(path("target.dat"), path("link.dat")));
-    BackupFile file(path("link.dat"));
-    QCOMPARE(file.openForSaving(), 0);
-    QCOMPARE(file.save(BackupValues()), QString());
-    QVERIFY(QFileInfo(path("link.dat")).isSymLink());
-    QCOMPARE(contentOf(path("target.dat")), QByteArray(kMarkerLine));
+    QVERIFY(QFile::link(path(kOlder), path(kNew)));
+    BackupFile linked(path(kNew));
+    QCOMPARE(linked.openForSaving(), 0);
+    QCOMPARE(linked.save(someValues()), QString());
+    QVERIFY(QFileInfo(path(kNew)).isSymLink());
+    QCOMPARE(m_folder->content(kOlder), kSavedText);
 }
 
 void TestBackupFile::fileThatCannotBeOpenedGivesTheSystemsCode()
 {
-    QVERIFY(create(path("plain"), "older"));
-    QCOMPARE(BackupFile(path("plain/backup.dat")).openForSaving(), ENOTDIR);
-    QCOMPARE(BackupFile(path("no/backup.dat")).openForSaving(), ENOENT);
-    QCOMPARE(BackupFile(m_folder->path()).openForSaving(), EISDIR);
-    QCOMPARE(BackupFile(path("plain/backup.dat")).openForReading(), ENOTDIR);
-    QCOMPARE(BackupFile(path("missing.dat")).openForReading(), ENOENT);
-    QCOMPARE(BackupFile(m_folder->path()).openForReading(), EISDIR);
-    QCOMPARE(files(), QStringList(QStringLiteral("plain")));
+    const QString below = path(QStringLiteral("older.dat/new.dat"));
+    QCOMPARE(BackupFile(below).openForSaving(), ENOTDIR);
+    QCOMPARE(BackupFile(path(QStringLiteral("no/new.dat"))).openForSaving(), ENOENT);
+    QCOMPARE(BackupFile(path({})).openForSaving(), EISDIR);
+    QCOMPARE(BackupFile(below).openForReading(), ENOTDIR);
+    QCOMPARE(BackupFile(path(kNew)).openForReading(), ENOENT);
+    QCOMPARE(BackupFile(path({})).openForReading(), EISDIR);
+    QCOMPARE(m_folder->names(), kOlder);
+
+    QCOMPARE(mkfifo(path(kNew).toUtf8().constData(), 0600), 0);
+    QCOMPARE(BackupFile(path(kNew)).openForReading(), EINVAL); // and does not wait
 }
 
 void TestBackupFile::valuesAreCheckedAgainstTheParametersOfASensor()
