@@ -92,6 +92,8 @@ void CellEditor::commit()
     const QString text = edit()->text();
     const QModelIndex cell = std::exchange(m_cell, QPersistentModelIndex());
     view->closePersistentEditor(cell);
+    if (!cell.flags().testFlag(Qt::ItemIsEditable))
+        return; // no longer: another sensor has no such value
     view->model()->setData(cell, text, Qt::EditRole);
     Q_EMIT committed(cell.row(), cell.column());
 }

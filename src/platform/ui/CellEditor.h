@@ -17,7 +17,8 @@ namespace pelorin {
 /// one of its row; in the editor it commits, and Up and Down go on to the cell above or below.
 /// Enter, Escape and the loss of the focus leave the editor open. A cell that is filled while it
 /// is open shows its new text if the user has not typed; what the user has typed stays. Removing
-/// the row or resetting the list discards the editor.
+/// the row or resetting the list discards the editor; so does committing a cell that can no
+/// longer be edited.
 class CellEditor : public QObject
 {
     Q_OBJECT
