@@ -1,26 +1,26 @@
 #include "pages/CommLogPage.h"
 
+#include "support/FileDialogUser.h"
 #include "support/FileSizeLimit.h"
 #include "support/MainWindowRig.h"
-#include "support/ModalAnswer.h"
+#include "support/TestFolder.h"
 
 #include <QClipboard>
-#include <QDir>
-#include <QFile>
-#include <QFileDialog>
 #include <QGuiApplication>
-#include <QLineEdit>
 #include <QListView>
 #include <QListWidget>
-#include <QMessageBox>
-#include <QPushButton>
 #include <QScrollBar>
-#include <QTemporaryDir>
-#include <QTest>
-#include <QTimer>
 
 using namespace pelorin;
 using namespace pelorin::test;
+
+namespace {
+
+constexpr int kClear = 1033;
+constexpr int kSave = 1034;
+constexpr int kLinesOfInformation = 28; // its page reads fourteen parameters
+
+} // namespace
 
 /// The page in the real main window, on a log that the simulated sensor has filled.
 class TestCommLogPage : public QObject
@@ -31,71 +31,55 @@ private Q_SLOTS:
     void init();
     void cleanup() { m_rig.reset(); }
 
-    void logIsShownInOrderAndGrowsWhenShownAgain();
+    void logIsShownAsItWasWhenThePageWasShownOrRefreshed();
     void clearEmptiesTheLogItself();
     void savedFileHoldsExactlyTheLinesShown();
-    void fileThatCannotBeSavedIsReported_data();
-    void fileThatCannotBeSavedIsReported();
+    void olderFileIsReplacedOnlyIfItMayAndCan_data();
+    void olderFileIsReplacedOnlyIfItMayAndCan();
     void linesAreSelectedAndCopiedByKeyboard();
     void longLineCanBeReadByScrollingSideways();
 
 private:
-    [[nodiscard]] int rowOf(const char* caption) const;
-    [[nodiscard]] QListView& list() const
+    [[nodiscard]] bool choose(const char* caption);
+    [[nodiscard]] QListView& list()
     {
         return *m_rig->page<CommLogPage>().getControl<QListView>(1032);
     }
-    [[nodiscard]] QStringList shown() const;
-    void click(int control) const
+    [[nodiscard]] QStringList shown();
+    void click(int control)
     {
         QTest::mouseClick(m_rig->page<CommLogPage>().getControl<QPushButton>(control),
                           Qt::LeftButton);
     }
-    void saveAs(const QString& path) const;
-    [[nodiscard]] QString filePath(const char* name) const
+    void clickLine(int row, Qt::KeyboardModifiers modifiers = {})
     {
-        return m_folder->filePath(QLatin1String(name));
+        QTest::mouseClick(list().viewport(), Qt::LeftButton, modifiers,
+                          list().visualRect(list().model()->index(row, 0)).center());
+    }
+    [[nodiscard]] QString copied()
+    {
+        QTest::keyClick(&list(), Qt::Key_C, Qt::ControlModifier);
+        return QGuiApplication::clipboard()->text();
     }
 
-    std::unique_ptr<QTemporaryDir> m_folder;
     std::unique_ptr<MainWindowRig> m_rig;
 };
 
-namespace {
-
-constexpr int kClear = 1033;
-constexpr int kSave = 1034;
-
-QByteArray contentOf(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("no file");
-}
-
-bool putFile(const QString& path, const QByteArray& content)
-{
-    QFile file(path);
-    return file.open(QIODevice::WriteOnly) && file.write(content) == content.size();
-}
-
-} // namespace
-
 void TestCommLogPage::init()
 {
-    m_folder = std::make_unique<QTemporaryDir>();
     m_rig = std::make_unique<MainWindowRig>();
     QVERIFY(m_rig->startConnected());
-    QVERIFY(m_rig->choosePage(rowOf("Communications Log")));
+    QVERIFY(choose("Communications Log"));
     QVERIFY(QTest::qWaitForWindowActive(&m_rig->window()));
 }
 
-int TestCommLogPage::rowOf(const char* caption) const
+bool TestCommLogPage::choose(const char* caption)
 {
     const auto items = m_rig->pageList().findItems(QLatin1String(caption), Qt::MatchExactly);
-    return items.isEmpty() ? -1 : m_rig->pageList().row(items.first());
+    return items.size() == 1 && m_rig->choosePage(m_rig->pageList().row(items.first()));
 }
 
-QStringList TestCommLogPage::shown() const
+QStringList TestCommLogPage::shown()
 {
     QStringList lines;
     const QAbstractItemModel& model = *list().model();
@@ -104,138 +88,146 @@ QStringList TestCommLogPage::shown() const
     return lines;
 }
 
-/// Clicks Save To Disk and gives the file dialog a path.
-void TestCommLogPage::saveAs(const QString& path) const
-{
-    ModalAnswer<QFileDialog> answer([&path](QFileDialog& dialog) {
-        auto* edit = dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
-        edit->setText(path);
-        QTest::keyClick(edit, Qt::Key_Return);
-    });
-    click(kSave);
-    QVERIFY(answer.wasShown());
-}
-
-void TestCommLogPage::logIsShownInOrderAndGrowsWhenShownAgain()
+void TestCommLogPage::logIsShownAsItWasWhenThePageWasShownOrRefreshed()
 {
     const QStringList before = shown();
     QCOMPARE(before, m_rig->logged());
     QCOMPARE(before.value(0), QStringLiteral("TX: [56][Get][TERM]"));
     QVERIFY(before.contains(QStringLiteral("SSI Type: 2")));
 
-    QVERIFY(m_rig->choosePage(rowOf("Sensor Information")));
-    QVERIFY(m_rig->choosePage(rowOf("Communications Log")));
+    m_rig->link().commLog().append(QStringLiteral("RX: later"));
+    QCOMPARE(shown(), before);
+    m_rig->clickRefresh();
+    QTRY_COMPARE(shown(), before + QStringList{QStringLiteral("RX: later")});
+
+    QVERIFY(choose("Sensor Information"));
+    QVERIFY(choose("Communications Log"));
     QCOMPARE(shown(), m_rig->logged());
-    QCOMPARE(shown().mid(0, before.size()), before);
-    QCOMPARE(shown().size(), before.size() + 28); // the page has read fourteen parameters
+    QCOMPARE(shown().size(), before.size() + 1 + kLinesOfInformation);
 }
 
 void TestCommLogPage::clearEmptiesTheLogItself()
 {
     click(kClear);
     QCOMPARE(shown(), QStringList());
-    QCOMPARE(m_rig->logged(), QStringList());
-
-    QVERIFY(m_rig->choosePage(rowOf("Sensor Information")));
-    QVERIFY(m_rig->choosePage(rowOf("Communications Log")));
-    QCOMPARE(shown().size(), 28);
+    QVERIFY(choose("Sensor Information"));
+    QVERIFY(choose("Communications Log"));
+    QCOMPARE(shown().size(), kLinesOfInformation);
     QCOMPARE(shown().value(0), QStringLiteral("TX: [44][Get][TERM]"));
 }
 
 void TestCommLogPage::savedFileHoldsExactlyTheLinesShown()
 {
-    const QByteArray expected = shown().join(QStringLiteral("\r\n")).toUtf8() + "\r\n";
+    const TestFolder folder;
+    const QByteArray lines = shown().join(QStringLiteral("\r\n")).toUtf8() + "\r\n";
     m_rig->link().commLog().append(QStringLiteral("RX: later"));
-    saveAs(filePath("log"));
-    QCOMPARE(contentOf(filePath("log.txt")), expected);
-
-    m_rig->clickRefresh();
-    QTRY_COMPARE(shown().last(), QStringLiteral("RX: later"));
-    ModalAnswer<QMessageBox> question(
-        [](QMessageBox& box) { QTest::mouseClick(box.button(QMessageBox::Yes), Qt::LeftButton); });
-    saveAs(filePath("log"));
-    QVERIFY(question.wasShown());
-    QCOMPARE(contentOf(filePath("log.txt")), expected + "RX: later\r\n");
-}
-
-void TestCommLogPage::fileThatCannotBeSavedIsReported_data()
-{
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QString>("message");
-    QTest::newRow("cannot be opened")
-        << QStringLiteral("older.txt/log.txt")
-        << QStringLiteral("The file %1 could not be opened (system error 20).");
-    QTest::newRow("disk full half way")
-        << QStringLiteral("older.txt")
-        << QStringLiteral("The file %1 could not be written: File too large. A file of this name "
-                          "that was there before is unchanged.");
-}
-
-void TestCommLogPage::fileThatCannotBeSavedIsReported()
-{
-    QFETCH(QString, name);
-    QFETCH(QString, message);
-    const QString path = m_folder->filePath(name);
-    QVERIFY(putFile(filePath("older.txt"), "older"));
-
-    const auto before = shown();
-    QStringList boxes;
-    QTimer answers;
-    connect(&answers, &QTimer::timeout, this, [&boxes] {
-        auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-        if (!box)
-            return;
-        if (auto* overwrite = box->button(QMessageBox::Yes)) {
-            QTest::mouseClick(overwrite, Qt::LeftButton);
-        } else {
-            boxes << box->text();
-            QTest::keyClick(box, Qt::Key_Return);
-        }
-    });
-    answers.start(5);
-    {
-        const FileSizeLimit full(100);
-        saveAs(path);
+    for (const auto* typed : {"log", "log.dat", "none"}) {
+        if (QByteArray(typed) == "none")
+            click(kClear);
+        const FileDialogUser user(folder.path(QLatin1String(typed)));
+        click(kSave);
+        QVERIFY(user.wasAsked());
     }
-    QCOMPARE(boxes, QStringList{message.arg(path)});
-    QCOMPARE(contentOf(filePath("older.txt")), QByteArray("older"));
-    QCOMPARE(m_rig->logged(), before);
+    QCOMPARE(folder.names(), QStringLiteral("log.dat log.txt none.txt"));
+    QCOMPARE(folder.content(QStringLiteral("log.txt")), lines);
+    QCOMPARE(folder.content(QStringLiteral("log.dat")), lines);
+    QCOMPARE(folder.content(QStringLiteral("none.txt")), QByteArray());
+}
+
+/// What the last message box says, and whether the older file is replaced.
+void TestCommLogPage::olderFileIsReplacedOnlyIfItMayAndCan_data()
+{
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<QMessageBox::StandardButton>("answer");
+    QTest::addColumn<int>("missing"); // room for bytes of the file
+    QTest::addColumn<QString>("lastBox");
+    QTest::addColumn<bool>("replaced");
+    const auto yes = QMessageBox::Yes;
+    const QString question = QStringLiteral("log.txt already exists.\nDo you want to replace it?");
+    const QString notOpened = QStringLiteral("The file %1 could not be opened (system error %2).");
+    const QString full = QStringLiteral("The file %1 could not be written: File too large. A file "
+                                        "of this name that was there before is unchanged.");
+    QTest::newRow("replaced") << "log" << yes << 0 << question << true;
+    QTest::newRow("declined") << "log" << QMessageBox::No << 0 << question << false;
+    QTest::newRow("given up") << "" << yes << 0 << "" << false;
+    QTest::newRow("below a file") << "log.txt/a.txt" << yes << 0
+                                  << notOpened.arg(QStringLiteral("%1"), QStringLiteral("20"))
+                                  << false;
+    QTest::newRow("no folder") << "none/a.txt" << yes << 0
+                               << notOpened.arg(QStringLiteral("%1"), QStringLiteral("2")) << false;
+    QTest::newRow("disk full half way") << "log.txt" << yes << 300'000 << full << false;
+    QTest::newRow("disk full at the end") << "log.txt" << yes << 1 << full << false;
+}
+
+void TestCommLogPage::olderFileIsReplacedOnlyIfItMayAndCan()
+{
+    QFETCH(QString, typed);
+    QFETCH(QMessageBox::StandardButton, answer);
+    QFETCH(int, missing);
+    QFETCH(QString, lastBox);
+    QFETCH(bool, replaced);
+    const TestFolder folder;
+    QVERIFY(folder.put(QStringLiteral("log.txt"), "older"));
+    click(kClear);
+    CommLog& log = m_rig->link().commLog();
+    log.append(QStringLiteral("Ger\u00E4t"));
+    QByteArray text = "Ger\xC3\xA4t\r\n"; // is written in several pieces
+    for (int line = 0; line < 50'000; ++line) {
+        log.append(QStringLiteral("RX: [%1]").arg(line));
+        text += "RX: [" + QByteArray::number(line) + "]\r\n";
+    }
+    m_rig->clickRefresh();
+    QTRY_COMPARE(list().model()->rowCount(), 50'001);
+
+    const QString path = folder.path(typed);
+    const auto giveUp = [](QFileDialog& dialog) { dialog.reject(); };
+    const FileDialogUser user(path, typed.isEmpty() ? giveUp : std::function<void(QFileDialog&)>(),
+                              answer);
+    {
+        const FileSizeLimit full(static_cast<rlim_t>(text.size() - missing));
+        click(kSave);
+    }
+    QVERIFY(user.wasAsked());
+    QCOMPARE(user.boxes().value(user.boxes().size() - 1),
+             lastBox.contains(QLatin1String("%1")) ? lastBox.arg(path) : lastBox);
+    QCOMPARE(folder.content(QStringLiteral("log.txt")), replaced ? text : QByteArray("older"));
+    QCOMPARE(folder.names(), QStringLiteral("log.txt"));
 }
 
 void TestCommLogPage::linesAreSelectedAndCopiedByKeyboard()
 {
     const QStringList lines = shown();
-    QTest::mouseClick(list().viewport(), Qt::LeftButton, {},
-                      list().visualRect(list().model()->index(1, 0)).center());
+    clickLine(1);
     QTest::keyClick(&list(), Qt::Key_Down, Qt::ShiftModifier);
     QTest::keyClick(&list(), Qt::Key_Down, Qt::ShiftModifier);
-    QTest::keyClick(&list(), Qt::Key_C, Qt::ControlModifier);
-    QCOMPARE(QGuiApplication::clipboard()->text(), lines.mid(1, 3).join(QLatin1Char('\n')));
-
+    QCOMPARE(copied(), lines.mid(1, 3).join(QLatin1Char('\n')));
+    clickLine(0, Qt::ControlModifier); // selected last, copied first
+    QCOMPARE(copied(), lines.mid(0, 4).join(QLatin1Char('\n')));
     QTest::keyClick(&list(), Qt::Key_A, Qt::ControlModifier);
-    QTest::keyClick(&list(), Qt::Key_C, Qt::ControlModifier);
-    QCOMPARE(QGuiApplication::clipboard()->text(), lines.join(QLatin1Char('\n')));
-
-    click(kClear);
-    QGuiApplication::clipboard()->setText(QStringLiteral("kept"));
-    QTest::keyClick(&list(), Qt::Key_C, Qt::ControlModifier);
-    QCOMPARE(QGuiApplication::clipboard()->text(), QStringLiteral("kept"));
+    QCOMPARE(copied(), lines.join(QLatin1Char('\n')));
+    click(kClear); // nothing to copy: what was copied stays
+    QCOMPARE(copied(), lines.join(QLatin1Char('\n')));
 }
 
 void TestCommLogPage::longLineCanBeReadByScrollingSideways()
 {
-    QCOMPARE(list().horizontalScrollBar()->maximum(), 0);
+    QScrollBar& bar = *list().horizontalScrollBar();
+    QCOMPARE(bar.maximum(), 0);
     const QString longLine(500, QLatin1Char('x'));
     m_rig->link().commLog().append(longLine);
     m_rig->clickRefresh();
-    QTRY_VERIFY(list().horizontalScrollBar()->maximum() > 0);
+    QTRY_VERIFY(bar.maximum() > 0);
 
-    QScrollBar& bar = *list().horizontalScrollBar();
-    const int needed = QFontMetrics(list().font()).horizontalAdvance(longLine);
-    QVERIFY(bar.maximum() + list().viewport()->width() >= needed);
+    const QFontMetrics metrics(list().font());
+    QVERIFY(bar.maximum() + list().viewport()->width() >= metrics.horizontalAdvance(longLine));
+    QCOMPARE(metrics.horizontalAdvance(QLatin1Char('i')),
+             metrics.horizontalAdvance(QLatin1Char('W')));
     list().setFocus();
     QTest::keyClick(&list(), Qt::Key_Right);
-    QVERIFY(bar.value() > 0);
+    const int right = bar.value();
+    QVERIFY(right > 0);
+    QTest::keyClick(&list(), Qt::Key_Left);
+    QVERIFY(bar.value() < right);
 }
 
 QTEST_MAIN(TestCommLogPage)

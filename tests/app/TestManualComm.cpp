@@ -6,7 +6,6 @@
 
 #include <QLabel>
 #include <QLineEdit>
-#include <QListWidget>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QSignalSpy>
@@ -15,42 +14,14 @@
 using namespace pelorin;
 using namespace pelorin::test;
 
-/// The dialog as the main window's menu opens it, on the simulated sensor.
-class TestManualComm : public QObject
-{
-    Q_OBJECT
-
-private Q_SLOTS:
-    void init();
-    void cleanup() { m_rig.reset(); }
-
-    void answerOfTheSensorIsShownAndPagesWorkAfterwards();
-    void everythingButMessagesIsLockedDuringAnExchange();
-    void positionStreamRestsWhileTheDialogIsOpen();
-    void lostPortIsToldAndConnectedAgainAfterwards();
-    void windowCanBeClosedDuringAnExchange();
-
-private:
-    void openDialog(const std::function<void(ManualCommDialog&)>& steps);
-    /// Whether the window is busy before any completion has been delivered.
-    [[nodiscard]] bool isBusyNow()
-    {
-        QCoreApplication::sendPostedEvents(&m_rig->window());
-        return m_rig->window().isBusy();
-    }
-    [[nodiscard]] bool refreshWorks();
-
-    std::unique_ptr<MainWindowRig> m_rig;
-};
-
 namespace {
 
-/// Types bytes and clicks Execute.
-void send(ManualCommDialog& dialog, const char* bytes)
+/// Asks for the version by clicks.
+void askForVersion(ManualCommDialog& dialog)
 {
     auto* edit = dialog.getControl<QLineEdit>(1051);
     QTest::keyClick(edit, Qt::Key_A, Qt::ControlModifier);
-    QTest::keyClicks(edit, QLatin1String(bytes));
+    QTest::keyClicks(edit, QStringLiteral("56,41,0D"));
     QTest::mouseClick(dialog.getControl<QPushButton>(1054), Qt::LeftButton);
 }
 
@@ -64,22 +35,54 @@ QString outcome(const ManualCommDialog& dialog)
     return dialog.getControl<QLabel>(1056)->text();
 }
 
-/// The bytes of a text and a CR, as the dialog shows them.
-QString shownAs(const std::string& text)
-{
-    return QString::fromLatin1((QByteArray::fromStdString(text) + '\r').toHex(',').toUpper());
-}
-
 void clickOk(ManualCommDialog& dialog)
 {
     QTest::mouseClick(dialog.getControl<QPushButton>(1), Qt::LeftButton);
 }
 
+const QString kVersion = QStringLiteral("33,30,30,31,30,30,0D"); // "300100" and CR
+
 } // namespace
+
+/// The dialog as the main window's menu opens it, on the simulated sensor.
+class TestManualComm : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup() { m_rig.reset(); }
+
+    void exchangeLocksAllElseAndIsNotLogged();
+    void dialogClosedDuringAnExchangeGivesTheWindowItsReplies();
+    void windowCanBeClosedDuringAnExchange();
+    void positionStreamRestsWhileTheDialogIsOpen();
+    void lostPortIsToldAndConnectedAgainAfterwards();
+
+private:
+    void openDialog(const std::function<void(ManualCommDialog&)>& steps);
+    /// Whether the window is busy before any completion has been delivered.
+    [[nodiscard]] bool isBusyNow()
+    {
+        QCoreApplication::sendPostedEvents(&m_rig->window());
+        return m_rig->window().isBusy();
+    }
+    /// Whether the information page still gets the answers to its reads.
+    [[nodiscard]] bool refreshWorks()
+    {
+        const auto linesBefore = m_rig->logged().size();
+        m_rig->clickRefresh();
+        return QTest::qWaitFor([&] { return m_rig->logged().size() > linesBefore; }) &&
+               m_rig->waitIdle() && m_rig->statusText() == QStringLiteral("Ready.");
+    }
+
+    std::unique_ptr<MainWindowRig> m_rig;
+};
 
 void TestManualComm::init()
 {
     m_rig = std::make_unique<MainWindowRig>();
+    m_rig->sensor().setParameter('V', "300100");
     QVERIFY(m_rig->startConnected());
     QVERIFY(QTest::qWaitForWindowActive(&m_rig->window()));
 }
@@ -87,67 +90,69 @@ void TestManualComm::init()
 /// Chooses the command and runs the steps on the dialog; returns when the dialog is closed.
 void TestManualComm::openDialog(const std::function<void(ManualCommDialog&)>& steps)
 {
-    ModalAnswer<ManualCommDialog> answer(steps);
+    const ModalAnswer<ManualCommDialog> answer([&](ManualCommDialog& dialog) {
+        QVERIFY(m_rig->waitIdle()); // a page that was streaming has just been released
+        steps(dialog);
+    });
     QVERIFY(m_rig->clickCommand(kManualCommCommand));
     QTRY_VERIFY(answer.wasShown() && !QApplication::activeModalWidget());
 }
 
-/// Whether the information page still gets the answers to its fourteen reads.
-bool TestManualComm::refreshWorks()
-{
-    const auto linesBefore = m_rig->logged().size();
-    m_rig->clickRefresh();
-    return QTest::qWaitFor([&] { return m_rig->logged().size() == linesBefore + 28; }) &&
-           m_rig->waitIdle() && m_rig->statusText() == QStringLiteral("Ready.");
-}
-
-void TestManualComm::answerOfTheSensorIsShownAndPagesWorkAfterwards()
+void TestManualComm::exchangeLocksAllElseAndIsNotLogged()
 {
     const auto logged = m_rig->logged();
     openDialog([this](ManualCommDialog& dialog) {
-        send(dialog, "56,41,0D");
-        QTRY_COMPARE(received(dialog), shownAs(m_rig->sensor().parameter('V')));
+        askForVersion(dialog);
+        QTRY_COMPARE(received(dialog), kVersion);
         QVERIFY(m_rig->waitIdle());
-        clickOk(dialog);
-    });
-    QCOMPARE(m_rig->logged(), logged);
-    QVERIFY(refreshWorks());
 
-    openDialog([this](ManualCommDialog& dialog) { // closed before the answer comes
-        send(dialog, "46,41,0D");
-        QVERIFY(isBusyNow());
-        dialog.close();
-    });
-    QVERIFY(m_rig->waitIdle());
-    QVERIFY(refreshWorks());
-}
-
-void TestManualComm::everythingButMessagesIsLockedDuringAnExchange()
-{
-    openDialog([this](ManualCommDialog& dialog) {
         m_rig->sensor().setFault({SimulatedFault::Kind::Silent});
         (void)m_rig->sensor().takeReceivedFrames();
-        send(dialog, "56,41,0D");
+        askForVersion(dialog);
         QVERIFY(isBusyNow());
-        for (int click = 0; click < 3; ++click)
-            QTest::mouseClick(dialog.getControl<QPushButton>(1054), Qt::LeftButton);
+        askForVersion(dialog);
         clickOk(dialog);
         QVERIFY(dialog.isVisible());
         QVERIFY(m_rig->waitIdle());
         QCOMPARE(m_rig->sensor().takeReceivedFrames().size(), 1U);
         m_rig->sensor().clearFaults();
         clickOk(dialog);
-        QVERIFY(!dialog.isVisible());
     });
+    QCOMPARE(m_rig->logged(), logged);
+    QVERIFY(refreshWorks());
+}
+
+void TestManualComm::dialogClosedDuringAnExchangeGivesTheWindowItsReplies()
+{
+    openDialog([this](ManualCommDialog& dialog) {
+        askForVersion(dialog);
+        QVERIFY(isBusyNow());
+        dialog.close(); // as the window manager does
+    });
+    QVERIFY(m_rig->waitIdle());
+    QVERIFY(refreshWorks());
+}
+
+void TestManualComm::windowCanBeClosedDuringAnExchange()
+{
+    const QSignalSpy closed(&m_rig->window(), &PelorinMainWindow::closed);
+    openDialog([this](ManualCommDialog& dialog) {
+        askForVersion(dialog);
+        QVERIFY(isBusyNow());
+        m_rig->window().close();
+    });
+    QTRY_COMPARE(closed.size(), 1);
 }
 
 void TestManualComm::positionStreamRestsWhileTheDialogIsOpen()
 {
     QVERIFY(m_rig->choosePage(1));
     QTRY_COMPARE(m_rig->sensor().mode(), SimulatedSensor::Mode::Streaming);
-
     openDialog([this](ManualCommDialog& dialog) {
         QCOMPARE(m_rig->sensor().mode(), SimulatedSensor::Mode::Programming);
+        askForVersion(dialog);
+        QTRY_COMPARE(received(dialog), kVersion);
+        QVERIFY(m_rig->waitIdle());
         clickOk(dialog);
     });
     QTRY_COMPARE(m_rig->sensor().mode(), SimulatedSensor::Mode::Streaming);
@@ -155,18 +160,15 @@ void TestManualComm::positionStreamRestsWhileTheDialogIsOpen()
 
 void TestManualComm::lostPortIsToldAndConnectedAgainAfterwards()
 {
-    m_rig.reset();
-    m_rig = std::make_unique<MainWindowRig>();
     Pacing::setSpeeds({2, 200, 2}); // leaves time before the eleventh attempt to reconnect
-    QVERIFY(m_rig->startConnected());
     openDialog([this](ManualCommDialog& dialog) {
         m_rig->sensor().vanish();
-        send(dialog, "56,41,0D");
+        askForVersion(dialog);
         QTRY_COMPARE(outcome(dialog),
                      QStringLiteral("The serial port was lost during the exchange. What was sent "
                                     "or received may be incomplete."));
         QVERIFY(m_rig->waitIdle());
-        send(dialog, "56,41,0D");
+        askForVersion(dialog);
         QTRY_COMPARE(outcome(dialog),
                      QStringLiteral("The serial port is not connected. Nothing was sent."));
         m_rig->sensor().comeBack();
@@ -177,18 +179,6 @@ void TestManualComm::lostPortIsToldAndConnectedAgainAfterwards()
     QTRY_VERIFY(m_rig->link().isIdentified());
     QVERIFY(m_rig->waitIdle());
     QCOMPARE(m_rig->window().currentPage(), 0);
-}
-
-void TestManualComm::windowCanBeClosedDuringAnExchange()
-{
-    const QSignalSpy closed(&m_rig->window(), &PelorinMainWindow::closed);
-    openDialog([this](ManualCommDialog& dialog) {
-        send(dialog, "56,41,0D");
-        QVERIFY(isBusyNow());
-        m_rig->window().close();
-    });
-    QTRY_COMPARE(closed.size(), 1);
-    QVERIFY(!m_rig->window().isVisible());
 }
 
 QTEST_MAIN(TestManualComm)
