@@ -150,6 +150,7 @@ void TestManualComm::positionStreamRestsWhileTheDialogIsOpen()
     QTRY_COMPARE(m_rig->sensor().mode(), SimulatedSensor::Mode::Streaming);
     openDialog([this](ManualCommDialog& dialog) {
         QCOMPARE(m_rig->sensor().mode(), SimulatedSensor::Mode::Programming);
+        QVERIFY(m_rig->waitIdle()); // the stop of the stream has just ended
         askForVersion(dialog);
         QTRY_COMPARE(received(dialog), kVersion);
         QVERIFY(m_rig->waitIdle());
