@@ -21,6 +21,7 @@ struct Item
 {
     int command;
     int caption;
+    Qt::Key shortcut = Qt::Key_unknown;
 };
 
 struct Menu
@@ -33,7 +34,7 @@ const std::vector<Menu>& menus()
 {
     static const std::vector<Menu> kMenus = {
         {108, {{kSelectPortCommand, 107}, {kSeparator, 0}, {kConnectCommand, 109}}},
-        {194, {{kRefreshCommand, 193}, {kSeparator, 0}, {kDisplayUnitCommand, 246}}},
+        {194, {{kRefreshCommand, 193, Qt::Key_F5}, {kSeparator, 0}, {kDisplayUnitCommand, 246}}},
         {209,
          {{kFirstLanguageCommand, 204},
           {kFirstLanguageCommand + 1, 205},
@@ -48,7 +49,7 @@ const std::vector<Menu>& menus()
           {kWriteQCommand, 198},
           {kSeparator, 0},
           {kManualCommCommand, 251}}},
-        {203, {{kHelpCommand, 201}, {kSeparator, 0}, {kAboutCommand, 202}}},
+        {203, {{kHelpCommand, 201, Qt::Key_F1}, {kSeparator, 0}, {kAboutCommand, 202}}},
     };
     return kMenus;
 }
@@ -65,25 +66,29 @@ MainMenu::MainMenu(QMenuBar& bar, bool withDisplayUnit, const SensorLink& link,
         QMenu* menu = m_bar.addMenu(QString());
         m_captions.insert(menu->menuAction(), caption);
         connect(menu, &QMenu::aboutToShow, this, [this, menu] { updateItems(*menu); });
-        for (const auto& [command, itemCaption] : items) {
+        for (const auto& [command, itemCaption, shortcut] : items) {
             if (command == kDisplayUnitCommand && !withDisplayUnit)
                 continue;
-            if (command == kSeparator)
+            if (command == kSeparator) {
                 menu->addSeparator(); // a trailing one is not shown
-            else
-                addItem(menu, command, itemCaption);
+                continue;
+            }
+            QAction* action = addItem(menu, command, itemCaption);
+            if (shortcut != Qt::Key_unknown)
+                action->setShortcut(shortcut);
         }
     }
-    addItem(nullptr, kExitCommand, kExitCaption);
+    (void)addItem(nullptr, kExitCommand, kExitCaption);
     translate();
 }
 
-void MainMenu::addItem(QMenu* menu, int command, int caption)
+QAction* MainMenu::addItem(QMenu* menu, int command, int caption)
 {
     QAction* action = menu ? menu->addAction(QString()) : m_bar.addAction(QString());
     action->setData(command);
     m_captions.insert(action, caption);
     connect(action, &QAction::triggered, this, [this, command] { Q_EMIT commandChosen(command); });
+    return action;
 }
 
 void MainMenu::translate()

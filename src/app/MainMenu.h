@@ -33,7 +33,7 @@ Q_SIGNALS:
     void commandChosen(int command);
 
 private:
-    void addItem(QMenu* menu, int command, int caption);
+    QAction* addItem(QMenu* menu, int command, int caption);
     void updateItems(const QMenu& menu);
 
     QMenuBar& m_bar;

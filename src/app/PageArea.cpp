@@ -13,6 +13,7 @@
 #include <QKeyEvent>
 #include <QListWidget>
 #include <QPushButton>
+#include <QShortcut>
 
 #include <utility>
 
@@ -48,35 +49,44 @@ PageArea::PageArea(QWidget* window, SensorLink& link, FormatRestore& formats,
     connect(m_refreshButton, &QPushButton::clicked, this, &PageArea::refreshChosen);
 
     // In the order of the list; a page that does not exist here leaves no gap.
-    const QLatin1String info("BMP_PELORIN_INFO");
-    const QLatin1String wrench("BMP_PELORIN_WRENCH");
+    constexpr const char* kInfo = "BMP_PELORIN_INFO";
+    constexpr const char* kWrench = "BMP_PELORIN_WRENCH";
     auto* position = new MagnetPositionPage(formats, options.manualPower);
     auto* output = new OutputSetupPage;
     auto* factory = new FactoryParamsPage;
-    addPage(new SensorInfoPage, 110, info);
-    addPage(position, 261, info);
-    addPage(output, 168, wrench);
-    addPage(new CommLogPage, 188, info);
-    addPage(factory, 214, wrench);
+    addPage({new SensorInfoPage, 110, "information"}, kInfo);
+    addPage({position, 261, "position"}, kInfo);
+    addPage({output, 168, "output"}, kWrench);
+    addPage({new CommLogPage, 188, "log"}, kInfo);
+    addPage({factory, 214, "factory"}, kWrench);
     if (options.withTempComp)
-        addPage(new TempCompPage, 253, wrench);
+        addPage({new TempCompPage, 253, "compensation"}, kWrench);
     connect(position, &MagnetPositionPage::formatKept, this, &PageArea::noticed);
     connect(output, &OutputSetupPage::applyFailed, this, &PageArea::noticed);
     connect(factory, &FactoryParamsPage::writingFailed, this, &PageArea::noticed);
     translate();
 }
 
-void PageArea::addPage(SensorPage* page, int caption, QLatin1String icon)
+void PageArea::addPage(const Page& page, const char* icon)
 {
-    page->makeDialog(this, m_link);
+    const int row = m_list->count();
+    page.widget->makeDialog(this, m_link);
     m_pages.push_back(page);
-    m_captions.push_back(caption);
-    m_list->addItem(new QListWidgetItem(picture(icon), QString()));
+    m_list->addItem(new QListWidgetItem(picture(QLatin1String(icon)), QString()));
+    auto* shortcut = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key(Qt::Key_1 + row)), this);
+    connect(shortcut, &QShortcut::activated, this, [this, row] { Q_EMIT pageChosen(row); });
 }
 
 SensorPage* PageArea::shownPage() const
 {
-    return m_currentPage < 0 ? nullptr : m_pages[static_cast<std::size_t>(m_currentPage)];
+    return m_currentPage < 0 ? nullptr : m_pages[static_cast<std::size_t>(m_currentPage)].widget;
+}
+
+QString PageArea::helpAnchor() const
+{
+    return m_currentPage < 0
+               ? QString()
+               : QString::fromLatin1(m_pages[static_cast<std::size_t>(m_currentPage)].helpAnchor);
 }
 
 void PageArea::switchPage(int row)
@@ -109,8 +119,8 @@ void PageArea::translate()
 {
     m_refreshButton->setText(languageString(kRefreshText));
     m_list->setAccessibleName(languageString(kPageListNameText));
-    for (std::size_t row = 0; row < m_captions.size(); ++row)
-        m_list->item(static_cast<int>(row))->setText(languageString(m_captions[row]));
+    for (std::size_t row = 0; row < m_pages.size(); ++row)
+        m_list->item(static_cast<int>(row))->setText(languageString(m_pages[row].caption));
 }
 
 /// In the list the arrow keys only move; Enter and Space choose.

@@ -35,6 +35,8 @@ public:
     [[nodiscard]] int currentPage() const { return m_currentPage; }
     /// Null without one.
     [[nodiscard]] SensorPage* shownPage() const;
+    /// Where the help tells of the shown page; empty without one.
+    [[nodiscard]] QString helpAnchor() const;
 
     /// Leaves the shown page and shows another one, which then reads its values. Leaving may
     /// process events until the sensor is as it was before.
@@ -59,14 +61,21 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
-    void addPage(SensorPage* page, int caption, QLatin1String icon);
+    /// A page by row of the list; the widget is a child.
+    struct Page
+    {
+        SensorPage* widget;
+        int caption; ///< string number
+        const char* helpAnchor;
+    };
+
+    void addPage(const Page& page, const char* icon);
     void layOut();
 
     SensorLink& m_link;
     QListWidget* m_list;
     QPushButton* m_refreshButton;
-    std::vector<SensorPage*> m_pages; ///< by row of the list; children
-    std::vector<int> m_captions;      ///< string numbers, by row
+    std::vector<Page> m_pages;
     int m_currentPage = -1;
     bool m_released = false; ///< a command has ended the shown page's use of the link
 };

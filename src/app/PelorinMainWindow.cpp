@@ -258,10 +258,11 @@ void PelorinMainWindow::runBackup(BackupProgressDialog::Mode mode)
 {
     const bool restored = runBackupCommand(*this, m_link, mode, [this] { return releasePage(); });
     m_link.setReplyTarget(this, WM_LINK_REPLY);
-    if (restored)
+    if (restored) {
         postCommand(kConnectCommand);
-    else
+    } else {
         resumePage();
+    }
 }
 
 void PelorinMainWindow::writeCommand(char id)
@@ -300,12 +301,12 @@ void PelorinMainWindow::showDisplayUnit()
 void PelorinMainWindow::showHelp()
 {
     const int code = m_languages.getCurrentLanguage();
-    auto* window = new HelpWindow(this);
-    window->setAttribute(Qt::WA_DeleteOnClose);
-    const auto [error, detail] = window->showHelp(m_languages.helpFile(code));
+    if (!m_help)
+        m_help = new HelpWindow(this);
+    const auto [error, detail] =
+        m_help->showHelp(m_languages.helpFile(code), m_pages->helpAnchor());
     if (error == 0)
         return;
-    delete window;
     m_gate.addNotice(
         languageString(kHelpFailedText)
             .arg(QString::number(code), QString::number(error), QString::number(detail)));
@@ -325,13 +326,15 @@ void PelorinMainWindow::customEvent(QEvent* event)
         onLinkReply(message->request(), static_cast<int>(wParam));
         break;
     case WM_BUSY:
-        if (wParam == 1)
+        if (wParam == 1) {
             m_busy->begin();
-        else if (!m_connection->isActive()) // what a page released before must not end that
+        } else if (!m_connection->isActive()) { // what a page released before must not end that
             m_busy->release();
+        }
         break;
     case WM_STATUS_TEXT:
-        if (const auto* text = reinterpret_cast<const QString*>(wParam))
+        // NOLINTNEXTLINE(performance-no-int-to-ptr): the message carries an address
+        if (const auto* text = reinterpret_cast<const QString*>(message->wParam()))
             showPageStatus(*text);
         break;
     case WM_LINK_STATE:
@@ -356,10 +359,11 @@ void PelorinMainWindow::onLinkReply(RequestId request, int result)
 
 void PelorinMainWindow::onConnected(bool success)
 {
-    if (success)
+    if (success) {
         switchPage(0);
-    else
+    } else {
         resumePage();
+    }
 }
 
 void PelorinMainWindow::showPageStatus(const QString& text)
@@ -371,10 +375,11 @@ void PelorinMainWindow::showPageStatus(const QString& text)
 /// Makes up for what had to wait for the end of a dialog or a command.
 void PelorinMainWindow::runDeferred()
 {
-    if (m_gate.isCloseWanted())
+    if (m_gate.isCloseWanted()) {
         close();
-    else if (std::exchange(m_connectWanted, false))
+    } else if (std::exchange(m_connectWanted, false)) {
         postCommand(kConnectCommand);
+    }
 }
 
 bool PelorinMainWindow::event(QEvent* event)

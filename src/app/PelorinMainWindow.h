@@ -13,6 +13,7 @@ class BusyFilter;
 class ComPortFactory;
 class ConnectionSupervisor;
 class DisplayUnitDialog;
+class HelpWindow;
 class LanguageManager;
 class LinkStatusBar;
 class MainMenu;
@@ -91,6 +92,7 @@ private:
     MainMenu* m_menu = nullptr;
     ConnectionSupervisor* m_connection = nullptr;
     PageArea* m_pages = nullptr;
+    HelpWindow* m_help = nullptr;              ///< null until it is asked for
     QPointer<DisplayUnitDialog> m_displayUnit; ///< null while it is closed
     QString m_pageStatus;                      ///< the last status text of a page
 

@@ -26,11 +26,12 @@ private:
     std::unique_ptr<MainWindowRig> m_rig;
 };
 
-/// On the installed settings, which name the help files.
 void TestShortcuts::initTestCase()
 {
-    m_rig = std::make_unique<MainWindowRig>(SimulatedSensor::Options{.type = 2},
-                                            "\"EnableTempComp\"=dword:00000001\r\n");
+    m_rig = std::make_unique<MainWindowRig>(
+        SimulatedSensor::Options{.type = 2},
+        "[HKEY_LOCAL_MACHINE\\SOFTWARE\\Korvex Systems\\Pelorin]\r\n"
+        "\"EnableTempComp\"=dword:00000001\r\n");
     m_rig->languages().setHelpFile(1, QStringLiteral("help/pelorin_1.html"));
     QVERIFY(m_rig->startConnected());
     QVERIFY(QTest::qWaitForWindowActive(&m_rig->window()));
