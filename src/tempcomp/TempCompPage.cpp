@@ -11,10 +11,16 @@ namespace {
 
 constexpr int kTabControl = 1055;
 constexpr int kTablesText = 252;
+constexpr int kPageText = 253;
 
 } // namespace
 
 TempCompPage::TempCompPage() : SensorPage(QStringLiteral("DLG_PELORIN_TEMPCOMP")) {}
+
+void TempCompPage::setupTranslationMap()
+{
+    addAccessibleName(kTabControl, kPageText);
+}
 
 void TempCompPage::onInitDialog()
 {

@@ -18,6 +18,7 @@ public:
     void translate() override;
 
 protected:
+    void setupTranslationMap() override;
     void onInitDialog() override;
 
 private:

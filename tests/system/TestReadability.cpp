@@ -162,8 +162,30 @@ QStringList namelessParts(QAccessibleInterface* part)
     return nameless;
 }
 
-/// What a user could not read of a window that is shown, a line each.
-QString unreadable(QWidget& window)
+/// Controls that the Tab key does not lead to.
+QStringList unreachableControls(QWidget& window)
+{
+    constexpr int kMostControls = 60;
+    QList<const QWidget*> reached{window.focusWidget()};
+    for (int key = 0; key < kMostControls && window.focusWidget(); ++key) {
+        QTest::keyClick(window.focusWidget(), Qt::Key_Tab);
+        reached << window.focusWidget();
+    }
+    QStringList unreachable;
+    const auto widgets = window.findChildren<QWidget*>();
+    for (const QWidget* widget : widgets) {
+        const bool wanted = widget->isVisible() && widget->isEnabled() && !widget->focusProxy() &&
+                            (widget->focusPolicy() & Qt::TabFocus) == Qt::TabFocus;
+        if (wanted && !reached.contains(widget))
+            unreachable << QStringLiteral("not reached: ") + widget->objectName() +
+                               QLatin1String(widget->metaObject()->className());
+    }
+    return unreachable;
+}
+
+/// What a user could not read of a window that is shown, or not reach with the keyboard, a line
+/// each.
+QString unusable(QWidget& window)
 {
     QStringList faults;
     QStringList captions;
@@ -179,7 +201,8 @@ QString unreadable(QWidget& window)
             captions << label->text();
     }
     faults << doubledMnemonics(captions)
-           << namelessParts(QAccessible::queryAccessibleInterface(&window));
+           << namelessParts(QAccessible::queryAccessibleInterface(&window))
+           << unreachableControls(window);
     return faults.join(QLatin1Char('\n'));
 }
 
@@ -208,7 +231,9 @@ void TestReadability::initTestCase()
 {
     m_rig = std::make_unique<MainWindowRig>(
         SimulatedSensor::Options{.type = 2},
-        "\"EnableQDL3\"=dword:00000001\r\n\"EnableTempComp\"=dword:00000001\r\n");
+        "[HKEY_LOCAL_MACHINE\\SOFTWARE\\Korvex Systems\\Pelorin]\r\n"
+        "\"EnableQDL3\"=dword:00000001\r\n\"EnableTempComp\"=dword:00000001\r\n"
+        "\"QDL3Comport\"=\"simulator:display\"\r\n");
     QVERIFY(m_rig->startConnected());
 }
 
@@ -223,10 +248,11 @@ void TestReadability::everyPageCanBeRead()
 {
     QFETCH(int, language);
     QCOMPARE(m_rig->languages().loadLanguage(language), 1);
-    for (int row = 0; row < m_rig->pageList().count(); ++row) {
+    QCOMPARE(m_rig->pageList().count(), 6);
+    for (int row = 0; row < 6; ++row) {
         QVERIFY(m_rig->window().currentPage() == row || m_rig->choosePage(row));
         QTest::qWait(0); // the layout follows the texts
-        QCOMPARE(unreadable(m_rig->window()), QString());
+        QCOMPARE(unusable(m_rig->window()), QString());
     }
 }
 
@@ -279,7 +305,7 @@ void TestReadability::everyDialogCanBeRead()
         const std::unique_ptr<QDialog> dialog = make(*m_rig);
         dialog->show();
         QVERIFY(QTest::qWaitForWindowExposed(dialog.get()));
-        QCOMPARE(unreadable(*dialog), QString());
+        QCOMPARE(unusable(*dialog), QString());
         QVERIFY(dialog->frameGeometry().width() <= 1280 && dialog->frameGeometry().height() <= 720);
     }
 }
