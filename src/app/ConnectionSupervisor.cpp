@@ -110,10 +110,11 @@ void ConnectionSupervisor::onConnected(int result)
     if (result == 1 && m_manualPower)
         (void)m_link.identifyFromLastReply(); // the sensor has answered, whatever type it is
     const RequestId restore = result == 1 ? m_formatRestore.begin(m_link) : 0;
-    if (restore == 0)
+    if (restore == 0) {
         finishConnect(result);
-    else
+    } else {
         awaitRestore(restore);
+    }
 }
 
 void ConnectionSupervisor::awaitRestore(RequestId request)
@@ -131,9 +132,10 @@ void ConnectionSupervisor::finishConnect(int result)
     m_busy.release();
     m_statusBar.showString(result == 1 ? kConnectedText : kNotConnectedText);
     m_statusBar.setLinkState(result);
-    if (!m_link.versionText().isEmpty() && m_link.ssiType() == kSsiTypeUnknown)
+    if (!m_link.versionText().isEmpty() && m_link.ssiType() == kSsiTypeUnknown) {
         m_statusBar.setExplanation(QStringLiteral("SSY Type: Unknown\n") +
                                    languageString(kNoBoundsText));
+    }
     Q_EMIT connected(result == 1);
 }
 
@@ -194,10 +196,11 @@ void ConnectionSupervisor::onReconnectTimer()
                        "connection and retry.")
             .arg(m_link.portNumber()),
         QMessageBox::Retry | QMessageBox::Cancel, QMessageBox::Question);
-    if (answer == QMessageBox::Retry)
+    if (answer == QMessageBox::Retry) {
         onLinkLost();
-    else
+    } else {
         Q_EMIT givenUp();
+    }
 }
 
 void ConnectionSupervisor::stopReconnect()
@@ -218,10 +221,11 @@ void ConnectionSupervisor::switchSupplyOff(bool afterWriting)
         Pacing::sleep(kStoreTime);
     if (m_manualPower)
         return;
-    if (m_operation == Operation::Connect)
+    if (m_operation == Operation::Connect) {
         m_link.close(1); // the worker would switch the supply on again
-    else if (m_link.linkFailed() == 0)
+    } else if (m_link.linkFailed() == 0) {
         m_link.setRts(0);
+    }
     Pacing::sleep(kSupplyOffTime);
 }
 

@@ -14,7 +14,8 @@ namespace pelorin {
 
 namespace {
 
-constexpr qint64 kLongestFile = 1024 * 1024; ///< far beyond 256 values; what is longer is foreign
+constexpr qint64 kLongestFile =
+    qint64{1024} * 1024; ///< far beyond 256 values; what is longer is foreign
 
 QByteArray marker()
 {
@@ -51,10 +52,11 @@ int BackupFile::openForSaving()
     }
     auto replacement = std::make_unique<QSaveFile>(m_path);
     const int error = openFile(*replacement, QIODevice::WriteOnly | QIODevice::Unbuffered);
-    if (error == 0)
+    if (error == 0) {
         m_device = std::move(replacement);
-    else if (!exists)
+    } else if (!exists) {
         QFile::remove(m_newFile);
+    }
     return error;
 }
 
@@ -104,9 +106,10 @@ QByteArray BackupFile::textOf(const BackupValues& values)
     QByteArray text = marker() + "\r\n";
     for (int id = 0x00; id <= 0xFF; ++id) {
         const QByteArray& value = values[static_cast<char>(id)];
-        if (!value.isEmpty())
+        if (!value.isEmpty()) {
             text +=
                 QString::asprintf("%02X:", static_cast<unsigned>(id)).toLatin1() + value + "\r\n";
+        }
     }
     return text;
 }
@@ -116,9 +119,10 @@ std::optional<BackupValues> BackupFile::valuesOf(const QByteArray& text)
     QList<QByteArray> lines = text.split('\n');
     if (lines.last().isEmpty())
         lines.removeLast(); // behind the end of the last line there is none
-    for (QByteArray& line : lines)
+    for (QByteArray& line : lines) {
         if (line.endsWith('\r'))
             line.chop(1);
+    }
     if (lines.isEmpty() || lines.takeFirst() != marker())
         return std::nullopt;
 

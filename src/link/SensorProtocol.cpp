@@ -30,7 +30,7 @@ constexpr int kReplyMaximumWithTerminator = 9;
 constexpr int kWriteDataMaximum = 9;
 constexpr int kPositionFrameLength = 9;
 
-constexpr qsizetype kRawReplyMaximum = 1024 * 1024;
+constexpr qsizetype kRawReplyMaximum = qsizetype{1024} * 1024;
 constexpr auto kRawReplyTime = 60s;
 
 std::string_view view(const QByteArray& bytes)
@@ -152,9 +152,10 @@ std::optional<QByteArray> SensorProtocol::readPositionFrame()
 void SensorProtocol::setRts(ComPort& port, CommLog& log, int clear)
 {
     const bool on = clear != 1;
-    if (const int error = port.setRts(on); error != 0)
+    if (const int error = port.setRts(on); error != 0) {
         log.append(QString::asprintf("Error in EscapeCommFunction %s. Error = %d",
                                      on ? "SETRTS" : "CLRRTS", error));
+    }
 }
 
 /// @return 0 only when the worker is stopping; other failures are reported as a loss

@@ -78,11 +78,13 @@ void CommLogPage::onInitDialog()
     m_logList->setItemDelegate(new LineDelegate(*m_model, this));
     m_logList->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
 
-    for (const auto& [key, step] : {std::pair(Qt::Key_Left, QAbstractSlider::SliderSingleStepSub),
-                                    std::pair(Qt::Key_Right, QAbstractSlider::SliderSingleStepAdd)})
+    for (const auto& [key, step] :
+         {std::pair(Qt::Key_Left, QAbstractSlider::SliderSingleStepSub),
+          std::pair(Qt::Key_Right, QAbstractSlider::SliderSingleStepAdd)}) {
         connect(new QShortcut(QKeySequence(key), m_logList, nullptr, nullptr, Qt::WidgetShortcut),
                 &QShortcut::activated, this,
                 [this, action = step] { m_logList->horizontalScrollBar()->triggerAction(action); });
+    }
 
     m_copyAction = new QAction(m_logList);
     m_copyAction->setShortcut(QKeySequence::Copy);
@@ -120,9 +122,10 @@ void CommLogPage::copySelectedLines() const
     std::sort(selection.begin(), selection.end(),
               [](const auto& left, const auto& right) { return left.top() < right.top(); });
     QString text;
-    for (const QItemSelectionRange& range : selection)
+    for (const QItemSelectionRange& range : selection) {
         for (int row = range.top(); row <= range.bottom(); ++row)
             text += m_model->lines().line(row) + QLatin1Char('\n');
+    }
     text.chop(1);
     QGuiApplication::clipboard()->setText(text);
 }

@@ -126,8 +126,9 @@ QString offsetFault(const QString& text, double resolutionMm, int multiplier)
 {
     if (encodeOffset(intlAtof(text), resolutionMm, multiplier))
         return {};
-    return numberText(kLowestOffset / multiplier * resolutionMm,
-                      kHighestOffset / multiplier * resolutionMm, "%.3f");
+    const int lowest = kLowestOffset / multiplier; // counts, rounded towards those that are taken
+    const int highest = kHighestOffset / multiplier;
+    return numberText(lowest * resolutionMm, highest * resolutionMm, "%.3f");
 }
 
 QString at(const FactoryParameters::Texts& entries, int row)
@@ -181,12 +182,14 @@ FactoryParameters::Fault FactoryParameters::findFault(const Texts& entries, int 
     }
     if (resolutionMm() <= 0)
         return {languageString(kResolutionText)};
-    for (int row = 0; row < rowCount; ++row)
+    for (int row = 0; row < rowCount; ++row) {
         if (at(entries, row).isEmpty())
             return {languageString(kMissingText), row};
-    for (int row = 0; row < rowCount; ++row)
+    }
+    for (int row = 0; row < rowCount; ++row) {
         if (const QString message = faultOf(row, entries); !message.isNull())
             return {message, row};
+    }
     return {};
 }
 

@@ -205,9 +205,10 @@ void FactoryParamsPage::showReadValue()
 {
     const char id = readParameterId();
     m_parameters.take(id, link().lastReply());
-    for (int row = 0; row < m_list->rowCount(); ++row)
+    for (int row = 0; row < m_list->rowCount(); ++row) {
         if (FactoryParameters::parameterOf(row) == id)
             m_list->item(row, kValueColumn)->setText(m_parameters.text(row));
+    }
 }
 
 /// What a type does not have is not written either: nothing was read for it.

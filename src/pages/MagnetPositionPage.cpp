@@ -112,14 +112,15 @@ void MagnetPositionPage::onLinkReply(int result)
 {
     if (!m_running && !m_stopping)
         return; // given up
-    if (linkWasLost())
+    if (linkWasLost()) {
         abandon();
-    else if (m_stopping && m_phase < Phase::Reconnect)
+    } else if (m_stopping && m_phase < Phase::Reconnect) {
         return; // the stop has waited for it; no further step of the start is taken
-    else if (result == 1)
+    } else if (result == 1) {
         advance();
-    else
+    } else {
         fail();
+    }
     postLinkResult(result);
 }
 
@@ -332,12 +333,13 @@ void MagnetPositionPage::endRestore()
 {
     if (std::exchange(m_sensorHas, Format::Own) == Format::Own || !m_restore.isKept(m_format))
         return;
-    if (m_format.own == m_format.streaming)
+    if (m_format.own == m_format.streaming) {
         m_restore.drop(m_format);
-    else
+    } else {
         Q_EMIT formatKept(
             languageString(kStillStreamingText)
                 .arg(QString::number(m_format.port), QString::fromLatin1(m_format.own)));
+    }
 }
 
 /// The link is gone: the sensor keeps the format that it has until it is connected again.

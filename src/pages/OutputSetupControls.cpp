@@ -59,9 +59,10 @@ void select(QComboBox& list, int data)
 template <std::size_t count>
 int checkedIndex(const std::array<QRadioButton*, count>& buttons)
 {
-    for (std::size_t index = 0; index < count; ++index)
+    for (std::size_t index = 0; index < count; ++index) {
         if (buttons[index]->isChecked())
             return static_cast<int>(index);
+    }
     return -1;
 }
 
@@ -162,12 +163,13 @@ void OutputSetupControls::clear()
 
 void OutputSetupControls::show(char id, const OutputSettings& read)
 {
-    if (id == 'D')
+    if (id == 'D') {
         showFormat(read.format);
-    else if (id == 'A')
+    } else if (id == 'A') {
         select(*m_resolution, read.micrometres);
-    else if (id == 'K')
+    } else if (id == 'K') {
         showExtension(read.extension);
+    }
 }
 
 void OutputSetupControls::showFormat(const DataFormat& format)
@@ -203,9 +205,10 @@ void OutputSetupControls::setMagnets(bool two)
 
 QWidget* OutputSetupControls::firstMissing(bool advanced) const
 {
-    for (QComboBox* list : {m_dataBits, m_format, m_direction, m_mode, m_resolution})
+    for (QComboBox* list : {m_dataBits, m_format, m_direction, m_mode, m_resolution}) {
         if (list->currentIndex() < 0)
             return list;
+    }
     if (m_skipCount->text().isEmpty())
         return m_skipCount;
     if (!advanced)

@@ -145,14 +145,15 @@ void OutputSetupPage::onLinkReply(int result)
 {
     if (m_phase == Phase::Idle)
         return; // ended by the loss of the link
-    if (result != 1)
+    if (result != 1) {
         fail();
-    else if (m_phase == Phase::Reading)
+    } else if (m_phase == Phase::Reading) {
         readNext();
-    else if (m_phase == Phase::Writing)
+    } else if (m_phase == Phase::Writing) {
         writeNext();
-    else
+    } else {
         finish();
+    }
     postLinkResult(result);
 }
 
@@ -234,9 +235,10 @@ char OutputSetupPage::stepParameter() const
 QString OutputSetupPage::failureText(char id) const
 {
     QStringList written;
-    for (std::size_t step = 0; step < static_cast<std::size_t>(m_step); ++step)
+    for (std::size_t step = 0; step < static_cast<std::size_t>(m_step); ++step) {
         written << QStringLiteral("%1 (%2)").arg(languageString(kWriteNames[step]),
                                                  QString(QLatin1Char(kWriteSequence[step])));
+    }
     return languageString(kWriteFailedText).arg(parameterArgument(id)) + QStringLiteral("\n\n") +
            (written.isEmpty()
                 ? languageString(kNothingWrittenText)
@@ -290,10 +292,11 @@ bool OutputSetupPage::valuesAreCurrent()
         return refuse(kNotIdentifiedText);
     if (!m_valuesLoaded || linkWasLost())
         return refuse(kReadFirstText);
-    if (m_misread)
+    if (m_misread) {
         return refuse(languageString(kMisreadText)
                           .arg(QString(QLatin1Char(m_misread->first)),
                                QString::fromLatin1(m_misread->second)));
+    }
     return m_read.micrometres > 0 || refuse(kNoResolutionText);
 }
 

@@ -74,8 +74,8 @@ private:
     bool m_valuesLoaded = false; ///< m_read is what the sensor has
     OutputSettings m_read;
     std::optional<std::pair<char, QByteArray>> m_misread; ///< the first reply that was no value
-    OutputSettings m_chosen;                           ///< what Apply writes
-    std::vector<std::pair<char, QByteArray>> m_writes; ///< made before the first one is written
+    OutputSettings m_chosen;                              ///< what Apply writes
+    std::vector<std::pair<char, QByteArray>> m_writes;    ///< made before the first one is written
 };
 
 } // namespace pelorin

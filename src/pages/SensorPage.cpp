@@ -123,10 +123,11 @@ QString SensorPage::parameterArgument(char id)
 void SensorPage::renderStatusText()
 {
     m_statusText = languageString(m_statusString);
-    if (m_statusArguments.size() == 1)
+    if (m_statusArguments.size() == 1) {
         m_statusText = m_statusText.arg(m_statusArguments[0]);
-    else if (m_statusArguments.size() == 2)
+    } else if (m_statusArguments.size() == 2) {
         m_statusText = m_statusText.arg(m_statusArguments[0], m_statusArguments[1]);
+    }
 }
 
 void SensorPage::post(int message, std::uintptr_t wParam)
@@ -155,7 +156,7 @@ void SensorPage::changeEvent(QEvent* event)
     BaseDialog::changeEvent(event);
 }
 
-QByteArray padValueText(QByteArray text, int width)
+QByteArray padValueText(const QByteArray& text, int width)
 {
     return text.size() > width ? text.right(width) : text.rightJustified(width, '0');
 }

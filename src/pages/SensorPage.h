@@ -109,6 +109,6 @@ private:
 };
 
 /// Fixes a value text to a width: drops leading characters, or puts zeros in front.
-[[nodiscard]] QByteArray padValueText(QByteArray text, int width);
+[[nodiscard]] QByteArray padValueText(const QByteArray& text, int width);
 
 } // namespace pelorin

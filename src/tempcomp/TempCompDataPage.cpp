@@ -170,9 +170,10 @@ void TempCompDataPage::writeToFile()
     const LookupTableResult result = writeLookupTableFile(path, table);
     report(result);
     const QStringList cells = cellsOtherThanTyped(table);
-    if (result.outcome == LookupTableResult::Outcome::Done && !cells.isEmpty())
+    if (result.outcome == LookupTableResult::Outcome::Done && !cells.isEmpty()) {
         showMessage(languageString(kOtherThanTypedText) + QStringLiteral("\n\n") +
                     cells.join(QLatin1Char('\n')));
+    }
 }
 
 void TempCompDataPage::readFromFile()
@@ -188,9 +189,10 @@ void TempCompDataPage::readFromFile()
 CompensationTable TempCompDataPage::lookupTable() const
 {
     CompensationTable table;
-    for (int row = 0; row < kRowCount; ++row)
+    for (int row = 0; row < kRowCount; ++row) {
         table.push_back(entryOf({m_lookupList->item(row, kPointColumn)->text(),
                                  m_lookupList->item(row, kValueColumn)->text()}));
+    }
     return table;
 }
 
@@ -203,10 +205,11 @@ void TempCompDataPage::showLookupTable(const CompensationTable& table)
         m_lookupList->item(row, kPointColumn)->setText(point);
         m_lookupList->item(row, kValueColumn)->setText(value);
     }
-    if (entryCount > kRowCount)
+    if (entryCount > kRowCount) {
         showMessage(languageString(kRowsIgnoredText)
                         .arg(QString::number(entryCount), QString::number(kRowCount),
                              QString::number(entryCount - kRowCount)));
+    }
 }
 
 /// What was written for each cell that does not hold just that number; an empty cell is a 0.
@@ -220,9 +223,10 @@ QStringList TempCompDataPage::cellsOtherThanTyped(const CompensationTable& writt
         const auto [point, value] = textsOf(written[static_cast<std::size_t>(row)]);
         for (const auto& [column, text] : {std::pair(kPointColumn, point), {kValueColumn, value}}) {
             const QString typed = m_lookupList->item(row, column)->text().trimmed();
-            if (!typed.isEmpty() && intlAtof(typed) != intlAtof(text))
+            if (!typed.isEmpty() && intlAtof(typed) != intlAtof(text)) {
                 cells << QStringLiteral("%1 %2, %3: %4")
                              .arg(header(0), QString::number(row), header(column), text);
+            }
         }
     }
     return cells;
