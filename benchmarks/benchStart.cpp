@@ -14,6 +14,7 @@
 #include <QFile>
 #include <QProcess>
 #include <QTest>
+#include <QTimer>
 
 #include <benchmark/benchmark.h>
 
