@@ -22,7 +22,8 @@ public:
     explicit CompletionCounter(QObject* dialog) { dialog->installEventFilter(this); }
     bool eventFilter(QObject*, QEvent* event) override
     {
-        m_count += event->type() == WindowMessage::typeOf(WM_DISPLAY_UNIT) ? 1 : 0;
+        const auto* message = WindowMessage::from(event); // also what the worker has written of it
+        m_count += message && message->message() == WM_DISPLAY_UNIT ? 1 : 0;
         return false;
     }
     /// Waits for some completions from now on.
