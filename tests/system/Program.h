@@ -1,20 +1,17 @@
 #pragma once
 
+#include "support/FileContent.h"
+
 #include <QByteArray>
-#include <QFile>
 #include <QProcess>
 
 #include <csignal>
 
 namespace pelorin {
 
-constexpr int kTimeLimit = 20'000; ///< ms; far beyond a start or an end
+using test::contentOf;
 
-inline QByteArray contentOf(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
+constexpr int kTimeLimit = 20'000; ///< ms; far beyond a start or an end
 
 /// A program that runs beside the test; it goes with this object.
 class Program

@@ -52,7 +52,7 @@ void TestLookupTableFile::init()
 
 void TestLookupTableFile::tableIsWrittenToTheByte()
 {
-    QVERIFY(createFile(m_path, QByteArray(5000, 'x'))); // longer than what takes its place
+    QVERIFY(putContent(m_path, QByteArray(5000, 'x'))); // longer than what takes its place
     const CompensationTable table{{50, 1234}, {-20, -1}, {32767, 2147483647}, {0, 0}};
     QCOMPARE(writeLookupTableFile(m_path, table).outcome, Outcome::Done);
     QCOMPARE(contentOf(m_path),
@@ -130,7 +130,7 @@ void TestLookupTableFile::linesAfterTheMarkerBecomeEntries()
 {
     QFETCH(QByteArray, content);
     QFETCH(CompensationTable, entries);
-    QVERIFY(createFile(m_path, content));
+    QVERIFY(putContent(m_path, content));
     CompensationTable table = kEarlier;
     entries.insert(entries.begin(), kEarlier.front());
     QTEST(readLookupTableFile(m_path, table).outcome, "outcome");
@@ -158,7 +158,7 @@ void TestLookupTableFile::hugeFilesAreReadOrRefused()
     QFETCH(QByteArray, content);
     QFETCH(qint64, size);
     QFETCH(int, entries);
-    QVERIFY(createFile(m_path, content));
+    QVERIFY(putContent(m_path, content));
     QVERIFY(QFile::resize(m_path, size));
 
     CompensationTable table;
@@ -169,7 +169,7 @@ void TestLookupTableFile::hugeFilesAreReadOrRefused()
 
 void TestLookupTableFile::failureTellsPathAndReason()
 {
-    QVERIFY(createFile(m_path, kMarker));
+    QVERIFY(putContent(m_path, kMarker));
     const QString below = m_path + QStringLiteral("/below.csv");
     CompensationTable table = kEarlier;
     const auto check = [](const LookupTableResult& result, Outcome outcome, const QString& path,
@@ -191,7 +191,7 @@ void TestLookupTableFile::failureTellsPathAndReason()
 void TestLookupTableFile::writeThatFailsHalfWayKeepsTheEarlierFile()
 {
     const QString fresh = m_folder->filePath(QStringLiteral("new.csv"));
-    QVERIFY(createFile(m_path, kMarkerLine + kZeroLine));
+    QVERIFY(putContent(m_path, kMarkerLine + kZeroLine));
     for (const QString& path : {m_path, fresh}) {
         for (const std::size_t entries : {std::size_t{10}, std::size_t{65'536}}) {
             const FileSizeLimit limit(100);

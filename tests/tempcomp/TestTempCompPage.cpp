@@ -285,9 +285,9 @@ void TestTempCompPage::cellsWrittenOtherThanTypedAreTold()
 void TestTempCompPage::shorterFileLeavesTheOtherRows()
 {
     const QString path = m_bench->path("table.csv");
-    QVERIFY(createFile(path, kMarkerLine + QByteArray("0004,00000009\n").repeated(10)));
+    QVERIFY(putContent(path, kMarkerLine + QByteArray("0004,00000009\n").repeated(10)));
     QCOMPARE(m_bench->chooseFile(kReadButton, path), QString());
-    QVERIFY(createFile(path, kMarkerLine + "0032,000004D2\nno comma\n\n"));
+    QVERIFY(putContent(path, kMarkerLine + "0032,000004D2\nno comma\n\n"));
     QCOMPARE(m_bench->chooseFile(kReadButton, path), QString());
     QString points;
     for (int row = 0; row < 10; ++row)
@@ -300,7 +300,7 @@ void TestTempCompPage::longerFileFillsTheListAndSaysHowManyRowsItIgnores()
     QByteArray content = kMarkerLine;
     for (int row = 1; row <= 12; ++row)
         content += QByteArray::number(row) + ",A\r\n";
-    QVERIFY(createFile(m_bench->path("table.csv"), content));
+    QVERIFY(putContent(m_bench->path("table.csv"), content));
     QCOMPARE(m_bench->chooseFile(kReadButton, m_bench->path("table.csv")),
              latin("The file holds more rows than the table. Rows in the file: 12; read: 10; "
                    "ignored: 2."));
@@ -315,7 +315,7 @@ void TestTempCompPage::readCellsAreWrittenBackAsTheSameLines()
                                "7FFF,7FFFFFFF\r\nFFFF8000,80000000\r\nFFFFFFFF,FFFFFFFF\r\n"
                                "0001,00000001\r\nFFFFFFEC,000004D2\r\n" +
                                kZeroLine.repeated(5);
-    QVERIFY(createFile(m_bench->path("table.csv"), content));
+    QVERIFY(putContent(m_bench->path("table.csv"), content));
     QCOMPARE(m_bench->chooseFile(kReadButton, m_bench->path("table.csv")), QString());
     QCOMPARE(m_bench->chooseFile(kWriteButton, m_bench->path("copy.csv")), QString());
     QCOMPARE(contentOf(m_bench->path("copy.csv")), content);
@@ -323,7 +323,7 @@ void TestTempCompPage::readCellsAreWrittenBackAsTheSameLines()
 
 void TestTempCompPage::fileReadUnderAnOpenEditorKeepsWhatIsTyped()
 {
-    QVERIFY(createFile(m_bench->path("table.csv"), kMarkerLine + "0032,000004D2\r\n"));
+    QVERIFY(putContent(m_bench->path("table.csv"), kMarkerLine + "0032,000004D2\r\n"));
     for (const auto& [typed, shown] : {std::pair("99", "99"), std::pair("", "25.0")}) {
         m_bench->type(0, 1, typed);
         QCOMPARE(m_bench->chooseFile(kReadButton, m_bench->path("table.csv")), QString());
@@ -356,7 +356,7 @@ void TestTempCompPage::cancelledDialogsChangeNothing()
 void TestTempCompPage::existingFileIsReplacedOnlyWhenTheUserSaysSo()
 {
     const QString path = m_bench->path("table.csv");
-    QVERIFY(createFile(path, "earlier"));
+    QVERIFY(putContent(path, "earlier"));
     QVERIFY(m_bench->chooseFile(kWriteButton, path, QMessageBox::No).contains(latin("table.csv")));
     QCOMPARE(contentOf(path), QByteArray("earlier"));
     QVERIFY(m_bench->chooseFile(kWriteButton, path, QMessageBox::Yes).contains(latin("table.csv")));
@@ -368,7 +368,7 @@ void TestTempCompPage::failureSaysWhyAndChangesNothing()
     const QString other = m_bench->path("other.csv");
     const QString memory = m_bench->path("memory.csv"); // opens, but has no byte 0
     const QString full = m_bench->path("full.csv");
-    QVERIFY(createFile(other, kMarkerLine.toLower() + "0032,000004D2\r\n"));
+    QVERIFY(putContent(other, kMarkerLine.toLower() + "0032,000004D2\r\n"));
     QVERIFY(QFile::link(latin("/proc/self/mem"), memory));
     m_bench->type(0, 1, "1");
     m_bench->click(0, 0);
