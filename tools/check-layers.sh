@@ -12,17 +12,18 @@ qt_widgets=$2
 
 # What each folder may include besides itself.
 declare -A may_include=(
-    [app]="tempcomp backup display pages link platform/ui platform/core"
-    [tempcomp]="pages link platform/ui platform/core"
-    [backup]="pages link platform/ui platform/core"
-    [display]="pages link platform/ui platform/core"
-    [pages]="link platform/ui platform/core"
+    [app]="tempcomp backup display pages sensor link platform/ui platform/core"
+    [tempcomp]="pages sensor link platform/ui platform/core"
+    [backup]="pages sensor link platform/ui platform/core"
+    [display]="pages sensor link platform/ui platform/core"
+    [pages]="sensor link platform/ui platform/core"
+    [sensor]="link platform/core"
     [link]="platform/core"
     [simulator]="platform/core"
     [platform/ui]="platform/core"
     [platform/core]=""
 )
-without_widgets=" link simulator platform/core "
+without_widgets=" sensor link simulator platform/core "
 
 # find_layer <path below src>: sets found to its folder, two deep in platform, or to nothing.
 find_layer() {

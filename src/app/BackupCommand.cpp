@@ -1,10 +1,10 @@
 #include "app/BackupCommand.h"
 
-#include "backup/BackupFile.h"
 #include "link/SensorLink.h"
 #include "platform/core/LanguageStrings.h"
 #include "platform/ui/FileChooser.h"
 #include "platform/ui/MessageBox.h"
+#include "sensor/BackupFile.h"
 
 namespace pelorin {
 

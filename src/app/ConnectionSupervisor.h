@@ -1,7 +1,7 @@
 #pragma once
 
-#include "pages/FormatRestore.h"
 #include "platform/core/WindowMessage.h"
+#include "sensor/FormatRestore.h"
 
 #include <QObject>
 #include <QTimer>

@@ -1,11 +1,11 @@
 #include "backup/BackupProgressDialog.h"
 
-#include "backup/BackupFile.h"
 #include "link/SensorLink.h"
 #include "platform/core/LanguageStrings.h"
 #include "platform/core/MessageNumbers.h"
 #include "platform/core/Pacing.h"
 #include "platform/ui/MessageBox.h"
+#include "sensor/BackupFile.h"
 
 #include <QCoreApplication>
 #include <QProgressBar>

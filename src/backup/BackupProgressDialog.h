@@ -1,8 +1,8 @@
 #pragma once
 
-#include "backup/BackupParameters.h"
 #include "platform/core/WindowMessage.h"
 #include "platform/ui/BaseDialog.h"
+#include "sensor/BackupParameters.h"
 
 #include <string_view>
 

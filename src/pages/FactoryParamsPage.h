@@ -1,8 +1,8 @@
 #pragma once
 
-#include "pages/FactoryParameters.h"
 #include "pages/SensorPage.h"
 #include "platform/ui/CellEditor.h"
+#include "sensor/FactoryParameters.h"
 
 class QPushButton;
 class QTableWidget;

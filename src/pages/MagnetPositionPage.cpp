@@ -1,12 +1,12 @@
 #include "pages/MagnetPositionPage.h"
 
 #include "link/SensorLink.h"
-#include "pages/ParameterCodec.h"
 #include "platform/core/DecimalText.h"
 #include "platform/core/HexText.h"
 #include "platform/core/LanguageStrings.h"
 #include "platform/core/Pacing.h"
 #include "platform/ui/ColorableTextBox.h"
+#include "sensor/ParameterCodec.h"
 
 #include <QDeadlineTimer>
 #include <QPlainTextEdit>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "pages/FormatRestore.h"
 #include "pages/SensorPage.h"
+#include "sensor/FormatRestore.h"
 
 #include <QTimer>
 

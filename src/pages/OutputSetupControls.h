@@ -1,6 +1,6 @@
 #pragma once
 
-#include "pages/OutputSettings.h"
+#include "sensor/OutputSettings.h"
 
 #include <QObject>
 

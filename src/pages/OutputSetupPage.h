@@ -1,7 +1,7 @@
 #pragma once
 
-#include "pages/OutputSettings.h"
 #include "pages/SensorPage.h"
+#include "sensor/OutputSettings.h"
 
 #include <optional>
 #include <string_view>

@@ -1,9 +1,9 @@
 #include "pages/SensorPage.h"
 
 #include "link/SensorLink.h"
-#include "pages/ClosingCommand.h"
 #include "platform/core/LanguageStrings.h"
 #include "platform/core/MessageNumbers.h"
+#include "sensor/ClosingCommand.h"
 
 #include <QComboBox>
 #include <QCoreApplication>
@@ -154,11 +154,6 @@ void SensorPage::changeEvent(QEvent* event)
     if (event->type() == QEvent::LanguageChange)
         renderStatusText();
     BaseDialog::changeEvent(event);
-}
-
-QByteArray padValueText(const QByteArray& text, int width)
-{
-    return text.size() > width ? text.right(width) : text.rightJustified(width, '0');
 }
 
 } // namespace pelorin

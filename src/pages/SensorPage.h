@@ -108,7 +108,4 @@ private:
     QStringList m_statusArguments;
 };
 
-/// Fixes a value text to a width: drops leading characters, or puts zeros in front.
-[[nodiscard]] QByteArray padValueText(const QByteArray& text, int width);
-
 } // namespace pelorin

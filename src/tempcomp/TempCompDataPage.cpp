@@ -6,7 +6,7 @@
 #include "platform/ui/ColumnWidths.h"
 #include "platform/ui/FileChooser.h"
 #include "platform/ui/MessageBox.h"
-#include "tempcomp/LookupTableFile.h"
+#include "sensor/LookupTableFile.h"
 
 #include <QAbstractButton>
 #include <QHeaderView>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "pages/SensorPage.h"
-#include "tempcomp/CompensationEntry.h"
+#include "sensor/CompensationEntry.h"
 
 class QTableWidget;
 

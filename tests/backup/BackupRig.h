@@ -1,8 +1,8 @@
 #pragma once
 
 #include "app/Commands.h"
-#include "backup/BackupFile.h"
 #include "backup/BackupProgressDialog.h"
+#include "sensor/BackupFile.h"
 #include "support/FileDialogUser.h"
 #include "support/MainWindowRig.h"
 #include "support/TestFolder.h"

@@ -24,7 +24,7 @@ while read -r verdict file include; do
         echo "$file with $include: $actual, expected $verdict"
     fi
 done <<'ROWS'
-allowed app/PelorinApp.cpp "backup/BackupFile.h"
+allowed app/PelorinApp.cpp "backup/BackupDialog.h"
 allowed app/PelorinApp.cpp "platform/core/ComPort.h"
 allowed app/main.cpp "simulator/SimulatedSensor.h"
 refused app/PelorinApp.cpp "simulator/SimulatedSensor.h"
@@ -37,8 +37,14 @@ allowed pages/InfoPage.cpp "pages/InfoPage.h"
 allowed pages/InfoPage.cpp "InfoPage.moc"
 refused pages/InfoPage.cpp "InfoPage.h"
 refused pages/InfoPage.cpp "../link/SensorLink.h"
-refused pages/InfoPage.cpp "backup/BackupFile.h"
+refused pages/InfoPage.cpp "backup/BackupDialog.h"
+allowed pages/InfoPage.cpp "sensor/ParameterCodec.h"
+allowed sensor/FormatRestore.cpp "link/SensorLink.h"
+refused sensor/BackupFile.cpp "pages/SensorPage.h"
+refused sensor/BackupFile.cpp "platform/ui/MessageBox.h"
+refused sensor/BackupFile.cpp <QMessageBox>
 refused link/SensorLink.h "platform/ui/BaseDialog.h"
+refused link/SensorLink.h "sensor/ParameterCodec.h"
 refused link/SensorLink.h <QWidget>
 refused link/SensorLink.h <QtWidgets/QLabel>
 refused link/SensorLink.h <QtWidgets>

@@ -1,12 +1,12 @@
 #pragma once
 
 #include "link/SensorLink.h"
-#include "pages/FormatRestore.h"
 #include "pages/MagnetPositionPage.h"
 #include "platform/core/LanguageStrings.h"
 #include "platform/core/MessageNumbers.h"
 #include "platform/core/WindowMessage.h"
 #include "platform/ui/ColorableTextBox.h"
+#include "sensor/FormatRestore.h"
 #include "support/MainWindowRig.h"
 
 #include <QApplication>

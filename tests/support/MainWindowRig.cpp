@@ -1,7 +1,7 @@
 #include "support/MainWindowRig.h"
 
-#include "pages/FormatRestore.h"
 #include "platform/core/Pacing.h"
+#include "sensor/FormatRestore.h"
 #include "simulator/SimulatedComPort.h"
 #include "support/LogLines.h"
 

@@ -1,4 +1,3 @@
-#include "backup/BackupFile.h"
 #include "backup/BackupProgressDialog.h"
 #include "display/DisplayUnitDialog.h"
 #include "pages/AboutDialog.h"
@@ -6,6 +5,7 @@
 #include "pages/ManualCommDialog.h"
 #include "pages/PasswordDialog.h"
 #include "pages/SelectPortDialog.h"
+#include "sensor/BackupFile.h"
 #include "support/MainWindowRig.h"
 
 #include <QAbstractButton>

@@ -1,6 +1,6 @@
-#include "pages/FactoryParameters.h"
+#include "sensor/FactoryParameters.h"
 
-#include "pages/ParameterCodec.h"
+#include "sensor/ParameterCodec.h"
 #include "support/Languages.h"
 
 #include <QTest>

@@ -1,10 +1,9 @@
-#include "pages/FactoryParameters.h"
+#include "sensor/FactoryParameters.h"
 
-#include "pages/ParameterCodec.h"
-#include "pages/SensorPage.h"
 #include "platform/core/DecimalText.h"
 #include "platform/core/HexText.h"
 #include "platform/core/LanguageStrings.h"
+#include "sensor/ParameterCodec.h"
 
 #include <QRegularExpression>
 

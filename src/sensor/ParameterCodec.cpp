@@ -1,4 +1,4 @@
-#include "pages/ParameterCodec.h"
+#include "sensor/ParameterCodec.h"
 
 #include "platform/core/DecimalText.h"
 #include "platform/core/HexText.h"
@@ -48,6 +48,11 @@ bool isWellFormed(char id, const QByteArray& reply)
 {
     const QRegularExpression form(QRegularExpression::anchoredPattern(patternOf(id)));
     return form.match(QString::fromLatin1(reply)).hasMatch();
+}
+
+QByteArray padValueText(const QByteArray& text, int width)
+{
+    return text.size() > width ? text.right(width) : text.rightJustified(width, '0');
 }
 
 DataFormat DataFormat::decode(const QByteArray& text)

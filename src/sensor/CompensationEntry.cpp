@@ -1,4 +1,4 @@
-#include "tempcomp/CompensationEntry.h"
+#include "sensor/CompensationEntry.h"
 
 #include "platform/core/DecimalText.h"
 

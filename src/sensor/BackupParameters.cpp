@@ -1,4 +1,4 @@
-#include "backup/BackupParameters.h"
+#include "sensor/BackupParameters.h"
 
 #include <algorithm>
 

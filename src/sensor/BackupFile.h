@@ -1,6 +1,6 @@
 #pragma once
 
-#include "backup/BackupParameters.h"
+#include "sensor/BackupParameters.h"
 
 #include <QString>
 

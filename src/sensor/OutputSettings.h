@@ -1,6 +1,6 @@
 #pragma once
 
-#include "pages/ParameterCodec.h"
+#include "sensor/ParameterCodec.h"
 
 namespace pelorin {
 

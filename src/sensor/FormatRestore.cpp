@@ -1,9 +1,9 @@
-#include "pages/FormatRestore.h"
+#include "sensor/FormatRestore.h"
 
 #include "link/SensorLink.h"
-#include "pages/ClosingCommand.h"
-#include "pages/ParameterCodec.h"
 #include "platform/core/Pacing.h"
+#include "sensor/ClosingCommand.h"
+#include "sensor/ParameterCodec.h"
 
 #include <algorithm>
 #include <utility>

@@ -15,6 +15,9 @@ namespace pelorin {
 /// follows from it may be written.
 [[nodiscard]] bool isWellFormed(char id, const QByteArray& reply);
 
+/// Fixes a value text to a width: drops leading characters, or puts zeros in front.
+[[nodiscard]] QByteArray padValueText(const QByteArray& text, int width);
+
 /// Parameter 'D': how the sensor formats its SSI output.
 struct DataFormat
 {

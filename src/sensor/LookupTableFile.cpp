@@ -1,4 +1,4 @@
-#include "tempcomp/LookupTableFile.h"
+#include "sensor/LookupTableFile.h"
 
 #include "platform/core/HexText.h"
 

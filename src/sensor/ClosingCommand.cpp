@@ -1,4 +1,4 @@
-#include "pages/ClosingCommand.h"
+#include "sensor/ClosingCommand.h"
 
 #include "link/SensorLink.h"
 

@@ -1,4 +1,4 @@
-#include "pages/OutputSettings.h"
+#include "sensor/OutputSettings.h"
 
 #include "platform/core/DecimalText.h"
 

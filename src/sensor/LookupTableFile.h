@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tempcomp/CompensationEntry.h"
+#include "sensor/CompensationEntry.h"
 
 #include <QString>
 

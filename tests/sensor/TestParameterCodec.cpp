@@ -1,4 +1,4 @@
-#include "pages/ParameterCodec.h"
+#include "sensor/ParameterCodec.h"
 
 #include <QTest>
 

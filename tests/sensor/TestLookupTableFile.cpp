@@ -1,4 +1,4 @@
-#include "tempcomp/LookupTableFile.h"
+#include "sensor/LookupTableFile.h"
 
 #include "support/FileSizeLimit.h"
 #include "tempcomp/TableFiles.h"

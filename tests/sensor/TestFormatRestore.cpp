@@ -1,4 +1,4 @@
-#include "pages/FormatRestore.h"
+#include "sensor/FormatRestore.h"
 
 #include "link/SensorLink.h"
 #include "platform/core/ComPortFactory.h"

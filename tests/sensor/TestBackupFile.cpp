@@ -1,4 +1,4 @@
-#include "backup/BackupFile.h"
+#include "sensor/BackupFile.h"
 
 #include "support/FileSizeLimit.h"
 #include "support/TestFolder.h"
