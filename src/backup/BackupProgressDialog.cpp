@@ -6,6 +6,7 @@
 #include "platform/core/Pacing.h"
 #include "platform/ui/MessageBox.h"
 #include "sensor/BackupFile.h"
+#include "sensor/SensorTypes.h"
 
 #include <QCoreApplication>
 #include <QProgressBar>
@@ -82,7 +83,7 @@ void BackupProgressDialog::setupTranslationMap()
 
 void BackupProgressDialog::onInitDialog()
 {
-    m_parameters = backupParameters(m_link.ssiType());
+    m_parameters = sensorType(m_link.ssiType()).backup;
     m_progress = getControl<QProgressBar>(kProgressControl);
     m_progress->setRange(0, static_cast<int>(m_parameters.size()));
     m_progress->setValue(0);

@@ -5,11 +5,10 @@
 #include "platform/core/Pacing.h"
 #include "platform/ui/ColumnWidths.h"
 #include "platform/ui/MessageBox.h"
+#include "sensor/SensorTypes.h"
 
 #include <QPushButton>
 #include <QTableWidget>
-
-#include <string_view>
 
 namespace pelorin {
 
@@ -37,8 +36,6 @@ constexpr std::array kHeaderTexts = {111, 112, 113};
 constexpr int kValueColumn = 1;
 constexpr int kUnitColumn = 2;
 
-constexpr std::string_view kReadSequence = "FDLUPANMJO";
-constexpr std::string_view kWriteSequence = "FLUSZPDNMJO";
 constexpr auto kPauseBetweenRequests = 100ms;
 
 /// String numbers of a row's label and unit, 0 for none.
@@ -61,8 +58,14 @@ constexpr std::array<Row, FactoryParameters::kRowCount> kRows = {{
     {154, 146},
 }};
 
-/// The rows that sensors of a type have; each has as many parameters to read.
-constexpr std::array kRowsOfType = {7, 8, 10};
+/// The rows that sensors of a type have: the first ones.
+int rowsOf(const SensorType& type)
+{
+    int rows = 0;
+    while (rows < FactoryParameters::kRowCount && type.has(FactoryParameters::parameterOf(rows)))
+        ++rows;
+    return rows;
+}
 
 } // namespace
 
@@ -123,15 +126,15 @@ void FactoryParamsPage::sensorChanged()
 
 char FactoryParamsPage::readParameterId() const
 {
-    return kReadSequence[static_cast<std::size_t>(m_step)];
+    return m_type->factoryRead[m_step];
 }
 
 /// While the sequence is being closed, the command that closes it.
 char FactoryParamsPage::writeParameterId() const
 {
     if (m_phase == Phase::Closing)
-        return link().ssiType() == 1 ? 'E' : 'C';
-    return kWriteSequence[static_cast<std::size_t>(m_step)];
+        return m_type->closing;
+    return m_type->factoryWrite[m_step];
 }
 
 void FactoryParamsPage::getCurrentValues()
@@ -144,10 +147,8 @@ void FactoryParamsPage::getCurrentValues()
     m_step = 0;
     m_readComplete = false;
     m_parameters.clear();
-    const int type = link().ssiType();
-    const bool known = type >= 0 && type < static_cast<int>(kRowsOfType.size());
-    startEditing(known ? kRowsOfType[static_cast<std::size_t>(type)] : m_rowCount);
-    m_readCount = known ? m_rowCount : static_cast<int>(kReadSequence.size());
+    m_type = &sensorType(link().ssiType());
+    startEditing(m_type->closing != 0 ? rowsOf(*m_type) : m_rowCount);
     beginSequence();
     requestRead(readParameterId());
 }
@@ -192,7 +193,7 @@ bool FactoryParamsPage::advance()
 void FactoryParamsPage::continueReading()
 {
     showReadValue();
-    if (++m_step < m_readCount) {
+    if (++m_step < m_type->factoryRead.size()) {
         Pacing::sleep(kPauseBetweenRequests);
         requestRead(readParameterId());
     } else {
@@ -211,11 +212,9 @@ void FactoryParamsPage::showReadValue()
     }
 }
 
-/// What a type does not have is not written either: nothing was read for it.
 bool FactoryParamsPage::continueWriting()
 {
-    const int writeCount = m_rowCount + 1;
-    if (++m_step < writeCount) {
+    if (++m_step < m_type->factoryWrite.size()) {
         Pacing::sleep(kPauseBetweenRequests);
         requestNextWrite();
         return true;
@@ -254,7 +253,7 @@ QString FactoryParamsPage::fail()
     if (linkWasLost())
         lines << languageString(kLinkLostText);
     QStringList written;
-    for (const char done : kWriteSequence.substr(0, static_cast<std::size_t>(m_step)))
+    for (const char done : m_type->factoryWrite.substr(0, m_step))
         written << QString(QLatin1Char(done));
     lines << (written.isEmpty()
                   ? languageString(kNothingWrittenText)

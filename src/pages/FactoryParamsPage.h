@@ -9,6 +9,8 @@ class QTableWidget;
 
 namespace pelorin {
 
+struct SensorType;
+
 /// Lists the sensor's factory parameters, lets the user edit their values in place, and writes
 /// all of them back in one sequence. Nothing is written unless everything was read from this
 /// sensor and every value fits its parameter.
@@ -59,9 +61,9 @@ private:
     FactoryParameters m_parameters;     ///< what has been read since the page was last shown
     FactoryParameters::Texts m_entries; ///< what is applied, as it was checked
     bool m_readComplete = false;
-    int m_rowCount = 7; ///< rows of the connected type
-    int m_readCount = 0;
-    int m_step = 0;
+    int m_rowCount = 7;                 ///< rows of the connected type
+    const SensorType* m_type = nullptr; ///< of the sensor that was read
+    std::size_t m_step = 0;
     Phase m_phase = Phase::Idle;
 };
 

@@ -7,12 +7,12 @@
 #include "platform/core/LanguageStrings.h"
 #include "platform/core/Pacing.h"
 #include "platform/ui/MessageBox.h"
+#include "sensor/SensorTypes.h"
 
 #include <QLineEdit>
 #include <QPushButton>
 
 #include <array>
-#include <string_view>
 
 namespace pelorin {
 
@@ -53,10 +53,6 @@ constexpr int kDoesNotFitText = 1205;
 constexpr int kNoResolutionText = 1206;
 constexpr int kMisreadText = 1330;
 
-// The last of each only for sensors with an extension.
-constexpr std::string_view kReadSequence = "DAUNLK";
-constexpr std::string_view kWriteSequence = "DASNK";
-constexpr std::array kWriteNames = {122, 140, 145, 149, 153};
 constexpr char kNoParameter = '\xFF';
 constexpr auto kPauseBetweenRequests = 100ms;
 
@@ -217,16 +213,11 @@ void OutputSetupPage::fail()
         Q_EMIT applyFailed(failureText(id));
 }
 
-/// What this sensor has of a sequence.
-std::string_view OutputSetupPage::sequenceOf(std::string_view full) const
-{
-    return hasExtension() ? full : full.substr(0, full.size() - 1);
-}
-
 /// The parameter of the running sequence's step, kNoParameter behind its last.
 char OutputSetupPage::stepParameter() const
 {
-    const std::string_view sequence = sequenceOf(isWriting() ? kWriteSequence : kReadSequence);
+    const SensorType& type = sensorType(link().ssiType());
+    const std::string_view sequence = isWriting() ? type.outputWrite : type.outputRead;
     const auto step = static_cast<std::size_t>(m_step);
     return step < sequence.size() ? sequence[step] : kNoParameter;
 }
@@ -236,8 +227,9 @@ QString OutputSetupPage::failureText(char id) const
 {
     QStringList written;
     for (std::size_t step = 0; step < static_cast<std::size_t>(m_step); ++step) {
-        written << QStringLiteral("%1 (%2)").arg(languageString(kWriteNames[step]),
-                                                 QString(QLatin1Char(kWriteSequence[step])));
+        const char done = m_writes[step].first;
+        written << QStringLiteral("%1 (%2)").arg(languageString(parameterName(done)),
+                                                 QString(QLatin1Char(done)));
     }
     return languageString(kWriteFailedText).arg(parameterArgument(id)) + QStringLiteral("\n\n") +
            (written.isEmpty()
@@ -340,7 +332,7 @@ bool OutputSetupPage::confirmChanges()
 bool OutputSetupPage::composeWriteValues()
 {
     m_writes.clear();
-    for (const char id : sequenceOf(kWriteSequence)) {
+    for (const char id : sensorType(link().ssiType()).outputWrite) {
         const auto text = m_chosen.encode(id);
         if (!text)
             return refuse(kDoesNotFitText, m_controls->resolutionList());

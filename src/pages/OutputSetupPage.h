@@ -4,7 +4,6 @@
 #include "sensor/OutputSettings.h"
 
 #include <optional>
-#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -63,7 +62,6 @@ private:
     [[nodiscard]] bool refuse(const QString& text, QWidget* focus = nullptr);
 
     [[nodiscard]] bool hasExtension() const;
-    [[nodiscard]] std::string_view sequenceOf(std::string_view full) const;
     [[nodiscard]] char stepParameter() const;
     [[nodiscard]] QString failureText(char id) const;
 

@@ -7,9 +7,11 @@
 #include "platform/core/Pacing.h"
 #include "platform/ui/ColumnWidths.h"
 #include "sensor/ParameterCodec.h"
+#include "sensor/SensorTypes.h"
 
 #include <QTableWidget>
 
+#include <algorithm>
 #include <array>
 
 namespace pelorin {
@@ -30,37 +32,34 @@ constexpr std::array kHeaderTexts = {111, 112, 113};
 constexpr int kValueColumn = 1;
 constexpr int kUnitColumn = 2;
 
-constexpr std::array kReadSequence = {'D', 'A', 'L', 'F', 'V', 'U', 'S',
-                                      'P', 'Z', 'N', 'M', 'J', 'K', 'O'};
-constexpr int kReadCount = static_cast<int>(kReadSequence.size());
 constexpr auto kPauseBetweenReads = 100ms;
 
-/// String numbers of a row's label and unit, 0 for none.
 struct Row
 {
-    int label;
-    int unit;
+    char parameter; ///< 0 for a spacer
+    int unit;       ///< string number, 0 for none
+    int label = 0;  ///< string number, where it is not the parameter's name
 };
 
 constexpr std::array<Row, 18> kRows = {{
-    {122, 0},   // data format
-    {127, 0},   // measurement direction and mode
-    {133, 0},   // multiplier
-    {140, 141}, // resolution, mm
-    {142, 141}, // stroke, mm
-    {176, 146}, // error skip count
-    {0, 0},     // spacer
-    {138, 0},   // factory text
-    {139, 0},   // firmware revision
-    {143, 144}, // gradient
-    {145, 146},
-    {147, 146},
-    {148, 146},
-    {149, 146},
-    {150, 146},
-    {151, 146},
-    {153, 0}, // extension
-    {154, 146},
+    {'D', 0},
+    {'D', 0, 127}, // measurement direction and mode
+    {'D', 0, 133}, // multiplier
+    {'A', 141},    // mm
+    {'L', 141},
+    {'D', 146, 176}, // error skip count
+    {0, 0},
+    {'F', 0},
+    {'V', 0},
+    {'U', 144},
+    {'S', 146},
+    {'P', 146},
+    {'Z', 146},
+    {'N', 146},
+    {'M', 146},
+    {'J', 146},
+    {'K', 0},
+    {'O', 146},
 }};
 constexpr int kRowCount = static_cast<int>(kRows.size());
 
@@ -69,14 +68,11 @@ constexpr int kModeRow = 1;
 constexpr int kMultiplierRow = 2;
 constexpr int kSkipCountRow = 5;
 
-/// The rows that a sensor of a lesser type does not have, and the last parameter it has.
-struct TypeLimit
+QString labelText(const Row& row)
 {
-    int ssiType;
-    char lastParameter;
-    int firstRowNotApplicable;
-};
-constexpr std::array<TypeLimit, 2> kTypeLimits = {{{0, 'N', 14}, {1, 'M', 15}}};
+    const int number = row.label != 0 ? row.label : parameterName(row.parameter);
+    return number != 0 ? languageString(number) : QString();
+}
 
 QString formatText(const DataFormat& format)
 {
@@ -147,19 +143,17 @@ QString valueText(char id, const QByteArray& reply)
     }
 }
 
+/// The row of a parameter that fills only one.
 int rowOf(char id)
 {
-    constexpr std::string_view kOneRowParameters = "ALFVUSPZNMJKO";
-    constexpr std::array kOneRowRows = {3, 4, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16, 17};
-    return kOneRowRows[kOneRowParameters.find(id)];
+    const auto isOfParameter = [id](const Row& row) { return row.parameter == id; };
+    const auto found = std::find_if(kRows.begin(), kRows.end(), isOfParameter);
+    return static_cast<int>(found - kRows.begin());
 }
 
 } // namespace
 
-SensorInfoPage::SensorInfoPage()
-    : SensorPage(QStringLiteral("DLG_PELORIN_SENSORINFO")), m_firstRowNotApplicable(kRowCount)
-{
-}
+SensorInfoPage::SensorInfoPage() : SensorPage(QStringLiteral("DLG_PELORIN_SENSORINFO")) {}
 
 void SensorInfoPage::setupTranslationMap()
 {
@@ -191,9 +185,10 @@ void SensorInfoPage::translate()
     m_list->setHorizontalHeaderLabels(headers);
     m_list->horizontalHeaderItem(0)->setTextAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     for (int row = 0; row < kRowCount; ++row) {
-        const auto& [label, unit] = kRows[static_cast<std::size_t>(row)];
-        m_list->item(row, 0)->setText(label ? languageString(label) : QString());
-        m_list->item(row, kUnitColumn)->setText(unit ? languageString(unit) : QString());
+        const Row& shown = kRows[static_cast<std::size_t>(row)];
+        m_list->item(row, 0)->setText(labelText(shown));
+        m_list->item(row, kUnitColumn)
+            ->setText(shown.unit != 0 ? languageString(shown.unit) : QString());
     }
     renderValues();
 }
@@ -202,30 +197,32 @@ void SensorInfoPage::getCurrentValues()
 {
     showBusy(1);
     m_replies.clear();
-    m_firstRowNotApplicable = kRowCount;
+    m_type = &sensorType(link().ssiType());
+    m_allRead = false;
     renderValues();
     m_readStep = 0;
     setStatusText(kReadingText);
     beginSequence();
-    requestRead(kReadSequence.front());
+    requestRead(readParameterId());
+}
+
+char SensorInfoPage::readParameterId() const
+{
+    return m_type->information[m_readStep];
 }
 
 void SensorInfoPage::onLinkReply(int result)
 {
-    const char id = kReadSequence[static_cast<std::size_t>(m_readStep)];
+    const char id = readParameterId();
     if (result == 1) {
         m_replies.insert(id, link().lastReply());
         renderValue(id);
-        for (const auto& limit : kTypeLimits) {
-            if (link().ssiType() == limit.ssiType && id == limit.lastParameter) {
-                markRowsNotApplicable(limit.firstRowNotApplicable);
-                m_readStep = kReadCount;
-            }
-        }
-        if (++m_readStep < kReadCount) {
+        if (++m_readStep < m_type->information.size()) {
             Pacing::sleep(kPauseBetweenReads);
-            requestRead(kReadSequence[static_cast<std::size_t>(m_readStep)]);
+            requestRead(readParameterId());
         } else {
+            m_allRead = true;
+            renderValues();
             setStatusText(kReadyText);
             showBusy(0);
         }
@@ -236,17 +233,13 @@ void SensorInfoPage::onLinkReply(int result)
     postLinkResult(result);
 }
 
-void SensorInfoPage::markRowsNotApplicable(int firstRow)
-{
-    m_firstRowNotApplicable = firstRow;
-    renderValues();
-}
-
 void SensorInfoPage::renderValues()
 {
-    for (int row = 0; row < kRowCount; ++row)
-        setValue(row,
-                 row < m_firstRowNotApplicable ? QString() : languageString(kNotApplicableText));
+    for (int row = 0; row < kRowCount; ++row) {
+        const char id = kRows[static_cast<std::size_t>(row)].parameter;
+        const bool missing = m_allRead && id != 0 && !m_type->has(id);
+        setValue(row, missing ? languageString(kNotApplicableText) : QString());
+    }
     for (auto reply = m_replies.keyBegin(); reply != m_replies.keyEnd(); ++reply)
         renderValue(*reply);
 }

@@ -9,6 +9,8 @@ class QTableWidget;
 
 namespace pelorin {
 
+struct SensorType;
+
 /// The first page: reads the sensor's parameters one after the other and shows them decoded.
 /// Changes nothing on the sensor.
 class SensorInfoPage final : public SensorPage
@@ -27,15 +29,16 @@ protected:
     void onLinkReply(int result) override;
 
 private:
-    void markRowsNotApplicable(int firstRow);
+    [[nodiscard]] char readParameterId() const;
     void renderValue(char id);
     void renderValues();
     void setValue(int row, const QString& text);
 
     QTableWidget* m_list = nullptr;
-    int m_readStep = 0;
-    QHash<char, QByteArray> m_replies; ///< what has been read since the page was last shown
-    int m_firstRowNotApplicable;
+    std::size_t m_readStep = 0;
+    QHash<char, QByteArray> m_replies;  ///< what has been read since the page was last shown
+    const SensorType* m_type = nullptr; ///< of the sensor that is read
+    bool m_allRead = false;
 };
 
 } // namespace pelorin

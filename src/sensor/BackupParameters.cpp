@@ -10,21 +10,6 @@ constexpr int kWriteDataMaximum = 9; ///< what a frame to the sensor can carry
 
 } // namespace
 
-std::string_view backupParameters(int ssiType)
-{
-    constexpr std::string_view kAll = "DALUSPZNMJKO";
-    switch (ssiType) {
-    case 0:
-        return kAll.substr(0, 8);
-    case 1:
-        return kAll.substr(0, 9);
-    case 2:
-        return kAll;
-    default:
-        return {};
-    }
-}
-
 bool hasControlCharacters(const QByteArray& text)
 {
     return std::any_of(text.cbegin(), text.cend(), [](char character) {

@@ -22,10 +22,6 @@ private:
     std::array<QByteArray, 256> m_texts;
 };
 
-/// The parameters that a backup holds, in the order in which they are read and written.
-/// @return nothing for a type that is not known
-[[nodiscard]] std::string_view backupParameters(int ssiType);
-
 /// Whether a text has characters that a line of a backup file, or a frame, cannot carry.
 [[nodiscard]] bool hasControlCharacters(const QByteArray& text);
 

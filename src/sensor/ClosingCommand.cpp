@@ -1,20 +1,14 @@
 #include "sensor/ClosingCommand.h"
 
 #include "link/SensorLink.h"
+#include "sensor/SensorTypes.h"
 
 namespace pelorin {
 
 RequestId requestClosingCommand(SensorLink& link)
 {
-    switch (link.ssiType()) {
-    case 1:
-        return link.requestWrite('E', QByteArray());
-    case 0:
-    case 2:
-        return link.requestWrite('C', QByteArray());
-    default:
-        return 0;
-    }
+    const char command = sensorType(link.ssiType()).closing;
+    return command != 0 ? link.requestWrite(command, QByteArray()) : 0;
 }
 
 } // namespace pelorin

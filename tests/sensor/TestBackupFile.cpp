@@ -1,5 +1,6 @@
 #include "sensor/BackupFile.h"
 
+#include "sensor/SensorTypes.h"
 #include "support/FileSizeLimit.h"
 #include "support/TestFolder.h"
 
@@ -177,9 +178,9 @@ void TestBackupFile::valuesAreCheckedAgainstTheParametersOfASensor()
     BackupValues values;
     for (const char id : {'D', 'A', 'L', 'U', 'S', 'P', 'Z', 'N'})
         values[id] = "000000";
-    QVERIFY(BackupFaults::of(values, backupParameters(0)) == BackupFaults());
+    QVERIFY(BackupFaults::of(values, sensorType(0).backup) == BackupFaults());
     const BackupFaults lessThanType2{"MJKO", ""};
-    QVERIFY(BackupFaults::of(values, backupParameters(2)) == lessThanType2);
+    QVERIFY(BackupFaults::of(values, sensorType(2).backup) == lessThanType2);
 
     values['A'].clear();
     values['L'] = "0A1250789";  // fits
@@ -189,7 +190,7 @@ void TestBackupFile::valuesAreCheckedAgainstTheParametersOfASensor()
     values['N'] = "\xFFZ";
     values['O'] = QByteArray(100, 'x'); // not of this type
     const BackupFaults several{"A", "USP"};
-    QVERIFY(BackupFaults::of(values, backupParameters(0)) == several);
+    QVERIFY(BackupFaults::of(values, sensorType(0).backup) == several);
 }
 
 QTEST_GUILESS_MAIN(TestBackupFile)
