@@ -15,8 +15,11 @@ std::optional<double> decodePosition(std::string_view frame, const PositionScale
 {
     if (frame.size() != kFrameLength || frame.back() != '\r')
         return std::nullopt;
+    const QByteArrayView digits(frame.data(), kFrameLength - 1);
+    if (!isHexDigits(digits))
+        return std::nullopt;
 
-    qint32 word = hexToLong(QByteArrayView(frame.data(), kFrameLength - 1));
+    qint32 word = hexToLong(digits);
     if (scale.dataBits > 0 && scale.dataBits < kWordBits)
         word >>= kWordBits - scale.dataBits; // keeps the sign
     return word * scale.mmPerCount;

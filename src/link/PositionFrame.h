@@ -14,7 +14,7 @@ struct PositionScale
 
 /// Decodes one frame of the position stream: eight hexadecimal digits and CR. The SSI word
 /// stands left-aligned in 32 bits.
-/// @return millimetres, signed; nothing if the frame is not whole. Any thread.
+/// @return millimetres, signed; nothing if the frame is another. Any thread.
 [[nodiscard]] std::optional<double> decodePosition(std::string_view frame,
                                                    const PositionScale& scale) noexcept;
 

@@ -5,10 +5,9 @@
 #include "platform/core/LanguageStrings.h"
 #include "sensor/ParameterCodec.h"
 
-#include <QRegularExpression>
-
 #include <algorithm>
 #include <optional>
+#include <string_view>
 
 namespace pelorin {
 
@@ -39,18 +38,8 @@ constexpr int kHighestOffset = 16711679;
 constexpr std::array<QLatin1String, 4> kMultipliers = {QLatin1String("0"), QLatin1String("2"),
                                                        QLatin1String("4"), QLatin1String("8")};
 
-/// Replies of which nothing is lost when they are shown and written back. Of 'D' the last four
-/// characters are kept as they are; 'A' is not written, but others are computed from it.
-struct ReplyForm
-{
-    char id;
-    const char* pattern;
-};
-constexpr std::array<ReplyForm, 5> kReplyForms = {{{'L', "..[0-9]+"},
-                                                   {'U', "[0-9]+"},
-                                                   {'A', " *[0-9]+"},
-                                                   {'D', "[0-9A-Fa-f]{2}[ -~]{4}"},
-                                                   {'N', "[0-9A-Fa-f]+"}}};
+/// What is written follows from these replies in part; the others are seen and edited whole.
+constexpr std::string_view kBaseOfWrites = "LUADNM";
 
 bool isPrintableAscii(const QString& text)
 {
@@ -173,11 +162,11 @@ QString FactoryParameters::text(int row) const
 
 FactoryParameters::Fault FactoryParameters::findFault(const Texts& entries, int rowCount) const
 {
-    for (const auto& [id, pattern] : kReplyForms) {
-        const QString reply = QString::fromLatin1(m_replies.value(id));
-        const QString form = QRegularExpression::anchoredPattern(QLatin1String(pattern));
-        if (!QRegularExpression(form).match(reply).hasMatch())
-            return {languageString(kMisreadText).arg(QString(QLatin1Char(id)), reply)};
+    for (const char id : kBaseOfWrites) {
+        const QByteArray reply = m_replies.value(id);
+        if (m_replies.contains(id) && !isWellFormed(id, reply))
+            return {languageString(kMisreadText)
+                        .arg(QString(QLatin1Char(id)), QString::fromLatin1(reply))};
     }
     if (resolutionMm() <= 0)
         return {languageString(kResolutionText)};

@@ -5,7 +5,6 @@
 #include "sensor/ClosingCommand.h"
 #include "sensor/ParameterCodec.h"
 
-#include <algorithm>
 #include <utility>
 
 namespace pelorin {
@@ -16,12 +15,6 @@ namespace {
 
 constexpr auto kWriteTime = 250ms;
 constexpr auto kStoreTime = 2500ms;
-constexpr int kFormatDigits = 6;
-
-bool isHexDigit(char character)
-{
-    return (character >= '0' && character <= '9') || (character >= 'A' && character <= 'F');
-}
 
 /// The group of all formats kept for one sensor.
 QString sensorGroup(int port, const QByteArray& version)
@@ -44,10 +37,9 @@ QString keyOf(const SavedFormat& format)
 
 std::optional<QByteArray> formatDigits(const QByteArray& reply)
 {
-    const QByteArray digits = reply.toUpper();
-    if (digits.size() < kFormatDigits || !std::all_of(digits.begin(), digits.end(), isHexDigit))
+    if (!isWellFormed('D', reply))
         return std::nullopt;
-    return digits.right(kFormatDigits);
+    return reply.toUpper();
 }
 
 QByteArray streamingFormat(const QByteArray& digits)

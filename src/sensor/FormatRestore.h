@@ -23,8 +23,8 @@ struct SavedFormat
     bool operator==(const SavedFormat&) const = default;
 };
 
-/// The six digits of a data format that a sensor has answered; nothing if the answer is no
-/// hexadecimal number.
+/// The six digits of a data format that a sensor has answered; nothing if the answer is another
+/// text.
 [[nodiscard]] std::optional<QByteArray> formatDigits(const QByteArray& reply);
 
 /// The data format with which a sensor streams its position, and is as before otherwise.

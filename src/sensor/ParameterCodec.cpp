@@ -3,9 +3,11 @@
 #include "platform/core/DecimalText.h"
 #include "platform/core/HexText.h"
 
-#include <QRegularExpression>
-
+#include <algorithm>
+#include <array>
 #include <cmath>
+#include <limits>
+#include <string_view>
 
 namespace pelorin {
 
@@ -27,27 +29,56 @@ int longStrokeCode(double strokeMm)
     return static_cast<int>(strokeMm * 1.497005988023952 + 208.0);
 }
 
-QString patternOf(char id)
+bool isDigits(QByteArrayView text)
 {
-    switch (id) {
-    case 'A':
-    case 'U':
-        return QStringLiteral(" *[0-9]+");
-    case 'L':
-        return QStringLiteral(".. *[0-9]+");
-    case 'N':
-        return QStringLiteral("[0-9A-Fa-f]+");
-    default:
-        return QStringLiteral("[0-9A-Fa-f]{6}");
-    }
+    return !text.isEmpty() && std::all_of(text.begin(), text.end(), [](char character) {
+        return character >= '0' && character <= '9';
+    });
 }
+
+bool isPrintable(QByteArrayView text)
+{
+    return std::all_of(text.begin(), text.end(),
+                       [](char character) { return character >= ' ' && character <= '~'; });
+}
+
+bool isBlanksAndDigits(QByteArrayView text)
+{
+    const auto digits =
+        std::find_if(text.begin(), text.end(), [](char character) { return character != ' '; });
+    return isDigits(text.sliced(digits - text.begin()));
+}
+
+bool isCodeAndNumber(QByteArrayView text)
+{
+    constexpr int kCodeWidth = 2;
+    return text.size() > kCodeWidth && isPrintable(text.first(kCodeWidth)) &&
+           isBlanksAndDigits(text.sliced(kCodeWidth));
+}
+
+struct ReplyForm
+{
+    std::string_view ids;
+    bool (*isOfForm)(QByteArrayView text);
+    int shortest;
+    int longest;
+};
+constexpr int kAnyLength = std::numeric_limits<int>::max();
+constexpr std::array<ReplyForm, 5> kReplyForms = {{{"AU", isBlanksAndDigits, 1, kAnyLength},
+                                                   {"L", isCodeAndNumber, 3, kAnyLength},
+                                                   {"DKSZM", isHexDigits, 6, 6},
+                                                   {"NJO", isHexDigits, 6, 8},
+                                                   {"FPV", isPrintable, 6, 8}}};
 
 } // namespace
 
 bool isWellFormed(char id, const QByteArray& reply)
 {
-    const QRegularExpression form(QRegularExpression::anchoredPattern(patternOf(id)));
-    return form.match(QString::fromLatin1(reply)).hasMatch();
+    for (const auto& [ids, isOfForm, shortest, longest] : kReplyForms) {
+        if (ids.find(id) != ids.npos)
+            return reply.size() >= shortest && reply.size() <= longest && isOfForm(reply);
+    }
+    return false;
 }
 
 QByteArray padValueText(const QByteArray& text, int width)

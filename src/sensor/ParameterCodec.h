@@ -10,9 +10,8 @@ namespace pelorin {
 /// functions, independent of any locale. A reply's text that is too short reads as zeros; a value
 /// that its text cannot carry is not encoded.
 
-/// Whether a reply is wholly a value of its parameter, which is 'D', 'A', 'U', 'N', 'L' or 'K'. A
-/// reply that was disturbed on the line may still be decoded, to another value: nothing that
-/// follows from it may be written.
+/// Whether a reply is wholly a value of its parameter. A reply that was disturbed on the line may
+/// still be decoded, to another value: nothing that follows from it may be written.
 [[nodiscard]] bool isWellFormed(char id, const QByteArray& reply);
 
 /// Fixes a value text to a width: drops leading characters, or puts zeros in front.

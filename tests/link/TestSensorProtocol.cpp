@@ -288,7 +288,8 @@ void TestSensorProtocol::positionFrameIsScaled_data()
     row("31 bits", "00000002\r", 31, 1);
     row("32 bits are not shifted", "FFFFFFFF\r", 32, -1);
     row("more bits are not shifted", "00000001\r", 200, 1);
-    row("scan stops at a bad digit", "FFxx0100\r", 24, 1);
+    row("a bad digit", "FFxx0100\r", 24, qQNaN());
+    row("a blank", " 0000100\r", 24, qQNaN());
     row("eight bytes", "0000100\r", 24, qQNaN());
     row("no terminator", "000001000", 24, qQNaN());
     row("nothing", "", 24, qQNaN());

@@ -64,6 +64,7 @@ class TestFactoryParameters : public QObject
 private Q_SLOTS:
     void initTestCase();
     void rowsShowWhatWasRead();
+    void blanksBeforeDigitsAreTaken();
     void editedRowsAreWrittenAs();
     void everyGradientComesBackAsItWasRead();
     void offsetsComeBackAsTheyWereRead();
@@ -95,6 +96,17 @@ void TestFactoryParameters::rowsShowWhatWasRead()
     }
     for (int row = 0; row < kAllRows; ++row)
         QCOMPARE(FactoryParameters().text(row), QString());
+}
+
+/// They are written back with zeros.
+void TestFactoryParameters::blanksBeforeDigitsAreTaken()
+{
+    FactoryParameters parameters = read('L', "0A  50");
+    parameters.take('U', "  2750");
+    const auto entries = entriesOf(parameters);
+    QCOMPARE(parameters.findFault(entries, kAllRows).message, QString());
+    QCOMPARE(parameters.composeWriteValue('L', entries), QByteArray("0A0050"));
+    QCOMPARE(parameters.composeWriteValue('U', entries), QByteArray("002750"));
 }
 
 /// Row, the text that is entered, and what is written. Halves are rounded away from zero.
@@ -200,8 +212,8 @@ void TestFactoryParameters::rangeOfTheOffsetFollowsTheMultiplier()
 
 void TestFactoryParameters::repliesThatCannotBeWrittenBackAreRefused()
 {
-    for (const QByteArray misread : {"L0A12.5", "L0A-125", "U28.300", "U-00001", "A0000G5",
-                                     "A000.50", "DG10519", "D4A051900", "N00-00A"}) {
+    for (const QByteArray misread :
+         {"L0A12.5", "U28.300", "A0000G5", "D4AG519", "N00-00A", "M08_F20"}) {
         const auto fault = read(misread[0], misread.mid(1)).findFault(edited(0, "A"), kAllRows);
         QCOMPARE(fault.message,
                  QStringLiteral("Parameter %1 was read as \"%2\". This page cannot "

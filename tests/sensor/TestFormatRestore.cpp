@@ -86,10 +86,8 @@ Frames TestFormatRestore::restore(FormatRestore& formats)
 
 void TestFormatRestore::answerIsAFormatOnlyIfItIsHexadecimal()
 {
-    QCOMPARE(formatDigits("123456"), QByteArray("123456"));
-    QCOMPARE(formatDigits("00123456"), QByteArray("123456"));
     QCOMPARE(formatDigits("4a0519"), QByteArray("4A0519"));
-    for (const char* disturbed : {"12G456", " 12345", "1\xB2\x33\x34\x35\x36", "12345", ""})
+    for (const char* disturbed : {"12G456", " 12345", "1\xB2\x33\x34\x35\x36", "00123456", ""})
         QVERIFY2(!formatDigits(disturbed), disturbed);
 }
 

@@ -167,17 +167,35 @@ void TestParameterCodec::everyOffsetThatWasReadIsGivenBack()
 
 void TestParameterCodec::disturbedReplyIsNoValue()
 {
-    for (const auto& [id, good, disturbed] :
-         {std::tuple('D', "4A0519",
-                     "4\xCA"
-                     "0519"),
-          std::tuple('D', "4a0519", "4A05190"), std::tuple('K', "010201", "01020"),
-          std::tuple('N', "FFFFF6", "00-00A"), std::tuple('N', "FFFFFFF6", ""),
-          std::tuple('A', "      10", "0000001P"), std::tuple('U', "283000", "28300."),
-          std::tuple('L', "?!1250", "0A12 0"), std::tuple('L', "0A0", "0A")}) {
-        QVERIFY2(isWellFormed(id, good), good);
-        QVERIFY2(!isWellFormed(id, disturbed), disturbed);
-    }
+    const auto check = [](const char* ids, const QList<QByteArray>& good,
+                          const QList<QByteArray>& disturbed) {
+        for (const char id : QByteArray(ids)) {
+            for (const QByteArray& reply : good)
+                QVERIFY2(isWellFormed(id, reply), id + reply);
+            for (const QByteArray& reply : disturbed)
+                QVERIFY2(!isWellFormed(id, reply), id + reply);
+        }
+    };
+    check("AU", {"00000005", "      10", "283000"}, {"0000001P", "28300.", "1 0000", "      ", ""});
+    check("L", {"0A1250", "?!   0", " ~10160"},
+          {"0A12 0", "0A    ", "0A-125",
+           "\xB0"
+           "A1250",
+           "0A"});
+    check("DKSZM", {"4A0519", "4a0519"},
+          {"4A051900", "4A051",
+           "4\xCA"
+           "0519",
+           " 4A051"});
+    check("NJO", {"FFFFF6", "FFFFFFF6"}, {"00-00A", "0x000A", "FFFFF", "FFFFFFFF6"});
+    check("FPV", {"SN012345", " ~!0a?"},
+          {"SN01",
+           "SN\x7F"
+           "12345",
+           "SN\xE4"
+           "12345",
+           "SN0123456"});
+    QVERIFY(!isWellFormed('E', "000000"));
 }
 
 QTEST_APPLESS_MAIN(TestParameterCodec)

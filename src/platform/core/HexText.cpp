@@ -2,6 +2,7 @@
 
 #include <QString>
 
+#include <algorithm>
 #include <optional>
 
 namespace pelorin {
@@ -71,6 +72,14 @@ bool isHex(QAnyStringView text)
             return false;
     }
     return !digits.isEmpty();
+}
+
+bool isHexDigits(QByteArrayView text)
+{
+    const auto isDigit = [](char character) {
+        return digitValue(QLatin1Char(character)).has_value();
+    };
+    return !text.isEmpty() && std::all_of(text.begin(), text.end(), isDigit);
 }
 
 } // namespace pelorin

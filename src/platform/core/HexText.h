@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QAnyStringView>
+#include <QByteArrayView>
 #include <QtGlobal>
 
 namespace pelorin {
@@ -18,5 +19,9 @@ namespace pelorin {
 /// Whether hexToInt reads the whole text and loses nothing: at least one digit, no other
 /// character, a value of at most 32 bits.
 [[nodiscard]] bool isHex(QAnyStringView text);
+
+/// Whether a text of the device is hexadecimal digits of either case, at least one, and nothing
+/// else.
+[[nodiscard]] bool isHexDigits(QByteArrayView text);
 
 } // namespace pelorin
