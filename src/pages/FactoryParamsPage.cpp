@@ -3,12 +3,13 @@
 #include "link/SensorLink.h"
 #include "platform/core/LanguageStrings.h"
 #include "platform/core/Pacing.h"
-#include "platform/ui/ColumnWidths.h"
 #include "platform/ui/MessageBox.h"
 #include "sensor/SensorTypes.h"
 
 #include <QPushButton>
 #include <QTableWidget>
+
+#include <array>
 
 namespace pelorin {
 
@@ -31,21 +32,10 @@ constexpr int kNotIdentifiedText = 1013;
 constexpr int kNotReadText = 1300;
 constexpr int kWrittenText = 1310;
 constexpr int kNothingWrittenText = 1311;
-constexpr std::array kHeaderTexts = {111, 112, 113};
-
-constexpr int kValueColumn = 1;
-constexpr int kUnitColumn = 2;
 
 constexpr auto kPauseBetweenRequests = 100ms;
 
-/// String numbers of a row's label and unit, 0 for none.
-struct Row
-{
-    int label;
-    int unit;
-};
-
-constexpr std::array<Row, FactoryParameters::kRowCount> kRows = {{
+constexpr std::array<ParameterTable::Row, FactoryParameters::kRowCount> kRows = {{
     {138, 0},
     {215, 0},
     {142, 141}, // stroke, mm
@@ -83,18 +73,7 @@ void FactoryParamsPage::onInitDialog()
     connect(m_applyButton, &QPushButton::clicked, this, &FactoryParamsPage::apply);
 
     m_list = getControl<QTableWidget>(kListControl);
-    m_list->setRowCount(FactoryParameters::kRowCount);
-    m_list->setColumnCount(static_cast<int>(kHeaderTexts.size()));
-    for (int row = 0; row < m_list->rowCount(); ++row) {
-        for (int column = 0; column < m_list->columnCount(); ++column) {
-            auto* item = new QTableWidgetItem;
-            item->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable);
-            if (column != 0)
-                item->setTextAlignment(Qt::AlignCenter);
-            m_list->setItem(row, column, item);
-        }
-    }
-    new ColumnWidths(*m_list, {0.3, 0.4, 0.3});
+    m_table.attach(*m_list, kRows);
     m_editor.attach(m_list);
     connect(&m_editor, &CellEditor::committed, this, [this] { m_applyButton->setEnabled(true); });
 }
@@ -102,16 +81,7 @@ void FactoryParamsPage::onInitDialog()
 void FactoryParamsPage::translate()
 {
     SensorPage::translate();
-    QStringList headers;
-    for (const int number : kHeaderTexts)
-        headers << languageString(number);
-    m_list->setHorizontalHeaderLabels(headers);
-    m_list->horizontalHeaderItem(0)->setTextAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-    for (int row = 0; row < m_list->rowCount(); ++row) {
-        const auto& [label, unit] = kRows[static_cast<std::size_t>(row)];
-        m_list->item(row, 0)->setText(languageString(label));
-        m_list->item(row, kUnitColumn)->setText(unit ? languageString(unit) : QString());
-    }
+    m_table.translate();
 }
 
 bool FactoryParamsPage::isWriting() const
@@ -157,10 +127,9 @@ void FactoryParamsPage::getCurrentValues()
 void FactoryParamsPage::startEditing(int rowCount)
 {
     m_rowCount = rowCount;
-    for (int row = 0; row < m_list->rowCount(); ++row) {
-        QTableWidgetItem* item = m_list->item(row, kValueColumn);
-        item->setText(QString());
-        item->setFlags(item->flags().setFlag(Qt::ItemIsEditable, row < m_rowCount));
+    for (int row = 0; row < m_table.rowCount(); ++row) {
+        m_table.setValue(row, QString());
+        m_table.setEditable(row, row < m_rowCount);
     }
 }
 
@@ -206,9 +175,9 @@ void FactoryParamsPage::showReadValue()
 {
     const char id = readParameterId();
     m_parameters.take(id, link().lastReply());
-    for (int row = 0; row < m_list->rowCount(); ++row) {
+    for (int row = 0; row < m_table.rowCount(); ++row) {
         if (FactoryParameters::parameterOf(row) == id)
-            m_list->item(row, kValueColumn)->setText(m_parameters.text(row));
+            m_table.setValue(row, m_parameters.text(row));
     }
 }
 
@@ -305,7 +274,7 @@ FactoryParameters::Texts FactoryParamsPage::entries() const
 {
     FactoryParameters::Texts texts;
     for (int row = 0; row < FactoryParameters::kRowCount; ++row)
-        texts[static_cast<std::size_t>(row)] = m_list->item(row, kValueColumn)->text();
+        texts[static_cast<std::size_t>(row)] = m_table.value(row);
     return texts;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "pages/ParameterTable.h"
 #include "pages/SensorPage.h"
 #include "platform/ui/CellEditor.h"
 #include "sensor/FactoryParameters.h"
@@ -55,6 +56,7 @@ private:
     [[nodiscard]] FactoryParameters::Texts entries() const;
 
     QTableWidget* m_list = nullptr;
+    ParameterTable m_table;
     QPushButton* m_applyButton = nullptr;
     CellEditor m_editor{this};
 

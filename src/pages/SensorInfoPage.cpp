@@ -5,7 +5,6 @@
 #include "platform/core/HexText.h"
 #include "platform/core/LanguageStrings.h"
 #include "platform/core/Pacing.h"
-#include "platform/ui/ColumnWidths.h"
 #include "sensor/ParameterCodec.h"
 #include "sensor/SensorTypes.h"
 
@@ -27,10 +26,6 @@ constexpr int kReadFailedText = 123;
 constexpr int kReadyText = 126;
 constexpr int kNotApplicableText = 152;
 constexpr int kListNameText = 1020;
-constexpr std::array kHeaderTexts = {111, 112, 113};
-
-constexpr int kValueColumn = 1;
-constexpr int kUnitColumn = 2;
 
 constexpr auto kPauseBetweenReads = 100ms;
 
@@ -68,10 +63,9 @@ constexpr int kModeRow = 1;
 constexpr int kMultiplierRow = 2;
 constexpr int kSkipCountRow = 5;
 
-QString labelText(const Row& row)
+int labelOf(const Row& row)
 {
-    const int number = row.label != 0 ? row.label : parameterName(row.parameter);
-    return number != 0 ? languageString(number) : QString();
+    return row.label != 0 ? row.label : parameterName(row.parameter);
 }
 
 QString formatText(const DataFormat& format)
@@ -162,34 +156,17 @@ void SensorInfoPage::setupTranslationMap()
 
 void SensorInfoPage::onInitDialog()
 {
-    m_list = getControl<QTableWidget>(kListControl);
-    m_list->setRowCount(kRowCount);
-    m_list->setColumnCount(static_cast<int>(kHeaderTexts.size()));
-    for (int row = 0; row < kRowCount; ++row) {
-        for (int column = 0; column < m_list->columnCount(); ++column) {
-            auto* item = new QTableWidgetItem;
-            if (column != 0)
-                item->setTextAlignment(Qt::AlignCenter);
-            m_list->setItem(row, column, item);
-        }
-    }
-    new ColumnWidths(*m_list, {0.3, 0.4, 0.3});
+    std::array<ParameterTable::Row, kRows.size()> rows{};
+    std::transform(kRows.begin(), kRows.end(), rows.begin(), [](const Row& row) {
+        return ParameterTable::Row{labelOf(row), row.unit};
+    });
+    m_table.attach(*getControl<QTableWidget>(kListControl), rows);
 }
 
 void SensorInfoPage::translate()
 {
     SensorPage::translate();
-    QStringList headers;
-    for (const int number : kHeaderTexts)
-        headers << languageString(number);
-    m_list->setHorizontalHeaderLabels(headers);
-    m_list->horizontalHeaderItem(0)->setTextAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-    for (int row = 0; row < kRowCount; ++row) {
-        const Row& shown = kRows[static_cast<std::size_t>(row)];
-        m_list->item(row, 0)->setText(labelText(shown));
-        m_list->item(row, kUnitColumn)
-            ->setText(shown.unit != 0 ? languageString(shown.unit) : QString());
-    }
+    m_table.translate();
     renderValues();
 }
 
@@ -238,7 +215,7 @@ void SensorInfoPage::renderValues()
     for (int row = 0; row < kRowCount; ++row) {
         const char id = kRows[static_cast<std::size_t>(row)].parameter;
         const bool missing = m_allRead && id != 0 && !m_type->has(id);
-        setValue(row, missing ? languageString(kNotApplicableText) : QString());
+        m_table.setValue(row, missing ? languageString(kNotApplicableText) : QString());
     }
     for (auto reply = m_replies.keyBegin(); reply != m_replies.keyEnd(); ++reply)
         renderValue(*reply);
@@ -248,19 +225,14 @@ void SensorInfoPage::renderValue(char id)
 {
     const QByteArray reply = m_replies.value(id);
     if (id != 'D') {
-        setValue(rowOf(id), valueText(id, reply));
+        m_table.setValue(rowOf(id), valueText(id, reply));
         return;
     }
     const DataFormat format = DataFormat::decode(reply);
-    setValue(kFormatRow, formatText(format));
-    setValue(kModeRow, modeText(format));
-    setValue(kMultiplierRow, multiplierText(format));
-    setValue(kSkipCountRow, QString::fromLatin1(reply.mid(2, 2)));
-}
-
-void SensorInfoPage::setValue(int row, const QString& text)
-{
-    m_list->item(row, kValueColumn)->setText(text);
+    m_table.setValue(kFormatRow, formatText(format));
+    m_table.setValue(kModeRow, modeText(format));
+    m_table.setValue(kMultiplierRow, multiplierText(format));
+    m_table.setValue(kSkipCountRow, QString::fromLatin1(reply.mid(2, 2)));
 }
 
 } // namespace pelorin

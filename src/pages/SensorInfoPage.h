@@ -1,11 +1,10 @@
 #pragma once
 
+#include "pages/ParameterTable.h"
 #include "pages/SensorPage.h"
 
 #include <QByteArray>
 #include <QHash>
-
-class QTableWidget;
 
 namespace pelorin {
 
@@ -32,9 +31,8 @@ private:
     [[nodiscard]] char readParameterId() const;
     void renderValue(char id);
     void renderValues();
-    void setValue(int row, const QString& text);
 
-    QTableWidget* m_list = nullptr;
+    ParameterTable m_table;
     std::size_t m_readStep = 0;
     QHash<char, QByteArray> m_replies;  ///< what has been read since the page was last shown
     const SensorType* m_type = nullptr; ///< of the sensor that is read
