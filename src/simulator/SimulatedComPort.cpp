@@ -2,6 +2,8 @@
 
 #include "platform/core/Pacing.h"
 
+#include <poll.h>
+
 #include <algorithm>
 #include <cerrno>
 #include <utility>
@@ -36,13 +38,17 @@ int SimulatedComPort::open()
         return EBUSY;
     if (!m_device)
         return ENOENT;
-    const auto now = Clock::now();
-    if (const int error = m_device->claim(this, now))
+    if (const int error = m_vanished.open())
         return error;
+    const auto now = Clock::now();
+    if (const int error = m_device->claim(this, now, [this] { m_vanished.signal(); })) {
+        m_vanished.close();
+        return error;
+    }
     {
         const std::lock_guard lock(m_mutex);
         m_state = State::Open;
-        m_interrupted = false;
+        m_cancellation.resume();
     }
     m_received.clear();
     m_device->setRts(true, now);
@@ -145,13 +151,35 @@ ComPort::WriteResult SimulatedComPort::write(std::string_view bytes)
     return {.error = error ? error : errorFor(Use::Transfer), .written = written};
 }
 
+ComPort::Watch SimulatedComPort::watch() const
+{
+    const std::lock_guard lock(m_mutex);
+    return {m_state == State::Open ? m_vanished.descriptor() : -1, POLLIN};
+}
+
+void SimulatedComPort::beginExchange(std::uint64_t number)
+{
+    const std::lock_guard lock(m_mutex);
+    m_cancellation.begin(number);
+}
+
+void SimulatedComPort::cutShort(std::uint64_t number)
+{
+    {
+        const std::lock_guard lock(m_mutex);
+        m_cancellation.cutShort(number);
+    }
+    if (m_device)
+        m_device->wake();
+}
+
 void SimulatedComPort::interrupt()
 {
     {
         const std::lock_guard lock(m_mutex);
         if (m_state != State::Open)
             return;
-        m_interrupted = true;
+        m_cancellation.cancelAll();
     }
     m_device->wake();
 }
@@ -161,10 +189,10 @@ void SimulatedComPort::close()
     {
         const std::lock_guard lock(m_mutex);
         m_state = State::Closed;
-        m_interrupted = false;
     }
     if (m_device)
         m_device->release(this);
+    m_vanished.close();
 }
 
 /// Why a port cannot be used at present, 0 if it can. Notices that the device has vanished.
@@ -181,7 +209,7 @@ int SimulatedComPort::errorFor(Use use)
     case State::Open:
         break;
     }
-    return use == Use::Transfer && m_interrupted ? ECANCELED : 0;
+    return use == Use::Transfer && m_cancellation.isCancelled() ? ECANCELED : 0;
 }
 
 /// Waits while the port can be used, until a time.

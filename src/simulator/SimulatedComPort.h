@@ -1,6 +1,8 @@
 #pragma once
 
+#include "platform/core/Cancellation.h"
 #include "platform/core/ComPort.h"
+#include "platform/core/EventDescriptor.h"
 #include "simulator/SimulatedDevice.h"
 
 #include <deque>
@@ -26,6 +28,9 @@ public:
     [[nodiscard]] int setRts(bool on) override;
     [[nodiscard]] ReadResult read() override;
     [[nodiscard]] WriteResult write(std::string_view bytes) override;
+    [[nodiscard]] Watch watch() const override;
+    void beginExchange(std::uint64_t number) override;
+    void cutShort(std::uint64_t number) override;
     void interrupt() override;
     void close() override;
 
@@ -44,8 +49,10 @@ private:
     const std::shared_ptr<SimulatedDevice> m_device;
     mutable std::mutex m_mutex; ///< guards the next three
     State m_state = State::Closed;
-    bool m_interrupted = false;
+    Cancellation m_cancellation;
     LineSettings m_line{9600};
+
+    EventDescriptor m_vanished; ///< the device signals it from the claim to the release
 
     // Used by the thread that reads and writes.
     Timeouts m_timeouts;

@@ -16,7 +16,7 @@ constexpr std::size_t kLoggedFrames = 1000;
 
 } // namespace
 
-int SimulatedDevice::claim(const void* owner, TimePoint now)
+int SimulatedDevice::claim(const void* owner, TimePoint now, std::function<void()> lost)
 {
     const std::lock_guard lock(m_mutex);
     bringUpTo(now);
@@ -25,6 +25,7 @@ int SimulatedDevice::claim(const void* owner, TimePoint now)
     if (m_owner && m_owner != owner)
         return EBUSY;
     m_owner = owner;
+    m_lost = std::move(lost);
     return 0;
 }
 
@@ -38,8 +39,10 @@ bool SimulatedDevice::isClaimedBy(const void* owner, TimePoint now)
 void SimulatedDevice::release(const void* owner)
 {
     const std::lock_guard lock(m_mutex);
-    if (m_owner == owner)
-        m_owner = nullptr;
+    if (m_owner != owner)
+        return;
+    m_owner = nullptr;
+    m_lost = nullptr;
 }
 
 void SimulatedDevice::setLine(const LineSettings& line, TimePoint now)
@@ -261,6 +264,8 @@ void SimulatedDevice::disappear(std::optional<TimePoint> backAt, TimePoint now)
         return;
     m_present = false;
     m_owner = nullptr;
+    if (const auto lost = std::exchange(m_lost, nullptr))
+        lost();
     m_bytesUntilVanish = 0;
     forgetTraffic();
     presenceChanged(false, now);

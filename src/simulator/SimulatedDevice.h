@@ -7,6 +7,7 @@
 #include <condition_variable>
 #include <cstdint>
 #include <deque>
+#include <functional>
 #include <map>
 #include <mutex>
 #include <optional>
@@ -36,8 +37,9 @@ public:
     // What the other end of the line does.
 
     /// Takes the device for one user, who is known by an address.
+    /// @param lost called when the device vanishes before it is released; with the lock held
     /// @return 0, EBUSY if somebody else has it, ENOENT if it has vanished
-    [[nodiscard]] int claim(const void* owner, TimePoint now);
+    [[nodiscard]] int claim(const void* owner, TimePoint now, std::function<void()> lost = {});
     /// Whether the user still has the device: it is lost once the device has vanished.
     [[nodiscard]] bool isClaimedBy(const void* owner, TimePoint now);
     void release(const void* owner);
@@ -126,6 +128,7 @@ private:
     mutable std::condition_variable m_changed;
     std::uint64_t m_changes = 0;
     const void* m_owner = nullptr;
+    std::function<void()> m_lost; ///< the owner's; may be empty
     bool m_present = true;
     std::optional<TimePoint> m_backAt;
     int m_bytesUntilVanish = 0; ///< 0: it stays

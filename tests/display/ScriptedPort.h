@@ -82,6 +82,9 @@ public:
             return {.error = m_script->writeError};
         return {.written = static_cast<int>(bytes.size()) - m_script->missing};
     }
+    Watch watch() const override { return {}; }
+    void beginExchange(std::uint64_t) override {}
+    void cutShort(std::uint64_t) override {}
     void interrupt() override {}
     void close() override { m_script->open = false; }
 

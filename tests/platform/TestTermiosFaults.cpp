@@ -94,7 +94,7 @@ private Q_SLOTS:
     void stuckDeviceEndsAWriteAtItsDeadline_data();
     void stuckDeviceEndsAWriteAtItsDeadline();
     void deviceWithoutRoomEndsAWriteAtItsDeadline();
-    void interruptEndsAStuckWrite();
+    void stuckWriteThatIsCutShortIsPurged();
     void transmittedBytesAreFlushedOnlyAfterAShortWrite();
 
     void burstRunsOnOneTimeLine_data();
@@ -242,21 +242,26 @@ void TestTermiosFaults::deviceWithoutRoomEndsAWriteAtItsDeadline()
     QVERIFY(rig.calls.count("write") < 70); // the device claims to have room all the time
 }
 
-void TestTermiosFaults::interruptEndsAStuckWrite()
+void TestTermiosFaults::stuckWriteThatIsCutShortIsPurged()
 {
     Rig rig;
     QCOMPARE(rig.port.open(), 0);
     QCOMPARE(rig.port.setTimeouts(kLongTimeouts), 0);
     rig.calls.queued = [] { return 3; };
+    rig.port.beginExchange(1);
 
     auto writing = std::async(std::launch::async, [&rig] { return rig.port.write("PROG\r"); });
     QCOMPARE(rig.terminal.receive(5), std::string("PROG\r")); // so it waits for them to leave
-    rig.port.interrupt();
+    rig.port.cutShort(1);
 
     QCOMPARE(writing.wait_for(10s), std::future_status::ready);
     const auto result = writing.get();
     QCOMPARE(result.error, ECANCELED);
     QCOMPARE(result.written, 2);
+
+    rig.port.beginExchange(2);
+    QCOMPARE(rig.port.purge(ComPort::Purge::Both), 0);
+    QCOMPARE(rig.calls.count("TCOFLUSH"), 1);
 }
 
 void TestTermiosFaults::transmittedBytesAreFlushedOnlyAfterAShortWrite()

@@ -6,6 +6,8 @@
 #include <QElapsedTimer>
 #include <QTest>
 
+#include <poll.h>
+
 #include <cerrno>
 #include <map>
 #include <thread>
@@ -159,6 +161,7 @@ void ComPortContract::interruptedPortTransfersNothingUntilItIsClosed()
     m_port->interrupt();
     m_peer->send("B");
     for (int attempt = 0; attempt < 3; ++attempt) {
+        m_port->beginExchange(1U + static_cast<unsigned int>(attempt));
         QCOMPARE(m_port->read().error, ECANCELED);
         const auto result = m_port->write("lost");
         QCOMPARE(result.error, ECANCELED);
@@ -171,6 +174,56 @@ void ComPortContract::interruptedPortTransfersNothingUntilItIsClosed()
     QCOMPARE(m_port->open(), 0);
     QCOMPARE(m_port->write("kept").written, 4);
     QCOMPARE(m_peer->receive(4), std::string("kept"));
+}
+
+void ComPortContract::cutShortEndsTheRunningReadAndWrite()
+{
+    Pacing::setSpeeds({1.0, 1.0, 10.0}); // the write takes seconds
+    m_port->beginExchange(7);
+    auto reading = startReading();
+    std::this_thread::sleep_for(20ms);
+    m_port->cutShort(7);
+    QCOMPARE(reading.wait_for(10s), std::future_status::ready);
+    QCOMPARE(reading.get().error, ECANCELED);
+
+    m_port->beginExchange(8);
+    auto writing = std::async(std::launch::async,
+                              [this] { return m_port->write(std::string(2000, 'N')).error; });
+    std::this_thread::sleep_for(20ms);
+    m_port->cutShort(8);
+    QCOMPARE(writing.wait_for(2s), std::future_status::ready);
+    QCOMPARE(writing.get(), ECANCELED);
+}
+
+void ComPortContract::cutShortTouchesOneExchangeAndKeepsItsBytes_data()
+{
+    QTest::addColumn<quint64>("before");
+    QTest::addColumn<quint64>("after");
+    QTest::addColumn<int>("error");
+    QTest::newRow("before it begins") << quint64{7} << quint64{8} << ECANCELED;
+    QTest::newRow("after it began") << quint64{9} << quint64{7} << ECANCELED;
+    QTest::newRow("another, that has ended") << quint64{6} << quint64{5} << 0;
+    QTest::newRow("another, still to come") << quint64{9} << quint64{8} << 0;
+}
+
+void ComPortContract::cutShortTouchesOneExchangeAndKeepsItsBytes()
+{
+    QFETCH(quint64, before);
+    QFETCH(quint64, after);
+    QFETCH(int, error);
+    m_peer->send("VA");
+    m_port->beginExchange(6);
+    m_port->cutShort(before);
+    m_port->beginExchange(7);
+    m_port->cutShort(after);
+    const auto result = m_port->read();
+    QCOMPARE(result.error, error);
+    QCOMPARE(m_port->write("N").error, error);
+
+    m_port->beginExchange(10);
+    QCOMPARE(readBytes(*m_port, result.received ? 1 : 2),
+             std::string(result.received ? "A" : "VA"));
+    QCOMPARE(m_port->write("kept").written, 4);
 }
 
 void ComPortContract::purgeDiscardsWhatWasReceived_data()
@@ -268,6 +321,27 @@ void ComPortContract::vanishingEndsARunningRead()
     QCOMPARE(reading.wait_for(10s), std::future_status::ready);
     QCOMPARE(reading.get().error, ENODEV);
     QVERIFY(!m_port->isOpen());
+}
+
+void ComPortContract::watchWakesWhenTheDeviceVanishesAndNotForBytes()
+{
+    const auto [descriptor, events] = m_port->watch();
+    pollfd entry = {descriptor, events, 0};
+    m_peer->send("V");
+    QCOMPARE(poll(&entry, 1, 20), 0);
+
+    m_peer->vanish();
+    QCOMPARE(poll(&entry, 1, 10'000), 1);
+    QCOMPARE(m_port->purge(ComPort::Purge::Receive), ENODEV);
+    QCOMPARE(m_port->watch().descriptor, -1);
+
+    m_peer->comeBack();
+    QCOMPARE(m_port->open(), 0);
+    const auto reopened = m_port->watch();
+    entry = {reopened.descriptor, reopened.events, 0};
+    QCOMPARE(poll(&entry, 1, 0), 0);
+    m_port->close();
+    QCOMPARE(m_port->watch().descriptor, -1);
 }
 
 } // namespace pelorin

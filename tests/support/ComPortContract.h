@@ -65,6 +65,9 @@ private Q_SLOTS:
     void lineCanBeSetWhileAReadWaits();
     void interruptEndsARunningRead();
     void interruptedPortTransfersNothingUntilItIsClosed();
+    void cutShortEndsTheRunningReadAndWrite();
+    void cutShortTouchesOneExchangeAndKeepsItsBytes_data();
+    void cutShortTouchesOneExchangeAndKeepsItsBytes();
     void purgeDiscardsWhatWasReceived_data();
     void purgeDiscardsWhatWasReceived();
     void completedWriteSurvivesAPurge();
@@ -73,6 +76,7 @@ private Q_SLOTS:
     void vanishedDeviceIsReportedByWhatNoticesAndByAllThatFollows_data();
     void vanishedDeviceIsReportedByWhatNoticesAndByAllThatFollows();
     void vanishingEndsARunningRead();
+    void watchWakesWhenTheDeviceVanishesAndNotForBytes();
 
 private:
     [[nodiscard]] std::future<ComPort::ReadResult> startReading();

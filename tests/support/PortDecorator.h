@@ -22,6 +22,9 @@ public:
     int setRts(bool on) override { return m_port->setRts(on); }
     ReadResult read() override { return m_port->read(); }
     WriteResult write(std::string_view bytes) override { return m_port->write(bytes); }
+    Watch watch() const override { return m_port->watch(); }
+    void beginExchange(std::uint64_t number) override { m_port->beginExchange(number); }
+    void cutShort(std::uint64_t number) override { m_port->cutShort(number); }
     void interrupt() override { m_port->interrupt(); }
     void close() override { m_port->close(); }
 

@@ -2,16 +2,16 @@
 
 #include "platform/core/LineSettings.h"
 
+#include <cstdint>
 #include <string_view>
 
 namespace pelorin {
 
 /// A serial device, opened exclusively.
 ///
-/// Every operation that can fail returns the system's error code, 0 for success. One thread at a
-/// time may use open, setTimeouts, setQueueSizes, purge, read, write and close; setLine, setRts
-/// and interrupt may be called from any thread at any time, also while another one waits in a
-/// read, and on a port that is not open (they then fail with EBADF, interrupt does nothing).
+/// Every operation that can fail returns the system's error code, 0 for success, EBADF on a port
+/// that is not open. A port belongs to one thread; only interrupt and cutShort may be called from
+/// any other, at any time, also while that one waits in a read or a write.
 ///
 /// A device that vanished is closed at once by the operation that noticed; this and every later
 /// operation fail with ENODEV until the port is opened again.
@@ -47,6 +47,14 @@ public:
         int written = 0; ///< bytes that left on the line; fewer than asked when time ran out
     };
 
+    /// What a poll() waits on to notice that the device has gone, without touching its bytes. No
+    /// descriptor (-1) while the port is closed or the device has been found gone.
+    struct Watch
+    {
+        int descriptor = -1;
+        short events = 0;
+    };
+
     ComPort() = default;
     ComPort(const ComPort&) = delete;
     ComPort& operator=(const ComPort&) = delete;
@@ -65,8 +73,16 @@ public:
     /// Returns when the bytes have left on the line, or time ran out.
     [[nodiscard]] virtual WriteResult write(std::string_view bytes) = 0;
 
+    [[nodiscard]] virtual Watch watch() const = 0;
+
+    /// Begins an exchange: every read and write until the next begin belongs to it. Numbers grow.
+    virtual void beginExchange(std::uint64_t number) = 0;
+    /// Cuts one exchange short, whether it runs or is still to begin: its waits end, and its reads
+    /// and writes fail with ECANCELED; later exchanges are not touched. Any thread.
+    virtual void cutShort(std::uint64_t number) = 0;
+
     /// Ends a running wait and makes every later read and write fail at once with ECANCELED,
-    /// until the port is closed.
+    /// until the port is closed. Does nothing while it is closed. Any thread.
     virtual void interrupt() = 0;
     virtual void close() = 0;
 };

@@ -62,6 +62,8 @@ int TermiosComPort::open()
     const std::lock_guard lock(m_mutex);
     m_device = device;
     m_line = kLineAtOpening;
+    m_cancellation.resume();
+    showCancellation();
     return 0;
 }
 
@@ -79,11 +81,39 @@ void TermiosComPort::close()
     m_absence = EBADF;
 }
 
+ComPort::Watch TermiosComPort::watch() const
+{
+    const std::lock_guard lock(m_mutex);
+    return {m_device ? m_device->descriptor() : -1, 0}; // a hang-up need not be asked for
+}
+
+void TermiosComPort::beginExchange(std::uint64_t number)
+{
+    const std::lock_guard lock(m_mutex);
+    m_cancellation.begin(number);
+    showCancellation();
+}
+
+void TermiosComPort::cutShort(std::uint64_t number)
+{
+    const std::lock_guard lock(m_mutex);
+    m_cancellation.cutShort(number);
+    showCancellation();
+}
+
 void TermiosComPort::interrupt()
 {
     const std::lock_guard lock(m_mutex);
     if (m_device)
-        m_device->wake();
+        m_cancellation.cancelAll();
+    showCancellation();
+}
+
+/// With m_mutex held, after every change: so the device's waits end exactly while it is cancelled.
+void TermiosComPort::showCancellation()
+{
+    if (m_device)
+        m_device->cancel(m_cancellation.isCancelled());
 }
 
 int TermiosComPort::setLine(const LineSettings& line)
@@ -255,7 +285,7 @@ int TermiosComPort::outcome(const Device& device, int error)
 /// With m_mutex held.
 void TermiosComPort::forgetVanished()
 {
-    m_device->wake(); // whoever waits on it must let go of it
+    m_device->cancel(true); // whoever waits on it must let go of it
     m_device.reset();
     m_absence = ENODEV;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/core/Cancellation.h"
 #include "platform/core/ComPort.h"
 #include "platform/core/PosixCalls.h"
 
@@ -34,6 +35,9 @@ public:
     [[nodiscard]] int setRts(bool on) override;
     [[nodiscard]] ReadResult read() override;
     [[nodiscard]] WriteResult write(std::string_view bytes) override;
+    [[nodiscard]] Watch watch() const override;
+    void beginExchange(std::uint64_t number) override;
+    void cutShort(std::uint64_t number) override;
     void interrupt() override;
 
     /// May block for a long time if the device is stuck: not for the user-interface thread.
@@ -48,6 +52,7 @@ private:
     [[nodiscard]] Device device(int& absence) const;
     [[nodiscard]] int outcome(const Device& device, int error);
     void forgetVanished();
+    void showCancellation();
 
     [[nodiscard]] int receive(TermiosDevice& device, TimePoint deadline, char& byte);
     [[nodiscard]] int handOver(TermiosDevice& device, std::string_view bytes, TimePoint deadline,
@@ -66,8 +71,9 @@ private:
     /// Null while closed; m_mutex. Read and write wait on a copy, without the lock: the descriptor
     /// of a device that another thread found gone lives until they have let go of it too.
     Device m_device;
-    int m_absence = EBADF; ///< why there is no device; m_mutex
-    LineSettings m_line;   ///< m_mutex
+    int m_absence = EBADF;       ///< why there is no device; m_mutex
+    LineSettings m_line;         ///< m_mutex
+    Cancellation m_cancellation; ///< m_mutex
 };
 
 } // namespace pelorin

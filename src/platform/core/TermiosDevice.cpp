@@ -221,10 +221,16 @@ int TermiosDevice::wait(short events, TimePoint deadline)
     }
 }
 
-void TermiosDevice::wake()
+void TermiosDevice::cancel(bool on)
 {
-    const std::uint64_t one = 1;
-    (void)uninterrupted([&] { return m_calls.write(m_wake, &one, sizeof one); }); // never full
+    if (on == m_cancelled)
+        return;
+    m_cancelled = on;
+    std::uint64_t one = 1; // neither fails: the event is never full, and never empty when reset
+    (void)uninterrupted([&] {
+        return on ? m_calls.write(m_wake, &one, sizeof one)
+                  : m_calls.read(m_wake, &one, sizeof one);
+    });
 }
 
 int TermiosDevice::read(char& byte)

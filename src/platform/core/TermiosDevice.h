@@ -13,7 +13,8 @@ namespace pelorin {
 ///
 /// Functions return the system's error code, 0 for success and always ENODEV for a device that has
 /// gone; a signal only shows as EAGAIN, if at all. None waits, except wait, drain and the
-/// destructor. setLine and setRts may run beside wait, read, write and drain of another thread.
+/// destructor. setLine, setRts and cancel may run beside wait, read, write and drain of another
+/// thread, but not beside each other.
 class TermiosDevice
 {
 public:
@@ -39,11 +40,14 @@ public:
     [[nodiscard]] int discardPendingOutput();
 
     /// Waits for one of poll's events, with 0 only for the time to pass.
-    /// @return 0 for an event, ETIMEDOUT, or ECANCELED once wake was called
+    /// @return 0 for an event, ETIMEDOUT, or ECANCELED
     [[nodiscard]] int wait(short events, TimePoint deadline);
 
-    /// Ends the running wait and every later one. Any thread.
-    void wake();
+    /// Ends the running wait and every later one, until it is taken back.
+    void cancel(bool on);
+
+    /// What a poll() reports POLLHUP or POLLERR for once the device has gone.
+    [[nodiscard]] int descriptor() const { return m_fd; }
 
     /// @return EAGAIN if there is none
     [[nodiscard]] int read(char& byte);
@@ -68,7 +72,8 @@ private:
 
     const PosixCalls& m_calls;
     int m_fd = -1;
-    int m_wake = -1; ///< an event that wakes a wait; never reset
+    int m_wake = -1; ///< an event that wakes a wait; signalled while cancelled
+    bool m_cancelled = false;
     bool m_exclusive = false;
     bool m_outputPending = false;
 };
