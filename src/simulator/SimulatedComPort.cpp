@@ -47,9 +47,9 @@ int SimulatedComPort::open()
     }
     {
         const std::lock_guard lock(m_mutex);
-        m_state = State::Open;
         m_cancellation.resume();
     }
+    m_state = State::Open;
     m_received.clear();
     m_device->setRts(true, now);
     (void)m_device->take(now); // sent while nobody listened
@@ -58,7 +58,6 @@ int SimulatedComPort::open()
 
 bool SimulatedComPort::isOpen() const
 {
-    const std::lock_guard lock(m_mutex);
     return m_state == State::Open;
 }
 
@@ -68,10 +67,7 @@ int SimulatedComPort::setLine(const LineSettings& line)
         return error;
     if (line.baud <= 0)
         return EINVAL;
-    {
-        const std::lock_guard lock(m_mutex);
-        m_line = line;
-    }
+    m_line = line;
     m_device->setLine(line, Clock::now());
     return 0;
 }
@@ -153,7 +149,6 @@ ComPort::WriteResult SimulatedComPort::write(std::string_view bytes)
 
 ComPort::Watch SimulatedComPort::watch() const
 {
-    const std::lock_guard lock(m_mutex);
     return {m_state == State::Open ? m_vanished.descriptor() : -1, POLLIN};
 }
 
@@ -177,19 +172,15 @@ void SimulatedComPort::interrupt()
 {
     {
         const std::lock_guard lock(m_mutex);
-        if (m_state != State::Open)
-            return;
         m_cancellation.cancelAll();
     }
-    m_device->wake();
+    if (m_device)
+        m_device->wake();
 }
 
 void SimulatedComPort::close()
 {
-    {
-        const std::lock_guard lock(m_mutex);
-        m_state = State::Closed;
-    }
+    m_state = State::Closed;
     if (m_device)
         m_device->release(this);
     m_vanished.close();
@@ -198,7 +189,6 @@ void SimulatedComPort::close()
 /// Why a port cannot be used at present, 0 if it can. Notices that the device has vanished.
 int SimulatedComPort::errorFor(Use use)
 {
-    const std::lock_guard lock(m_mutex);
     if (m_state == State::Open && !m_device->isClaimedBy(this, Clock::now()))
         m_state = State::Gone;
     switch (m_state) {
@@ -209,6 +199,7 @@ int SimulatedComPort::errorFor(Use use)
     case State::Open:
         break;
     }
+    const std::lock_guard lock(m_mutex);
     return use == Use::Transfer && m_cancellation.isCancelled() ? ECANCELED : 0;
 }
 
@@ -227,7 +218,6 @@ int SimulatedComPort::waitUntil(TimePoint limit)
 
 std::chrono::nanoseconds SimulatedComPort::byteTime() const
 {
-    const std::lock_guard lock(m_mutex);
     return SimulatedDevice::byteTime(m_line);
 }
 

@@ -47,14 +47,12 @@ private:
     void fetch(TimePoint now);
 
     const std::shared_ptr<SimulatedDevice> m_device;
-    mutable std::mutex m_mutex; ///< guards the next three
-    State m_state = State::Closed;
-    Cancellation m_cancellation;
-    LineSettings m_line{9600};
+    std::mutex m_mutex;
+    Cancellation m_cancellation; ///< m_mutex
 
     EventDescriptor m_vanished; ///< the device signals it from the claim to the release
-
-    // Used by the thread that reads and writes.
+    State m_state = State::Closed;
+    LineSettings m_line{9600};
     Timeouts m_timeouts;
     std::deque<char> m_received;
 };

@@ -12,12 +12,9 @@
 #include <unistd.h>
 
 #include <algorithm>
-#include <atomic>
 #include <cerrno>
-#include <thread>
 
 using namespace pelorin;
-using namespace std::chrono_literals;
 
 /// Who gets a device, and what is left of it in the system afterwards.
 class TestTermiosOpening : public QObject
@@ -32,7 +29,6 @@ private Q_SLOTS:
     void openDeviceIsNotPassedOnToChildren();
     void pathThatIsNoSerialDeviceIsRefused_data();
     void pathThatIsNoSerialDeviceIsRefused();
-    void anotherThreadMayNoticeThatTheDeviceVanished();
     void unpluggingAThousandTimesLeavesNothingOpen();
 };
 
@@ -110,34 +106,6 @@ void TestTermiosOpening::pathThatIsNoSerialDeviceIsRefused()
     QCOMPARE(port.open(), error);
     QVERIFY(!port.isOpen());
     QCOMPARE(countOpenDescriptors(), before);
-}
-
-void TestTermiosOpening::anotherThreadMayNoticeThatTheDeviceVanished()
-{
-    // The line is set by the user interface while the worker waits; the driver's answer to the one
-    // may come before the other is woken.
-    auto calls = PosixCalls::real();
-    std::atomic<bool> gone = false;
-    calls.tcsetattr = [&gone](int fd, int when, const termios* settings) {
-        errno = EIO;
-        return gone ? -1 : ::tcsetattr(fd, when, settings);
-    };
-    PseudoTerminal terminal;
-    const int before = countOpenDescriptors();
-    TermiosComPort port(terminal.path(), calls);
-    for (const auto delay : {0ms, 1ms, 20ms}) {
-        gone = false;
-        QCOMPARE(port.open(), 0);
-        QCOMPARE(port.setTimeouts({100, 1, 300'000, 1, 300'000}), 0);
-        auto reading = std::async(std::launch::async, [&port] { return port.read(); });
-        std::this_thread::sleep_for(delay);
-        gone = true;
-        QCOMPARE(port.setLine({38400, 'N', 8, 1}), ENODEV);
-
-        QCOMPARE(reading.wait_for(10s), std::future_status::ready);
-        QCOMPARE(reading.get().error, ENODEV);
-        QCOMPARE(countOpenDescriptors(), before);
-    }
 }
 
 void TestTermiosOpening::unpluggingAThousandTimesLeavesNothingOpen()

@@ -9,7 +9,6 @@
 #include <QTest>
 
 #include <cerrno>
-#include <thread>
 
 using namespace pelorin;
 using namespace std::chrono_literals;
@@ -17,7 +16,6 @@ using namespace std::chrono_literals;
 namespace {
 
 constexpr LineSettings kParameterLine{4800};
-constexpr LineSettings kStreamLine{38400};
 
 QByteArray readFrame(ComPort& port)
 {
@@ -63,7 +61,6 @@ private Q_SLOTS:
     void writeReturnsWhenItsBytesHaveLeft();
     void writeThatRunsOutOfTimeEndsShort();
     void sensorIsDeafAtAnotherSpeed();
-    void supplySwitchedByAnotherThreadEndsTheWait();
     void nameDescribesTheDevice();
     void nameDecidesFaults();
     void unknownNameCannotBeOpened();
@@ -134,23 +131,6 @@ void TestSimulatedComPort::sensorIsDeafAtAnotherSpeed()
     QCOMPARE(ask(*port, "VA\r"), QByteArray());
     QCOMPARE(port->setLine(kParameterLine), 0);
     QCOMPARE(ask(*port, "VA\r"), QByteArray("3A0102\r"));
-}
-
-void TestSimulatedComPort::supplySwitchedByAnotherThreadEndsTheWait()
-{
-    SimulatedPorts ports;
-    const auto name = QStringLiteral("simulator:sensor");
-    ports.sensor(name)->setParameter('D', "4E0519");
-    const auto port = ports.makePort(name);
-    QCOMPARE(port->open(), 0);
-    QCOMPARE(port->setLine(kStreamLine), 0);
-    QCOMPARE(port->setTimeouts({.readConstant = 1'000'000}), 0);
-
-    std::jthread other([&port] {
-        std::this_thread::sleep_for(10ms);
-        (void)port->setRts(false); // the reader finds out
-    });
-    QCOMPARE(readFrame(*port), QByteArray("00271500\r"));
 }
 
 void TestSimulatedComPort::nameDescribesTheDevice()

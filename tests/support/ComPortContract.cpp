@@ -127,19 +127,6 @@ void ComPortContract::byteThatComesWhileAReadWaitsIsReadAtOnce()
     QCOMPARE(result.byte, '\r');
 }
 
-void ComPortContract::lineCanBeSetWhileAReadWaits()
-{
-    auto reading = startReading();
-    for (int change = 0; change < 20; ++change) {
-        QCOMPARE(m_port->setLine(change % 2 == 0 ? kStreamLine : kParameterLine), 0);
-        QVERIFY(m_port->setRts(false) != ENODEV);
-    }
-    m_peer->send("4");
-
-    QCOMPARE(reading.wait_for(10s), std::future_status::ready);
-    QCOMPARE(reading.get().byte, '4');
-}
-
 void ComPortContract::interruptEndsARunningRead()
 {
     for (const auto delay : {0ms, 1ms, 20ms}) {

@@ -62,7 +62,6 @@ private Q_SLOTS:
     void everyByteValuePassesUnchangedAtEverySpeed();
     void silentReadGivesNothingInTime();
     void byteThatComesWhileAReadWaitsIsReadAtOnce();
-    void lineCanBeSetWhileAReadWaits();
     void interruptEndsARunningRead();
     void interruptedPortTransfersNothingUntilItIsClosed();
     void cutShortEndsTheRunningReadAndWrite();

@@ -35,33 +35,24 @@ TermiosComPort::TermiosComPort(std::string path, PosixCalls calls)
 
 TermiosComPort::~TermiosComPort() = default;
 
-/// Runs an operation that does not wait, under the lock: a descriptor that is closed meanwhile, and
-/// its number given to something else, would be touched otherwise.
+/// Runs an operation that does not wait.
 template <class Operation>
 int TermiosComPort::perform(Operation operation)
 {
-    Device device; // closed after the lock is free again, which may take its time
-    const std::lock_guard lock(m_mutex);
-    device = m_device;
-    if (!device)
-        return m_absence;
-    const int error = operation(*device);
-    if (error == ENODEV)
-        forgetVanished();
-    return error;
+    return m_device ? outcome(operation(*m_device)) : m_absence;
 }
 
 int TermiosComPort::open()
 {
     if (isOpen())
         return EBUSY;
-    const auto device = std::make_shared<TermiosDevice>(m_calls);
+    auto device = std::make_unique<TermiosDevice>(m_calls);
     if (const int error = device->open(m_path, kLineAtOpening))
         return error;
 
-    const std::lock_guard lock(m_mutex);
-    m_device = device;
     m_line = kLineAtOpening;
+    const std::lock_guard lock(m_mutex);
+    m_device = std::move(device);
     m_cancellation.resume();
     showCancellation();
     return 0;
@@ -69,21 +60,16 @@ int TermiosComPort::open()
 
 bool TermiosComPort::isOpen() const
 {
-    const std::lock_guard lock(m_mutex);
     return m_device != nullptr;
 }
 
 void TermiosComPort::close()
 {
-    Device device; // closed after the lock is free again, as above
-    const std::lock_guard lock(m_mutex);
-    device.swap(m_device);
-    m_absence = EBADF;
+    dropDevice(EBADF);
 }
 
 ComPort::Watch TermiosComPort::watch() const
 {
-    const std::lock_guard lock(m_mutex);
     return {m_device ? m_device->descriptor() : -1, 0}; // a hang-up need not be asked for
 }
 
@@ -158,14 +144,13 @@ int TermiosComPort::purge(Purge what)
 
 ComPort::ReadResult TermiosComPort::read()
 {
-    ReadResult result;
-    const auto device = this->device(result.error);
-    if (!device)
-        return result;
+    if (!m_device)
+        return {.error = m_absence};
 
+    ReadResult result;
     const auto limit = 1ms * (m_timeouts.readConstant + m_timeouts.readMultiplier);
-    const int error = receive(*device, m_calls.now() + Pacing::timeout(limit), result.byte);
-    result.error = outcome(device, error);
+    const int error = receive(*m_device, m_calls.now() + Pacing::timeout(limit), result.byte);
+    result.error = error == ETIMEDOUT ? 0 : outcome(error);
     result.received = error == 0;
     return result;
 }
@@ -185,24 +170,21 @@ int TermiosComPort::receive(TermiosDevice& device, TimePoint deadline, char& byt
 
 ComPort::WriteResult TermiosComPort::write(std::string_view bytes)
 {
-    WriteResult result;
-    const auto device = this->device(result.error);
-    if (!device)
-        return result;
+    if (!m_device)
+        return {.error = m_absence};
 
     const int size = static_cast<int>(bytes.size());
     const auto limit = 1ms * (m_timeouts.writeConstant + size * m_timeouts.writeMultiplier);
     const auto deadline = m_calls.now() + Pacing::timeout(limit);
     std::size_t handed = 0;
-    int error = handOver(*device, bytes, deadline, handed);
+    int error = handOver(*m_device, bytes, deadline, handed);
     if (error == 0)
-        error = waitUntilSent(*device, deadline);
+        error = waitUntilSent(*m_device, deadline);
     if (error == 0)
-        error = waitOutLineTime(*device);
+        error = waitOutLineTime(*m_device);
 
-    result.written = error == 0 ? size : countSent(*device, handed);
-    result.error = outcome(device, error);
-    return result;
+    const int written = error == 0 ? size : countSent(*m_device, handed);
+    return {.error = error == ETIMEDOUT ? 0 : outcome(error), .written = written};
 }
 
 int TermiosComPort::handOver(TermiosDevice& device, std::string_view bytes, TimePoint deadline,
@@ -255,39 +237,25 @@ int TermiosComPort::pause(TermiosDevice& device, TimePoint deadline)
 
 std::chrono::nanoseconds TermiosComPort::timeOnLine(std::size_t bytes) const
 {
-    const std::lock_guard lock(m_mutex);
     const int bits = 1 + m_line.dataBits + (m_line.parity == 'N' ? 0 : 1) + m_line.stopBits;
     const auto time = std::chrono::nanoseconds(1s) * bits * static_cast<int>(bytes) / m_line.baud;
     return Pacing::lineTime(time);
 }
 
-/// The device, for an operation that waits and so must not hold the lock; null, and why, if there
-/// is none.
-TermiosComPort::Device TermiosComPort::device(int& absence) const
+/// What an operation reports. A device that has gone is closed, whatever noticed.
+int TermiosComPort::outcome(int error)
 {
-    const std::lock_guard lock(m_mutex);
-    absence = m_device ? 0 : m_absence;
-    return m_device;
+    if (error == ENODEV)
+        dropDevice(ENODEV);
+    return error;
 }
 
-/// What such an operation reports: to run out of time is no failure, and a device that has gone is
-/// closed, whoever noticed.
-int TermiosComPort::outcome(const Device& device, int error)
+void TermiosComPort::dropDevice(int absence)
 {
-    if (error == 0 || error == ETIMEDOUT)
-        return 0;
+    std::unique_ptr<TermiosDevice> device; // closed without the lock: it may take its time
     const std::lock_guard lock(m_mutex);
-    if (m_device == device && error == ENODEV)
-        forgetVanished();
-    return m_device == device ? error : m_absence;
-}
-
-/// With m_mutex held.
-void TermiosComPort::forgetVanished()
-{
-    m_device->cancel(true); // whoever waits on it must let go of it
-    m_device.reset();
-    m_absence = ENODEV;
+    device.swap(m_device);
+    m_absence = absence;
 }
 
 } // namespace pelorin

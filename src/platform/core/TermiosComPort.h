@@ -45,13 +45,11 @@ public:
 
 private:
     using TimePoint = PosixCalls::TimePoint;
-    using Device = std::shared_ptr<TermiosDevice>;
 
     template <class Operation>
     [[nodiscard]] int perform(Operation operation);
-    [[nodiscard]] Device device(int& absence) const;
-    [[nodiscard]] int outcome(const Device& device, int error);
-    void forgetVanished();
+    [[nodiscard]] int outcome(int error);
+    void dropDevice(int absence);
     void showCancellation();
 
     [[nodiscard]] int receive(TermiosDevice& device, TimePoint deadline, char& byte);
@@ -64,16 +62,16 @@ private:
 
     const std::string m_path;
     const PosixCalls m_calls;
-    Timeouts m_timeouts;    ///< the using thread's
-    TimePoint m_lineFree{}; ///< when the bytes written so far have left; the using thread's
+    Timeouts m_timeouts;
+    LineSettings m_line;
+    TimePoint m_lineFree{}; ///< when the bytes written so far have left
+    int m_absence = EBADF;  ///< why there is no device
 
-    mutable std::mutex m_mutex;
-    /// Null while closed; m_mutex. Read and write wait on a copy, without the lock: the descriptor
-    /// of a device that another thread found gone lives until they have let go of it too.
-    Device m_device;
-    int m_absence = EBADF;       ///< why there is no device; m_mutex
-    LineSettings m_line;         ///< m_mutex
+    std::mutex m_mutex;
     Cancellation m_cancellation; ///< m_mutex
+    /// Null while closed. The port's thread uses it, and changes it under m_mutex; other threads
+    /// only cancel it, under m_mutex.
+    std::unique_ptr<TermiosDevice> m_device;
 };
 
 } // namespace pelorin

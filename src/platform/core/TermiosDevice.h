@@ -13,8 +13,7 @@ namespace pelorin {
 ///
 /// Functions return the system's error code, 0 for success and always ENODEV for a device that has
 /// gone; a signal only shows as EAGAIN, if at all. None waits, except wait, drain and the
-/// destructor. setLine, setRts and cancel may run beside wait, read, write and drain of another
-/// thread, but not beside each other.
+/// destructor. Only cancel may be called while another operation runs.
 class TermiosDevice
 {
 public:
