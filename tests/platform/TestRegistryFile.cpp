@@ -1,6 +1,7 @@
 #include "platform/core/RegistryFile.h"
 #include "support/FileContent.h"
 
+#include <QElapsedTimer>
 #include <QStringEncoder>
 #include <QTemporaryDir>
 #include <QTest>
@@ -24,6 +25,7 @@ private Q_SLOTS:
     void exportOfAnotherMachineIsReadInEveryEncoding();
     void keyExistsIfItOrAKeyBelowItIsListed();
     void entriesKeepTheirOrderAndTheLastOfANameCounts();
+    void manyValuesAndKeysTakeNoTime();
     void missingFileIsEmptyAndUnreadableOneReported();
     void damagedLineIsNamedAndNothingOfTheFileIsUsed_data();
     void damagedLineIsNamedAndNothingOfTheFileIsUsed();
@@ -116,6 +118,23 @@ void TestRegistryFile::entriesKeepTheirOrderAndTheLastOfANameCounts()
     QCOMPARE(entries[0].name, QStringLiteral("A"));
     QCOMPARE(entries[1].name, QStringLiteral("b"));
     QCOMPARE(entries[1].value, RegistryFile::Value(4U));
+}
+
+/// A search through all of them for each takes ten seconds.
+void TestRegistryFile::manyValuesAndKeysTakeNoTime()
+{
+    QByteArray content = kSite;
+    for (int i = 0; i < 20'000; ++i)
+        content += "\"Value" + QByteArray::number(i % 15'000) + "\"=dword:0\n";
+    for (int i = 0; i < 5'000; ++i)
+        content += "[Package" + QByteArray::number(i) + "]\n";
+    QElapsedTimer timer;
+    timer.start();
+    const auto file = read(content);
+    QCOMPARE(file.entries(kKey).size(), 15'000);
+    for (int i = 0; i < 5'000; ++i)
+        QVERIFY(file.hasKey(QStringLiteral("\\Package%1").arg(i)));
+    QVERIFY2(timer.elapsed() < 2'000, qPrintable(QString::number(timer.elapsed())));
 }
 
 void TestRegistryFile::missingFileIsEmptyAndUnreadableOneReported()

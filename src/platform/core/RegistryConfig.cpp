@@ -4,9 +4,10 @@
 
 namespace pelorin {
 
+RegistryConfig::RegistryConfig() : m_file(RegistryFile::read(registryFilePath())) {}
+
 int RegistryConfig::setStorage(const QString& keyPath, int /*flags*/)
 {
-    m_file = RegistryFile::read(registryFilePath());
     m_keyPath = keyPath;
     return m_file.hasKey(keyPath) ? 1 : 0;
 }

@@ -6,12 +6,15 @@
 
 namespace pelorin {
 
-/// Reads the values of one key of the settings. The program never writes them.
+/// Reads the values of the settings, one key at a time, as the file of this run stood when the
+/// object was made; a new object sees a changed file. The program never writes them. Any thread.
 class RegistryConfig
 {
 public:
-    /// Points at a key, "\HKEY_LOCAL_MACHINE\SOFTWARE\..." with the hive's full name, and reads
-    /// the settings file of this run afresh.
+    /// Reads the settings file. One that is missing or damaged has no keys.
+    RegistryConfig();
+
+    /// Points at a key, "\HKEY_LOCAL_MACHINE\SOFTWARE\..." with the hive's full name.
     /// @param flags always 0
     /// @return 1 if the key exists
     [[nodiscard]] int setStorage(const QString& keyPath, int flags = 0);
@@ -24,7 +27,7 @@ public:
     [[nodiscard]] qint32 getValue(const QString& name, qint32 defaultValue) const;
 
 private:
-    RegistryFile m_file;
+    const RegistryFile m_file;
     QString m_keyPath;
 };
 

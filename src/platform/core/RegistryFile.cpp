@@ -11,21 +11,11 @@ namespace pelorin {
 
 namespace {
 
-using Keys = QHash<QString, QList<RegistryFile::Entry>>;
-
 QString folded(QStringView keyPath)
 {
     while (keyPath.startsWith(QLatin1Char('\\')))
         keyPath = keyPath.mid(1);
     return keyPath.toString().toCaseFolded();
-}
-
-QList<RegistryFile::Entry>::const_iterator findEntry(const QList<RegistryFile::Entry>& entries,
-                                                     const QString& name)
-{
-    return std::find_if(entries.cbegin(), entries.cend(), [&name](const auto& entry) {
-        return entry.name.compare(name, Qt::CaseInsensitive) == 0;
-    });
 }
 
 bool takePrefix(QStringView& rest, QLatin1String prefix)
@@ -60,8 +50,17 @@ std::optional<QString> takeQuoted(QStringView& rest)
     return std::nullopt;
 }
 
+QString decoded(const QByteArray& content)
+{
+    const bool wide = content.startsWith("\xFF\xFE");
+    QStringDecoder decoder(wide ? QStringConverter::Utf16LE : QStringConverter::Utf8);
+    return decoder(content);
+}
+
+} // namespace
+
 /// Reads the lines of a settings file one after the other.
-class Parser
+class RegistryFile::Parser
 {
 public:
     /// @return false if the line is damaged
@@ -70,7 +69,7 @@ public:
     /// Whether the file may end here.
     [[nodiscard]] bool isComplete() const { return m_headerRead && !m_inBytes; }
 
-    [[nodiscard]] const Keys& keys() const { return m_keys; }
+    [[nodiscard]] const QHash<QString, Key>& keys() const { return m_keys; }
 
 private:
     [[nodiscard]] bool readHeader(QStringView line);
@@ -78,15 +77,15 @@ private:
     [[nodiscard]] bool readEntry(QStringView line);
     [[nodiscard]] bool readData(QStringView data, const QString& name);
     [[nodiscard]] bool readBytes(QStringView bytes);
-    void store(const QString& name, const RegistryFile::Value& value);
+    void store(const QString& name, const Value& value);
 
-    Keys m_keys;
+    QHash<QString, Key> m_keys;
     QString m_key; ///< folded path of the key that the values belong to; empty before the first
     bool m_headerRead = false;
     bool m_inBytes = false; ///< the line before announced more bytes of its value
 };
 
-bool Parser::readLine(QStringView line)
+bool RegistryFile::Parser::readLine(QStringView line)
 {
     line = line.trimmed();
     if (m_inBytes)
@@ -98,14 +97,14 @@ bool Parser::readLine(QStringView line)
     return line.startsWith(QLatin1Char('[')) ? readKey(line) : readEntry(line);
 }
 
-bool Parser::readHeader(QStringView line)
+bool RegistryFile::Parser::readHeader(QStringView line)
 {
     m_headerRead = line == QLatin1String("Windows Registry Editor Version 5.00") ||
                    line == QLatin1String("REGEDIT4");
     return m_headerRead;
 }
 
-bool Parser::readKey(QStringView line)
+bool RegistryFile::Parser::readKey(QStringView line)
 {
     if (!line.endsWith(QLatin1Char(']')))
         return false;
@@ -114,7 +113,7 @@ bool Parser::readKey(QStringView line)
     return !m_key.isEmpty();
 }
 
-bool Parser::readEntry(QStringView line)
+bool RegistryFile::Parser::readEntry(QStringView line)
 {
     const bool isDefault = takePrefix(line, QLatin1String("@"));
     const auto name = isDefault ? QString() : takeQuoted(line);
@@ -124,7 +123,7 @@ bool Parser::readEntry(QStringView line)
     return readData(line.trimmed(), *name);
 }
 
-bool Parser::readData(QStringView data, const QString& name)
+bool RegistryFile::Parser::readData(QStringView data, const QString& name)
 {
     if (takePrefix(data, QLatin1String("hex"))) {
         const auto colon = data.indexOf(QLatin1Char(':'));
@@ -149,7 +148,7 @@ bool Parser::readData(QStringView data, const QString& name)
 }
 
 /// Bytes of a value of another kind, which may go on in the next line after a backslash.
-bool Parser::readBytes(QStringView bytes)
+bool RegistryFile::Parser::readBytes(QStringView bytes)
 {
     m_inBytes = bytes.endsWith(QLatin1Char('\\'));
     if (m_inBytes)
@@ -159,23 +158,12 @@ bool Parser::readBytes(QStringView bytes)
     });
 }
 
-void Parser::store(const QString& name, const RegistryFile::Value& value)
+void RegistryFile::Parser::store(const QString& name, const Value& value)
 {
-    auto& entries = m_keys[m_key];
-    const auto former = findEntry(entries, name);
-    if (former != entries.cend())
-        entries.erase(former);
-    entries.append({name, value});
+    Key& key = m_keys[m_key];
+    key.lastIndex.insert(name.toCaseFolded(), key.entries.size());
+    key.entries.append({name, value});
 }
-
-QString decoded(const QByteArray& content)
-{
-    const bool wide = content.startsWith("\xFF\xFE");
-    QStringDecoder decoder(wide ? QStringConverter::Utf16LE : QStringConverter::Utf8);
-    return decoder(content);
-}
-
-} // namespace
 
 RegistryFile RegistryFile::read(const QString& path)
 {
@@ -213,22 +201,28 @@ bool RegistryFile::hasKey(const QString& keyPath) const
 {
     const QString key = folded(keyPath);
     const QString below = key + QLatin1Char('\\');
-    return std::any_of(m_keys.keyBegin(), m_keys.keyEnd(), [&key, &below](const QString& other) {
-        return other == key || other.startsWith(below);
-    });
+    return m_keys.contains(key) ||
+           std::any_of(m_keys.keyBegin(), m_keys.keyEnd(),
+                       [&below](const QString& other) { return other.startsWith(below); });
 }
 
 std::optional<RegistryFile::Value> RegistryFile::value(const QString& keyPath,
                                                        const QString& name) const
 {
-    const auto ofKey = entries(keyPath);
-    const auto found = findEntry(ofKey, name);
-    return found == ofKey.cend() ? std::nullopt : std::optional(found->value);
+    const Key key = m_keys.value(folded(keyPath));
+    const qsizetype index = key.lastIndex.value(name.toCaseFolded(), -1);
+    return index < 0 ? std::nullopt : std::optional(key.entries.at(index).value);
 }
 
 QList<RegistryFile::Entry> RegistryFile::entries(const QString& keyPath) const
 {
-    return m_keys.value(folded(keyPath));
+    const Key key = m_keys.value(folded(keyPath));
+    QList<Entry> last;
+    for (qsizetype i = 0; i < key.entries.size(); ++i) {
+        if (key.lastIndex.value(key.entries.at(i).name.toCaseFolded()) == i)
+            last.append(key.entries.at(i));
+    }
+    return last;
 }
 
 } // namespace pelorin

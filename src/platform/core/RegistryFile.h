@@ -45,7 +45,15 @@ public:
     [[nodiscard]] QList<Entry> entries(const QString& keyPath) const;
 
 private:
-    QHash<QString, QList<Entry>> m_keys; ///< by folded key path
+    class Parser;
+
+    struct Key
+    {
+        QList<Entry> entries;                ///< all that the file has, in its order
+        QHash<QString, qsizetype> lastIndex; ///< in entries, by folded name
+    };
+
+    QHash<QString, Key> m_keys; ///< by folded key path
     std::optional<Damage> m_damage;
 };
 
