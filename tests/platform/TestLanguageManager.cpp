@@ -12,6 +12,8 @@ using namespace pelorin::test;
 
 namespace {
 
+const QString kChecksum = QStringLiteral(".sha256");
+
 QString moduleIn(const QString& folder, int code)
 {
     return folder + QStringLiteral("/languages/pelorin_%1.qm").arg(code);
@@ -48,6 +50,7 @@ void TestLanguageManager::init()
 {
     for (const int code : {1, 2})
         QVERIFY(putContent(moduleIn(m_installation.path(), code), installedModule(code)));
+    (void)QFile::remove(moduleIn(m_installation.path(), 2) + kChecksum); // of the row before
     m_manager = std::make_unique<LanguageManager>();
     m_manager->init(m_installation.path() + QLatin1Char('\\'), QStringLiteral("Pelorin"));
 }
@@ -99,29 +102,42 @@ void TestLanguageManager::unusableModuleLeavesTheLanguageAsItWas_data()
 {
     QTest::addColumn<int>("code");
     QTest::addColumn<QByteArray>("content");
+    QTest::addColumn<QByteArray>("checksum");
 
     const QByteArray whole = installedModule(2);
+    const QByteArray sum = contentOf(moduleIn(programFolder(), 2) + kChecksum);
+    QByteArray oneByteOff = whole;
+    oneByteOff[oneByteOff.size() / 2] ^= 1;
     QByteArray damagedInside = whole;
     damagedInside.replace(100, 64, QByteArray(64, '\0')); // in the index of the texts
     const QString toolkits = QLibraryInfo::path(QLibraryInfo::TranslationsPath);
 
-    QTest::newRow("missing") << 4 << QByteArray();
-    QTest::newRow("empty") << 2 << QByteArray("");
-    QTest::newRow("not a module") << 2 << QByteArray(1000, 'x');
-    QTest::newRow("cut short") << 2 << whole.left(whole.size() / 2);
-    QTest::newRow("damaged inside") << 2 << damagedInside;
-    QTest::newRow("texts of another program")
-        << 2 << contentOf(toolkits + QStringLiteral("/qtbase_de.qm"));
-    QTest::newRow("no language code") << 3 << whole;
+    const auto row = [](const char* title, int code, const QByteArray& content,
+                        const QByteArray& checksum = {}) {
+        QTest::newRow(title) << code << content << checksum;
+    };
+    row("missing", 4, QByteArray());
+    row("empty", 2, "");
+    row("not a module", 2, QByteArray(1000, 'x'));
+    row("cut short", 2, whole.left(whole.size() / 2));
+    row("damaged inside", 2, damagedInside);
+    row("texts of another program", 2, contentOf(toolkits + QStringLiteral("/qtbase_de.qm")));
+    row("no language code", 3, whole);
+    row("one byte off", 2, oneByteOff, sum);
+    row("another module", 2, installedModule(1), sum);
+    row("checksum lost", 2, whole, "");
 }
 
 void TestLanguageManager::unusableModuleLeavesTheLanguageAsItWas()
 {
     QFETCH(int, code);
     QFETCH(QByteArray, content);
+    QFETCH(QByteArray, checksum);
 
     if (!content.isNull())
         QVERIFY(putContent(moduleIn(m_installation.path(), code), content));
+    if (!checksum.isNull())
+        QVERIFY(putContent(moduleIn(m_installation.path(), code) + kChecksum, checksum));
     QCOMPARE(m_manager->loadLanguage(1), 1);
     QCOMPARE(m_manager->loadLanguage(code), 0);
     QCOMPARE(m_manager->getCurrentLanguage(), 1);

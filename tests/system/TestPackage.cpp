@@ -122,8 +122,11 @@ void TestPackage::everyLanguageHasItsTextsAndItsHelp()
 {
     for (const char* code : {"1", "2", "4", "8", "16"}) {
         const QString name = QStringLiteral("/pelorin_") + QLatin1String(code);
-        QVERIFY2(QFile::exists(installed("share/pelorin/languages") + name + QStringLiteral(".qm")),
-                 code);
+        for (const char* kind : {".qm", ".qm.sha256"}) {
+            QVERIFY2(
+                QFile::exists(installed("share/pelorin/languages") + name + QLatin1String(kind)),
+                code);
+        }
         QVERIFY2(QFile::exists(installed("share/pelorin/help") + name + QStringLiteral(".html")),
                  code);
     }

@@ -4,7 +4,9 @@
 #include "platform/core/SettingsLocation.h"
 
 #include <QCoreApplication>
+#include <QCryptographicHash>
 #include <QDir>
+#include <QFile>
 #include <QLibraryInfo>
 
 #include <algorithm>
@@ -28,6 +30,17 @@ const Language* findLanguage(int code)
         std::find_if(std::begin(kLanguages), std::end(kLanguages),
                      [code](const Language& language) { return language.code == code; });
     return found == std::end(kLanguages) ? nullptr : found;
+}
+
+/// Whether a module is the one that was built. The toolkit trusts the offsets in a module, and
+/// crashes on one that is damaged there. A site's own module has no checksum beside it.
+bool isAsBuilt(const QString& path, const QByteArray& content)
+{
+    QFile file(path + QStringLiteral(".sha256"));
+    if (!file.exists())
+        return true;
+    const QByteArray sum = QCryptographicHash::hash(content, QCryptographicHash::Sha256).toHex();
+    return file.open(QIODevice::ReadOnly) && file.readAll().simplified().startsWith(sum + ' ');
 }
 
 /// A module that is damaged inside still loads, but has lost texts.
@@ -64,7 +77,7 @@ int LanguageManager::loadLanguage(int code)
                                                QLibraryInfo::path(QLibraryInfo::TranslationsPath));
     if (translated)
         QCoreApplication::installTranslator(toolkitTexts.get());
-    QCoreApplication::installTranslator(module.get());
+    QCoreApplication::installTranslator(&module->texts);
 
     // The former language goes after the new one has come, so that no text is ever missing.
     std::swap(m_toolkitTexts, toolkitTexts);
@@ -106,14 +119,22 @@ void LanguageManager::shutDown()
     m_currentLanguage = 0;
 }
 
-std::unique_ptr<QTranslator> LanguageManager::loadModule(int code) const
+std::unique_ptr<LanguageManager::Module> LanguageManager::loadModule(int code) const
 {
     if (!findLanguage(code))
         return nullptr;
-    auto module = std::make_unique<QTranslator>();
-    const QString name = QStringLiteral("%1_%2.qm").arg(m_moduleName, QString::number(code));
-    const bool loaded = module->load(name, m_folder + QStringLiteral("/languages"));
-    return loaded && isComplete(*module) ? std::move(module) : nullptr;
+    const QString path =
+        QStringLiteral("%1/languages/%2_%3.qm").arg(m_folder, m_moduleName, QString::number(code));
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return nullptr;
+    auto module = std::make_unique<Module>();
+    module->content = file.readAll();
+    if (!isAsBuilt(path, module->content))
+        return nullptr;
+    const auto* const bytes = reinterpret_cast<const uchar*>(module->content.constData());
+    const bool loaded = module->texts.load(bytes, static_cast<int>(module->content.size()));
+    return loaded && isComplete(module->texts) ? std::move(module) : nullptr;
 }
 
 } // namespace pelorin

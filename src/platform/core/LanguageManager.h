@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QByteArray>
 #include <QMap>
 #include <QString>
 #include <QTranslator>
@@ -24,8 +25,8 @@ public:
     void init(const QString& installPath, const QString& applicationName);
 
     /// Loads a module and the toolkit's own texts (buttons, file dialogs) in its language.
-    /// @return 1 on success; 0 if the module is missing, damaged or lacks a text: the language
-    /// loaded before stays
+    /// @return 1 on success; 0 if the module is missing, damaged, lacks a text or is another one
+    /// than the file of its checksum beside it says: the language loaded before stays
     int loadLanguage(int code);
 
     /// The code of the loaded language, 0 as long as there is none.
@@ -45,14 +46,20 @@ public:
     void shutDown();
 
 private:
-    [[nodiscard]] std::unique_ptr<QTranslator> loadModule(int code) const;
+    struct Module
+    {
+        QByteArray content; ///< what texts is loaded from; goes after it
+        QTranslator texts;
+    };
+
+    [[nodiscard]] std::unique_ptr<Module> loadModule(int code) const;
 
     QString m_folder; ///< installation folder
     QString m_moduleName;
     int m_currentLanguage = 0;
     std::unique_ptr<QTranslator> m_toolkitTexts;
-    std::unique_ptr<QTranslator> m_module;
-    QMap<int, QString> m_helpFiles; ///< by language code, as set
+    std::unique_ptr<Module> m_module;
+    QMap<int, QString> m_helpFiles;         ///< by language code, as set
 };
 
 } // namespace pelorin
