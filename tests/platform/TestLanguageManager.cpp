@@ -149,6 +149,8 @@ void TestLanguageManager::availableLanguagesAreThoseThatLoad()
     QCOMPARE(m_manager->getAvailLanguages(), 1 | 2);
     QVERIFY(putContent(moduleIn(m_installation.path(), 2), "x"));
     QVERIFY(putContent(moduleIn(m_installation.path(), 16), installedModule(16)));
+    QCOMPARE(m_manager->getAvailLanguages(), 1 | 2); // looked for once
+    m_manager->init(m_installation.path() + QLatin1Char('\\'), QStringLiteral("Pelorin"));
     QCOMPARE(m_manager->getAvailLanguages(), 1 | 16);
 
     m_manager->init(QStringLiteral("/nowhere\\"), QStringLiteral("Pelorin"));

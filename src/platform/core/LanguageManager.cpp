@@ -63,6 +63,7 @@ void LanguageManager::init(const QString& installPath, const QString& applicatio
 {
     m_folder = installationFolder(installPath);
     m_moduleName = applicationName.toLower();
+    m_available.reset();
 }
 
 int LanguageManager::loadLanguage(int code)
@@ -88,12 +89,14 @@ int LanguageManager::loadLanguage(int code)
 
 int LanguageManager::getAvailLanguages() const
 {
-    int mask = 0;
-    for (const Language& language : kLanguages) {
-        if (loadModule(language.code))
-            mask |= language.code;
+    if (!m_available) {
+        m_available = 0;
+        for (const Language& language : kLanguages) {
+            if (loadModule(language.code))
+                *m_available |= language.code;
+        }
     }
-    return mask;
+    return *m_available;
 }
 
 void LanguageManager::setHelpFile(int code, const QString& file)

@@ -6,6 +6,7 @@
 #include <QTranslator>
 
 #include <memory>
+#include <optional>
 
 namespace pelorin {
 
@@ -32,7 +33,8 @@ public:
     /// The code of the loaded language, 0 as long as there is none.
     [[nodiscard]] int getCurrentLanguage() const { return m_currentLanguage; }
 
-    /// The codes of all languages that loadLanguage can load now, as one bit mask.
+    /// The codes of all languages that loadLanguage can load, as one bit mask: as found when this
+    /// is first asked after init().
     [[nodiscard]] int getAvailLanguages() const;
 
     void setHelpFile(int code, const QString& file);
@@ -59,6 +61,7 @@ private:
     int m_currentLanguage = 0;
     std::unique_ptr<QTranslator> m_toolkitTexts;
     std::unique_ptr<Module> m_module;
+    mutable std::optional<int> m_available; ///< once found
     QMap<int, QString> m_helpFiles;         ///< by language code, as set
 };
 
