@@ -1,9 +1,9 @@
 #include "pages/SelectPortDialog.h"
 
 #include "pages/SerialPortComboBox.h"
+#include "platform/core/ComPortNames.h"
 
 #include <QDesktopServices>
-#include <QFileInfo>
 #include <QPushButton>
 #include <QUrl>
 
@@ -17,12 +17,9 @@ constexpr int kDeviceManagerButton = 3;
 constexpr int kPortCombo = 1001;
 constexpr int kPortLabel = 1002;
 
-/// Shows the folder where adapters appear under the names of their makers.
 void openDeviceFolder()
 {
-    const QString byName = QStringLiteral("/dev/serial/by-id");
-    const QString folder = QFileInfo::exists(byName) ? byName : QStringLiteral("/dev");
-    QDesktopServices::openUrl(QUrl::fromLocalFile(folder));
+    QDesktopServices::openUrl(QUrl::fromLocalFile(ComPortNames::deviceFolder()));
 }
 
 } // namespace

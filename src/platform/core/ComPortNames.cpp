@@ -16,6 +16,12 @@ namespace {
 constexpr int kDevicesPerKind = 32;
 constexpr const char* kKinds[] = {"ttyS", "ttyUSB", "ttyACM"};
 
+/// Where the system keeps a link to each adapter, named after maker and serial number.
+QString adapterFolder()
+{
+    return QStringLiteral("/dev/serial/by-id");
+}
+
 /// The n of "COMn" or "\\.\COMn"; nothing for any other text.
 std::optional<int> comNumber(const QString& name)
 {
@@ -120,6 +126,11 @@ QList<PresentPort> ComPortNames::presentPorts(const QList<SystemDevice>& system)
         ports.insert(number, {number, device, QFileInfo(path).fileName(), description, false});
     }
     return ports.values();
+}
+
+QString ComPortNames::deviceFolder()
+{
+    return QFileInfo::exists(adapterFolder()) ? adapterFolder() : QStringLiteral("/dev");
 }
 
 bool ComPortNames::isSimulated(const QString& name) const

@@ -47,6 +47,9 @@ public:
     [[nodiscard]] QList<PresentPort> presentPorts() const;
     [[nodiscard]] QList<PresentPort> presentPorts(const QList<SystemDevice>& system) const;
 
+    /// The folder where adapters appear under the names of their makers, else that of all devices.
+    [[nodiscard]] static QString deviceFolder();
+
     /// Whether a name stands for a device that is built into the program.
     [[nodiscard]] bool isSimulated(const QString& name) const;
 
