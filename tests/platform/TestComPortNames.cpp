@@ -37,6 +37,7 @@ private Q_SLOTS:
     void deviceHasOneNumber_data();
     void deviceHasOneNumber();
     void presentPortsAreThoseOfTheSystemAndOfTheSettings();
+    void deviceIsFoundAgainByItsLink();
     void factoryAsksTheMakerOfTheScheme();
 
 private:
@@ -132,6 +133,23 @@ void TestComPortNames::presentPortsAreThoseOfTheSystemAndOfTheSettings()
     m_settings.write(QByteArray());
     QCOMPARE(described(ComPortNames().presentPorts({system[1]})),
              QStringList(QStringLiteral("33|/dev/ttyUSB0|ttyUSB0|USB adapter|")));
+}
+
+/// /dev/null and /dev/zero stand for adapters: they are devices, as those are.
+void TestComPortNames::deviceIsFoundAgainByItsLink()
+{
+    const QString link = file("links/usb-A");
+    QVERIFY(QDir().mkpath(file("links")) && QFile::link(QStringLiteral("/dev/null"), link) &&
+            QFile::link(QStringLiteral("/dev/null"), file("links/usb-B")) &&
+            QFile::link(QStringLiteral("/dev/null"), file("by-path")) &&
+            QFile::link(QStringLiteral("/dev/none"), file("links/gone")));
+    for (const QString& device : {QStringLiteral("/dev/null"), link, file("by-path")})
+        QCOMPARE(ComPortNames::stableName(device, file("links")), link);
+    for (const QString& device : {QStringLiteral("/dev/zero"), QStringLiteral("/dev/none"),
+                                  file("links/gone"), QStringLiteral("simulator:sensor?type=2")})
+        QCOMPARE(ComPortNames::stableName(device, file("links")), device);
+    QCOMPARE(ComPortNames::stableName(QStringLiteral("/dev/null"), file("nowhere")),
+             QStringLiteral("/dev/null"));
 }
 
 void TestComPortNames::factoryAsksTheMakerOfTheScheme()

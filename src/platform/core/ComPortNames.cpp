@@ -3,10 +3,12 @@
 #include "platform/core/RegistryFile.h"
 #include "platform/core/SettingsLocation.h"
 
+#include <QDir>
 #include <QFileInfo>
 #include <QRegularExpression>
 #include <QSerialPortInfo>
 
+#include <algorithm>
 #include <optional>
 
 namespace pelorin {
@@ -126,6 +128,23 @@ QList<PresentPort> ComPortNames::presentPorts(const QList<SystemDevice>& system)
         ports.insert(number, {number, device, QFileInfo(path).fileName(), description, false});
     }
     return ports.values();
+}
+
+QString ComPortNames::stableName(const QString& device)
+{
+    return stableName(device, adapterFolder());
+}
+
+QString ComPortNames::stableName(const QString& device, const QString& linkFolder)
+{
+    const QString target = QFileInfo(device).canonicalFilePath();
+    if (target.isEmpty() || isSimulatedDevice(device))
+        return device;
+    const auto links = QDir(linkFolder).entryInfoList(QDir::Files | QDir::System, QDir::Name);
+    const auto found = std::find_if(links.cbegin(), links.cend(), [&target](const auto& link) {
+        return link.canonicalFilePath() == target;
+    });
+    return found == links.cend() ? device : found->filePath();
 }
 
 QString ComPortNames::deviceFolder()

@@ -47,6 +47,13 @@ public:
     [[nodiscard]] QList<PresentPort> presentPorts() const;
     [[nodiscard]] QList<PresentPort> presentPorts(const QList<SystemDevice>& system) const;
 
+    /// The name under which a device is found again on another socket and after a restart, for
+    /// files that concern what is connected to it: its link in /dev/serial/by-id, in the order of
+    /// names if there are several. A device that has none keeps the name it has, one that is gone
+    /// too: ask while it is there.
+    [[nodiscard]] static QString stableName(const QString& device);
+    [[nodiscard]] static QString stableName(const QString& device, const QString& linkFolder);
+
     /// The folder where adapters appear under the names of their makers, else that of all devices.
     [[nodiscard]] static QString deviceFolder();
 
