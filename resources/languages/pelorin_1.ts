@@ -1102,5 +1102,10 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <source>The display unit has not acknowledged all settings. Some of them may be in effect: apply them again.</source>
         <translation>The display unit has not acknowledged all settings. Some of them may be in effect: apply them again.</translation>
     </message>
+    <message id="1612">
+        <source>The value QDL3NodeID of the settings is %1. The display unit needs a node from 0 to 9.</source>
+        <extracomment>%1 value</extracomment>
+        <translation>The value QDL3NodeID of the settings is %1. The display unit needs a node from 0 to 9.</translation>
+    </message>
 </context>
 </TS>

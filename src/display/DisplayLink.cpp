@@ -8,6 +8,7 @@
 #include "platform/core/PortOpening.h"
 #include "platform/core/RegistryConfig.h"
 
+#include <cstdint>
 #include <system_error>
 #include <utility>
 
@@ -19,6 +20,9 @@ constexpr int kThreadFailedText = 105;
 constexpr int kSetUpFailedText = 247;
 constexpr int kSensorPortText = 1600;
 constexpr int kPortGoneText = 1601;
+constexpr int kNodeText = 1612;
+
+constexpr int kHighestNode = 9; ///< a frame has one digit for it
 
 constexpr LineSettings kLine{19200, 'N', 8, 1};
 
@@ -36,7 +40,7 @@ DisplayLink::DisplayLink(const ComPortFactory& factory) : m_factory(factory)
             QStringLiteral("\\HKEY_LOCAL_MACHINE\\SOFTWARE\\Korvex Systems\\Pelorin")) != 1)
         return;
     m_portName = config.getValue(QStringLiteral("QDL3Comport"), QStringLiteral("COM1"));
-    m_nodeId = static_cast<std::uint8_t>(config.getValue(QStringLiteral("QDL3NodeID"), qint32{1}));
+    m_nodeId = config.getValue(QStringLiteral("QDL3NodeID"), qint32{1});
 }
 
 DisplayLink::~DisplayLink()
@@ -46,6 +50,10 @@ DisplayLink::~DisplayLink()
 
 RequestId DisplayLink::open(int sensorPort)
 {
+    if (m_nodeId < 0 || m_nodeId > kHighestNode) {
+        setMessage(languageString(kNodeText).arg(m_nodeId));
+        return 0;
+    }
     if (isPort(sensorPort)) {
         setMessage(languageString(kSensorPortText).arg(m_portName));
         return 0;
@@ -130,7 +138,7 @@ bool DisplayLink::isPort(int portNumber) const
 /// The worker. A stop comes last of all requests, but those before it then fail at once.
 void DisplayLink::run()
 {
-    DisplayProtocol protocol(*m_port, m_nodeId);
+    DisplayProtocol protocol(*m_port, static_cast<std::uint8_t>(m_nodeId));
     while (true) {
         const auto kind = static_cast<DisplayRequest>(m_events.waitForAny());
         if (kind == DisplayRequest::Stop)

@@ -8,7 +8,6 @@
 #include <QStringList>
 
 #include <array>
-#include <cstdint>
 #include <memory>
 #include <mutex>
 #include <thread>
@@ -89,7 +88,7 @@ private:
 
     const ComPortFactory& m_factory;
     QString m_portName;
-    std::uint8_t m_nodeId = 1;
+    int m_nodeId = 1;
 
     MessageTarget m_replyTarget;
     RequestEvents m_events;

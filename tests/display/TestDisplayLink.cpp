@@ -75,6 +75,7 @@ private Q_SLOTS:
     void failedSetUpTellsTheErrorsInItsMessage();
     void portOfTheSensorIsNotOpened();
     void settingsNamePortAndNode();
+    void nodeThatNoUnitHasIsRefused();
     void closeCutsShortWhatRuns_data();
     void closeCutsShortWhatRuns();
 
@@ -374,6 +375,21 @@ void TestDisplayLink::settingsNamePortAndNode()
         QCOMPARE(m_link->portName(), QString::fromLatin1(port));
         QCOMPARE(await(m_link->open(kSensorPort)), 1);
         QVERIFY(m_script->takeWritten().startsWith(firstFrame));
+    }
+}
+
+void TestDisplayLink::nodeThatNoUnitHasIsRefused()
+{
+    for (const auto& [value, shown] :
+         {std::pair("dword:0000000a", "10"), {"dword:ffffffff", "-1"}, {"dword:00000101", "257"}}) {
+        m_registry->write(kPelorinKey + "\"QDL3NodeID\"=" + value + "\r\n");
+        useScript();
+        QCOMPARE(m_link->open(kSensorPort), RequestId{0});
+        QCOMPARE(m_link->takeMessage(),
+                 QStringLiteral("The value QDL3NodeID of the settings is %1. The display unit "
+                                "needs a node from 0 to 9.")
+                     .arg(QLatin1String(shown)));
+        QVERIFY(!m_script->open);
     }
 }
 
