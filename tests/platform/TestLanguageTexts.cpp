@@ -24,8 +24,8 @@ constexpr const char* kSource = PELORIN_SOURCE_DIR;
 Texts readTexts(int code)
 {
     Texts texts;
-    const QString path = QString::fromLatin1(kSource) +
-                         QStringLiteral("/resources/languages/pelorin_%1.ts").arg(code);
+    const QString path =
+        QString::fromUtf8(kSource) + QStringLiteral("/resources/languages/pelorin_%1.ts").arg(code);
     QXmlStreamReader xml(pelorin::test::contentOf(path));
     int number = 0;
     while (!xml.atEnd()) {
@@ -110,6 +110,7 @@ void TestLanguageTexts::mnemonicsStandInMenusAloneAndAreUniqueThere()
 {
     QFETCH(int, code);
     const Texts texts = readTexts(code);
+    QVERIFY(texts.size() > 100);
     QSet<int> captions;
     for (const auto& menu : kMenus) {
         QSet<QChar> taken;
@@ -145,17 +146,21 @@ void TestLanguageTexts::fileFiltersOfferTheExtensionAndAllFiles()
 void TestLanguageTexts::everyNumberThatTheProgramUsesHasAText()
 {
     const Texts texts = readTexts(1);
-    QDirIterator sources(QString::fromLatin1(kSource) + QStringLiteral("/src"),
+    QDirIterator sources(QString::fromUtf8(kSource) + QStringLiteral("/src"),
                          {QStringLiteral("*.cpp"), QStringLiteral("*.h")}, QDir::Files,
                          QDirIterator::Subdirectories);
+    qsizetype found = 0;
     while (sources.hasNext()) {
         const QString path = sources.next();
         const QString content = QString::fromUtf8(pelorin::test::contentOf(path));
         auto numbers = matches(content, "\\b(?:languageString|setStatusText)\\(\\s*(\\d+)", 1);
-        numbers.unite(matches(content, "\\baddToTranslationMap\\(\\s*\\d+\\s*,\\s*(\\d+)", 1));
+        numbers.unite(matches(content, "\\baddToTranslationMap\\(\\s*\\w+\\s*,\\s*(\\d+)", 1));
+        numbers.unite(matches(content, "\\bk\\w+(?:Text|Caption|Title) = (\\d+);", 1));
+        found += numbers.size();
         for (const QString& number : std::as_const(numbers))
             QVERIFY2(texts.contains(number.toInt()), qPrintable(path + QLatin1Char(' ') + number));
     }
+    QVERIFY2(found > 100, qPrintable(QString::number(found)));
 }
 
 QTEST_APPLESS_MAIN(TestLanguageTexts)
