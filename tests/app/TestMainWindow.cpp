@@ -281,7 +281,8 @@ void TestMainWindow::closingWaitsForAStoreCommand()
     (void)rig.sensor().takeReceivedFrames();
     const QSignalSpy closed(&rig.window(), &PelorinMainWindow::closed);
     QVERIFY(rig.clickCommand(kWriteECommand));
-    QTRY_VERIFY(rig.window().isBusy());
+    QCoreApplication::sendPostedEvents(&rig.window());
+    QVERIFY(rig.window().isBusy());
     rig.window().close();
     QVERIFY(rig.window().isVisible());
 
