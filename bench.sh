@@ -11,7 +11,7 @@ for program in build/release/benchmarks/bench*; do
     if [[ -f $program && -x $program ]]; then
         found=yes
         say "${program##*/}"
-        QT_QPA_PLATFORM=offscreen:configfile=$PWD/tests/support/screen.json "$program" "$@"
+        QT_QPA_PLATFORM=offscreen:configfile=tests/support/screen.json "$program" "$@"
     fi
 done
 [[ $found == yes ]] || die "there is no benchmark in build/release/benchmarks"

@@ -20,6 +20,6 @@ else
     # The user's own settings and profile stay out of it.
     PELORIN_REGISTRY=$PWD/build/dev/share/pelorin/demo.reg \
         XDG_CONFIG_HOME=$PWD/build/tour/config \
-        QT_QPA_PLATFORM=offscreen:configfile=$PWD/tests/support/screen.json \
+        QT_QPA_PLATFORM=offscreen:configfile=tests/support/screen.json \
         build/dev/bin/pelorin-tour build/tour
 fi

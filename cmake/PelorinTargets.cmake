@@ -39,8 +39,24 @@ function(pelorin_test name)
     endif()
 endfunction()
 
+# The toolkit reads the path of a screen as Latin-1: a relative one has no folders of the user's.
+function(pelorin_screen variable name)
+    file(RELATIVE_PATH screen ${CMAKE_CURRENT_BINARY_DIR} ${CMAKE_SOURCE_DIR}/tests/support/${name})
+    set(${variable} "offscreen:configfile=${screen}" PARENT_SCOPE)
+endfunction()
+
 function(pelorin_test_run run program timeout locale)
+    pelorin_screen(platform screen.json)
+    set(environment
+        "QT_QPA_PLATFORM=${platform}"
+        "XDG_CONFIG_HOME=${CMAKE_BINARY_DIR}/tests/config/${run}"
+        "LC_ALL=${locale}"
+        "LANGUAGE="
+        "TSAN_OPTIONS=suppressions='${CMAKE_SOURCE_DIR}/tests/support/tsan.supp'"
+        "UBSAN_OPTIONS=print_stacktrace=1")
     add_test(NAME ${run} COMMAND ${program})
-    set_tests_properties(${run} PROPERTIES TIMEOUT ${timeout} ENVIRONMENT
-        "QT_QPA_PLATFORM=offscreen:configfile=${CMAKE_SOURCE_DIR}/tests/support/screen.json;XDG_CONFIG_HOME=${CMAKE_BINARY_DIR}/tests/config/${run};LC_ALL=${locale};TSAN_OPTIONS=suppressions=${CMAKE_SOURCE_DIR}/tests/support/tsan.supp;UBSAN_OPTIONS=print_stacktrace=1")
+    set_tests_properties(${run} PROPERTIES
+        TIMEOUT ${timeout}
+        ENVIRONMENT "${environment}"
+        ENVIRONMENT_MODIFICATION "QT_SCALE_FACTOR=unset:;QT_FONT_DPI=unset:")
 endfunction()

@@ -88,7 +88,7 @@ void TestHelpWindow::escapeClosesTheWindow()
 void TestHelpWindow::picturesAreThereInEverySize()
 {
     for (const int size : {16, 24, 32, 48, 64, 128, 256})
-        QCOMPARE(programIcon().pixmap(size).size(), QSize(size, size));
+        QCOMPARE(programIcon().pixmap(QSize(size, size), 1.0).size(), QSize(size, size));
     for (const auto& [name, size] :
          {std::pair("BMP_PELORIN_INFO", 16), std::pair("BMP_PELORIN_WRENCH", 16),
           std::pair("BMP_PELORIN_REDLED", 13), std::pair("BMP_PELORIN_GREENLED", 13),
