@@ -5,6 +5,7 @@
 #include "pages/CommLogPage.h"
 #include "platform/core/ComPort.h"
 #include "platform/core/ComPortFactory.h"
+#include "sensor/SequenceRunner.h"
 
 #include <benchmark/benchmark.h>
 
@@ -80,7 +81,7 @@ public:
     PageRig()
     {
         m_window.resize(kWindowSize);
-        m_page->makeDialog(&m_window, m_link);
+        m_page->makeDialog(&m_window, m_runner);
         m_page->setGeometry(QRect(QPoint(), kWindowSize));
         m_page->show();
         m_watch = new PaintWatch(m_page->getControl<QListView>(kLogList)->viewport());
@@ -105,6 +106,7 @@ public:
 private:
     ComPortFactory m_factory{[](const QString&) { return std::unique_ptr<ComPort>(); }};
     SensorLink m_link{m_factory};
+    SequenceRunner m_runner{m_link};
     QWidget m_window;
     CommLogPage* m_page = new CommLogPage; ///< owned by the window
     PaintWatch* m_watch = nullptr;

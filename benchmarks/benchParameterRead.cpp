@@ -89,6 +89,14 @@ double medianMs(std::vector<double> seconds)
     return seconds[seconds.size() / 2] * 1e3;
 }
 
+/// Processes events until a request is answered. @return its result
+int await(const MessageCollector& window, RequestId request)
+{
+    while (window.messages().empty() || window.messages().back().request != request)
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    return window.messages().back().wParam;
+}
+
 double bareMedianMs = 0; ///< of bareLoop, which runs first
 
 /// Reports what each read took, and its median beyond the time of the request's bytes.
@@ -130,15 +138,14 @@ void parameterRead(benchmark::State& state)
     SensorLink link(factory);
     MessageCollector window;
     link.setReplyTarget(&window, WM_LINK_REPLY);
-    if (link.open(1, 0) != 1)
+    if (await(window, link.open(1)) != 1)
         std::abort();
 
     std::vector<double> seconds;
     for (auto _ : state) {
         const auto start = Clock::now();
-        const RequestId request = link.requestRead('D');
-        while (window.messages().empty() || window.messages().back().request != request)
-            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+        if (await(window, link.requestRead('D')) != 1)
+            std::abort();
         seconds.push_back(std::chrono::duration<double>(Clock::now() - start).count());
         state.SetIterationTime(seconds.back());
     }

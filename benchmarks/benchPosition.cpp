@@ -43,10 +43,10 @@ void positionPoll(benchmark::State& state)
     MessageCollector window;
     SensorLink link(factory);
     link.setReplyTarget(&window, WM_LINK_REPLY);
-    if (link.open(1, 0) != 1)
+    if (await(window, link.open(1)) != 1 ||
+        await(window, link.requestStreamMode(1, 0x19, 5)) != 1 ||
+        await(window, link.requestSupply(true)) != 1)
         std::abort();
-    link.setStreamMode(1, 0x19, 5);
-    link.setRts(1);
     while (await(window, link.requestPosition()) != 1) {
     }
 

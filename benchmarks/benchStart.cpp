@@ -2,6 +2,8 @@
 // it wakes up while nothing happens. The measured program is this one, started again as what
 // main() of the product does.
 
+#include "OwnFolders.h"
+
 #include "app/PelorinApp.h"
 #include "app/PelorinMainWindow.h"
 #include "platform/core/ComPortFactory.h"
@@ -13,8 +15,8 @@
 #include <QDir>
 #include <QFile>
 #include <QProcess>
-#include <QTest>
 #include <QTimer>
+#include <QWindow>
 
 #include <benchmark/benchmark.h>
 
@@ -27,6 +29,7 @@ namespace {
 
 constexpr double kStartLimit = 0.15; ///< seconds
 constexpr double kMemoryLimit = 60;  ///< MB
+constexpr double kWaitLimit = 30;    ///< seconds
 constexpr int kIdleTime = 3000;      ///< ms
 
 const QByteArray kSettings =
@@ -66,6 +69,17 @@ long wakeUps()
     return sum;
 }
 
+/// Runs the event loop until a condition holds, which is asked whenever the loop has done
+/// something. @return whether it holds in time
+template <class Condition>
+bool runUntil(Condition condition)
+{
+    const double limit = now() + kWaitLimit;
+    while (!condition() && now() < limit)
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    return condition();
+}
+
 /// The measured process: prints when its window was shown, its memory, and its idle wake-ups.
 int runMeasured(int argc, char* argv[])
 {
@@ -77,18 +91,19 @@ int runMeasured(int argc, char* argv[])
     factory.addScheme(QStringLiteral("simulator:"),
                       [&simulators](const QString& name) { return simulators.makePort(name); });
     PelorinApp pelorin(factory);
-    if (!pelorin.initInstance(QStringLiteral("/CP:9")) || !pelorin.mainWindow())
-        return EXIT_FAILURE;
-    if (!QTest::qWaitForWindowExposed(pelorin.mainWindow()))
+    QObject::connect(&pelorin, &PelorinApp::closed, &application, &QApplication::quit);
+    // The window comes when the port has been opened.
+    if (!pelorin.initInstance(QStringLiteral("/CP:9")) || !runUntil([&pelorin] {
+            return pelorin.mainWindow() && pelorin.mainWindow()->windowHandle()->isExposed();
+        }))
         return EXIT_FAILURE;
     const double shown = now();
     const long memory = statusValue(QStringLiteral("/proc/self/status"), "VmRSS");
 
-    (void)QTest::qWaitFor(
-        [&pelorin] {
+    if (!runUntil([&pelorin] {
             return pelorin.mainWindow()->currentPage() == 0 && !pelorin.mainWindow()->isBusy();
-        },
-        30'000);
+        }))
+        return EXIT_FAILURE;
     QEventLoop loop;
     QTimer::singleShot(kIdleTime, &loop, &QEventLoop::quit);
     const long before = wakeUps();
@@ -96,7 +111,7 @@ int runMeasured(int argc, char* argv[])
     // One wake-up is the measurement's own timer.
     std::printf("%.6f %ld %ld\n", shown, memory, wakeUps() - before - 1);
     pelorin.requestClose();
-    return EXIT_SUCCESS;
+    return QApplication::exec();
 }
 
 void start(benchmark::State& state)
@@ -129,6 +144,7 @@ int main(int argc, char* argv[])
 {
     if (argc > 1 && std::string_view(argv[1]) == "--measured")
         return runMeasured(argc, argv);
+    const OwnFolders folders; // of the measured process, too
     QCoreApplication application(argc, argv);
     benchmark::Initialize(&argc, argv);
     benchmark::RunSpecifiedBenchmarks();

@@ -467,9 +467,9 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <translation>Textdateien (*.txt);;Alle Dateien (*)</translation>
     </message>
     <message id="192">
-        <source>The file %1 could not be opened (system error %2).</source>
-        <extracomment>%1 path, %2 system error code</extracomment>
-        <translation>Die Datei %1 konnte nicht geöffnet werden (Systemfehler %2).</translation>
+        <source>The file %1 could not be opened (system error %2: %3).</source>
+        <extracomment>%1 path, %2 system error code, %3 its words</extracomment>
+        <translation>Die Datei %1 konnte nicht geöffnet werden (Systemfehler %2: %3).</translation>
     </message>
     <message id="193">
         <source>&amp;Refresh</source>
@@ -882,17 +882,31 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <translation>Aus Datei lesen</translation>
     </message>
     <message id="1027">
-        <source>The settings file %1 cannot be read.</source>
-        <extracomment>%1 path</extracomment>
-        <translation>Die Einstellungsdatei %1 kann nicht gelesen werden.</translation>
+        <source>The file %1 cannot be read: %2. Its settings are not used.</source>
+        <extracomment>%1 path, %2 reason</extracomment>
+        <translation>Die Datei %1 kann nicht gelesen werden: %2. Ihre Einstellungen werden nicht verwendet.</translation>
+    </message>
+    <message id="1028">
+        <source>The sensor is being connected, so nothing else was done. Try again when that has ended.</source>
+        <translation>Der Sensor wird gerade verbunden, deshalb wurde sonst nichts getan. Versuchen Sie es erneut, wenn das beendet ist.</translation>
+    </message>
+    <message id="1029">
+        <source>The connection to the sensor was lost. Nothing was sent. The sensor is connected again when this dialog is closed.</source>
+        <translation>Die Verbindung zum Sensor ging verloren. Es wurde nichts gesendet. Der Sensor wird neu verbunden, wenn dieser Dialog geschlossen ist.</translation>
+    </message>
+    <message id="1030">
+        <source>The sensor answered, but its firmware revision %1 lies in none of the configured ranges. Check your site's bounds in the settings.</source>
+        <extracomment>%1 firmware revision, two hexadecimal digits</extracomment>
+        <translation>Der Sensor hat geantwortet, aber seine Firmware-Revision %1 liegt in keinem der eingestellten Bereiche. Prüfen Sie die Grenzen Ihres Standorts in den Einstellungen.</translation>
+    </message>
+    <message id="1031">
+        <source>COM%1 could not be closed: its device does not react. Until it does, no program can open this port. Unplug the adapter.</source>
+        <extracomment>%1 port number</extracomment>
+        <translation>COM%1 konnte nicht geschlossen werden: Das Gerät reagiert nicht. Solange es das nicht tut, kann kein Programm diesen Anschluss öffnen. Ziehen Sie den Adapter ab.</translation>
     </message>
     <message id="1100">
         <source>The sensor is not identified. Connect it before its position is shown.</source>
         <translation>Der Sensor ist nicht identifiziert. Verbinden Sie ihn, bevor Sie seine Position anzeigen.</translation>
-    </message>
-    <message id="1101">
-        <source>The sensor on COM%1 still carries the data format for the position stream. Its own data format %2 is written back as soon as it is connected there again.</source>
-        <translation>Der Sensor an COM%1 hat noch das Datenformat für die laufende Positionsausgabe. Sein eigenes Datenformat %2 wird zurückgeschrieben, sobald er dort wieder verbunden ist.</translation>
     </message>
     <message id="1102">
         <source>Switch the sensor's supply off and on again now.</source>
@@ -906,6 +920,41 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <source>Live magnet position in millimetres</source>
         <translation>Aktuelle Magnetposition in Millimetern</translation>
     </message>
+    <message id="1105">
+        <source>The sensor's data format could not be kept in %1: %2. Nothing was written to the sensor, so its position cannot be shown.</source>
+        <extracomment>%1 path, %2 reason</extracomment>
+        <translation>Das Datenformat des Sensors konnte nicht in %1 aufbewahrt werden: %2. Es wurde nichts in den Sensor geschrieben, daher kann seine Position nicht angezeigt werden.</translation>
+    </message>
+    <message id="1106">
+        <source>The position stream could not be ended, so nothing else was done. Connect the sensor again.</source>
+        <translation>Die laufende Positionsausgabe konnte nicht beendet werden, deshalb wurde sonst nichts getan. Verbinden Sie den Sensor erneut.</translation>
+    </message>
+    <message id="1107">
+        <source>The sensor on %1 with the version answer %2 may still carry the data format for the position stream: its own one, %3, has not been read back from it. That is written back as soon as the sensor is connected there again.</source>
+        <extracomment>%1 device, %2 version answer, %3 data format</extracomment>
+        <translation>Der Sensor an %1 mit der Versionsantwort %2 hat möglicherweise noch das Datenformat für die laufende Positionsausgabe: Sein eigenes, %3, wurde nicht zurückgelesen. Es wird zurückgeschrieben, sobald der Sensor dort wieder verbunden ist.</translation>
+    </message>
+    <message id="1108">
+        <source>Try again</source>
+        <translation>Erneut versuchen</translation>
+    </message>
+    <message id="1109">
+        <source>Forget</source>
+        <translation>Vergessen</translation>
+    </message>
+    <message id="1110">
+        <source>Forget the data format %1 of the sensor on %2? It is then not written back any more.</source>
+        <extracomment>%1 data format, %2 device</extracomment>
+        <translation>Das Datenformat %1 des Sensors an %2 vergessen? Es wird dann nicht mehr zurückgeschrieben.</translation>
+    </message>
+    <message id="1111">
+        <source>The data format of the connected sensor could not be read; it may still be the one for the position stream. Connect the sensor again.</source>
+        <translation>Das Datenformat des verbundenen Sensors konnte nicht gelesen werden; es ist möglicherweise noch das für die laufende Positionsausgabe. Verbinden Sie den Sensor erneut.</translation>
+    </message>
+    <message id="1112">
+        <source>The sensor still carries the data format for the position stream. Nothing was saved or written. Connect the sensor again, so that its own data format is written back.</source>
+        <translation>Der Sensor hat noch das Datenformat für die laufende Positionsausgabe. Es wurde nichts gesichert und nichts geschrieben. Verbinden Sie den Sensor erneut, damit sein eigenes Datenformat zurückgeschrieben wird.</translation>
+    </message>
     <message id="1200">
         <source>Password</source>
         <translation>Kennwort</translation>
@@ -913,14 +962,6 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
     <message id="1201">
         <source>The values on this page have not all been read from the sensor as it is connected now. Refresh the page before you apply changes.</source>
         <translation>Nicht alle Werte dieser Seite wurden aus dem jetzt verbundenen Sensor gelesen. Aktualisieren Sie die Seite, bevor Sie Änderungen übernehmen.</translation>
-    </message>
-    <message id="1202">
-        <source>The changes were not applied completely. Written to the sensor before the failure: %1. Whether they have taken effect is not known. Read the values again before you go on.</source>
-        <translation>Die Änderungen wurden nicht vollständig übernommen. Vor dem Fehler in den Sensor geschrieben: %1. Ob sie wirksam sind, ist nicht bekannt. Lesen Sie die Werte neu, bevor Sie fortfahren.</translation>
-    </message>
-    <message id="1203">
-        <source>The changes were not applied: no parameter had been written when the failure came. Read the values again before you go on.</source>
-        <translation>Die Änderungen wurden nicht übernommen: Vor dem Fehler war noch kein Parameter geschrieben. Lesen Sie die Werte neu, bevor Sie fortfahren.</translation>
     </message>
     <message id="1204">
         <source>The error skip count must be a number from 0 to 255.</source>
@@ -933,14 +974,6 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
     <message id="1206">
         <source>The sensor has no valid resolution, so its offset is not known. Nothing was written.</source>
         <translation>Der Sensor hat keine gültige Auflösung, daher ist sein Offset nicht bekannt. Es wurde nichts geschrieben.</translation>
-    </message>
-    <message id="1300">
-        <source>The sensor's parameters have not been read completely since this page was shown, the connection was lost or manual communications were used. Read them again before you apply changes.</source>
-        <translation>Die Parameter des Sensors wurden nicht vollständig gelesen, seit diese Seite gezeigt wurde, die Verbindung verloren ging oder die manuelle Kommunikation benutzt wurde. Lesen Sie sie erneut, bevor Sie Änderungen übernehmen.</translation>
-    </message>
-    <message id="1301">
-        <source>The resolution read from the sensor is 0. Nothing was written.</source>
-        <translation>Die aus dem Sensor gelesene Auflösung ist 0. Es wurde nichts geschrieben.</translation>
     </message>
     <message id="1302">
         <source>This value must not be longer than %1 characters.</source>
@@ -970,10 +1003,6 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <source>This value may only contain unaccented letters, digits, spaces and ASCII punctuation.</source>
         <translation>Dieser Wert darf nur Buchstaben ohne Akzente und Umlaute, Ziffern, Leerzeichen und die Satzzeichen des ASCII-Zeichensatzes enthalten.</translation>
     </message>
-    <message id="1309">
-        <source>Parameter %1 was read as "%2". This page cannot write that back unchanged. Nothing was written.</source>
-        <translation>Parameter %1 wurde als „%2“ gelesen. Diese Seite kann das nicht unverändert zurückschreiben. Es wurde nichts geschrieben.</translation>
-    </message>
     <message id="1310">
         <source>Parameters written before: %1. Read the sensor's parameters and check them before you use the sensor.</source>
         <translation>Zuvor geschriebene Parameter: %1. Lesen und prüfen Sie die Parameter des Sensors, bevor Sie ihn verwenden.</translation>
@@ -983,12 +1012,12 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <translation>Zuvor war noch kein Parameter geschrieben worden. Lesen und prüfen Sie die Parameter des Sensors, bevor Sie ihn verwenden.</translation>
     </message>
     <message id="1320">
-        <source>The file %1 could not be written: %2</source>
-        <translation>Die Datei %1 konnte nicht geschrieben werden: %2</translation>
+        <source>The file %1 could not be written: %2. A file of this name that was there before is unchanged.</source>
+        <translation>Die Datei %1 konnte nicht geschrieben werden: %2. Eine bereits vorhandene Datei dieses Namens ist unverändert.</translation>
     </message>
     <message id="1321">
-        <source>The file %1 could not be read: %2</source>
-        <translation>Die Datei %1 konnte nicht gelesen werden: %2</translation>
+        <source>The file %1 could not be read: %2.</source>
+        <translation>Die Datei %1 konnte nicht gelesen werden: %2.</translation>
     </message>
     <message id="1322">
         <source>The backup file does not hold every parameter that the connected sensor needs. Nothing was written.</source>
@@ -1010,10 +1039,6 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <source>Restore Backup</source>
         <translation>Sicherung zurückschreiben</translation>
     </message>
-    <message id="1327">
-        <source>Parameter %1 holds control characters, which a backup file cannot keep. No backup was saved.</source>
-        <translation>Parameter %1 enthält Steuerzeichen, die eine Sicherungsdatei nicht aufnehmen kann. Es wurde keine Sicherung gespeichert.</translation>
-    </message>
     <message id="1328">
         <source>The sensor is not identified. Connect it before you save its parameters.</source>
         <translation>Der Sensor ist nicht identifiziert. Verbinden Sie ihn, bevor Sie seine Parameter sichern.</translation>
@@ -1023,8 +1048,18 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <translation>Fortschritt</translation>
     </message>
     <message id="1330">
-        <source>Parameter %1 was read as "%2", which is not a value of it: the answer was disturbed. Refresh the page. Nothing was written.</source>
-        <translation>Parameter %1 wurde als „%2“ gelesen, was kein gültiger Wert ist: Die Antwort war gestört. Aktualisieren Sie die Seite. Es wurde nichts geschrieben.</translation>
+        <source>Parameter %1 was read as "%2", which is not a value of it: the answer may have been disturbed. Refresh the page. Nothing was written.</source>
+        <translation>Parameter %1 wurde als „%2“ gelesen, was kein gültiger Wert ist: Die Antwort war möglicherweise gestört. Aktualisieren Sie die Seite. Es wurde nichts geschrieben.</translation>
+    </message>
+    <message id="1331">
+        <source>The backup was saved. These texts are unusual for their parameters, but the sensor answered each of them twice:</source>
+        <extracomment>The texts follow, a line each</extracomment>
+        <translation>Die Sicherung wurde gespeichert. Diese Texte sind für ihre Parameter ungewöhnlich, aber der Sensor hat jeden von ihnen zweimal geantwortet:</translation>
+    </message>
+    <message id="1332">
+        <source>The file holds texts that are unusual for their parameters. Write them to the sensor all the same?</source>
+        <extracomment>The texts follow, a line each</extracomment>
+        <translation>Die Datei enthält Texte, die für ihre Parameter ungewöhnlich sind. Trotzdem in den Sensor schreiben?</translation>
     </message>
     <message id="1400">
         <source>Not hexadecimal, but sent all the same: %1</source>
@@ -1057,14 +1092,6 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
     <message id="1407">
         <source>The serial port was lost during the exchange. What was sent or received may be incomplete.</source>
         <translation>Der serielle Anschluss ging während des Austauschs verloren. Gesendetes oder Empfangenes ist möglicherweise unvollständig.</translation>
-    </message>
-    <message id="1500">
-        <source>The file %1 could not be written: %2. A file of this name that was there before is unchanged.</source>
-        <translation>Die Datei %1 konnte nicht geschrieben werden: %2. Eine bereits vorhandene Datei dieses Namens ist unverändert.</translation>
-    </message>
-    <message id="1501">
-        <source>The file %1 could not be read: %2.</source>
-        <translation>Die Datei %1 konnte nicht gelesen werden: %2.</translation>
     </message>
     <message id="1502">
         <source>The file holds more rows than the table. Rows in the file: %1; read: %2; ignored: %3.</source>

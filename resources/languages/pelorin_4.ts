@@ -467,9 +467,9 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <translation>Fichiers texte (*.txt);;Tous les fichiers (*)</translation>
     </message>
     <message id="192">
-        <source>The file %1 could not be opened (system error %2).</source>
-        <extracomment>%1 path, %2 system error code</extracomment>
-        <translation>Le fichier %1 n'a pas pu être ouvert (erreur système %2).</translation>
+        <source>The file %1 could not be opened (system error %2: %3).</source>
+        <extracomment>%1 path, %2 system error code, %3 its words</extracomment>
+        <translation>Le fichier %1 n'a pas pu être ouvert (erreur système %2 : %3).</translation>
     </message>
     <message id="193">
         <source>&amp;Refresh</source>
@@ -882,17 +882,31 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <translation>Lire un fichier</translation>
     </message>
     <message id="1027">
-        <source>The settings file %1 cannot be read.</source>
-        <extracomment>%1 path</extracomment>
-        <translation>Le fichier de réglages %1 ne peut pas être lu.</translation>
+        <source>The file %1 cannot be read: %2. Its settings are not used.</source>
+        <extracomment>%1 path, %2 reason</extracomment>
+        <translation>Le fichier %1 ne peut pas être lu : %2. Ses réglages ne sont pas utilisés.</translation>
+    </message>
+    <message id="1028">
+        <source>The sensor is being connected, so nothing else was done. Try again when that has ended.</source>
+        <translation>Le capteur est en cours de connexion ; rien d'autre n'a donc été fait. Réessayez quand elle sera terminée.</translation>
+    </message>
+    <message id="1029">
+        <source>The connection to the sensor was lost. Nothing was sent. The sensor is connected again when this dialog is closed.</source>
+        <translation>La connexion au capteur a été perdue. Rien n'a été envoyé. Le capteur sera reconnecté à la fermeture de cette boîte de dialogue.</translation>
+    </message>
+    <message id="1030">
+        <source>The sensor answered, but its firmware revision %1 lies in none of the configured ranges. Check your site's bounds in the settings.</source>
+        <extracomment>%1 firmware revision, two hexadecimal digits</extracomment>
+        <translation>Le capteur a répondu, mais sa révision de firmware %1 n'est dans aucune des plages configurées. Vérifiez les limites de votre site dans les réglages.</translation>
+    </message>
+    <message id="1031">
+        <source>COM%1 could not be closed: its device does not react. Until it does, no program can open this port. Unplug the adapter.</source>
+        <extracomment>%1 port number</extracomment>
+        <translation>COM%1 n'a pas pu être fermé : son périphérique ne réagit pas. Tant qu'il ne réagit pas, aucun programme ne peut ouvrir ce port. Débranchez l'adaptateur.</translation>
     </message>
     <message id="1100">
         <source>The sensor is not identified. Connect it before its position is shown.</source>
         <translation>Le capteur n'est pas identifié. Connectez-le avant d'afficher sa position.</translation>
-    </message>
-    <message id="1101">
-        <source>The sensor on COM%1 still carries the data format for the position stream. Its own data format %2 is written back as soon as it is connected there again.</source>
-        <translation>Le capteur sur COM%1 conserve encore le format de données du flux de positions. Son propre format de données %2 sera réécrit dès que le capteur y sera reconnecté.</translation>
     </message>
     <message id="1102">
         <source>Switch the sensor's supply off and on again now.</source>
@@ -906,6 +920,41 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <source>Live magnet position in millimetres</source>
         <translation>Position actuelle de l'aimant en millimètres</translation>
     </message>
+    <message id="1105">
+        <source>The sensor's data format could not be kept in %1: %2. Nothing was written to the sensor, so its position cannot be shown.</source>
+        <extracomment>%1 path, %2 reason</extracomment>
+        <translation>Le format de données du capteur n'a pas pu être conservé dans %1 : %2. Rien n'a été écrit dans le capteur ; sa position ne peut donc pas être affichée.</translation>
+    </message>
+    <message id="1106">
+        <source>The position stream could not be ended, so nothing else was done. Connect the sensor again.</source>
+        <translation>Le flux de positions n'a pas pu être arrêté ; rien d'autre n'a donc été fait. Reconnectez le capteur.</translation>
+    </message>
+    <message id="1107">
+        <source>The sensor on %1 with the version answer %2 may still carry the data format for the position stream: its own one, %3, has not been read back from it. That is written back as soon as the sensor is connected there again.</source>
+        <extracomment>%1 device, %2 version answer, %3 data format</extracomment>
+        <translation>Le capteur sur %1, dont la réponse de version est %2, a peut-être encore le format de données du flux de positions : son propre format, %3, n'a pas été relu. Celui-ci sera réécrit dès que le capteur y sera reconnecté.</translation>
+    </message>
+    <message id="1108">
+        <source>Try again</source>
+        <translation>Réessayer</translation>
+    </message>
+    <message id="1109">
+        <source>Forget</source>
+        <translation>Oublier</translation>
+    </message>
+    <message id="1110">
+        <source>Forget the data format %1 of the sensor on %2? It is then not written back any more.</source>
+        <extracomment>%1 data format, %2 device</extracomment>
+        <translation>Oublier le format de données %1 du capteur sur %2 ? Il ne sera alors plus réécrit.</translation>
+    </message>
+    <message id="1111">
+        <source>The data format of the connected sensor could not be read; it may still be the one for the position stream. Connect the sensor again.</source>
+        <translation>Le format de données du capteur connecté n'a pas pu être lu ; c'est peut-être encore celui du flux de positions. Reconnectez le capteur.</translation>
+    </message>
+    <message id="1112">
+        <source>The sensor still carries the data format for the position stream. Nothing was saved or written. Connect the sensor again, so that its own data format is written back.</source>
+        <translation>Le capteur a encore le format de données du flux de positions. Rien n'a été enregistré ni écrit. Reconnectez le capteur pour que son propre format de données soit réécrit.</translation>
+    </message>
     <message id="1200">
         <source>Password</source>
         <translation>Mot de passe</translation>
@@ -913,14 +962,6 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
     <message id="1201">
         <source>The values on this page have not all been read from the sensor as it is connected now. Refresh the page before you apply changes.</source>
         <translation>Les valeurs de cette page n'ont pas toutes été lues dans le capteur actuellement connecté. Actualisez la page avant d'appliquer des modifications.</translation>
-    </message>
-    <message id="1202">
-        <source>The changes were not applied completely. Written to the sensor before the failure: %1. Whether they have taken effect is not known. Read the values again before you go on.</source>
-        <translation>Les modifications n'ont pas été entièrement appliquées. Paramètres écrits dans le capteur avant l'échec : %1. On ne sait pas s'ils ont pris effet. Relisez les valeurs avant de continuer.</translation>
-    </message>
-    <message id="1203">
-        <source>The changes were not applied: no parameter had been written when the failure came. Read the values again before you go on.</source>
-        <translation>Les modifications n'ont pas été appliquées : aucun paramètre n'avait été écrit au moment de l'échec. Relisez les valeurs avant de continuer.</translation>
     </message>
     <message id="1204">
         <source>The error skip count must be a number from 0 to 255.</source>
@@ -933,14 +974,6 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
     <message id="1206">
         <source>The sensor has no valid resolution, so its offset is not known. Nothing was written.</source>
         <translation>Le capteur n'a pas de résolution valide ; son décalage n'est donc pas connu. Rien n'a été écrit.</translation>
-    </message>
-    <message id="1300">
-        <source>The sensor's parameters have not been read completely since this page was shown, the connection was lost or manual communications were used. Read them again before you apply changes.</source>
-        <translation>Les paramètres du capteur n'ont pas été lus entièrement depuis l'affichage de cette page, la perte de la connexion ou l'emploi de la communication manuelle. Relisez-les avant d'appliquer des modifications.</translation>
-    </message>
-    <message id="1301">
-        <source>The resolution read from the sensor is 0. Nothing was written.</source>
-        <translation>La résolution lue dans le capteur est 0. Rien n'a été écrit.</translation>
     </message>
     <message id="1302">
         <source>This value must not be longer than %1 characters.</source>
@@ -970,10 +1003,6 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <source>This value may only contain unaccented letters, digits, spaces and ASCII punctuation.</source>
         <translation>Cette valeur ne doit contenir que des lettres sans accent, des chiffres, des espaces et la ponctuation des caractères ASCII.</translation>
     </message>
-    <message id="1309">
-        <source>Parameter %1 was read as "%2". This page cannot write that back unchanged. Nothing was written.</source>
-        <translation>Le paramètre %1 a été lu comme « %2 ». Cette page ne peut pas le réécrire inchangé. Rien n'a été écrit.</translation>
-    </message>
     <message id="1310">
         <source>Parameters written before: %1. Read the sensor's parameters and check them before you use the sensor.</source>
         <translation>Paramètres écrits auparavant : %1. Lisez et vérifiez les paramètres du capteur avant de l'utiliser.</translation>
@@ -983,12 +1012,12 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <translation>Aucun paramètre n'avait été écrit auparavant. Lisez et vérifiez les paramètres du capteur avant de l'utiliser.</translation>
     </message>
     <message id="1320">
-        <source>The file %1 could not be written: %2</source>
-        <translation>Le fichier %1 n'a pas pu être écrit : %2</translation>
+        <source>The file %1 could not be written: %2. A file of this name that was there before is unchanged.</source>
+        <translation>Le fichier %1 n'a pas pu être écrit : %2. Un fichier de ce nom qui existait déjà est inchangé.</translation>
     </message>
     <message id="1321">
-        <source>The file %1 could not be read: %2</source>
-        <translation>Le fichier %1 n'a pas pu être lu : %2</translation>
+        <source>The file %1 could not be read: %2.</source>
+        <translation>Le fichier %1 n'a pas pu être lu : %2.</translation>
     </message>
     <message id="1322">
         <source>The backup file does not hold every parameter that the connected sensor needs. Nothing was written.</source>
@@ -1010,10 +1039,6 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <source>Restore Backup</source>
         <translation>Restaurer une sauvegarde</translation>
     </message>
-    <message id="1327">
-        <source>Parameter %1 holds control characters, which a backup file cannot keep. No backup was saved.</source>
-        <translation>Le paramètre %1 contient des caractères de contrôle qu'un fichier de sauvegarde ne peut pas conserver. Aucune sauvegarde n'a été enregistrée.</translation>
-    </message>
     <message id="1328">
         <source>The sensor is not identified. Connect it before you save its parameters.</source>
         <translation>Le capteur n'est pas identifié. Connectez-le avant de sauvegarder ses paramètres.</translation>
@@ -1023,8 +1048,18 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <translation>Progression</translation>
     </message>
     <message id="1330">
-        <source>Parameter %1 was read as "%2", which is not a value of it: the answer was disturbed. Refresh the page. Nothing was written.</source>
-        <translation>Le paramètre %1 a été lu comme « %2 », ce qui n'en est pas une valeur : la réponse a été perturbée. Actualisez la page. Rien n'a été écrit.</translation>
+        <source>Parameter %1 was read as "%2", which is not a value of it: the answer may have been disturbed. Refresh the page. Nothing was written.</source>
+        <translation>Le paramètre %1 a été lu comme « %2 », ce qui n'en est pas une valeur : la réponse a peut-être été perturbée. Actualisez la page. Rien n'a été écrit.</translation>
+    </message>
+    <message id="1331">
+        <source>The backup was saved. These texts are unusual for their parameters, but the sensor answered each of them twice:</source>
+        <extracomment>The texts follow, a line each</extracomment>
+        <translation>La sauvegarde a été enregistrée. Ces textes sont inhabituels pour leurs paramètres, mais le capteur a répondu deux fois avec chacun d'eux :</translation>
+    </message>
+    <message id="1332">
+        <source>The file holds texts that are unusual for their parameters. Write them to the sensor all the same?</source>
+        <extracomment>The texts follow, a line each</extracomment>
+        <translation>Le fichier contient des textes inhabituels pour leurs paramètres. Les écrire tout de même dans le capteur ?</translation>
     </message>
     <message id="1400">
         <source>Not hexadecimal, but sent all the same: %1</source>
@@ -1057,14 +1092,6 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
     <message id="1407">
         <source>The serial port was lost during the exchange. What was sent or received may be incomplete.</source>
         <translation>Le port série a été perdu pendant l'échange. L'envoi ou la réception peuvent être incomplets.</translation>
-    </message>
-    <message id="1500">
-        <source>The file %1 could not be written: %2. A file of this name that was there before is unchanged.</source>
-        <translation>Le fichier %1 n'a pas pu être écrit : %2. Un fichier de ce nom qui existait déjà est inchangé.</translation>
-    </message>
-    <message id="1501">
-        <source>The file %1 could not be read: %2.</source>
-        <translation>Le fichier %1 n'a pas pu être lu : %2.</translation>
     </message>
     <message id="1502">
         <source>The file holds more rows than the table. Rows in the file: %1; read: %2; ignored: %3.</source>

@@ -467,9 +467,9 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <translation>Archivos de texto (*.txt);;Todos los archivos (*)</translation>
     </message>
     <message id="192">
-        <source>The file %1 could not be opened (system error %2).</source>
-        <extracomment>%1 path, %2 system error code</extracomment>
-        <translation>No se pudo abrir el archivo %1 (error del sistema %2).</translation>
+        <source>The file %1 could not be opened (system error %2: %3).</source>
+        <extracomment>%1 path, %2 system error code, %3 its words</extracomment>
+        <translation>No se pudo abrir el archivo %1 (error del sistema %2: %3).</translation>
     </message>
     <message id="193">
         <source>&amp;Refresh</source>
@@ -882,17 +882,31 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <translation>Leer de archivo</translation>
     </message>
     <message id="1027">
-        <source>The settings file %1 cannot be read.</source>
-        <extracomment>%1 path</extracomment>
-        <translation>No se puede leer el archivo de ajustes %1.</translation>
+        <source>The file %1 cannot be read: %2. Its settings are not used.</source>
+        <extracomment>%1 path, %2 reason</extracomment>
+        <translation>No se puede leer el archivo %1: %2. Sus ajustes no se usan.</translation>
+    </message>
+    <message id="1028">
+        <source>The sensor is being connected, so nothing else was done. Try again when that has ended.</source>
+        <translation>El sensor se está conectando, por lo que no se hizo nada más. Inténtelo de nuevo cuando haya terminado.</translation>
+    </message>
+    <message id="1029">
+        <source>The connection to the sensor was lost. Nothing was sent. The sensor is connected again when this dialog is closed.</source>
+        <translation>Se perdió la conexión con el sensor. No se envió nada. El sensor se conectará de nuevo al cerrar este cuadro de diálogo.</translation>
+    </message>
+    <message id="1030">
+        <source>The sensor answered, but its firmware revision %1 lies in none of the configured ranges. Check your site's bounds in the settings.</source>
+        <extracomment>%1 firmware revision, two hexadecimal digits</extracomment>
+        <translation>El sensor respondió, pero su revisión de firmware %1 no está en ninguno de los intervalos configurados. Compruebe los límites de su instalación en los ajustes.</translation>
+    </message>
+    <message id="1031">
+        <source>COM%1 could not be closed: its device does not react. Until it does, no program can open this port. Unplug the adapter.</source>
+        <extracomment>%1 port number</extracomment>
+        <translation>No se pudo cerrar COM%1: su dispositivo no reacciona. Mientras no lo haga, ningún programa puede abrir este puerto. Desconecte el adaptador.</translation>
     </message>
     <message id="1100">
         <source>The sensor is not identified. Connect it before its position is shown.</source>
         <translation>El sensor no está identificado. Conéctelo antes de mostrar su posición.</translation>
-    </message>
-    <message id="1101">
-        <source>The sensor on COM%1 still carries the data format for the position stream. Its own data format %2 is written back as soon as it is connected there again.</source>
-        <translation>El sensor en COM%1 conserva aún el formato de datos del flujo de posiciones. Su propio formato de datos %2 se volverá a escribir en cuanto el sensor se conecte de nuevo a ese puerto.</translation>
     </message>
     <message id="1102">
         <source>Switch the sensor's supply off and on again now.</source>
@@ -906,6 +920,41 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <source>Live magnet position in millimetres</source>
         <translation>Posición actual del imán en milímetros</translation>
     </message>
+    <message id="1105">
+        <source>The sensor's data format could not be kept in %1: %2. Nothing was written to the sensor, so its position cannot be shown.</source>
+        <extracomment>%1 path, %2 reason</extracomment>
+        <translation>No se pudo conservar en %1 el formato de datos del sensor: %2. No se escribió nada en el sensor, por lo que no se puede mostrar su posición.</translation>
+    </message>
+    <message id="1106">
+        <source>The position stream could not be ended, so nothing else was done. Connect the sensor again.</source>
+        <translation>No se pudo terminar el flujo de posiciones, por lo que no se hizo nada más. Vuelva a conectar el sensor.</translation>
+    </message>
+    <message id="1107">
+        <source>The sensor on %1 with the version answer %2 may still carry the data format for the position stream: its own one, %3, has not been read back from it. That is written back as soon as the sensor is connected there again.</source>
+        <extracomment>%1 device, %2 version answer, %3 data format</extracomment>
+        <translation>Es posible que el sensor en %1 con la respuesta de versión %2 tenga aún el formato de datos del flujo de posiciones: el suyo propio, %3, no se ha vuelto a leer. Este se volverá a escribir en cuanto el sensor se conecte allí de nuevo.</translation>
+    </message>
+    <message id="1108">
+        <source>Try again</source>
+        <translation>Reintentar</translation>
+    </message>
+    <message id="1109">
+        <source>Forget</source>
+        <translation>Olvidar</translation>
+    </message>
+    <message id="1110">
+        <source>Forget the data format %1 of the sensor on %2? It is then not written back any more.</source>
+        <extracomment>%1 data format, %2 device</extracomment>
+        <translation>¿Olvidar el formato de datos %1 del sensor en %2? Entonces ya no se volverá a escribir.</translation>
+    </message>
+    <message id="1111">
+        <source>The data format of the connected sensor could not be read; it may still be the one for the position stream. Connect the sensor again.</source>
+        <translation>No se pudo leer el formato de datos del sensor conectado; puede que sea aún el del flujo de posiciones. Vuelva a conectar el sensor.</translation>
+    </message>
+    <message id="1112">
+        <source>The sensor still carries the data format for the position stream. Nothing was saved or written. Connect the sensor again, so that its own data format is written back.</source>
+        <translation>El sensor tiene aún el formato de datos del flujo de posiciones. No se guardó ni se escribió nada. Vuelva a conectar el sensor para que se escriba de nuevo su propio formato de datos.</translation>
+    </message>
     <message id="1200">
         <source>Password</source>
         <translation>Contraseña</translation>
@@ -913,14 +962,6 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
     <message id="1201">
         <source>The values on this page have not all been read from the sensor as it is connected now. Refresh the page before you apply changes.</source>
         <translation>No todos los valores de esta página se han leído del sensor conectado actualmente. Actualice la página antes de aplicar cambios.</translation>
-    </message>
-    <message id="1202">
-        <source>The changes were not applied completely. Written to the sensor before the failure: %1. Whether they have taken effect is not known. Read the values again before you go on.</source>
-        <translation>Los cambios no se aplicaron por completo. Parámetros escritos en el sensor antes del fallo: %1. No se sabe si han surtido efecto. Vuelva a leer los valores antes de continuar.</translation>
-    </message>
-    <message id="1203">
-        <source>The changes were not applied: no parameter had been written when the failure came. Read the values again before you go on.</source>
-        <translation>Los cambios no se aplicaron: no se había escrito ningún parámetro cuando se produjo el fallo. Vuelva a leer los valores antes de continuar.</translation>
     </message>
     <message id="1204">
         <source>The error skip count must be a number from 0 to 255.</source>
@@ -933,14 +974,6 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
     <message id="1206">
         <source>The sensor has no valid resolution, so its offset is not known. Nothing was written.</source>
         <translation>El sensor no tiene una resolución válida, por lo que no se conoce su offset. No se escribió nada.</translation>
-    </message>
-    <message id="1300">
-        <source>The sensor's parameters have not been read completely since this page was shown, the connection was lost or manual communications were used. Read them again before you apply changes.</source>
-        <translation>Los parámetros del sensor no se han leído por completo desde que se mostró esta página, se perdió la conexión o se usó la comunicación manual. Vuelva a leerlos antes de aplicar cambios.</translation>
-    </message>
-    <message id="1301">
-        <source>The resolution read from the sensor is 0. Nothing was written.</source>
-        <translation>La resolución leída del sensor es 0. No se escribió nada.</translation>
     </message>
     <message id="1302">
         <source>This value must not be longer than %1 characters.</source>
@@ -970,10 +1003,6 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <source>This value may only contain unaccented letters, digits, spaces and ASCII punctuation.</source>
         <translation>Este valor solo puede contener letras sin acento, dígitos, espacios y los signos de puntuación de los caracteres ASCII.</translation>
     </message>
-    <message id="1309">
-        <source>Parameter %1 was read as "%2". This page cannot write that back unchanged. Nothing was written.</source>
-        <translation>El parámetro %1 se leyó como «%2». Esta página no puede volver a escribirlo sin cambios. No se escribió nada.</translation>
-    </message>
     <message id="1310">
         <source>Parameters written before: %1. Read the sensor's parameters and check them before you use the sensor.</source>
         <translation>Parámetros escritos antes: %1. Lea y compruebe los parámetros del sensor antes de usarlo.</translation>
@@ -983,12 +1012,12 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <translation>Antes no se había escrito ningún parámetro. Lea y compruebe los parámetros del sensor antes de usarlo.</translation>
     </message>
     <message id="1320">
-        <source>The file %1 could not be written: %2</source>
-        <translation>No se pudo escribir el archivo %1: %2</translation>
+        <source>The file %1 could not be written: %2. A file of this name that was there before is unchanged.</source>
+        <translation>No se pudo escribir el archivo %1: %2. Si ya existía un archivo con este nombre, no se ha modificado.</translation>
     </message>
     <message id="1321">
-        <source>The file %1 could not be read: %2</source>
-        <translation>No se pudo leer el archivo %1: %2</translation>
+        <source>The file %1 could not be read: %2.</source>
+        <translation>No se pudo leer el archivo %1: %2.</translation>
     </message>
     <message id="1322">
         <source>The backup file does not hold every parameter that the connected sensor needs. Nothing was written.</source>
@@ -1010,10 +1039,6 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <source>Restore Backup</source>
         <translation>Restaurar copia de seguridad</translation>
     </message>
-    <message id="1327">
-        <source>Parameter %1 holds control characters, which a backup file cannot keep. No backup was saved.</source>
-        <translation>El parámetro %1 contiene caracteres de control que una copia de seguridad no puede guardar. No se guardó ninguna copia.</translation>
-    </message>
     <message id="1328">
         <source>The sensor is not identified. Connect it before you save its parameters.</source>
         <translation>El sensor no está identificado. Conéctelo antes de guardar sus parámetros.</translation>
@@ -1023,8 +1048,18 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <translation>Progreso</translation>
     </message>
     <message id="1330">
-        <source>Parameter %1 was read as "%2", which is not a value of it: the answer was disturbed. Refresh the page. Nothing was written.</source>
-        <translation>El parámetro %1 se leyó como «%2», que no es un valor suyo: la respuesta llegó alterada. Actualice la página. No se escribió nada.</translation>
+        <source>Parameter %1 was read as "%2", which is not a value of it: the answer may have been disturbed. Refresh the page. Nothing was written.</source>
+        <translation>El parámetro %1 se leyó como «%2», que no es un valor suyo: puede que la respuesta llegara alterada. Actualice la página. No se escribió nada.</translation>
+    </message>
+    <message id="1331">
+        <source>The backup was saved. These texts are unusual for their parameters, but the sensor answered each of them twice:</source>
+        <extracomment>The texts follow, a line each</extracomment>
+        <translation>La copia de seguridad se guardó. Estos textos no son habituales en sus parámetros, pero el sensor respondió dos veces con cada uno:</translation>
+    </message>
+    <message id="1332">
+        <source>The file holds texts that are unusual for their parameters. Write them to the sensor all the same?</source>
+        <extracomment>The texts follow, a line each</extracomment>
+        <translation>El archivo contiene textos que no son habituales en sus parámetros. ¿Escribirlos en el sensor de todos modos?</translation>
     </message>
     <message id="1400">
         <source>Not hexadecimal, but sent all the same: %1</source>
@@ -1057,14 +1092,6 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
     <message id="1407">
         <source>The serial port was lost during the exchange. What was sent or received may be incomplete.</source>
         <translation>El puerto serie se perdió durante el intercambio. Lo enviado o lo recibido puede estar incompleto.</translation>
-    </message>
-    <message id="1500">
-        <source>The file %1 could not be written: %2. A file of this name that was there before is unchanged.</source>
-        <translation>No se pudo escribir el archivo %1: %2. Si ya existía un archivo con este nombre, no se ha modificado.</translation>
-    </message>
-    <message id="1501">
-        <source>The file %1 could not be read: %2.</source>
-        <translation>No se pudo leer el archivo %1: %2.</translation>
     </message>
     <message id="1502">
         <source>The file holds more rows than the table. Rows in the file: %1; read: %2; ignored: %3.</source>

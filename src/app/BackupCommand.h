@@ -2,17 +2,19 @@
 
 #include "backup/BackupProgressDialog.h"
 
-#include <functional>
-
 namespace pelorin {
 
+/// How a backup or restore has ended.
+struct BackupResult
+{
+    bool restored = false; ///< the sensor has to be connected and read afresh
+    QString message;       ///< what the user has to be told; empty for nothing
+};
+
 /// Saves the sensor's parameters to a file that the user chooses, or restores them from one.
-/// Whatever hinders it the user is told. Afterwards the link's completions go to nobody.
 /// @param window owns the dialogs
-/// @param useLink called once a file is chosen, before the link is used; returns false to give up
-/// @return true if parameters were restored: the sensor has to be connected and read afresh
-[[nodiscard]] bool runBackupCommand(QWidget& window, SensorLink& link,
-                                    BackupProgressDialog::Mode mode,
-                                    const std::function<bool()>& useLink);
+[[nodiscard]] BackupResult runBackupCommand(QWidget& window, SequenceRunner& runner,
+                                            const FormatRestore& formats,
+                                            BackupProgressDialog::Mode mode);
 
 } // namespace pelorin

@@ -1,13 +1,13 @@
 #include "app/BusyFilter.h"
 
-#include "platform/core/WindowMessage.h"
-
 #include <QApplication>
 #include <QCursor>
 #include <QEvent>
 #include <QMessageBox>
 #include <QMouseEvent>
 #include <QWindow>
+
+#include <utility>
 
 namespace pelorin {
 
@@ -57,57 +57,52 @@ bool belongsToMessageBox(const QObject* object)
 
 } // namespace
 
-BusyFilter::BusyFilter(QObject* parent) : QObject(parent)
+BusyFilter::BusyFilter(std::function<bool()> isBusy, QObject* parent)
+    : QObject(parent), m_isBusy(std::move(isBusy))
 {
-    m_releaseTimer.setInterval(0);
-    connect(&m_releaseTimer, &QTimer::timeout, this, [this] {
+    m_dropTimer.setInterval(0);
+    connect(&m_dropTimer, &QTimer::timeout, this, [this] {
         if (--m_passesLeft == 0)
-            end();
+            m_dropTimer.stop();
     });
+    qApp->installEventFilter(this);
 }
 
 BusyFilter::~BusyFilter()
 {
-    end();
+    showCursor(false);
 }
 
-void BusyFilter::begin()
+void BusyFilter::update()
 {
-    m_releaseTimer.stop();
-    if (m_busy)
+    showCursor(m_isBusy());
+    if (m_isBusy()) {
+        // An open menu would wait for input for ever.
+        for (QWidget* popup = QApplication::activePopupWidget(); popup && popup->close();)
+            popup = QApplication::activePopupWidget();
         return;
-    m_busy = true;
-    // An open menu would wait for input for ever.
-    for (QWidget* popup = QApplication::activePopupWidget(); popup && popup->close();)
-        popup = QApplication::activePopupWidget();
-    QApplication::setOverrideCursor(Qt::WaitCursor);
-    qApp->installEventFilter(this);
-}
-
-void BusyFilter::release()
-{
-    if (!m_busy)
-        return;
-    // A click made while the thread slept is still on its way. Where timers come before the
-    // window system's events in a pass of the event loop, it is delivered after the first one.
+    }
+    // A click of a moment ago may still be on its way. Where timers come before the window
+    // system's events in a pass of the event loop, it is delivered after the first one.
     m_passesLeft = 2;
-    m_releaseTimer.start();
+    m_dropTimer.start();
 }
 
-void BusyFilter::end()
+void BusyFilter::showCursor(bool shown)
 {
-    m_releaseTimer.stop();
-    if (!m_busy)
+    if (shown == m_cursorShown)
         return;
-    m_busy = false;
-    qApp->removeEventFilter(this);
-    QApplication::restoreOverrideCursor();
+    m_cursorShown = shown;
+    if (shown) {
+        QApplication::setOverrideCursor(Qt::WaitCursor);
+    } else {
+        QApplication::restoreOverrideCursor();
+    }
 }
 
 bool BusyFilter::eventFilter(QObject* watched, QEvent* event)
 {
-    (void)WindowMessage::from(event); // whatever a worker has written of it
-    return isInput(*event) && !belongsToMessageBox(watched);
+    return isInput(*event) && (m_passesLeft > 0 || m_isBusy()) && !belongsToMessageBox(watched);
 }
 
 } // namespace pelorin

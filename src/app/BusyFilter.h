@@ -3,34 +3,35 @@
 #include <QObject>
 #include <QTimer>
 
+#include <functional>
+
 namespace pelorin {
 
-/// The busy state of the program: one state, not a count. While it lasts the wait cursor is
-/// shown, and mouse, wheel, keys, shortcuts, drops and context menus reach no part of the
-/// program but message boxes, which must always be answered. Windows can still be closed.
+/// Keeps input from the program while it is busy: mouse, wheel, keys, shortcuts, drops and context
+/// menus reach no part of it but message boxes, which must always be answered, and the wait cursor
+/// is shown. Windows can still be closed. Whether it is busy is asked with each event.
 class BusyFilter final : public QObject
 {
     Q_OBJECT
 
 public:
-    explicit BusyFilter(QObject* parent);
+    /// @param isBusy tells whether the program is busy now
+    BusyFilter(std::function<bool()> isBusy, QObject* parent);
     ~BusyFilter() override;
 
-    [[nodiscard]] bool isBusy() const { return m_busy; }
-    void begin();
-    /// Ends the state once the input that arrived while it lasted has been dropped, unless begin
-    /// is called before. Needs the event loop to run.
-    void release();
+    /// Busy has begun or ended. After the end input that arrived while it lasted is still dropped.
+    void update();
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    void end();
+    void showCursor(bool shown);
 
-    bool m_busy = false;
-    QTimer m_releaseTimer; ///< fires once in each pass of the event loop
-    int m_passesLeft = 0;  ///< until the state ends; 0 while no release was asked for
+    const std::function<bool()> m_isBusy;
+    bool m_cursorShown = false;
+    QTimer m_dropTimer;   ///< fires once in each pass of the event loop
+    int m_passesLeft = 0; ///< in which input is still dropped
 };
 
 } // namespace pelorin

@@ -4,6 +4,8 @@
 
 #include <QApplication>
 
+#include <utility>
+
 namespace pelorin {
 
 CommandGate::Scope::Scope(CommandGate& gate) : m_gate(gate)
@@ -24,9 +26,22 @@ bool CommandGate::isDialogOpen()
     return QApplication::activeModalWidget() != nullptr;
 }
 
-void CommandGate::addNotice(const QString& text)
+void CommandGate::requestClose()
 {
-    m_notices << text;
+    m_closeWanted = true;
+    for (const Notice& notice : std::exchange(m_notices, {}))
+        qWarning("%s", qUtf8Printable(notice.text));
+}
+
+void CommandGate::addNotice(const Notice& notice)
+{
+    if (notice.text.isEmpty())
+        return;
+    if (m_closeWanted) { // a program that is to end asks nothing more of its user
+        qWarning("%s", qUtf8Printable(notice.text));
+        return;
+    }
+    m_notices.push_back(notice);
     wake();
 }
 
@@ -35,17 +50,31 @@ void CommandGate::wake()
     QMetaObject::invokeMethod(this, &CommandGate::lookAfter, Qt::QueuedConnection);
 }
 
-/// A program that is to end asks nothing more of its user.
 void CommandGate::lookAfter()
 {
     if (!isFree())
         return;
-    if (m_notices.isEmpty() || m_closeWanted) {
+    if (m_notices.empty()) {
         Q_EMIT freed();
         return;
     }
     const Scope scope(*this);
-    (void)messageBox(&m_window, m_notices.takeFirst(), QMessageBox::Ok, QMessageBox::Information);
+    const Notice notice = m_notices.front();
+    m_notices.erase(m_notices.begin());
+    show(notice);
+}
+
+void CommandGate::show(const Notice& notice)
+{
+    if (notice.buttons.isEmpty()) {
+        (void)messageBox(&m_window, notice.text, QMessageBox::Ok, QMessageBox::Information);
+        if (notice.answered && !m_closeWanted)
+            notice.answered(0);
+        return;
+    }
+    const int answer = askWithButtons(&m_window, notice.text, notice.buttons);
+    if (!m_closeWanted)
+        notice.answered(answer);
 }
 
 } // namespace pelorin

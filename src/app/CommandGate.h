@@ -3,6 +3,9 @@
 #include <QObject>
 #include <QStringList>
 
+#include <functional>
+#include <vector>
+
 class QWidget;
 
 namespace pelorin {
@@ -27,6 +30,15 @@ public:
         CommandGate& m_gate;
     };
 
+    /// What the user is to be told or asked.
+    struct Notice
+    {
+        QString text;
+        QStringList buttons{};               ///< their captions; none: OK alone
+        std::function<void(int)> answered{}; ///< gets the index of the button, -1 for Escape; not
+                                             ///< called once the window is to close
+    };
+
     /// @param window under the message boxes
     explicit CommandGate(QWidget& window);
 
@@ -37,13 +49,15 @@ public:
     [[nodiscard]] bool isFree() const { return !isCommandRunning() && !isDialogOpen(); }
 
     [[nodiscard]] bool isCloseWanted() const { return m_closeWanted; }
-    /// The window is to close as soon as it can; that is never taken back.
-    void requestClose() { m_closeWanted = true; }
+    /// The window is to close as soon as it can; that is never taken back. What was still to be
+    /// told goes to the terminal.
+    void requestClose();
 
     /// Shows the user a message as soon as the gate is free: the command, or the page that has
-    /// something to say, would wait for the answer otherwise.
-    void addNotice(const QString& text);
-    [[nodiscard]] bool hasNotice() const { return !m_notices.isEmpty(); }
+    /// something to say, would wait for the answer otherwise. Nothing is shown for an empty text.
+    void addNotice(const QString& text) { addNotice(Notice{text}); }
+    void addNotice(const Notice& notice);
+    [[nodiscard]] bool hasNotice() const { return !m_notices.empty(); }
 
     /// Has what waits looked after, from the event loop.
     void wake();
@@ -54,10 +68,11 @@ Q_SIGNALS:
 
 private:
     void lookAfter();
+    void show(const Notice& notice);
 
     QWidget& m_window;
     int m_depth = 0;
-    QStringList m_notices;
+    std::vector<Notice> m_notices;
     bool m_closeWanted = false;
 };
 

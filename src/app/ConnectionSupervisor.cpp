@@ -1,13 +1,17 @@
 #include "app/ConnectionSupervisor.h"
 
-#include "app/BusyFilter.h"
 #include "app/CommandGate.h"
 #include "app/LinkStatusBar.h"
 #include "link/SensorIdentification.h"
 #include "link/SensorLink.h"
 #include "platform/core/LanguageStrings.h"
 #include "platform/core/Pacing.h"
+#include "platform/core/Strings.h"
 #include "platform/ui/MessageBox.h"
+#include "sensor/FailureText.h"
+#include "sensor/SequenceRunner.h"
+
+#include <utility>
 
 namespace pelorin {
 
@@ -15,181 +19,260 @@ using namespace std::chrono_literals;
 
 namespace {
 
-constexpr int kConnectingText = 116;
-constexpr int kConnectedText = 117;
-constexpr int kNotConnectedText = 118;
-constexpr int kSwitchOnText = 244;
-constexpr int kSwitchOffText = 245;
-constexpr int kNoBoundsText = 1005;
-
 constexpr int kReconnectLimit = 10;
 constexpr auto kReconnectPeriod = 500ms;
 constexpr auto kSupplyOffTime = 500ms;
 constexpr auto kSwitchOnTime = 3000ms;
-constexpr auto kStoreTime = 500ms;
+constexpr auto kCommandStoreTime = 500ms;
 
 } // namespace
 
-ConnectionSupervisor::ConnectionSupervisor(QWidget& window, SensorLink& link, const Shared& shared,
-                                           bool manualPower)
-    : QObject(&window), m_window(window), m_link(link), m_gate(shared.gate), m_busy(shared.busy),
-      m_statusBar(shared.statusBar), m_manualPower(manualPower)
+ConnectionSupervisor::ConnectionSupervisor(QWidget& window, const Shared& shared, bool manualPower)
+    : QObject(&window), m_window(window), m_gate(shared.gate), m_statusBar(shared.statusBar),
+      m_runner(shared.runner), m_link(shared.runner.link()), m_formats(shared.formats),
+      m_restore(shared.restore), m_manualPower(manualPower)
 {
     m_statusBar.setPort(m_link.portNumber());
     m_reconnectTimer.setInterval(Pacing::pause(kReconnectPeriod));
     connect(&m_reconnectTimer, &QTimer::timeout, this, &ConnectionSupervisor::onReconnectTimer);
+    connect(&m_runner, &SequenceRunner::portStuck, this, [this](int number) {
+        m_gate.addNotice(languageString(strings::kPortStuck).arg(number));
+    });
 }
 
-bool ConnectionSupervisor::isConnecting() const
+bool ConnectionSupervisor::connectSensor()
 {
-    return m_operation == Operation::Connect || m_operation == Operation::RestoreFormat;
+    m_runner.reserveConnect(*this);
+    // From the event loop: boxes must not be shown while the runner tells that the stream has
+    // ended.
+    const bool begun = m_runner.endStream(*this, [this](bool /*restored*/) {
+        QMetaObject::invokeMethod(this, &ConnectionSupervisor::beginConnect, Qt::QueuedConnection);
+    });
+    if (begun)
+        m_pendingOperation = Operation::Connect;
+    return begun;
 }
 
-bool ConnectionSupervisor::isWriting() const
+/// Without a port the Connect comes when that is open again.
+void ConnectionSupervisor::beginConnect()
 {
-    return m_operation == Operation::RestoreFormat || m_operation == Operation::Write;
-}
-
-void ConnectionSupervisor::connectSensor()
-{
-    m_operation = Operation::Connect;
-    m_statusBar.showString(kConnectingText);
+    if (m_stopped || m_link.linkFailed() == 1) {
+        m_pendingOperation = Operation::None;
+        return;
+    }
+    m_statusBar.showString(strings::kConnecting);
+    m_statusBar.setExplanation(nullptr);
+    Plan plan = connectPlan();
     if (m_manualPower) {
         m_link.forgetIdentification();
-        askForSupply();
+        plan = readPlan("V");
+        if (askForSupply()) {
+            plan.insert(plan.begin(), {.kind = Step::Kind::KeepAliveOff});
+            plan.insert(plan.begin(), {.kind = Step::Kind::Pause, .pauseAfter = kSwitchOnTime});
+        }
     }
-    m_busy.begin();
-    m_request = m_manualPower ? m_link.requestRead('V') : m_link.requestConnect();
+    const bool begun = !m_stopped && m_runner.start(*this, plan, {.ended = [this](auto& outcome) {
+        m_keepAlive = 0;
+        m_link.setKeepAlive(0);
+        onConnected(outcome);
+    }});
+    if (!begun)
+        m_pendingOperation = Operation::None;
 }
 
 /// Has the user switch the sensor's supply off and on while PROG frames stream. The frames go
 /// on also when the port was reopened in between.
-void ConnectionSupervisor::askForSupply()
+bool ConnectionSupervisor::askForSupply()
 {
-    if (messageBox(&m_window, languageString(kSwitchOffText), QMessageBox::Ok | QMessageBox::Cancel,
+    const CommandGate::Scope scope(m_gate);
+    if (messageBox(&m_window, languageString(strings::kSwitchSupplyOff),
+                   QMessageBox::Ok | QMessageBox::Cancel,
                    QMessageBox::Information) != QMessageBox::Ok)
-        return;
+        return false;
     m_keepAlive = 1;
     m_link.setKeepAlive(m_keepAlive);
-    (void)messageBox(&m_window, languageString(kSwitchOnText), QMessageBox::Ok,
+    (void)messageBox(&m_window, languageString(strings::kSwitchSupplyOn), QMessageBox::Ok,
                      QMessageBox::Information);
-    if (!m_gate.isCloseWanted())
-        Pacing::sleep(kSwitchOnTime);
-    m_keepAlive = 0;
-    m_link.setKeepAlive(m_keepAlive);
+    return true;
 }
 
 void ConnectionSupervisor::writeCommand(char id)
 {
-    m_busy.begin();
-    m_operation = Operation::Write;
-    m_request = m_link.requestWrite(id, QByteArray());
-}
-
-bool ConnectionSupervisor::takeLinkReply(RequestId request, int result)
-{
-    if (request == 0 || request != m_request)
-        return false;
-    m_request = 0;
-    if (m_operation == Operation::Connect) {
-        onConnected(result);
-    } else if (m_operation == Operation::RestoreFormat) {
-        awaitRestore(m_formatRestore.next(m_link, result));
-    } else {
-        Pacing::sleep(kStoreTime);
-        m_operation = Operation::None;
-        m_busy.release();
-        Q_EMIT connectWanted();
-    }
-    return true;
-}
-
-/// A data format that could not be written back before goes first, before any page reads it.
-void ConnectionSupervisor::onConnected(int result)
-{
-    if (result == 1 && m_manualPower)
-        (void)m_link.identifyFromLastReply(); // the sensor has answered, whatever type it is
-    const RequestId restore = result == 1 ? m_formatRestore.begin(m_link) : 0;
-    if (restore == 0) {
-        finishConnect(result);
-    } else {
-        awaitRestore(restore);
+    const bool begun = !m_runner.isConnectWanted() &&
+                       m_runner.start(*this, commandPlan(id, kCommandStoreTime),
+                                      {.ended = [this](const Outcome& outcome) {
+                                          if (outcome.isDone()) {
+                                              Q_EMIT connectWanted();
+                                          } else if (outcome.kind != Outcome::Kind::Abandoned) {
+                                              m_gate.addNotice(writingFailure(outcome));
+                                          }
+                                      }});
+    if (!begun) {
+        m_gate.addNotice(languageString(strings::kBeingConnected));
     }
 }
 
-void ConnectionSupervisor::awaitRestore(RequestId request)
+/// A data format that could not be written back before goes first, before any page reads it. With
+/// the supply switched by hand a sensor that answers is connected, whatever type it is.
+void ConnectionSupervisor::onConnected(const Outcome& outcome)
 {
-    m_operation = Operation::RestoreFormat;
-    m_request = request;
-    if (request == 0)
-        finishConnect(m_link.isIdentified() ? 1 : 0); // not if the link was lost meanwhile
-}
-
-/// The connect is settled before a page is shown: leaving a page can send requests of its own.
-void ConnectionSupervisor::finishConnect(int result)
-{
-    m_operation = Operation::None;
-    m_busy.release();
-    m_statusBar.showString(result == 1 ? kConnectedText : kNotConnectedText);
-    m_statusBar.setLinkState(result);
-    if (!m_link.versionText().isEmpty() && m_link.ssiType() == kSsiTypeUnknown) {
-        m_statusBar.setExplanation(QStringLiteral("SSY Type: Unknown\n") +
-                                   languageString(kNoBoundsText));
+    if (outcome.kind == Outcome::Kind::Lost || outcome.kind == Outcome::Kind::Abandoned) {
+        m_pendingOperation = Operation::None; // whoever has ended it says what comes next
+        return;
     }
-    Q_EMIT connected(result == 1);
+    m_reconnectAttempts = 0;
+    if (!outcome.isDone())
+        return finishConnect(false, FormatRestore::Result::NothingKept);
+    if (m_manualPower)
+        (void)m_link.identifyFromLastReply();
+    const int losses = m_link.lossCount();
+    m_restore.begin(*this, [this, losses](FormatRestore::Result format) {
+        if (m_link.lossCount() == losses) {
+            finishConnect(true, format);
+        } else {
+            m_pendingOperation = Operation::None;
+        }
+    });
 }
 
-bool ConnectionSupervisor::changePort(int port)
+/// The connect is settled before a page is shown, which has a plan of its own.
+void ConnectionSupervisor::finishConnect(bool success, FormatRestore::Result format)
 {
-    m_link.close();
-    if (!openPort(port, 1))
-        return false;
-    m_statusBar.setPort(port);
-    return true;
+    m_pendingOperation = Operation::None;
+    m_statusBar.showString(success ? strings::kConnected : strings::kNotConnected);
+    m_statusBar.setLinkState(success ? 1 : 0);
+    explainIdentification();
+    if (format == FormatRestore::Result::NotRead)
+        m_gate.addNotice(languageString(strings::kFormatNotRead));
+    if (!std::exchange(m_keptFormatsTold, true)) {
+        tellKeptFormats(m_formats.all()); // also what an earlier run could not write back
+    } else if (format == FormatRestore::Result::NotRestored) {
+        tellKeptFormats(m_restore.keptForSensor());
+    }
+    Q_EMIT connected(success);
 }
 
-/// A success ends the reconnecting.
-bool ConnectionSupervisor::openPort(int port, int showErrors)
+/// Says why a sensor that has answered is not identified.
+void ConnectionSupervisor::explainIdentification()
 {
-    if (!m_link.open(port, showErrors))
-        return false;
-    stopReconnect();
+    const QByteArray version = m_link.versionText();
+    if (version.isEmpty() || m_link.ssiType() != kSsiTypeUnknown)
+        return;
+    m_statusBar.setExplanation([revision = QString::fromLatin1(version.left(2))] {
+        return QStringLiteral("SSY Type: Unknown\n") +
+               (hasRevisionBounds() ? languageString(strings::kOutsideBounds).arg(revision)
+                                    : languageString(strings::kNoBounds));
+    });
+}
+
+void ConnectionSupervisor::tellKeptFormats(const QList<KeptFormat>& formats)
+{
+    for (const KeptFormat& kept : formats) {
+        if (!kept.readBack)
+            tellKeptFormat(kept);
+    }
+}
+
+void ConnectionSupervisor::tellKeptFormat(const KeptFormat& format)
+{
+    const QString sensor = QString::fromLatin1(format.version);
+    m_gate.addNotice({languageString(strings::kKeptFormat)
+                          .arg(format.device, sensor, QString::fromLatin1(format.own)),
+                      {languageString(strings::kTryAgain), languageString(strings::kForget)},
+                      [this, format](int answer) {
+                          if (answer == 0)
+                              Q_EMIT connectWanted();
+                          if (answer != 1)
+                              return;
+                          const auto sure =
+                              messageBox(&m_window,
+                                         languageString(strings::kForgetFormat)
+                                             .arg(QString::fromLatin1(format.own), format.device),
+                                         QMessageBox::Yes | QMessageBox::No, QMessageBox::Question);
+                          if (sure != QMessageBox::Yes)
+                              return;
+                          if (const auto dropped = m_formats.drop(format); !dropped.isDone())
+                              m_gate.addNotice(dropped.message());
+                      }});
+}
+
+void ConnectionSupervisor::changePort(int port, const std::function<void(bool)>& done)
+{
+    const bool begun = m_runner.endStream(*this, [this, port, done](bool /*restored*/) {
+        if (m_stopped)
+            return;
+        m_statusBar.setExplanation(nullptr); // of the sensor that is left
+        m_reconnectTimer.stop();
+        m_runner.openPort(port, [this, done](bool opened) {
+            m_reconnectBusy = false;
+            m_reconnectAttempts = 0;
+            if (opened)
+                onOpened();
+            done(opened);
+            if (opened && m_link.linkFailed() == 1) // lost again before this was told
+                onLinkLost();
+        });
+        m_reconnectBusy = true; // no attempt takes the place of what the user has chosen
+    });
+    if (!begun)
+        m_gate.addNotice(languageString(strings::kBeingConnected));
+}
+
+void ConnectionSupervisor::onOpened()
+{
+    m_reconnectTimer.stop();
+    m_statusBar.setPort(m_link.portNumber());
     m_link.setKeepAlive(m_keepAlive); // opened again while the user switches the supply
-    return true;
 }
 
+/// A port that opens but loses every frame comes here without the timer.
 void ConnectionSupervisor::onLinkLost()
 {
     if (m_reconnectBusy || m_stopped)
         return;
-    m_reconnectBusy = true;
-    const int port = m_link.portNumber();
-    m_statusBar.setText(
-        QStringLiteral("Lost communication with COM%1, trying to reconnect...").arg(port));
+    m_runner.linkLost();
+    if (m_reconnectBusy || m_stopped)
+        return; // another port is being opened, which waited for the end of the stream
+    m_statusBar.setText(QStringLiteral("Lost communication with COM%1, trying to reconnect...")
+                            .arg(m_link.portNumber()));
     m_statusBar.setLinkState(0);
-    if (m_link.linkFailed() == 1) {
-        ++m_reconnectAttempts;
-        if (!m_reconnectTimer.isActive())
-            m_reconnectTimer.start();
-        Q_EMIT lost();
-        m_link.close();
-        if (openPort(port, 0))
-            Q_EMIT connectWanted();
-    }
-    m_reconnectBusy = false;
+    m_statusBar.setExplanation(nullptr);
+    if (m_link.linkFailed() != 1)
+        return;
+    if (!m_reconnectTimer.isActive())
+        m_reconnectTimer.start();
+    if (m_reconnectAttempts <= kReconnectLimit)
+        tryAgain();
 }
 
-/// After eleven attempts the user decides, once no other dialog is open.
+void ConnectionSupervisor::tryAgain()
+{
+    ++m_reconnectAttempts;
+    m_runner.reopenPort([this](bool opened) {
+        m_reconnectBusy = false;
+        if (!opened || m_stopped)
+            return;
+        onOpened();
+        if (m_link.linkFailed() == 1) // lost again before this was told
+            return onLinkLost();
+        m_runner.reserveConnect(*this);
+        Q_EMIT connectWanted();
+    });
+    m_reconnectBusy = true;
+}
+
+/// After eleven attempts the user decides, once no other dialog is open; until then they go on.
 void ConnectionSupervisor::onReconnectTimer()
 {
-    if (m_reconnectAttempts <= kReconnectLimit) {
-        onLinkLost();
+    if (m_reconnectBusy || m_stopped)
+        return;
+    if (m_reconnectAttempts <= kReconnectLimit || !m_gate.isFree()) {
+        tryAgain();
         return;
     }
-    if (CommandGate::isDialogOpen())
-        return;
     const CommandGate::Scope scope(m_gate);
-    stopReconnect();
+    m_reconnectTimer.stop();
+    m_reconnectAttempts = 0;
     const auto answer = messageBox(
         &m_window,
         QStringLiteral("Serial communications port COM%1 no longer exists, please check the "
@@ -203,30 +286,18 @@ void ConnectionSupervisor::onReconnectTimer()
     }
 }
 
-void ConnectionSupervisor::stopReconnect()
-{
-    m_reconnectTimer.stop();
-    m_reconnectAttempts = 0;
-}
-
 void ConnectionSupervisor::stop()
 {
     m_stopped = true;
     m_reconnectTimer.stop();
 }
 
-void ConnectionSupervisor::switchSupplyOff(bool afterWriting)
+void ConnectionSupervisor::shutDown(std::function<void()> done)
 {
-    if (afterWriting)
-        Pacing::sleep(kStoreTime);
-    if (m_manualPower)
-        return;
-    if (m_operation == Operation::Connect) {
-        m_link.close(1); // the worker would switch the supply on again
-    } else if (m_link.linkFailed() == 0) {
-        m_link.setRts(0);
-    }
-    Pacing::sleep(kSupplyOffTime);
+    const bool supplyOff = !m_manualPower && m_link.linkFailed() == 0;
+    m_runner.closePort(supplyOff, [this, supplyOff, done = std::move(done)] {
+        QTimer::singleShot(supplyOff ? Pacing::pause(kSupplyOffTime) : 0ms, this, done);
+    });
 }
 
 } // namespace pelorin

@@ -2,23 +2,19 @@
 
 #include "platform/core/LanguageStrings.h"
 #include "platform/core/Pacing.h"
+#include "platform/core/Strings.h"
 #include "platform/ui/Pictures.h"
 
 #include <QLabel>
 #include <QResizeEvent>
+
+#include <utility>
 
 namespace pelorin {
 
 using namespace std::chrono_literals;
 
 namespace {
-
-constexpr int kPortText = 114;
-constexpr int kNoPortText = 115;
-constexpr int kLightConnectedText = 1006;
-constexpr int kLightNotConnectedText = 1007;
-constexpr int kLightNoStateText = 1008;
-constexpr int kLightNameText = 1015;
 
 constexpr int kLightPercent = 2;
 constexpr int kMessagePercent = 85;
@@ -64,15 +60,14 @@ LinkStatusBar::LinkStatusBar(QWidget* parent)
 void LinkStatusBar::setPort(int port)
 {
     m_port = port;
-    m_portText->setText(port == 0 ? languageString(kNoPortText)
-                                  : languageString(kPortText).arg(port));
+    m_portText->setText(port == 0 ? languageString(strings::kNoPort)
+                                  : languageString(strings::kPort).arg(port));
 }
 
 void LinkStatusBar::setText(const QString& text)
 {
     m_messageString = 0;
     m_message->setText(text);
-    setExplanation(QString());
 }
 
 void LinkStatusBar::showString(int number)
@@ -86,10 +81,17 @@ QString LinkStatusBar::text() const
     return m_message->text();
 }
 
-void LinkStatusBar::setExplanation(const QString& explanation)
+void LinkStatusBar::setExplanation(std::function<QString()> explanation)
 {
-    m_message->setToolTip(explanation);
-    m_message->setAccessibleDescription(explanation);
+    m_explanation = std::move(explanation);
+    showExplanation();
+}
+
+void LinkStatusBar::showExplanation()
+{
+    const QString text = m_explanation ? m_explanation() : QString();
+    m_message->setToolTip(text);
+    m_message->setAccessibleDescription(text);
 }
 
 void LinkStatusBar::setLinkState(int state)
@@ -116,16 +118,17 @@ void LinkStatusBar::translate()
     setPort(m_port);
     if (m_messageString != 0)
         showString(m_messageString);
-    m_linkLight->setAccessibleName(languageString(kLightNameText));
+    showExplanation();
+    m_linkLight->setAccessibleName(languageString(strings::kLightName));
     describeLight();
 }
 
 void LinkStatusBar::describeLight()
 {
-    m_linkLight->setAccessibleDescription(languageString(m_linkState == 1 ? kLightConnectedText
+    m_linkLight->setAccessibleDescription(languageString(m_linkState == 1 ? strings::kLightConnected
                                                          : m_linkState == -1
-                                                             ? kLightNoStateText
-                                                             : kLightNotConnectedText));
+                                                             ? strings::kLightNoExchange
+                                                             : strings::kLightNotConnected));
     m_linkLight->setToolTip(m_linkLight->accessibleDescription());
 }
 

@@ -4,6 +4,8 @@
 #include <QStatusBar>
 #include <QTimer>
 
+#include <functional>
+
 class QLabel;
 
 namespace pelorin {
@@ -24,8 +26,9 @@ public:
     /// Shows a string of the language module, from now on in the current language.
     void showString(int number);
     [[nodiscard]] QString text() const;
-    /// A longer explanation of the message, until there is another message.
-    void setExplanation(const QString& explanation);
+    /// A longer explanation behind the messages, until another one is set; null for none.
+    /// @param explanation gives its text in the current language
+    void setExplanation(std::function<QString()> explanation);
     /// @param state 1 green, -1 gray, any other value red blinking
     void setLinkState(int state);
     /// Renders everything again that is not a text as it stands, in the current language.
@@ -37,9 +40,11 @@ protected:
 private:
     void blink();
     void describeLight();
+    void showExplanation();
     void showLight(const QPixmap& light);
 
     int m_port = 0;
+    std::function<QString()> m_explanation;
     int m_messageString = 0; ///< 0 while a text is shown as it stands
     int m_linkState = -1;
     bool m_redShown = false; ///< the phase of the blinking

@@ -4,6 +4,7 @@
 #include "link/SensorLink.h"
 #include "platform/core/LanguageManager.h"
 #include "platform/core/LanguageStrings.h"
+#include "platform/core/Strings.h"
 
 #include <QAction>
 #include <QMenu>
@@ -33,28 +34,35 @@ struct Menu
 const std::vector<Menu>& menus()
 {
     static const std::vector<Menu> kMenus = {
-        {108, {{kSelectPortCommand, 107}, {kSeparator, 0}, {kConnectCommand, 109}}},
-        {194, {{kRefreshCommand, 193, Qt::Key_F5}, {kSeparator, 0}, {kDisplayUnitCommand, 246}}},
-        {209,
-         {{kFirstLanguageCommand, 204},
-          {kFirstLanguageCommand + 1, 205},
-          {kFirstLanguageCommand + 2, 206},
-          {kFirstLanguageCommand + 3, 207},
-          {kLastLanguageCommand, 208}}},
-        {200,
-         {{kSaveBackupCommand, 195},
-          {kRestoreBackupCommand, 196},
+        {strings::kConnectionMenu,
+         {{kSelectPortCommand, strings::kSelectPort},
           {kSeparator, 0},
-          {kWriteECommand, 197},
-          {kWriteQCommand, 198},
+          {kConnectCommand, strings::kConnect}}},
+        {strings::kViewMenu,
+         {{kRefreshCommand, strings::kRefreshCommand, Qt::Key_F5},
           {kSeparator, 0},
-          {kManualCommCommand, 251}}},
-        {203, {{kHelpCommand, 201, Qt::Key_F1}, {kSeparator, 0}, {kAboutCommand, 202}}},
+          {kDisplayUnitCommand, strings::kDisplayUnit}}},
+        {strings::kLanguageMenu,
+         {{kFirstLanguageCommand, strings::kEnglish},
+          {kFirstLanguageCommand + 1, strings::kGerman},
+          {kFirstLanguageCommand + 2, strings::kFrench},
+          {kFirstLanguageCommand + 3, strings::kSpanish},
+          {kLastLanguageCommand, strings::kItalian}}},
+        {strings::kSensorMenu,
+         {{kSaveBackupCommand, strings::kSaveBackupCommand},
+          {kRestoreBackupCommand, strings::kRestoreBackupCommand},
+          {kSeparator, 0},
+          {kWriteECommand, strings::kSendE},
+          {kWriteQCommand, strings::kSendQ},
+          {kSeparator, 0},
+          {kManualCommCommand, strings::kManualCommunications}}},
+        {strings::kHelpMenu,
+         {{kHelpCommand, strings::kHelpCommand, Qt::Key_F1},
+          {kSeparator, 0},
+          {kAboutCommand, strings::kAbout}}},
     };
     return kMenus;
 }
-
-constexpr int kExitCaption = 106;
 
 } // namespace
 
@@ -78,7 +86,7 @@ MainMenu::MainMenu(QMenuBar& bar, bool withDisplayUnit, const SensorLink& link,
                 action->setShortcut(shortcut);
         }
     }
-    (void)addItem(nullptr, kExitCommand, kExitCaption);
+    (void)addItem(nullptr, kExitCommand, strings::kExit);
     translate();
 }
 

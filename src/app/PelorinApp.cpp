@@ -6,32 +6,23 @@
 #include "platform/core/RegistryConfig.h"
 #include "platform/core/RegistryFile.h"
 #include "platform/core/SettingsLocation.h"
+#include "platform/core/SignalWait.h"
+#include "platform/core/Strings.h"
 #include "platform/ui/MessageBox.h"
 
 #include <QApplication>
 
 #include <optional>
+#include <utility>
 
 namespace pelorin {
 
 namespace {
 
-constexpr int kPortNotOpenText = 167;
-constexpr int kNoHelpFilesText = 238;
-constexpr int kDamagedRegistryText = 1003;
-constexpr int kDamagedProfileText = 1004;
-constexpr int kUnreadableRegistryText = 1027;
-
 constexpr int kLanguageCount = 5;
 constexpr int kDefaultLanguage = 1;
 constexpr int kDefaultPort = 1;
-
-const QString& productKey()
-{
-    static const QString kKey =
-        QStringLiteral("\\HKEY_LOCAL_MACHINE\\SOFTWARE\\Korvex Systems\\Pelorin");
-    return kKey;
-}
+constexpr std::chrono::seconds kSessionEndLimit{60};
 
 QString applicationName()
 {
@@ -76,10 +67,14 @@ std::optional<int> portOfCommandLine(const QString& commandLine)
 
 } // namespace
 
-PelorinApp::PelorinApp(const ComPortFactory& factory) : m_factory(factory), m_link(factory)
+PelorinApp::PelorinApp(const ComPortFactory& factory)
+    : m_factory(factory), m_link(factory), m_runner(m_link), m_restore(m_runner, m_formats)
 {
-    m_link.setErrorPresenter([this](const QString& text) { showError(text); });
-    connect(qApp, &QGuiApplication::commitDataRequest, this, &PelorinApp::requestClose);
+    connect(qApp, &QGuiApplication::commitDataRequest, this, [this] {
+        requestClose();
+        if (!m_portLeft)
+            waitForSignal(*this, &PelorinApp::portLeft, kSessionEndLimit);
+    });
     RegistryConfig config;
     if (config.setStorage(productKey(), 0) == 1)
         m_installPath = config.getValue(QStringLiteral("Path"), QString());
@@ -97,7 +92,7 @@ bool PelorinApp::initInstance(const QString& commandLine)
 {
     int port = m_profile.readInt(portEntry(), kDefaultPort);
     const int languageCode = m_profile.readInt(languageEntry(), kDefaultLanguage);
-    reportDamagedSettings(languageCode);
+    reportUnusableSettings(languageCode);
     if (!loadLanguage(languageCode))
         return false;
     loadHelpFiles();
@@ -105,31 +100,91 @@ bool PelorinApp::initInstance(const QString& commandLine)
         m_savePortOnExit = 0;
         port = *given;
     }
-    if (!connectToPort(port))
-        return true;
-
-    m_mainWindow = std::make_unique<PelorinMainWindow>(m_factory, m_link, m_languages);
-    connect(m_mainWindow.get(), &PelorinMainWindow::closed, this, &PelorinApp::closed);
-    m_mainWindow->showMaximized();
+    connectToPort(port);
     return true;
+}
+
+/// Opens the port, and asks the user what to do as long as that fails.
+void PelorinApp::connectToPort(int port)
+{
+    if (m_closeRequested)
+        return giveUp();
+    m_runner.openPort(port, [this, port](bool opened) {
+        if (m_closeRequested)
+            return; // the port is being closed
+        if (opened)
+            return showMainWindow();
+        showError(m_link.openFailure());
+        const auto next = m_closeRequested ? std::nullopt : askForPort(port);
+        if (next && !m_closeRequested) {
+            connectToPort(*next);
+        } else {
+            giveUp();
+        }
+    });
+}
+
+/// @return nothing if the user gives up
+std::optional<int> PelorinApp::askForPort(int port)
+{
+    const auto answer = messageBox(nullptr, languageString(strings::kAskForOtherPort).arg(port),
+                                   QMessageBox::Abort | QMessageBox::Retry | QMessageBox::Ignore,
+                                   QMessageBox::Warning);
+    if (answer == QMessageBox::Abort || m_closeRequested)
+        return std::nullopt;
+    if (answer == QMessageBox::Retry)
+        return port;
+    SelectPortDialog dialog(nullptr, port);
+    return dialog.exec() == QDialog::Accepted ? std::optional(dialog.selectedPort()) : std::nullopt;
+}
+
+void PelorinApp::showMainWindow()
+{
+    m_mainWindow = std::make_unique<PelorinMainWindow>(
+        m_factory, PelorinMainWindow::Conversation{m_runner, m_formats, m_restore}, m_languages);
+    connect(m_mainWindow.get(), &PelorinMainWindow::closed, this, &PelorinApp::closed);
+    connect(m_mainWindow.get(), &PelorinMainWindow::poweredDown, this, &PelorinApp::leavePort);
+    m_mainWindow->showMaximized();
+}
+
+void PelorinApp::leavePort()
+{
+    if (!std::exchange(m_portLeft, true))
+        Q_EMIT portLeft();
+}
+
+/// A port that was opened meanwhile is closed when the link ends.
+void PelorinApp::giveUp()
+{
+    leavePort();
+    QMetaObject::invokeMethod(this, &PelorinApp::closed, Qt::QueuedConnection);
 }
 
 void PelorinApp::exitInstance()
 {
-    bool stored = true;
+    QMap<QString, int> values;
     if (m_savePortOnExit == 1 && m_link.hasOpened())
-        stored = m_profile.writeInt(portEntry(), m_link.portNumber());
+        values[portEntry()] = m_link.portNumber();
     if (const int language = m_languages.getCurrentLanguage(); language != 0)
-        stored = m_profile.writeInt(languageEntry(), language) && stored;
-    if (!stored)
-        qWarning("The profile %s could not be written", qUtf8Printable(m_profile.fileName()));
+        values[languageEntry()] = language;
+    const int toldAtStart = m_profile.unreadable().systemError;
+    const WholeFile::Outcome outcome = m_profile.write(values);
+    if (outcome.isDone() || outcome.systemError == toldAtStart)
+        return;
+    if (m_closeRequested) {
+        qWarning("%s", qUtf8Printable(outcome.message()));
+    } else {
+        showError(outcome.message());
+    }
 }
 
 void PelorinApp::requestClose()
 {
     m_closeRequested = true;
+    if (!m_mainWindow && !m_portLeft)
+        m_runner.closePort(false, [this] { giveUp(); });
     QWidget* window = m_mainWindow.get();
-    if (!window)
+    if (!window || !window->isVisible()) // at the start, or at the end
         window = QApplication::activeModalWidget();
     if (window)
         window->close();
@@ -140,7 +195,7 @@ void PelorinApp::showError(const QString& text) const
 {
     if (m_closeRequested)
         return;
-    (void)messageBox(QApplication::activeWindow(), text, QMessageBox::Ok, QMessageBox::Warning);
+    warn(QApplication::activeWindow(), text);
 }
 
 bool PelorinApp::loadLanguage(int code)
@@ -159,32 +214,37 @@ bool PelorinApp::loadLanguage(int code)
     return false;
 }
 
-/// Damaged files count as missing; the user must know why the settings are not used. Without
-/// them there may be no installation path, so the texts come from beside the program then.
-void PelorinApp::reportDamagedSettings(int languageCode)
+/// Damaged and unreadable files count as missing; the user must know why the settings are not used.
+/// Without them there may be no installation path, so the texts come from beside the program then.
+void PelorinApp::reportUnusableSettings(int languageCode)
 {
     const auto damage = RegistryFile::read(registryFilePath()).damage();
-    if (!damage && !m_profile.isDamaged())
+    const WholeFile::Outcome& unreadable = m_profile.unreadable();
+    if (!damage && unreadable.isDone() && !m_profile.isDamaged())
         return;
     m_languages.init(m_installPath.isEmpty() ? programFolder() : m_installPath, applicationName());
     if (m_languages.loadLanguage(languageCode) != 1)
         (void)m_languages.loadLanguage(kDefaultLanguage); // which may fail: see textOr
+    const auto report = [this](int text, const QString& path, const QString& detail) {
+        showError(textOr(text, QStringLiteral("%1: %2")).arg(path, detail));
+    };
     if (damage && damage->line == 0) {
-        showError(textOr(kUnreadableRegistryText, QStringLiteral("%1")).arg(damage->path));
+        report(strings::kRegistryUnreadable, damage->path, damage->reason);
     } else if (damage) {
-        showError(textOr(kDamagedRegistryText, QStringLiteral("%1: %2"))
-                      .arg(damage->path, QString::number(damage->line)));
+        report(strings::kRegistryDamaged, damage->path, QString::number(damage->line));
     }
+    if (!unreadable.isDone())
+        report(strings::kRegistryUnreadable, unreadable.path, unreadable.reason());
     if (m_profile.isDamaged())
-        showError(textOr(kDamagedProfileText, QStringLiteral("%1")).arg(m_profile.fileName()));
+        showError(textOr(strings::kProfileDamaged, QStringLiteral("%1")).arg(m_profile.fileName()));
     m_languages.shutDown();
 }
 
 void PelorinApp::loadHelpFiles()
 {
     RegistryConfig config;
-    if (config.setStorage(productKey() + QStringLiteral("\\Help Files"), 0) != 1) {
-        showError(languageString(kNoHelpFilesText));
+    if (config.setStorage(productKey(QStringLiteral("Help Files")), 0) != 1) {
+        showError(languageString(strings::kNoHelpFiles));
         return;
     }
     for (int bit = 0; bit < kLanguageCount; ++bit) {
@@ -192,29 +252,6 @@ void PelorinApp::loadHelpFiles()
         m_languages.setHelpFile(code,
                                 config.getValue(QStringLiteral("Lang%1").arg(code), QString()));
     }
-}
-
-/// Opens the port, asking the user what to do as long as that fails.
-bool PelorinApp::connectToPort(int port)
-{
-    while (!m_closeRequested) {
-        if (m_link.open(port, 1))
-            return true;
-        if (m_closeRequested)
-            break;
-        const auto answer = messageBox(
-            nullptr, languageString(kPortNotOpenText).arg(port),
-            QMessageBox::Abort | QMessageBox::Retry | QMessageBox::Ignore, QMessageBox::Warning);
-        if (answer == QMessageBox::Abort)
-            break;
-        if (answer == QMessageBox::Ignore) {
-            SelectPortDialog dialog(nullptr, port);
-            if (dialog.exec() != QDialog::Accepted)
-                break;
-            port = dialog.selectedPort();
-        }
-    }
-    return false;
 }
 
 } // namespace pelorin

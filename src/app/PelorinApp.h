@@ -3,11 +3,15 @@
 #include "link/SensorLink.h"
 #include "platform/core/LanguageManager.h"
 #include "platform/core/Profile.h"
+#include "sensor/FormatRestore.h"
+#include "sensor/KeptFormats.h"
+#include "sensor/SequenceRunner.h"
 
 #include <QObject>
 #include <QString>
 
 #include <memory>
+#include <optional>
 
 namespace pelorin {
 
@@ -28,11 +32,12 @@ public:
 
     /// Starts up; shows the user what goes wrong.
     /// @param commandLine the text after the program's name
-    /// @return false to end the program at once; with true and no main window the user gave up
-    ///         opening a port
+    /// @return false to end the program at once; else the port is being opened, and the main
+    ///         window or closed follows
     [[nodiscard]] bool initInstance(const QString& commandLine);
 
-    /// Stores the port and the language in the profile.
+    /// Stores the port and the language in the profile; shows the user why it cannot, unless the
+    /// program was asked to end.
     void exitInstance();
 
     /// Ends the program in an orderly way, at any time: as if the user had closed its windows.
@@ -42,24 +47,35 @@ public:
     [[nodiscard]] SensorLink& link() { return m_link; }
 
 Q_SIGNALS:
-    /// The main window has been closed: the program ends.
+    /// The main window has been closed, or there is none since the user has given up opening a
+    /// port: the program ends.
     void closed();
+    /// The sensor's port is closed for good.
+    void portLeft();
 
 private:
     void showError(const QString& text) const;
-    void reportDamagedSettings(int languageCode);
+    void reportUnusableSettings(int languageCode);
     [[nodiscard]] bool loadLanguage(int code);
     void loadHelpFiles();
-    [[nodiscard]] bool connectToPort(int port);
+    void connectToPort(int port);
+    [[nodiscard]] std::optional<int> askForPort(int port);
+    void showMainWindow();
+    void leavePort();
+    void giveUp();
 
     const ComPortFactory& m_factory;
     QString m_installPath; ///< ends in "\" when not empty
     Profile m_profile;
     int m_savePortOnExit = 1; ///< 0 after a port was given on the command line
     bool m_closeRequested = false;
+    bool m_portLeft = false;
     LanguageManager m_languages;
     SensorLink m_link;
-    std::unique_ptr<PelorinMainWindow> m_mainWindow; ///< destroyed before the link
+    SequenceRunner m_runner;
+    KeptFormats m_formats;
+    FormatRestore m_restore;
+    std::unique_ptr<PelorinMainWindow> m_mainWindow; ///< destroyed before the runner
 };
 
 } // namespace pelorin

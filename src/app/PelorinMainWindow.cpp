@@ -6,7 +6,7 @@
 #include "app/ConnectionSupervisor.h"
 #include "app/LinkStatusBar.h"
 #include "app/MainMenu.h"
-#include "app/PageArea.h"
+#include "app/PagePane.h"
 #include "display/DisplayUnitDialog.h"
 #include "link/SensorLink.h"
 #include "pages/AboutDialog.h"
@@ -18,8 +18,13 @@
 #include "platform/core/LanguageStrings.h"
 #include "platform/core/MessageNumbers.h"
 #include "platform/core/RegistryConfig.h"
+#include "platform/core/Strings.h"
+#include "platform/core/WindowMessage.h"
 #include "platform/ui/HelpWindow.h"
 #include "platform/ui/Pictures.h"
+#include "sensor/FormatRestore.h"
+#include "sensor/PositionStream.h"
+#include "sensor/SequenceRunner.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -31,48 +36,53 @@ namespace pelorin {
 
 namespace {
 
-constexpr int kTitleText = 119;
-constexpr int kHelpFailedText = 239;
-constexpr int kSimulatedText = 1000;
-constexpr int kDisplayUnitPortText = 1602;
-
 /// A switch of the product's settings; off if they cannot be read.
 bool isSwitchedOn(const QString& name)
 {
     RegistryConfig config;
-    return config.setStorage(
-               QStringLiteral("\\HKEY_LOCAL_MACHINE\\SOFTWARE\\Korvex Systems\\Pelorin"), 0) == 1 &&
-           config.getValue(name, qint32{0}) == 1;
+    return config.setStorage(productKey(), 0) == 1 && config.getValue(name, qint32{0}) == 1;
 }
 
 } // namespace
 
-PelorinMainWindow::PelorinMainWindow(const ComPortFactory& factory, SensorLink& link,
-                                     LanguageManager& languages)
-    : m_factory(factory), m_link(link), m_languages(languages), m_gate(*this),
-      m_busy(new BusyFilter(this)), m_statusBar(new LinkStatusBar(this))
+PelorinMainWindow::PelorinMainWindow(const ComPortFactory& factory,
+                                     const Conversation& conversation, LanguageManager& languages)
+    : m_factory(factory), m_runner(conversation.runner), m_link(conversation.runner.link()),
+      m_restore(conversation.restore), m_languages(languages),
+      m_manualPowerMode(isSwitchedOn(QStringLiteral("ManualPowerMode"))),
+      m_displayUnitEnabled(isSwitchedOn(QStringLiteral("EnableQDL3"))),
+      m_tempCompEnabled(isSwitchedOn(QStringLiteral("EnableTempComp"))), m_gate(*this),
+      m_busy(new BusyFilter([this] { return isBusy(); }, this)),
+      m_statusBar(new LinkStatusBar(this)),
+      m_stream(new PositionStream(m_runner, conversation.formats, m_restore, m_manualPowerMode)),
+      m_menu(new MainMenu(*menuBar(), m_displayUnitEnabled, m_link, languages)),
+      m_connection(new ConnectionSupervisor(
+          *this, {m_gate, *m_statusBar, m_runner, conversation.formats, m_restore},
+          m_manualPowerMode)),
+      m_pages(new PagePane(this, m_runner, *m_stream, m_restore, m_tempCompEnabled))
 {
-    const bool manualPower = isSwitchedOn(QStringLiteral("ManualPowerMode"));
-    m_menu = new MainMenu(*menuBar(), isSwitchedOn(QStringLiteral("EnableQDL3")), link, languages);
-    m_connection =
-        new ConnectionSupervisor(*this, link, {m_gate, *m_busy, *m_statusBar}, manualPower);
-    m_pages = new PageArea(this, link, m_connection->formatRestore(),
-                           {manualPower, isSwitchedOn(QStringLiteral("EnableTempComp"))});
+    m_stream->setParent(this);
     setWindowIcon(programIcon());
     setCentralWidget(m_pages);
     setStatusBar(m_statusBar);
     showTitle();
     connectParts();
 
-    m_link.setReplyTarget(this, WM_LINK_REPLY);
     m_link.setLossTarget(this);
-    postCommand(kConnectCommand);
+    QMetaObject::invokeMethod(
+        m_connection,
+        [this] {
+            if (m_link.linkFailed() == 1) // lost before there was a window to be told
+                m_connection->onLinkLost();
+        },
+        Qt::QueuedConnection);
+    wantConnect();
 }
 
 PelorinMainWindow::~PelorinMainWindow()
 {
+    m_runner.disconnect(this);   // pages that go with the window end their plans
     delete m_displayUnit.data(); // of a window that was not closed before
-    m_link.setReplyTarget(nullptr, 0);
     m_link.setLossTarget(nullptr);
 }
 
@@ -83,24 +93,27 @@ int PelorinMainWindow::currentPage() const
 
 bool PelorinMainWindow::isBusy() const
 {
-    return m_busy->isBusy();
+    return m_runner.isBusy();
 }
 
 void PelorinMainWindow::connectParts()
 {
     connect(m_menu, &MainMenu::commandChosen, this, &PelorinMainWindow::chooseCommand);
-    connect(m_pages, &PageArea::pageChosen, this, &PelorinMainWindow::choosePage);
-    connect(m_pages, &PageArea::refreshChosen, this, [this] { chooseCommand(kRefreshCommand); });
-    connect(m_pages, &PageArea::noticed, &m_gate, &CommandGate::addNotice);
+    connect(m_pages, &PagePane::pageChosen, this, &PelorinMainWindow::choosePage);
+    connect(m_pages, &PagePane::refreshChosen, this, [this] { chooseCommand(kRefreshCommand); });
+    connect(m_stream, &PositionStream::formatKept, m_connection,
+            &ConnectionSupervisor::tellKeptFormat);
+    connect(m_pages, &PagePane::noticed, &m_gate,
+            [this](const QString& text) { m_gate.addNotice(text); });
     connect(&m_gate, &CommandGate::freed, this, &PelorinMainWindow::runDeferred);
 
     connect(m_connection, &ConnectionSupervisor::connectWanted, this,
-            [this] { postCommand(kConnectCommand); });
+            &PelorinMainWindow::wantConnect);
     connect(m_connection, &ConnectionSupervisor::connected, this, &PelorinMainWindow::onConnected);
     connect(m_connection, &ConnectionSupervisor::givenUp, this, &PelorinMainWindow::close);
-    connect(m_connection, &ConnectionSupervisor::lost, this, [this] {
-        if (SensorPage* page = m_pages->shownPage())
-            page->linkLost();
+    connect(&m_runner, &SequenceRunner::busyChanged, this, [this] {
+        m_busy->update();
+        m_gate.wake();
     });
 }
 
@@ -117,45 +130,27 @@ void PelorinMainWindow::translate()
 
 void PelorinMainWindow::showTitle()
 {
-    QString title = languageString(kTitleText);
+    QString title = languageString(strings::kMainTitle);
     if (ComPortNames().isSimulated(QStringLiteral("COM%1").arg(m_link.portNumber())))
-        title += QStringLiteral(" - ") + languageString(kSimulatedText);
+        title += QStringLiteral(" - ") + languageString(strings::kSimulated);
     setWindowTitle(title);
 }
 
-/// Switches from the event loop: leaving a page may wait for the sensor, which a list that is
-/// still handling its click must not.
+/// A page is left only when what it does with the sensor has ended.
 void PelorinMainWindow::choosePage(int index)
 {
-    if (index == currentPage() || isBusy())
+    if (index == currentPage() || isBusy() || !m_gate.isFree())
         return;
-    QMetaObject::invokeMethod(
-        this,
-        [this, index] {
-            if (!isBusy() && m_gate.isFree() && index != currentPage())
-                switchPage(index);
-        },
-        Qt::QueuedConnection);
+    (void)m_runner.endStream(*this, [this, index](bool /*restored*/) {
+        if (!m_gate.isCloseWanted())
+            switchPage(index);
+    });
 }
 
 void PelorinMainWindow::switchPage(int index)
 {
     const CommandGate::Scope scope(m_gate);
     m_pages->switchPage(index);
-}
-
-/// Ends the position stream of the shown page before a command uses the link.
-/// @return false if the command must not go on, since the window is to close
-bool PelorinMainWindow::releasePage()
-{
-    m_pages->releaseLink();
-    return !m_gate.isCloseWanted();
-}
-
-void PelorinMainWindow::resumePage()
-{
-    if (!m_gate.isCloseWanted())
-        m_pages->resumeLink();
 }
 
 void PelorinMainWindow::chooseCommand(int command)
@@ -171,12 +166,20 @@ void PelorinMainWindow::postCommand(int command)
         this, new WindowMessage(WM_COMMAND, static_cast<std::uintptr_t>(command)));
 }
 
+/// Connects as soon as that is possible; until then nothing else begins.
+void PelorinMainWindow::wantConnect()
+{
+    m_runner.reserveConnect(*m_connection);
+    postCommand(kConnectCommand);
+}
+
 void PelorinMainWindow::runCommand(int command)
 {
-    if (m_closing || !m_menu->isPossible(command) || (isBusy() && command != kConnectCommand))
+    // Asked again where it runs: what was free when it was chosen may not be any more.
+    const bool waits = command == kConnectCommand || command == kExitCommand;
+    if (m_closing != Closing::No || !m_menu->isPossible(command))
         return;
-    // Posted before a command that now waits for the sensor; Connect and Exit wait for its end.
-    if (!m_gate.isFree() && command != kConnectCommand && command != kExitCommand)
+    if (!waits && (isBusy() || !m_gate.isFree()))
         return;
     const CommandGate::Scope scope(m_gate);
     switch (command) {
@@ -193,9 +196,9 @@ void PelorinMainWindow::runCommand(int command)
     case kDisplayUnitCommand:
         return showDisplayUnit();
     case kWriteECommand:
-        return writeCommand('E');
+        return m_connection->writeCommand('E');
     case kWriteQCommand:
-        return writeCommand('Q');
+        return m_connection->writeCommand('Q');
     case kManualCommCommand:
         return communicateManually();
     case kHelpCommand:
@@ -219,17 +222,15 @@ void PelorinMainWindow::refresh()
 }
 
 /// A Connect that is asked for while one runs is that one; while a dialog is open, a notice waits
-/// to be read or another command runs it waits.
+/// to be read or something else runs it waits, and nothing else begins before it.
 void PelorinMainWindow::connectSensor()
 {
-    if (m_connection->isConnecting())
+    if (m_connection->isConnecting()) {
+        m_runner.cancelConnect();
         return;
-    m_connectWanted = CommandGate::isDialogOpen() || m_gate.isNested() || m_gate.hasNotice();
-    if (m_connectWanted || !releasePage())
-        return;
-    m_connectWanted = m_gate.hasNotice(); // of the page that was released
-    if (!m_connectWanted)
-        m_connection->connectSensor();
+    }
+    const bool free = !CommandGate::isDialogOpen() && !m_gate.isNested() && !m_gate.hasNotice();
+    m_connectWanted = !free || !m_connection->connectSensor();
 }
 
 void PelorinMainWindow::selectPort()
@@ -238,59 +239,49 @@ void PelorinMainWindow::selectPort()
     if (dialog.exec() != QDialog::Accepted || dialog.selectedPort() == m_link.portNumber())
         return;
     if (m_displayUnit && m_displayUnit->usesPort(dialog.selectedPort())) {
-        m_gate.addNotice(languageString(kDisplayUnitPortText)
+        m_gate.addNotice(languageString(strings::kPortIsDisplays)
                              .arg(QStringLiteral("COM%1").arg(dialog.selectedPort())));
         return;
     }
-    if (!releasePage())
-        return;
-    if (!m_connection->changePort(dialog.selectedPort())) {
-        close();
-        return;
-    }
-    m_connectWanted = false; // it was meant for the port that was left
-    showTitle();
-    switchPage(0);
+    m_connection->changePort(dialog.selectedPort(), [this](bool opened) {
+        if (!opened) {
+            m_gate.addNotice({m_link.openFailure(), {}, [this](int) { close(); }});
+            return;
+        }
+        m_connectWanted = false; // it was meant for the port that was left
+        m_runner.cancelConnect();
+        showTitle();
+        switchPage(0);
+    });
 }
 
 /// After a restore the sensor is connected and read afresh, which shows page 0.
 void PelorinMainWindow::runBackup(BackupProgressDialog::Mode mode)
 {
-    const bool restored = runBackupCommand(*this, m_link, mode, [this] { return releasePage(); });
-    m_link.setReplyTarget(this, WM_LINK_REPLY);
-    if (restored) {
-        postCommand(kConnectCommand);
-    } else {
-        resumePage();
-    }
-}
-
-void PelorinMainWindow::writeCommand(char id)
-{
-    if (releasePage())
-        m_connection->writeCommand(id);
+    const BackupResult result = runBackupCommand(*this, m_runner, m_restore, mode);
+    m_gate.addNotice(result.message);
+    if (result.restored)
+        wantConnect();
 }
 
 void PelorinMainWindow::communicateManually()
 {
-    if (!releasePage())
-        return;
-    ManualCommDialog(this, m_link).exec();
-    m_link.setReplyTarget(this, WM_LINK_REPLY);
-    if (SensorPage* page = m_pages->shownPage())
-        page->sensorChanged();
-    resumePage();
+    (void)ManualCommDialog(this, m_runner).exec();
 }
 
 /// Opens the dialog of the display unit; one that is open comes to the front as it is.
 void PelorinMainWindow::showDisplayUnit()
 {
     if (!m_displayUnit) {
-        m_displayUnit = new DisplayUnitDialog(this, m_factory, m_link);
+        m_displayUnit = new DisplayUnitDialog(this, m_factory, m_link.portNumber());
         m_displayUnit->setAttribute(Qt::WA_DeleteOnClose);
         connect(m_displayUnit, &QDialog::finished, this, [this] {
             m_displayUnit.clear();
             m_gate.wake();
+            if (m_gate.isCloseWanted()) { // also where a command below keeps the gate closed
+                QMetaObject::invokeMethod(this, &PelorinMainWindow::continueClosing,
+                                          Qt::QueuedConnection);
+            }
         });
         m_displayUnit->show();
     }
@@ -308,7 +299,7 @@ void PelorinMainWindow::showHelp()
     if (error == 0)
         return;
     m_gate.addNotice(
-        languageString(kHelpFailedText)
+        languageString(strings::kHelpFailed)
             .arg(QString::number(code), QString::number(error), QString::number(detail)));
 }
 
@@ -321,16 +312,6 @@ void PelorinMainWindow::customEvent(QEvent* event)
     switch (message->message()) {
     case WM_COMMAND:
         runCommand(static_cast<int>(wParam));
-        break;
-    case WM_LINK_REPLY:
-        onLinkReply(message->request(), static_cast<int>(wParam));
-        break;
-    case WM_BUSY:
-        if (wParam == 1) {
-            m_busy->begin();
-        } else if (!m_connection->isActive()) { // what a page released before must not end that
-            m_busy->release();
-        }
         break;
     case WM_STATUS_TEXT:
         // NOLINTNEXTLINE(performance-no-int-to-ptr): the message carries an address
@@ -348,45 +329,43 @@ void PelorinMainWindow::customEvent(QEvent* event)
     }
 }
 
-void PelorinMainWindow::onLinkReply(RequestId request, int result)
-{
-    if (SensorPage* page = m_pages->shownPage();
-        !m_connection->takeLinkReply(request, result) && page)
-        page->takeLinkReply(request, result);
-    if (m_gate.isCloseWanted())
-        m_gate.wake();
-}
-
 void PelorinMainWindow::onConnected(bool success)
 {
-    if (success) {
+    if (success)
         switchPage(0);
-    } else {
-        resumePage();
-    }
 }
 
+/// While the port is lost, or the sensor is being connected, the bar says so: a page's text of a
+/// plan that has ended thereby comes behind.
 void PelorinMainWindow::showPageStatus(const QString& text)
 {
     m_pageStatus = text;
-    m_statusBar->setText(text);
+    if (m_link.linkFailed() != 1 && !m_connection->isConnecting())
+        m_statusBar->setText(text);
 }
 
-/// Makes up for what had to wait for the end of a dialog or a command.
+/// Makes up for what had to wait for the end of a dialog, a command or a plan.
 void PelorinMainWindow::runDeferred()
 {
     if (m_gate.isCloseWanted()) {
-        close();
+        continueClosing();
+    } else if (isBusy()) {
+        return; // its end comes back here
     } else if (std::exchange(m_connectWanted, false)) {
-        postCommand(kConnectCommand);
+        wantConnect();
+    } else if (SensorPage* page = m_pages->shownPage(); page && !m_runner.isConnectWanted()) {
+        page->resume();
     }
 }
 
 bool PelorinMainWindow::event(QEvent* event)
 {
-    (void)WindowMessage::from(event); // whatever a worker has written of it
     if (event->type() == QEvent::WindowUnblocked)
         m_gate.wake();
+    // A box may be on its way when the close comes, or a session's end runs above a command.
+    if (m_gate.isCloseWanted() && m_closing != Closing::Done &&
+        (event->type() == QEvent::WindowBlocked || event->type() == QEvent::WindowUnblocked))
+        QMetaObject::invokeMethod(this, &PelorinMainWindow::continueClosing, Qt::QueuedConnection);
     return QMainWindow::event(event);
 }
 
@@ -397,32 +376,30 @@ void PelorinMainWindow::changeEvent(QEvent* event)
         translate();
 }
 
-/// Whether something is being written to the sensor that must not be cut off.
-bool PelorinMainWindow::isWriting() const
-{
-    const SensorPage* page = m_pages->shownPage();
-    return (page && page->isWriting()) || m_connection->isWriting();
-}
-
 /// Dialogs that are open are ended first; the window then closes when their command has returned,
-/// and not before what is being written has ended and the display unit has answered.
+/// what is being written has ended and the display unit has answered.
 void PelorinMainWindow::closeEvent(QCloseEvent* event)
 {
+    if (m_closing == Closing::Done) {
+        event->accept();
+        if (!std::exchange(m_closedTold, true))
+            Q_EMIT closed();
+        return;
+    }
     event->ignore();
     m_gate.requestClose();
     if (m_displayUnit)
         m_displayUnit->close();
-    if (CommandGate::isDialogOpen()) {
+    continueClosing();
+}
+
+void PelorinMainWindow::continueClosing()
+{
+    if (m_closing == Closing::Done)
+        return;
+    if (CommandGate::isDialogOpen())
         endDialogs();
-        return;
-    }
-    m_closeAfterWriting = m_closeAfterWriting || isWriting();
-    if (m_displayUnit || m_gate.isCommandRunning() || isWriting() || m_closing)
-        return;
-    m_closing = true;
     shutDown();
-    event->accept();
-    Q_EMIT closed();
 }
 
 /// They may be open one over the other.
@@ -433,14 +410,32 @@ void PelorinMainWindow::endDialogs()
         dialog = QApplication::activeModalWidget();
 }
 
+/// The plan that runs is brought to its end also while a dialog waits for it. The supply goes off
+/// as soon as no dialog is open; the window itself waits until commands have returned.
 void PelorinMainWindow::shutDown()
 {
-    m_connection->stop();
-    if (SensorPage* page = m_pages->shownPage())
-        page->setNewValues();
-    m_connection->switchSupplyOff(m_closeAfterWriting);
-    if (m_link.linkFailed() == 0)
-        m_link.setReplyTarget(nullptr, 0);
+    if (m_closing == Closing::No) {
+        m_closing = Closing::WindingDown;
+        m_connection->stop();
+        m_runner.windDown([this] {
+            m_closing = Closing::WoundDown;
+            QMetaObject::invokeMethod(this, &PelorinMainWindow::shutDown, Qt::QueuedConnection);
+        });
+    }
+    if (m_closing == Closing::WoundDown && !m_displayUnit && !CommandGate::isDialogOpen()) {
+        m_closing = Closing::PoweringDown;
+        if (SensorPage* page = m_pages->shownPage())
+            page->setNewValues();
+        m_connection->shutDown([this] {
+            m_closing = Closing::PoweredDown;
+            Q_EMIT poweredDown();
+            QMetaObject::invokeMethod(this, &PelorinMainWindow::shutDown, Qt::QueuedConnection);
+        });
+    }
+    if (m_closing == Closing::PoweredDown && m_gate.isFree()) {
+        m_closing = Closing::Done;
+        QMetaObject::invokeMethod(this, &PelorinMainWindow::close, Qt::QueuedConnection);
+    }
 }
 
 } // namespace pelorin

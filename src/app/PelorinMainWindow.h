@@ -2,7 +2,6 @@
 
 #include "app/CommandGate.h"
 #include "backup/BackupProgressDialog.h"
-#include "platform/core/WindowMessage.h"
 
 #include <QMainWindow>
 #include <QPointer>
@@ -13,24 +12,35 @@ class BusyFilter;
 class ComPortFactory;
 class ConnectionSupervisor;
 class DisplayUnitDialog;
+class FormatRestore;
 class HelpWindow;
+class KeptFormats;
 class LanguageManager;
 class LinkStatusBar;
 class MainMenu;
-class PageArea;
+class PagePane;
+class PositionStream;
 class SensorLink;
+class SequenceRunner;
 
-/// The frame window: menu, pages and status bar. It runs the commands, one at a time, hands the
-/// completions of the link to whom they belong, holds back what must wait for the end of a command
-/// or a dialog, and closes in an orderly way.
+/// The frame window: menu, pages and status bar. It runs the commands, one at a time, holds back
+/// what must wait for the end of a command, a plan or a dialog, and closes in an orderly way.
 class PelorinMainWindow final : public QMainWindow
 {
     Q_OBJECT
 
 public:
-    /// All outlive the window.
+    /// What the window works with; all outlive it.
+    struct Conversation
+    {
+        SequenceRunner& runner;
+        KeptFormats& formats;
+        FormatRestore& restore;
+    };
+
     /// @param factory makes the display unit's port
-    PelorinMainWindow(const ComPortFactory& factory, SensorLink& link, LanguageManager& languages);
+    PelorinMainWindow(const ComPortFactory& factory, const Conversation& conversation,
+                      LanguageManager& languages);
     ~PelorinMainWindow() override;
 
     /// Leaves the shown page and shows another one, which then reads its values.
@@ -44,6 +54,8 @@ public:
 Q_SIGNALS:
     /// The window has been closed; the program ends.
     void closed();
+    /// The window is closing: the sensor's supply is off and its port closed.
+    void poweredDown();
 
 protected:
     void customEvent(QEvent* event) override;
@@ -52,6 +64,16 @@ protected:
     bool event(QEvent* event) override;
 
 private:
+    /// How far the window is in closing.
+    enum class Closing {
+        No,
+        WindingDown,  ///< what runs with the sensor comes to its end
+        WoundDown,    ///< commands, dialogs and the display unit do
+        PoweringDown, ///< the supply is switched off, and the port closed
+        PoweredDown,
+        Done
+    };
+
     void connectParts();
     void translate();
     void showTitle();
@@ -59,46 +81,48 @@ private:
     void choosePage(int index);
     void chooseCommand(int command);
     void postCommand(int command);
+    void wantConnect();
     void runCommand(int command);
 
     void refresh();
     void connectSensor();
     void selectPort();
     void runBackup(BackupProgressDialog::Mode mode);
-    void writeCommand(char id);
     void communicateManually();
     void showDisplayUnit();
     void showHelp();
 
-    [[nodiscard]] bool releasePage();
-    void resumePage();
-
-    void onLinkReply(RequestId request, int result);
     void onConnected(bool success);
     void showPageStatus(const QString& text);
 
     void runDeferred();
     void endDialogs();
-    [[nodiscard]] bool isWriting() const;
+    void continueClosing();
     void shutDown();
 
     const ComPortFactory& m_factory;
+    SequenceRunner& m_runner;
     SensorLink& m_link;
+    FormatRestore& m_restore;
     LanguageManager& m_languages;
+    const bool m_manualPowerMode;
+    const bool m_displayUnitEnabled;
+    const bool m_tempCompEnabled;
 
     CommandGate m_gate;
     BusyFilter* m_busy;
     LinkStatusBar* m_statusBar;
-    MainMenu* m_menu = nullptr;
-    ConnectionSupervisor* m_connection = nullptr;
-    PageArea* m_pages = nullptr;
+    PositionStream* m_stream;
+    MainMenu* m_menu;
+    ConnectionSupervisor* m_connection;
+    PagePane* m_pages;
     HelpWindow* m_help = nullptr;              ///< null until it is asked for
     QPointer<DisplayUnitDialog> m_displayUnit; ///< null while it is closed
     QString m_pageStatus;                      ///< the last status text of a page
 
-    bool m_connectWanted = false;     ///< a Connect waits
-    bool m_closeAfterWriting = false; ///< the close had to wait for the end of a write
-    bool m_closing = false;
+    bool m_connectWanted = false; ///< a Connect waits
+    Closing m_closing = Closing::No;
+    bool m_closedTold = false;
 };
 
 } // namespace pelorin

@@ -7,6 +7,9 @@
 
 #include <QApplication>
 
+#include <cstdlib>
+#include <memory>
+
 using namespace pelorin;
 
 int main(int argc, char* argv[])
@@ -30,7 +33,7 @@ int main(int argc, char* argv[])
 
     if (!pelorin.initInstance(QApplication::arguments().mid(1).join(QLatin1Char(' '))))
         return EXIT_FAILURE;
-    const int result = pelorin.mainWindow() ? QApplication::exec() : EXIT_SUCCESS;
+    const int result = QApplication::exec();
     pelorin.exitInstance();
     return result;
 }

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "platform/core/WindowMessage.h"
 #include "platform/ui/BaseDialog.h"
-#include "sensor/BackupParameters.h"
+#include "sensor/Outcome.h"
+#include "sensor/SensorValues.h"
 
 #include <string_view>
 
@@ -11,15 +11,13 @@ class QProgressBar;
 namespace pelorin {
 
 class BackupFile;
-class SensorLink;
+class FormatRestore;
+class SequenceRunner;
 
-/// Saves the sensor's parameters to a file, or writes those of a file to the sensor, one request
-/// at a time, and shows how far it is. The work begins when the dialog is shown, and the dialog
-/// ends by itself: accepted when all is done, rejected after it has told the user what failed.
-/// Nothing else ends it, since a sensor with half of its parameters is of no use to anybody.
-///
-/// The link's completions come to the dialog as long as it exists; whoever had them before aims
-/// them back. User-interface thread.
+/// Saves the sensor's parameters to a file, or writes those of a file to the sensor, and shows how
+/// far it is. The work begins when the dialog is shown, and the dialog ends by itself: accepted
+/// when all is done, rejected otherwise. Nothing else ends it while it uses the sensor: one with
+/// half of its parameters is of no use to anybody. User-interface thread.
 class BackupProgressDialog final : public BaseDialog
 {
     Q_OBJECT
@@ -27,44 +25,40 @@ class BackupProgressDialog final : public BaseDialog
 public:
     enum class Mode { Backup, Restore };
 
-    /// @param parent a widget of the main window, which is told when the dialog is busy
-    /// @param file open for what the mode does with it
-    BackupProgressDialog(QWidget* parent, SensorLink& link, BackupFile& file, Mode mode);
-    ~BackupProgressDialog() override;
+    /// All outlive the dialog.
+    /// @param file can be saved; read in the mode that restores
+    /// @param formats knows whether the sensor carries a format that is not its own
+    BackupProgressDialog(QWidget* parent, SequenceRunner& runner, const FormatRestore& formats,
+                         BackupFile& file, Mode mode);
 
-    /// Does nothing: neither Escape nor the window manager abandons the work.
-    void reject() override {}
+    /// What the user has to be told of how it ended; empty for nothing.
+    [[nodiscard]] const QString& message() const { return m_message; }
+
+    /// Does nothing while the work runs: neither Escape nor the window manager abandons it.
+    void reject() override;
 
 protected:
     void setupTranslationMap() override;
     void onInitDialog() override;
-    void customEvent(QEvent* event) override;
 
 private:
-    void start();
+    void begin();
+    void transfer();
+    void checkFormat();
     [[nodiscard]] bool readFile();
-    void request();
-    void onLinkReply(int result);
-    void takeReply();
-    void advance();
-    void saveFile();
-    void storeInSensor();
+    [[nodiscard]] bool confirmValues();
+    void takeReply(const Reply& reply);
+    void onTransferred(const Outcome& outcome);
+    void finish(const QString& failure);
 
-    void failRequest();
-    [[nodiscard]] QString writtenText() const;
-    void fail(const QString& message);
-    void showBusy(int busy);
-
-    SensorLink& m_link;
+    SequenceRunner& m_runner;
+    const FormatRestore& m_formats;
     BackupFile& m_file;
     const Mode m_mode;
     QProgressBar* m_progress = nullptr;
-
-    std::string_view m_parameters; ///< those of the connected type, by step
-    std::size_t m_step = 0;        ///< their number when the restored ones are being stored
-    RequestId m_outstanding = 0;
-    int m_lossesAtStart;
-    BackupValues m_values;
+    std::string_view m_parameters; ///< those of the connected type
+    SensorValues m_values;         ///< of the sensor, or of the file
+    QString m_message;
 };
 
 } // namespace pelorin

@@ -1,35 +1,25 @@
 #pragma once
 
 #include "display/DisplaySettings.h"
-#include "platform/core/MessageTarget.h"
-#include "platform/core/RequestEvents.h"
+#include "platform/core/RequestWorker.h"
 
 #include <QString>
-#include <QStringList>
 
-#include <array>
 #include <memory>
-#include <mutex>
-#include <thread>
 
 class QObject;
 
 namespace pelorin {
 
-class ComPort;
 class ComPortFactory;
-class DisplayProtocol;
 
-/// The requests of the display link, in their order of precedence.
-enum class DisplayRequest : int { SetUp, Reading, Apply, Stop };
-
-/// The connection to the display unit, on a serial port of its own. A worker thread performs one
-/// request at a time and closes the port as its last act.
+/// The connection to the display unit, on a serial port of its own: a worker opens it, sets the
+/// unit up, performs one request at a time and closes the port.
 ///
 /// All operations are called on the user-interface thread. A request returns at once with its
-/// identifier; when it has been performed a message with this identifier is posted to the reply
-/// target, wParam 1 or 0. Every request is answered once; without a running worker it fails at
-/// once. At most one request of a kind at a time.
+/// number; when it has been performed a message with this number is posted to the reply target,
+/// wParam 1 or 0. Every request is answered once; without an open port it fails at once. At most
+/// one request of a kind at a time; a reading comes before an apply.
 class DisplayLink
 {
 public:
@@ -38,17 +28,24 @@ public:
     explicit DisplayLink(const ComPortFactory& factory);
     DisplayLink(const DisplayLink&) = delete;
     DisplayLink& operator=(const DisplayLink&) = delete;
+    /// Closes; a worker that is stuck is left to itself.
     ~DisplayLink();
 
-    /// Opens and configures the port and starts the worker, which sets the unit up. Once.
+    /// Opens and configures the port and sets the unit up. The link must be closed.
     /// @param sensorPort COM number of the sensor's port, which is not opened
-    /// @return the request that is answered when the unit has been set up, 0 if it came to none
+    /// @return answered with 1 when the unit has been set up; else the port is closed again
     RequestId open(int sensorPort);
 
-    /// Ends the worker, which cuts short what it is doing.
-    void close();
+    /// Closes the port and cuts short what is done on it.
+    /// @return answered with 1 when the port is closed; with 0 if that takes too long: the port is
+    ///         then closed some time, and until then nobody can open it
+    RequestId close();
 
-    /// Where completions go; no window stops them.
+    /// From open to the completion of close, or of an open that failed.
+    [[nodiscard]] bool isOpen() const { return m_worker.isRunning(); }
+
+    /// Where completions go; no window stops them. A message that answers no request says that
+    /// there is something to tell.
     void setReplyTarget(QObject* window, int message);
 
     RequestId requestReading();
@@ -57,8 +54,8 @@ public:
     /// What the unit displayed when it was last asked; "****" if it did not tell.
     [[nodiscard]] QString lastReading() const;
 
-    /// What the user must be told after open failed or a request was answered; mostly nothing.
-    /// Errors of a port that goes on failing are told once, until an exchange has worked.
+    /// What the user must be told after a message has come; mostly nothing. Errors of a port that
+    /// goes on failing, and one that has gone, are told once, until an exchange has worked.
     [[nodiscard]] QString takeMessage();
 
     /// The device name of the settings.
@@ -67,41 +64,18 @@ public:
     [[nodiscard]] bool isPort(int portNumber) const;
 
 private:
-    static constexpr int kRequestCount = static_cast<int>(DisplayRequest::Stop) + 1;
+    class Session;
 
-    struct Request
-    {
-        RequestId id = 0;
-        DisplaySettings settings;
-    };
-
-    RequestId submit(DisplayRequest kind, const DisplaySettings& settings = {});
-    [[nodiscard]] bool startWorker();
-    void run();
-    void serve(DisplayProtocol& protocol, DisplayRequest kind);
-    [[nodiscard]] bool perform(DisplayProtocol& protocol, DisplayRequest kind,
-                               const DisplaySettings& settings);
-    [[nodiscard]] bool read(DisplayProtocol& protocol);
-    [[nodiscard]] QString messageAfter(DisplayRequest kind, bool success, QStringList errors);
-    void setMessage(const QString& message);
-    void setReading(const QString& reading);
+    RequestId refuse(const QString& why);
 
     const ComPortFactory& m_factory;
     QString m_portName;
     int m_nodeId = 1;
+    QString m_refusal; ///< why the last open did not try the port; not yet told
 
-    MessageTarget m_replyTarget;
-    RequestEvents m_events;
-    RequestId m_lastRequestId = 0; ///< the user-interface thread's
-    bool m_failureTold = false;    ///< the worker's
-
-    mutable std::mutex m_mutex; ///< guards the next three
-    std::array<Request, kRequestCount> m_requests;
-    QString m_lastReading;
-    QString m_message;
-
-    std::unique_ptr<ComPort> m_port; ///< the worker's while it runs; interrupt on any thread
-    std::thread m_worker;
+    MessageTarget m_notices;
+    RequestWorker m_worker;
+    std::shared_ptr<Session> m_session; ///< of the last open, shared with its worker; null before
 };
 
 } // namespace pelorin

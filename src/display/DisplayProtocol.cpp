@@ -2,6 +2,7 @@
 
 #include "platform/core/ComPort.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace pelorin {
@@ -55,7 +56,7 @@ std::optional<QByteArray> DisplayProtocol::readDisplay()
     return answer.mid(1, answer.size() - 2);
 }
 
-QStringList DisplayProtocol::takeErrors()
+std::vector<std::string> DisplayProtocol::takeErrors()
 {
     return std::exchange(m_errors, {});
 }
@@ -74,17 +75,17 @@ bool DisplayProtocol::runSequence(const QList<QByteArray>& commands)
 void DisplayProtocol::send(const QByteArray& command)
 {
     if (const int error = m_port.purge(ComPort::Purge::Both); error != 0)
-        note(QStringLiteral("Error in PurgeComm. Error = %1").arg(error));
+        note("Error in PurgeComm. Error = " + std::to_string(error));
 
     const QByteArray frame =
         '$' + QByteArray(1, static_cast<char>('0' + m_nodeId)) + command + kTerminator;
     const int size = static_cast<int>(frame.size());
     const auto [error, written] = m_port.write({frame.constData(), static_cast<std::size_t>(size)});
     if (error != 0) {
-        note(QStringLiteral("Error in WriteFile. Error = %1").arg(error));
+        note("Error in WriteFile. Error = " + std::to_string(error));
     } else if (written != size) {
-        note(QStringLiteral("Byte count mismatch in WriteFile. Wrote = %1, Correct = %2,Error = %3")
-                 .arg(QString::number(written), QString::number(size), QString::number(error)));
+        note("Byte count mismatch in WriteFile. Wrote = " + std::to_string(written) +
+             ", Correct = " + std::to_string(size) + ",Error = " + std::to_string(error));
     }
 }
 
@@ -96,7 +97,7 @@ QByteArray DisplayProtocol::readAnswer(int limit)
     while (answer.size() < limit && !answer.endsWith(kTerminator)) {
         const auto [error, received, byte] = m_port.read();
         if (error != 0)
-            note(QStringLiteral("Error in ReadFile. Error = %1").arg(error));
+            note("Error in ReadFile. Error = " + std::to_string(error));
         if (!received)
             break;
         answer.append(byte);
@@ -104,10 +105,10 @@ QByteArray DisplayProtocol::readAnswer(int limit)
     return answer;
 }
 
-void DisplayProtocol::note(const QString& error)
+void DisplayProtocol::note(const std::string& error)
 {
-    if (!m_errors.contains(error))
-        m_errors << error;
+    if (std::find(m_errors.begin(), m_errors.end(), error) == m_errors.end())
+        m_errors.push_back(error);
 }
 
 } // namespace pelorin

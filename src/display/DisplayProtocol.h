@@ -4,10 +4,11 @@
 
 #include <QByteArray>
 #include <QList>
-#include <QStringList>
 
 #include <cstdint>
 #include <optional>
+#include <string>
+#include <vector>
 
 namespace pelorin {
 
@@ -33,17 +34,17 @@ public:
     [[nodiscard]] std::optional<QByteArray> readDisplay();
 
     /// The errors of the port since the last call, each once, in fixed English words.
-    [[nodiscard]] QStringList takeErrors();
+    [[nodiscard]] std::vector<std::string> takeErrors();
 
 private:
     [[nodiscard]] bool runSequence(const QList<QByteArray>& commands);
     void send(const QByteArray& command);
     [[nodiscard]] QByteArray readAnswer(int limit);
-    void note(const QString& error);
+    void note(const std::string& error);
 
     ComPort& m_port;
     const std::uint8_t m_nodeId;
-    QStringList m_errors;
+    std::vector<std::string> m_errors;
 };
 
 } // namespace pelorin

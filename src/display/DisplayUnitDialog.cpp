@@ -1,10 +1,10 @@
 #include "display/DisplayUnitDialog.h"
 
-#include "link/SensorLink.h"
 #include "platform/core/ComPortNames.h"
 #include "platform/core/LanguageStrings.h"
 #include "platform/core/MessageNumbers.h"
 #include "platform/core/Pacing.h"
+#include "platform/core/Strings.h"
 #include "platform/ui/ColorableTextBox.h"
 #include "platform/ui/MessageBox.h"
 
@@ -31,24 +31,12 @@ constexpr int kResolutionLabel = 1047;
 constexpr int kResolutionCombo = 1048;
 constexpr int kApplyButton = 1049;
 
-constexpr int kResolutionText = 140;
-constexpr int kDataBitsText = 169;
-constexpr int kBinaryText = 171;
-constexpr int kGrayText = 172;
-constexpr int kFormatText = 173;
-constexpr int kUnitText = 175;
-constexpr int kApplyText = 180;
-constexpr int kTitleText = 246;
-constexpr int kSimulatedText = 1000;
-constexpr int kReadingText = 1603;
-constexpr int kAppliedText = 1610;
-constexpr int kNotAppliedText = 1611;
-
 constexpr std::array<std::uint8_t, 2> kModes{DisplaySettings::kBinary, DisplaySettings::kGray};
 constexpr std::array<std::uint8_t, 2> kDataBits{25, 24};
 constexpr std::array<std::uint8_t, 7> kResolutions{5, 10, 50, 100, 20, 2, 1};
 
 constexpr auto kPollPeriod = 333ms;
+constexpr auto kExchangeLimit = 20s; ///< of a reading and an apply, each byte at its limit
 constexpr int kDisplayPoints = 40;
 
 /// Adds an item for each value, its text still empty, and selects the first.
@@ -67,9 +55,8 @@ std::uint8_t selectedData(const QComboBox& combo)
 
 } // namespace
 
-DisplayUnitDialog::DisplayUnitDialog(QWidget* parent, const ComPortFactory& factory,
-                                     const SensorLink& sensorLink)
-    : BaseDialog(QStringLiteral("124_DisplayUnit"), parent), m_sensorLink(sensorLink),
+DisplayUnitDialog::DisplayUnitDialog(QWidget* parent, const ComPortFactory& factory, int sensorPort)
+    : BaseDialog(QStringLiteral("124_DisplayUnit"), parent), m_sensorPort(sensorPort),
       m_link(factory)
 {
     m_timer.setInterval(Pacing::pause(kPollPeriod));
@@ -80,16 +67,16 @@ DisplayUnitDialog::~DisplayUnitDialog() = default;
 
 bool DisplayUnitDialog::usesPort(int portNumber) const
 {
-    return (m_setUp != 0 || m_connected) && m_link.isPort(portNumber);
+    return m_link.isOpen() && m_link.isPort(portNumber);
 }
 
 void DisplayUnitDialog::setupTranslationMap()
 {
-    setTitleString(kTitleText);
-    addToTranslationMap(kModeLabel, kFormatText);
-    addToTranslationMap(kDataBitsLabel, kDataBitsText);
-    addToTranslationMap(kResolutionLabel, kResolutionText);
-    addToTranslationMap(kApplyButton, kApplyText);
+    setTitleString(strings::kDisplayUnit);
+    addToTranslationMap(kModeLabel, strings::kFormat);
+    addToTranslationMap(kDataBitsLabel, strings::kDataBits);
+    addToTranslationMap(kResolutionLabel, strings::kResolution);
+    addToTranslationMap(kApplyButton, strings::kApply);
 }
 
 void DisplayUnitDialog::onInitDialog()
@@ -124,12 +111,13 @@ void DisplayUnitDialog::translate()
 {
     BaseDialog::translate();
     if (ComPortNames().isSimulated(m_link.portName()))
-        setWindowTitle(windowTitle() + QStringLiteral(" - ") + languageString(kSimulatedText));
-    getControl<QWidget>(kDisplayBox)->setAccessibleDescription(languageString(kReadingText));
+        setWindowTitle(windowTitle() + QStringLiteral(" - ") + languageString(strings::kSimulated));
+    getControl<QWidget>(kDisplayBox)
+        ->setAccessibleDescription(languageString(strings::kDisplayReading));
 
     auto* modes = getControl<QComboBox>(kModeCombo);
-    modes->setItemText(0, languageString(kBinaryText));
-    modes->setItemText(1, languageString(kGrayText));
+    modes->setItemText(0, languageString(strings::kBinary));
+    modes->setItemText(1, languageString(strings::kGray));
     auto* dataBits = getControl<QComboBox>(kDataBitsCombo);
     for (int item = 0; item < dataBits->count(); ++item)
         dataBits->setItemText(item, QString::number(dataBits->itemData(item).toInt()));
@@ -137,31 +125,25 @@ void DisplayUnitDialog::translate()
     for (int item = 0; item < resolutions->count(); ++item) {
         const double resolution = resolutions->itemData(item).toInt() * 0.001;
         resolutions->setItemText(item, QString::number(resolution, 'f', 3) + QLatin1Char(' ') +
-                                           languageString(kUnitText));
+                                           languageString(strings::kResolutionUnit));
     }
     showOutcome(m_outcomeText);
 }
 
 void DisplayUnitDialog::openLink()
 {
-    if (m_closeWanted)
-        return;
-    m_setUp = m_link.open(m_sensorLink.portNumber());
-    if (m_setUp == 0)
-        onSetUp(0);
+    if (!m_closeWanted)
+        m_setUp = m_link.open(m_sensorPort);
 }
 
 /// Without a unit that is set up the window stays, but nothing is ever sent.
 void DisplayUnitDialog::onSetUp(int result)
 {
     m_setUp = 0;
-    m_connected = result == 1;
     unsetCursor();
-    if (m_connected) {
+    if (result == 1) {
         getControl<QPushButton>(kApplyButton)->setEnabled(true);
         m_timer.start();
-    } else {
-        m_link.close();
     }
     collectMessage();
 }
@@ -184,7 +166,7 @@ void DisplayUnitDialog::onCompletion(int result)
 {
     m_outstanding = 0;
     if (m_applying && !m_pendingSettings)
-        showOutcome(result == 1 ? kAppliedText : kNotAppliedText);
+        showOutcome(result == 1 ? strings::kDisplayAcknowledged : strings::kDisplayNotAcknowledged);
     const QString reading = m_link.lastReading();
     if (reading.compare(m_shownText, Qt::CaseInsensitive) != 0) {
         m_shownText = reading;
@@ -211,35 +193,55 @@ void DisplayUnitDialog::showOutcome(int text)
     m_outcomeLabel->setText(text == 0 ? QString() : languageString(text));
 }
 
-/// Closes the dialog, or has the completion of what is outstanding close it: settings that were
+/// Closes the link, or has the completion of what is outstanding close it: settings that were
 /// applied go out whole. A set-up, of which nothing shows yet, is cut short.
-void DisplayUnitDialog::done(int result)
+void DisplayUnitDialog::done(int /*result*/)
 {
     m_timer.stop();
-    m_closeWanted = true;
-    if (m_outstanding == 0 && m_pendingSettings)
-        requestNext();
-    if (m_outstanding != 0) {
+    if (!std::exchange(m_closeWanted, true)) {
         setCursor(Qt::WaitCursor);
-        return;
+        QTimer::singleShot(Pacing::timeout(kExchangeLimit), this, &DisplayUnitDialog::closeLink);
     }
-    m_setUp = 0;
+    if (m_outstanding == 0 && m_pendingSettings && m_closing == 0)
+        requestNext();
+    if (m_outstanding == 0)
+        closeLink();
+}
+
+void DisplayUnitDialog::closeLink()
+{
+    if (m_closing != 0)
+        return;
+    setEnabled(false); // nothing that is entered now would reach the unit
+    m_closing = m_link.close();
+}
+
+/// The port is closed, or left to a worker that is stuck.
+void DisplayUnitDialog::onClosed()
+{
     m_link.setReplyTarget(nullptr, 0);
-    m_link.close();
     if (m_messageBox)
         m_messageBox->close();
-    BaseDialog::done(result);
+    BaseDialog::done(Rejected);
 }
 
 void DisplayUnitDialog::customEvent(QEvent* event)
 {
     const auto* message = WindowMessage::from(event);
-    if (!message || message->message() != WM_DISPLAY_UNIT || message->request() == 0)
+    if (!message || message->message() != WM_DISPLAY_UNIT)
         return;
-    if (message->request() == m_setUp) {
-        onSetUp(static_cast<int>(message->wParam()));
-    } else if (message->request() == m_outstanding) {
-        onCompletion(static_cast<int>(message->wParam()));
+    const RequestId request = message->request();
+    const int result = static_cast<int>(message->wParam());
+    if (request == 0) {
+        collectMessage();
+    } else if (request == m_closing) {
+        onClosed();
+    } else if (m_closing != 0) {
+        return; // cut short
+    } else if (request == m_setUp) {
+        onSetUp(result);
+    } else if (request == m_outstanding) {
+        onCompletion(result);
     }
 }
 
@@ -262,7 +264,6 @@ void DisplayUnitDialog::showMessage()
 
 bool DisplayUnitDialog::event(QEvent* event)
 {
-    (void)WindowMessage::from(event); // whatever a worker has written of it
     if (event->type() == QEvent::WindowUnblocked)
         QMetaObject::invokeMethod(this, &DisplayUnitDialog::showMessage, Qt::QueuedConnection);
     return BaseDialog::event(event);

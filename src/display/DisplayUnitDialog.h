@@ -13,14 +13,13 @@ class QMessageBox;
 
 namespace pelorin {
 
-class SensorLink;
-
 /// Shows what the display unit displays, asked for three times a second, and sends it the output
 /// settings that the user applies. Modeless. User-interface thread only.
 ///
-/// It closes once the unit has answered what it was asked and has got what the user has applied;
-/// the window stays until then, at most as long as the time limits of the two exchanges. What the
-/// user must be told is shown when no other dialog is open.
+/// It closes once the unit has answered what it was asked and has got what the user has applied,
+/// and its port is closed; the window stays until then, at most as long as the time limits of the
+/// two exchanges and of closing the port. What the user must be told is shown when no other dialog
+/// is open.
 class DisplayUnitDialog final : public BaseDialog
 {
     Q_OBJECT
@@ -28,8 +27,8 @@ class DisplayUnitDialog final : public BaseDialog
 public:
     /// The unit's port and node are read from the settings now.
     /// @param factory makes the unit's port; outlives the dialog
-    /// @param sensorLink whose port the unit cannot share; outlives the dialog
-    DisplayUnitDialog(QWidget* parent, const ComPortFactory& factory, const SensorLink& sensorLink);
+    /// @param sensorPort COM number of the sensor's port, which the unit cannot share
+    DisplayUnitDialog(QWidget* parent, const ComPortFactory& factory, int sensorPort);
     ~DisplayUnitDialog() override;
 
     /// Whether the unit is connected through COM<portNumber>.
@@ -50,18 +49,20 @@ private:
     void onTimer();
     void requestNext();
     void onCompletion(int result);
+    void closeLink();
+    void onClosed();
     void apply();
     void showOutcome(int text);
     void collectMessage();
     void showMessage();
 
-    const SensorLink& m_sensorLink;
+    const int m_sensorPort;
     DisplayLink m_link;
     RequestId m_setUp = 0;       ///< the set-up that runs
     RequestId m_outstanding = 0; ///< the reading or apply that runs
+    RequestId m_closing = 0;     ///< the closing of the link
     bool m_applying = false;     ///< what runs is an apply
-    bool m_connected = false;
-    bool m_closeWanted = false; ///< the dialog closes with the next completion
+    bool m_closeWanted = false;  ///< the link is closed with the next completion
     std::optional<DisplaySettings> m_pendingSettings; ///< applied, not yet handed to the link
     QString m_shownText;
     QLabel* m_outcomeLabel = nullptr;

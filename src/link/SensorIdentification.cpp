@@ -3,6 +3,7 @@
 #include "platform/core/HexText.h"
 #include "platform/core/RegistryConfig.h"
 
+#include <algorithm>
 #include <array>
 
 namespace pelorin {
@@ -20,9 +21,7 @@ std::array<RevisionBounds, kSsiTypeCount> configuredBounds()
 {
     std::array<RevisionBounds, kSsiTypeCount> bounds;
     RegistryConfig config;
-    if (config.setStorage(QStringLiteral("\\HKEY_LOCAL_MACHINE\\SOFTWARE\\Korvex Systems\\Pelorin"
-                                         "\\Firmware Rev Bounds"),
-                          0) != 1)
+    if (config.setStorage(productKey(QStringLiteral("Firmware Rev Bounds"))) != 1)
         return bounds;
 
     for (int type = 0; type < kSsiTypeCount; ++type) {
@@ -47,6 +46,13 @@ int ssiTypeOfVersion(const QByteArray& versionText)
             return type;
     }
     return kSsiTypeUnknown;
+}
+
+bool hasRevisionBounds()
+{
+    const auto bounds = configuredBounds();
+    return std::any_of(bounds.begin(), bounds.end(),
+                       [](const auto& range) { return range.low != 0 || range.high != 0; });
 }
 
 } // namespace pelorin

@@ -14,4 +14,7 @@ inline constexpr int kSsiTypeUnknown = kSsiTypeCount;
 /// @return 0, 1 or 2, the lowest whose bounds hold the revision, or kSsiTypeUnknown
 [[nodiscard]] int ssiTypeOfVersion(const QByteArray& versionText);
 
+/// Whether the settings have any bounds at all.
+[[nodiscard]] bool hasRevisionBounds();
+
 } // namespace pelorin

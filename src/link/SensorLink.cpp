@@ -1,14 +1,20 @@
 #include "link/SensorLink.h"
 
+#include "link/PositionFrame.h"
 #include "link/SensorIdentification.h"
 #include "platform/core/ComPort.h"
 #include "platform/core/ComPortFactory.h"
+#include "platform/core/ComPortNames.h"
 #include "platform/core/LanguageStrings.h"
 #include "platform/core/MessageNumbers.h"
 #include "platform/core/Pacing.h"
 #include "platform/core/PortOpening.h"
+#include "platform/core/Strings.h"
 
-#include <system_error>
+#include <atomic>
+#include <mutex>
+#include <optional>
+#include <string>
 #include <utility>
 
 namespace pelorin {
@@ -16,8 +22,6 @@ namespace pelorin {
 using namespace std::chrono_literals;
 
 namespace {
-
-constexpr int kThreadFailedText = 105;
 
 constexpr LineSettings kParameterLine{4800, 'N', 8, 1};
 constexpr LineSettings kStreamLine{38400, 'N', 8, 1};
@@ -31,142 +35,311 @@ QString deviceNameOf(int portNumber)
 
 QString threadFailure(int error)
 {
-    return languageString(kThreadFailedText).arg(QString::number(error));
+    return languageString(strings::kWorkerNotStarted).arg(QString::number(error));
 }
 
-/// A copy that shares nothing with its source: each thread frees its own.
-QByteArray separate(const QByteArray& bytes)
+QByteArray bytesOf(const std::string& text)
 {
-    return {bytes.constData(), bytes.size()};
+    return QByteArray::fromStdString(text);
 }
 
 } // namespace
 
-SensorLink::SensorLink(const ComPortFactory& factory) : m_factory(factory) {}
+/// One opened port: what its worker and the user-interface thread share. A worker that is left to
+/// itself keeps it, and reaches nothing of the link's but the log.
+class SensorLink::Session
+{
+public:
+    struct Results
+    {
+        std::string lastReply;
+        std::string versionText;
+        std::string rawBytes;
+        bool rawCut = false;
+        double position = 0.0;
+        PositionScale scale;
+    };
+
+    Session(int port, QString openedDevice, std::shared_ptr<CommLog> commLog,
+            MessageTarget::Poster losses)
+        : number(port), device(std::move(openedDevice)), log(std::move(commLog)),
+          m_losses(std::move(losses))
+    {
+    }
+
+    /// The first request.
+    int open(RequestWorker::Context& context)
+    {
+        failure = openPort(context.port(), kParameterLine);
+        if (failure) {
+            if (failure.step != PortStep::Open)
+                log->append(failure.message(deviceNameOf(number)));
+            return 0;
+        }
+        protocol.emplace(context.port(), *log,
+                         SensorProtocol::Callbacks{
+                             [this, &context] { reportLoss(context); }, [this] { ++cutFrames; },
+                             [&context](auto time) { return context.pause(time); }});
+        linkFailed = 0;
+        deviceGone = false;
+        opened = true;
+        return 1;
+    }
+
+    int connect()
+    {
+        forgetIdentification();
+        store(&Results::lastReply, {});
+        const auto version = protocol->connect();
+        restarted = protocol->hasSwitchedSupply();
+        if (!version || version->size() < kVersionMinimum)
+            return 0;
+        store(&Results::lastReply, version->toStdString());
+        store(&Results::versionText, version->toStdString());
+        return identify(*version);
+    }
+
+    int read(char id)
+    {
+        store(&Results::lastReply, {});
+        const auto reply = protocol->readParameter(id);
+        if (!reply)
+            return 0;
+        store(&Results::lastReply, reply->toStdString());
+        return 1;
+    }
+
+    int exchangeRaw(const QByteArray& bytes)
+    {
+        store(&Results::rawBytes, {});
+        const auto reply = protocol->rawExchange(bytes);
+        store(&Results::rawBytes, reply.bytes.toStdString());
+        store(&Results::rawCut, reply.cut);
+        return 1;
+    }
+
+    int readPosition()
+    {
+        const auto frame = protocol->readPositionFrame();
+        if (!frame)
+            return 0;
+        const auto position = decodePosition(
+            {frame->constData(), static_cast<std::size_t>(frame->size())}, results().scale);
+        if (!position)
+            return 0;
+        store(&Results::position, *position);
+        return 1;
+    }
+
+    int setStreamMode(ComPort& port, const std::optional<PositionScale>& scale)
+    {
+        store(&Results::scale, scale.value_or(PositionScale()));
+        const int error = port.setLine(scale ? kStreamLine : kParameterLine);
+        if (error != 0)
+            log->append(PortFailure{PortStep::Line, error}.message(deviceNameOf(number)));
+        return error == 0 ? 1 : 0;
+    }
+
+    int identify(const QByteArray& version)
+    {
+        const int type = ssiTypeOfVersion(version);
+        ssiType = type;
+        identified = type != kSsiTypeUnknown && linkFailed == 0;
+        log->append(type == kSsiTypeUnknown ? QStringLiteral("SSY Type: Unknown")
+                                            : QStringLiteral("SSI Type: %1").arg(type));
+        return type == kSsiTypeUnknown ? 0 : 1;
+    }
+
+    void forgetIdentification()
+    {
+        identified = false;
+        restarted = false;
+        store(&Results::versionText, {});
+    }
+
+    [[nodiscard]] Results results() const
+    {
+        const std::lock_guard lock(m_mutex);
+        return m_results;
+    }
+
+    template <class Value>
+    void store(Value Results::*result, Value value)
+    {
+        const std::lock_guard lock(m_mutex);
+        m_results.*result = std::move(value);
+    }
+
+    const int number;
+    const QString device;
+    const std::shared_ptr<CommLog> log;
+
+    PortFailure failure; ///< the worker's until the open is answered
+    std::atomic<bool> opened = false;
+    std::atomic<int> ssiType = 0;
+    std::atomic<bool> identified = false;
+    std::atomic<bool> restarted = false;
+    std::atomic<int> linkFailed = 0;
+    std::atomic<bool> deviceGone = false;
+    std::atomic<int> lossCount = 0;
+    std::atomic<int> cutFrames = 0;
+
+    std::optional<SensorProtocol> protocol; ///< the worker's; there once the port is open
+
+private:
+    void reportLoss(RequestWorker::Context& context)
+    {
+        if (linkFailed.exchange(1) == 0)
+            ++lossCount;
+        identified = false;
+        deviceGone = deviceGone || !context.port().isOpen();
+        if (!context.isLeft())
+            m_losses.post(0);
+    }
+
+    const MessageTarget::Poster m_losses;
+    mutable std::mutex m_mutex;
+    Results m_results; ///< m_mutex
+};
+
+SensorLink::SensorLink(const ComPortFactory& factory)
+    : m_factory(factory), m_commLog(std::make_shared<CommLog>())
+{
+}
 
 SensorLink::~SensorLink()
 {
-    close();
+    m_keepAliveTimer.stop();
 }
 
-void SensorLink::setErrorPresenter(ErrorPresenter presenter)
+RequestId SensorLink::open(int portNumber)
 {
-    m_presentError = std::move(presenter);
+    return openDevice(portNumber,
+                      ComPortNames().devicePath(QStringLiteral("COM%1").arg(portNumber)));
 }
 
-int SensorLink::open(int portNumber, int showErrors)
+RequestId SensorLink::reopen()
 {
-    if (!m_worker.joinable()) {
-        const QString deviceName = deviceNameOf(portNumber);
-        m_port = m_factory.create(deviceName);
-        if (const PortFailure failure = openPort(*m_port, kParameterLine)) {
-            const QString message = failure.message(deviceName);
-            const bool opened = failure.step != PortStep::Open;
-            if (opened)
-                m_commLog.append(message);
-            present(message, opened ? 1 : showErrors);
-            return 0;
-        }
-        {
-            const std::lock_guard lock(m_mutex);
-            m_results.scale = PositionScale(); // the line is in parameter mode
-        }
-        m_identified = false;
-        m_portNumber = portNumber;
-        m_hasOpened = true;
-        if (!startWorker())
-            return 0;
+    return openDevice(portNumber(), device());
+}
+
+RequestId SensorLink::openDevice(int portNumber, const QString& device)
+{
+    m_keepAliveTimer.stop(); // it serves the session before
+    m_closing = false;
+    m_lossTarget.withdraw();
+    const auto session =
+        std::make_shared<Session>(portNumber, device, m_commLog, m_lossTarget.poster());
+    if (m_session) {
+        m_formerLosses += m_session->lossCount;
+        m_formerCutFrames += m_session->cutFrames;
+        session->ssiType = m_session->ssiType.load();
+        session->linkFailed = m_session->linkFailed.load();
+        session->deviceGone = m_session->deviceGone.load();
+        if (m_session->opened)
+            m_former = m_session;
     }
-    m_linkFailed = 0;
-    return 1;
-}
-
-int SensorLink::startWorker()
-{
-    try {
-        m_worker = std::thread([this] { run(); });
-    } catch (const std::system_error& error) {
-        m_port->close();
-        const QString message = threadFailure(error.code().value());
-        m_commLog.append(message);
-        present(message, 1);
-        return 0;
+    m_session = session;
+    int threadError = 0;
+    const RequestId request = m_worker.start(
+        m_factory.create(device), [session](auto& context) { return session->open(context); },
+        [session](auto& /*context*/) {
+            if (session->linkFailed == 0)
+                session->protocol->noticeGone();
+            return 0;
+        },
+        threadError);
+    if (threadError != 0) {
+        session->failure = {PortStep::Thread, threadError};
+        m_commLog->append(openFailure());
     }
-    return 1;
+    return request;
 }
 
-void SensorLink::close(int supplyOff)
+QString SensorLink::openFailure() const
+{
+    return m_session && m_session->failure
+               ? m_session->failure.message(deviceNameOf(m_session->number))
+               : QString();
+}
+
+RequestId SensorLink::close(int supplyOff)
 {
     m_keepAliveTimer.stop();
-    if (!m_worker.joinable())
-        return;
-    m_supplyOffAtEnd = supplyOff;
-    m_events.signal(static_cast<int>(SensorRequest::Stop));
-    m_port->interrupt();
-    m_worker.join();
-    m_identified = false;
-    failPendingRequests();
-    m_lossTarget.withdraw();
+    m_closing = true;
+    if (!m_session)
+        return m_worker.stop();
+    m_session->identified = false;
+    return m_worker.stop([session = m_session, supplyOff](auto& /*context*/) {
+        session->identified = false;
+        return supplyOff == 1 ? session->protocol->setRts(0) : 0;
+    });
 }
 
-void SensorLink::present(const QString& message, int show) const
+RequestId SensorLink::submit(SensorRequest kind,
+                             std::function<int(Session&, SensorProtocol&)> perform)
 {
-    if (show == 1 && m_presentError)
-        m_presentError(message);
+    return m_worker.submit(static_cast<int>(kind),
+                           [session = m_session, perform = std::move(perform)](auto& /*context*/) {
+                               return perform(*session, *session->protocol);
+                           });
 }
 
 RequestId SensorLink::requestConnect()
 {
-    return submit(SensorRequest::Connect);
+    return submit(SensorRequest::Connect,
+                  [](Session& session, auto& /*protocol*/) { return session.connect(); });
 }
 
 RequestId SensorLink::requestRead(char id)
 {
-    return submit(SensorRequest::Read, id);
+    return submit(SensorRequest::Read,
+                  [id](Session& session, auto& /*protocol*/) { return session.read(id); });
 }
 
 RequestId SensorLink::requestWrite(char id, const QByteArray& value)
 {
-    return submit(SensorRequest::Write, id, value);
+    return submit(SensorRequest::Write, [id, value](auto& /*session*/, SensorProtocol& protocol) {
+        return protocol.writeParameter(id, value);
+    });
 }
 
 RequestId SensorLink::requestRawExchange(const QByteArray& bytes)
 {
-    return submit(SensorRequest::RawExchange, 0, bytes);
+    return submit(SensorRequest::RawExchange, [bytes](Session& session, auto& /*protocol*/) {
+        return session.exchangeRaw(bytes);
+    });
 }
 
 RequestId SensorLink::requestPosition()
 {
-    return submit(SensorRequest::Position);
+    return submit(SensorRequest::Position,
+                  [](Session& session, auto& /*protocol*/) { return session.readPosition(); });
 }
 
-RequestId SensorLink::submit(SensorRequest kind, char parameterId, const QByteArray& bytes)
+RequestId SensorLink::requestSupply(bool on)
 {
-    RequestId id = 0;
-    {
-        const std::lock_guard lock(m_mutex);
-        id = ++m_lastRequestId;
-        m_requests[static_cast<std::size_t>(kind)] = Request{id, parameterId, separate(bytes)};
-    }
-    if (m_worker.joinable()) {
-        m_events.signal(static_cast<int>(kind));
-    } else {
-        m_replyTarget.post(0, id);
-    }
-    return id;
+    return submit(SensorRequest::Supply, [on](auto& /*session*/, SensorProtocol& protocol) {
+        (void)protocol.setRts(on ? 1 : 0);
+        return 1;
+    });
 }
 
-void SensorLink::failPendingRequests()
+RequestId SensorLink::requestStreamMode(int on, int dataBits, int resolutionThousandths)
 {
-    for (int kind = 0; kind < kRequestCount; ++kind) {
-        if (m_events.take(kind) && kind != static_cast<int>(SensorRequest::KeepAlive))
-            m_replyTarget.post(0, m_requests[static_cast<std::size_t>(kind)].id);
-    }
+    std::optional<PositionScale> scale;
+    if (on == 1)
+        scale = PositionScale{dataBits & 0xFF, resolutionThousandths * 0.001};
+    return m_worker.submit(static_cast<int>(SensorRequest::StreamMode),
+                           [session = m_session, scale](auto& context) {
+                               (void)session->setStreamMode(context.port(), scale);
+                               return 1;
+                           });
 }
 
 void SensorLink::setReplyTarget(QObject* window, int message)
 {
-    m_replyTarget.aim(window, message);
+    m_worker.setReplyTarget(window, message);
 }
 
 void SensorLink::setLossTarget(QObject* window)
@@ -176,188 +349,108 @@ void SensorLink::setLossTarget(QObject* window)
 
 void SensorLink::setKeepAlive(int on)
 {
-    if (on != 1) {
+    if (on != 1 || m_closing || !isOpen() || !m_session->opened) {
         m_keepAliveTimer.stop();
         return;
     }
-    const int error = m_keepAliveTimer.start(Pacing::pause(kKeepAlivePeriod), [this] {
-        m_events.signal(static_cast<int>(SensorRequest::KeepAlive));
-    });
-    if (error != 0)
-        m_commLog.append(threadFailure(error));
+    const auto tick = [this, session = m_session] {
+        m_worker.tick(static_cast<int>(SensorRequest::KeepAlive), [session](auto& /*context*/) {
+            session->protocol->sendKeepAlive();
+            return 1;
+        });
+    };
+    if (const int error = m_keepAliveTimer.start(Pacing::pause(kKeepAlivePeriod), tick); error != 0)
+        m_commLog->append(threadFailure(error));
 }
 
-void SensorLink::setStreamMode(int on, int dataBits, int resolutionThousandths)
+void SensorLink::forgetIdentification()
 {
-    const bool stream = on == 1;
-    {
-        const std::lock_guard lock(m_mutex);
-        m_results.scale = stream ? PositionScale{dataBits & 0xFF, resolutionThousandths * 0.001}
-                                 : PositionScale();
-    }
-    if (!m_port)
-        return;
-    if (const int error = m_port->setLine(stream ? kStreamLine : kParameterLine); error != 0)
-        m_commLog.append(PortFailure{PortStep::Line, error}.message(deviceNameOf(m_portNumber)));
-}
-
-void SensorLink::setRts(int clear)
-{
-    if (m_port)
-        SensorProtocol::setRts(*m_port, m_commLog, clear);
+    if (m_session)
+        m_session->forgetIdentification();
 }
 
 int SensorLink::identifyFromLastReply()
 {
-    const QByteArray version = lastReply();
-    {
-        const std::lock_guard lock(m_mutex);
-        m_results.versionText = separate(version);
-    }
-    return identify(version);
+    if (!m_session)
+        return 0;
+    const std::string version = m_session->results().lastReply;
+    m_session->store(&Session::Results::versionText, version);
+    return m_session->identify(bytesOf(version));
+}
+
+const SensorLink::Session* SensorLink::opened() const
+{
+    return m_session && m_session->opened ? m_session.get() : m_former.get();
+}
+
+int SensorLink::portNumber() const
+{
+    const Session* session = opened();
+    return session ? session->number : 1;
+}
+
+QString SensorLink::device() const
+{
+    const Session* session = opened();
+    return session ? session->device : QString();
 }
 
 QByteArray SensorLink::lastReply() const
 {
-    const std::lock_guard lock(m_mutex);
-    return separate(m_results.lastReply);
+    return m_session ? bytesOf(m_session->results().lastReply) : QByteArray();
 }
 
 QByteArray SensorLink::versionText() const
 {
-    const std::lock_guard lock(m_mutex);
-    return separate(m_results.versionText);
+    return m_session ? bytesOf(m_session->results().versionText) : QByteArray();
 }
 
 RawReply SensorLink::rawReply() const
 {
-    const std::lock_guard lock(m_mutex);
-    return {separate(m_results.rawReply.bytes), m_results.rawReply.cut};
+    if (!m_session)
+        return {};
+    const auto results = m_session->results();
+    return {bytesOf(results.rawBytes), results.rawCut};
 }
 
 double SensorLink::position() const
 {
-    const std::lock_guard lock(m_mutex);
-    return m_results.position;
+    return m_session ? m_session->results().position : 0.0;
 }
 
-/// The worker: performs requests until it is asked to stop, and closes its port as its last act.
-void SensorLink::run()
+int SensorLink::ssiType() const
 {
-    const auto pause = [this](std::chrono::milliseconds duration) {
-        return !m_events.waitFor(static_cast<int>(SensorRequest::Stop), Pacing::pause(duration));
-    };
-    SensorProtocol protocol(*m_port, m_commLog,
-                            {[this] { reportLoss(); }, [this] { ++m_lossCount; }, pause});
-
-    while (true) {
-        const auto kind = static_cast<SensorRequest>(m_events.waitForAny());
-        if (kind == SensorRequest::Stop)
-            break;
-        Request request;
-        {
-            const std::lock_guard lock(m_mutex);
-            request = m_requests[static_cast<std::size_t>(kind)];
-            request.bytes = separate(request.bytes);
-        }
-        const int result = perform(protocol, kind, request);
-        if (kind != SensorRequest::KeepAlive)
-            m_replyTarget.post(static_cast<std::uintptr_t>(result), request.id);
-    }
-    if (m_supplyOffAtEnd == 1)
-        setRts(0);
-    m_port->close();
+    return m_session ? m_session->ssiType.load() : 0;
 }
 
-int SensorLink::perform(SensorProtocol& protocol, SensorRequest kind, const Request& request)
+bool SensorLink::isIdentified() const
 {
-    switch (kind) {
-    case SensorRequest::Connect:
-        return connect(protocol);
-    case SensorRequest::Read:
-        return readParameter(protocol, request.parameterId);
-    case SensorRequest::Write:
-        return protocol.writeParameter(request.parameterId, request.bytes);
-    case SensorRequest::KeepAlive:
-        protocol.sendKeepAlive();
-        return 1;
-    case SensorRequest::RawExchange: {
-        auto reply = protocol.rawExchange(request.bytes);
-        const std::lock_guard lock(m_mutex);
-        m_results.rawReply = std::move(reply);
-        return 1;
-    }
-    case SensorRequest::Position:
-        return readPosition(protocol);
-    case SensorRequest::Stop:
-        break;
-    }
-    return 0;
+    return m_session && m_session->identified;
 }
 
-int SensorLink::connect(SensorProtocol& protocol)
+bool SensorLink::wasRestarted() const
 {
-    m_identified = false;
-    {
-        const std::lock_guard lock(m_mutex);
-        m_results.lastReply.clear();
-        m_results.versionText.clear();
-    }
-    const auto version = protocol.connect();
-    if (!version || version->size() < kVersionMinimum)
-        return 0;
-    {
-        const std::lock_guard lock(m_mutex);
-        m_results.lastReply = *version;
-        m_results.versionText = *version;
-    }
-    return identify(*version);
+    return m_session && m_session->restarted;
 }
 
-int SensorLink::identify(const QByteArray& versionText)
+int SensorLink::linkFailed() const
 {
-    const int type = ssiTypeOfVersion(versionText);
-    m_ssiType = type;
-    m_identified = type != kSsiTypeUnknown && m_linkFailed == 0;
-    m_commLog.append(type == kSsiTypeUnknown ? QStringLiteral("SSY Type: Unknown")
-                                             : QStringLiteral("SSI Type: %1").arg(type));
-    return type == kSsiTypeUnknown ? 0 : 1;
+    return m_session ? m_session->linkFailed.load() : 0;
 }
 
-int SensorLink::readParameter(SensorProtocol& protocol, char id)
+bool SensorLink::isDeviceGone() const
 {
-    {
-        const std::lock_guard lock(m_mutex);
-        m_results.lastReply.clear();
-    }
-    const auto reply = protocol.readParameter(id);
-    if (!reply)
-        return 0;
-    const std::lock_guard lock(m_mutex);
-    m_results.lastReply = *reply;
-    return 1;
+    return m_session && m_session->deviceGone;
 }
 
-int SensorLink::readPosition(SensorProtocol& protocol)
+int SensorLink::lossCount() const
 {
-    const auto frame = protocol.readPositionFrame();
-    if (!frame)
-        return 0;
-    const std::lock_guard lock(m_mutex);
-    const auto position = decodePosition(
-        {frame->constData(), static_cast<std::size_t>(frame->size())}, m_results.scale);
-    if (!position)
-        return 0;
-    m_results.position = *position;
-    return 1;
+    return m_formerLosses + (m_session ? m_session->lossCount.load() : 0);
 }
 
-void SensorLink::reportLoss()
+int SensorLink::cutFrames() const
 {
-    if (m_linkFailed.exchange(1) == 0)
-        ++m_lossCount;
-    m_identified = false;
-    m_lossTarget.post(0);
+    return m_formerCutFrames + (m_session ? m_session->cutFrames.load() : 0);
 }
 
 } // namespace pelorin

@@ -6,6 +6,7 @@
 
 #include <QDeadlineTimer>
 
+#include <algorithm>
 #include <cerrno>
 #include <utility>
 
@@ -29,6 +30,11 @@ constexpr int kReplyMinimumWithTerminator = 7;
 constexpr int kReplyMaximumWithTerminator = 9;
 constexpr int kWriteDataMaximum = 9;
 constexpr int kPositionFrameLength = 9;
+
+// Of a late answer, counted from its request.
+constexpr auto kAnswerLimit = 1500ms;
+constexpr auto kAnswerEndLimit = 2000ms;
+constexpr std::chrono::milliseconds kSilence = 200ms;
 
 constexpr qsizetype kRawReplyMaximum = qsizetype{1024} * 1024;
 constexpr auto kRawReplyTime = 60s;
@@ -59,6 +65,13 @@ SensorProtocol::SensorProtocol(ComPort& port, CommLog& log, Callbacks callbacks)
 
 std::optional<QByteArray> SensorProtocol::readParameter(char id)
 {
+    outlastLateAnswer();
+    return readReply(id);
+}
+
+std::optional<QByteArray> SensorProtocol::readReply(char id)
+{
+    m_unanswered = Clock::now();
     const char request[] = {id, kGet, kTerminator};
     (void)writeFrame({request, sizeof request}, 1); // a failed write still waits for a reply
     QByteArray reply = readFrame(kReplyMaximum);
@@ -74,8 +87,37 @@ std::optional<QByteArray> SensorProtocol::readParameter(char id)
                                        static_cast<unsigned>(last)));
         return std::nullopt;
     }
+    m_unanswered.reset();
     reply.chop(1);
     return reply;
+}
+
+void SensorProtocol::outlastLateAnswer()
+{
+    if (!m_unanswered)
+        return;
+    const auto sent = *std::exchange(m_unanswered, std::nullopt);
+    const auto rest = [sent](std::chrono::milliseconds limit) {
+        return limit - Pacing::timeoutElapsed(Clock::now() - sent);
+    };
+    if (rest(kAnswerLimit) <= 0ms || isQuietFor(rest(kAnswerLimit)))
+        return;
+    while (rest(kAnswerEndLimit) > 0ms) {
+        if (isQuietFor(std::min(rest(kAnswerEndLimit), kSilence)))
+            return;
+    }
+}
+
+/// Whether nothing comes for a time, as on a port that fails; a byte that comes is discarded.
+bool SensorProtocol::isQuietFor(std::chrono::milliseconds time)
+{
+    ComPort::Timeouts limits;
+    limits.readMultiplier = 0;
+    limits.readConstant = static_cast<int>(time.count());
+    (void)m_port.setTimeouts(limits); // what hinders it hinders the read, too
+    const bool quiet = !m_port.read().received;
+    (void)m_port.setTimeouts(ComPort::Timeouts());
+    return quiet;
 }
 
 int SensorProtocol::writeParameter(char id, const QByteArray& value)
@@ -87,22 +129,23 @@ int SensorProtocol::writeParameter(char id, const QByteArray& value)
     }
     QByteArray frame;
     frame.append(id).append(kSet).append(value).append(kTerminator);
+    outlastLateAnswer();
     return writeFrame(view(frame), 1);
 }
 
 std::optional<QByteArray> SensorProtocol::connect()
 {
     for (int attempt = 0; attempt < kConnectAttempts; ++attempt) {
-        setRts(m_port, m_log, 0);
-        if (!m_callbacks.pause(kSupplyOffTime))
+        const int off = setRts(0);
+        if (!m_callbacks.pause(Pacing::pause(kSupplyOffTime)))
             return std::nullopt;
-        setRts(m_port, m_log, 1);
+        m_supplySwitched = setRts(1) == 1 && off == 1;
 
         for (int frame = 0; frame < kProgFramesPerConnect; ++frame) {
             if (!writeFrame(kProgFrame, frame == 0 ? 1 : 0))
                 return std::nullopt;
         }
-        if (auto version = readParameter(kVersionId))
+        if (auto version = readReply(kVersionId))
             return version;
     }
     return std::nullopt;
@@ -115,6 +158,7 @@ void SensorProtocol::sendKeepAlive()
 
 RawReply SensorProtocol::rawExchange(const QByteArray& bytes)
 {
+    const auto sent = Clock::now();
     bool portFailed = false;
     const auto observe = [&portFailed](int error) {
         portFailed = portFailed || (error != 0 && error != ECANCELED);
@@ -136,37 +180,50 @@ RawReply SensorProtocol::rawExchange(const QByteArray& bytes)
     }
     if (portFailed)
         m_callbacks.reportLoss();
+    if (reply.cut)
+        m_unanswered = sent;
     return reply;
 }
 
 std::optional<QByteArray> SensorProtocol::readPositionFrame()
 {
-    if (const int error = m_port.purge(ComPort::Purge::Receive); error != 0) {
-        m_log.append(QString::asprintf("Error in PurgeComm. Error = %d", error));
-        m_callbacks.reportLoss();
+    if (purge(ComPort::Purge::Receive) != 0)
         return std::nullopt;
-    }
     return readFrame(kPositionFrameLength);
 }
 
-void SensorProtocol::setRts(ComPort& port, CommLog& log, int clear)
+int SensorProtocol::setRts(int clear)
 {
     const bool on = clear != 1;
-    if (const int error = port.setRts(on); error != 0) {
-        log.append(QString::asprintf("Error in EscapeCommFunction %s. Error = %d",
-                                     on ? "SETRTS" : "CLRRTS", error));
+    const int error = m_port.setRts(on);
+    if (error != 0) {
+        m_log.append(QString::asprintf("Error in EscapeCommFunction %s. Error = %d",
+                                       on ? "SETRTS" : "CLRRTS", error));
     }
+    return error == 0 ? 1 : 0;
 }
 
-/// @return 0 only when the worker is stopping; other failures are reported as a loss
-int SensorProtocol::writeFrame(std::string_view frame, int purge)
+void SensorProtocol::noticeGone()
 {
-    if (purge == 1) {
-        if (const int error = m_port.purge(ComPort::Purge::Both); error != 0) {
-            m_log.append(QString::asprintf("Error in PurgeComm. Error = %d", error));
-            m_callbacks.reportLoss();
-        }
+    (void)purge(ComPort::Purge::Receive); // says why, and closes the port
+}
+
+/// @return the system's error code, which is logged and reported as a loss
+int SensorProtocol::purge(ComPort::Purge what)
+{
+    const int error = m_port.purge(what);
+    if (error != 0) {
+        m_log.append(QString::asprintf("Error in PurgeComm. Error = %d", error));
+        m_callbacks.reportLoss();
     }
+    return error;
+}
+
+/// @return 0 only when the exchange is cut short; other failures are reported as a loss
+int SensorProtocol::writeFrame(std::string_view frame, int purgeFirst)
+{
+    if (purgeFirst == 1)
+        (void)purge(ComPort::Purge::Both); // the write is tried all the same
 
     const auto [error, written] = m_port.write(frame);
     const auto length = static_cast<int>(frame.size());
@@ -193,6 +250,8 @@ QByteArray SensorProtocol::readFrame(int maximum)
         const auto result = m_port.read();
         if (result.error != 0 && result.error != ECANCELED)
             m_log.append(QString::asprintf("Error in ReadFile. Error = %d", result.error));
+        if (result.error == ENODEV)
+            m_callbacks.reportLoss();
         if (!result.received)
             break;
         bytes.append(result.byte);

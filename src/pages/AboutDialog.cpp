@@ -1,5 +1,6 @@
 #include "pages/AboutDialog.h"
 
+#include "platform/core/Strings.h"
 #include "platform/ui/Pictures.h"
 
 #include <QLabel>
@@ -25,12 +26,12 @@ AboutDialog::AboutDialog(QWidget* parent) : BaseDialog(QStringLiteral("118_About
 
 void AboutDialog::setupTranslationMap()
 {
-    setTitleString(218);
-    addToTranslationMap(kNameEdit, 100);
-    addToTranslationMap(kVersionLabel, 1017);
-    addToTranslationMap(kOkButton, 241);
-    addAccessibleName(kNameEdit, 1018);
-    addAccessibleName(kIconLabel, 1016);
+    setTitleString(strings::kAboutTitle);
+    addToTranslationMap(kNameEdit, strings::kProgram);
+    addToTranslationMap(kVersionLabel, strings::kVersionLabel);
+    addToTranslationMap(kOkButton, strings::kOk);
+    addAccessibleName(kNameEdit, strings::kProgramName);
+    addAccessibleName(kIconLabel, strings::kIconName);
 }
 
 void AboutDialog::onInitDialog()

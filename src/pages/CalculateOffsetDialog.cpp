@@ -3,6 +3,7 @@
 #include "pages/PackageTable.h"
 #include "platform/core/DecimalText.h"
 #include "platform/core/LanguageStrings.h"
+#include "platform/core/Strings.h"
 #include "platform/ui/MessageBox.h"
 
 #include <QComboBox>
@@ -27,9 +28,6 @@ constexpr int kPackageLabel = 1039;
 constexpr int kPackageCombo = 1041;
 constexpr int kUnitLabels[] = {1034, 1035, 1038};
 
-constexpr int kTitleText = 185;
-constexpr int kValueMissingText = 181;
-
 } // namespace
 
 CalculateOffsetDialog::CalculateOffsetDialog(QWidget* parent, bool reverse, double strokeLength)
@@ -40,16 +38,16 @@ CalculateOffsetDialog::CalculateOffsetDialog(QWidget* parent, bool reverse, doub
 
 void CalculateOffsetDialog::setupTranslationMap()
 {
-    setTitleString(kTitleText);
-    addToTranslationMap(kInformation, 184);
-    addToTranslationMap(kSeDistanceLabel, 186);
-    addToTranslationMap(kStrokeLabel, 142);
-    addToTranslationMap(kDeadZoneLabel, 187);
+    setTitleString(strings::kOffsetTitle);
+    addToTranslationMap(kInformation, strings::kOffsetNote);
+    addToTranslationMap(kSeDistanceLabel, strings::kSeDistance);
+    addToTranslationMap(kStrokeLabel, strings::kStrokeLength);
+    addToTranslationMap(kDeadZoneLabel, strings::kDeadZone);
     for (const int unit : kUnitLabels)
-        addToTranslationMap(unit, 141);
-    addToTranslationMap(kPackageLabel, 215);
-    addToTranslationMap(kOkButton, 241);
-    addToTranslationMap(kCancelButton, 120);
+        addToTranslationMap(unit, strings::kMillimetres);
+    addToTranslationMap(kPackageLabel, strings::kSensorType);
+    addToTranslationMap(kOkButton, strings::kOk);
+    addToTranslationMap(kCancelButton, strings::kCancel);
 }
 
 void CalculateOffsetDialog::onInitDialog()
@@ -109,8 +107,7 @@ bool CalculateOffsetDialog::isComplete()
     for (QLineEdit* edit : {m_seDistanceEdit, m_strokeEdit, m_deadZoneEdit}) {
         if (!edit->isEnabled() || !edit->text().isEmpty())
             continue;
-        (void)messageBox(this, languageString(kValueMissingText), QMessageBox::Ok,
-                         QMessageBox::Warning);
+        warn(this, languageString(strings::kValueMissing));
         edit->setFocus();
         edit->selectAll();
         return false;

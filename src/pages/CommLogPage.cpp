@@ -4,6 +4,7 @@
 #include "pages/CommLogFile.h"
 #include "pages/CommLogModel.h"
 #include "platform/core/LanguageStrings.h"
+#include "platform/core/Strings.h"
 #include "platform/ui/FileChooser.h"
 #include "platform/ui/MessageBox.h"
 
@@ -27,13 +28,6 @@ namespace {
 constexpr int kLogList = 1032;
 constexpr int kClearButton = 1033;
 constexpr int kSaveButton = 1034;
-
-constexpr int kListNameText = 188;
-constexpr int kSaveText = 190;
-constexpr int kFileFilterText = 191;
-constexpr int kNotOpenedText = 192;
-constexpr int kCopyText = 1406;
-constexpr int kNotWrittenText = 1500;
 
 /// Makes every line as wide as the longest: the list asks for the size of one line only, and
 /// scrolls sideways as far as that.
@@ -65,9 +59,9 @@ CommLogPage::CommLogPage() : SensorPage(QStringLiteral("DLG_PELORIN_COMLOG_PAGE"
 
 void CommLogPage::setupTranslationMap()
 {
-    addToTranslationMap(kClearButton, 189);
-    addToTranslationMap(kSaveButton, kSaveText);
-    addAccessibleName(kLogList, kListNameText);
+    addToTranslationMap(kClearButton, strings::kClear);
+    addToTranslationMap(kSaveButton, strings::kSaveToDisk);
+    addAccessibleName(kLogList, strings::kCommLog);
 }
 
 void CommLogPage::onInitDialog()
@@ -100,7 +94,7 @@ void CommLogPage::onInitDialog()
 void CommLogPage::translate()
 {
     SensorPage::translate();
-    m_copyAction->setText(languageString(kCopyText));
+    m_copyAction->setText(languageString(strings::kCopy));
 }
 
 void CommLogPage::getCurrentValues()
@@ -134,19 +128,13 @@ void CommLogPage::copySelectedLines() const
 void CommLogPage::saveToDisk()
 {
     const CommLog::Snapshot shown = m_model->lines();
-    const QString path = chooseFile(window(), QFileDialog::AcceptSave, languageString(kSaveText),
-                                    languageString(kFileFilterText), QStringLiteral("txt"));
+    const QString path =
+        chooseFile(window(), QFileDialog::AcceptSave, languageString(strings::kSaveToDisk),
+                   languageString(strings::kTextFileFilter), QStringLiteral("txt"));
     if (path.isEmpty())
         return;
-    using Outcome = CommLogSaving::Outcome;
-    const CommLogSaving saving = saveCommLog(path, shown);
-    if (saving.outcome == Outcome::Done)
-        return;
-    const QString text =
-        saving.outcome == Outcome::NotOpened
-            ? languageString(kNotOpenedText).arg(path, QString::number(saving.systemError))
-            : languageString(kNotWrittenText).arg(path, saving.reason());
-    (void)messageBox(window(), text, QMessageBox::Ok, QMessageBox::Warning);
+    if (const auto outcome = saveCommLog(path, shown); !outcome.isDone())
+        warn(window(), outcome.message());
 }
 
 } // namespace pelorin

@@ -3,7 +3,8 @@
 #include "link/SensorLink.h"
 #include "pages/HexFields.h"
 #include "platform/core/LanguageStrings.h"
-#include "platform/core/MessageNumbers.h"
+#include "platform/core/Strings.h"
+#include "sensor/SequenceRunner.h"
 
 #include <QCoreApplication>
 #include <QFontDatabase>
@@ -15,7 +16,7 @@
 #include <QStringList>
 #include <QTextCharFormat>
 
-#include <utility>
+#include <vector>
 
 namespace pelorin {
 
@@ -30,21 +31,13 @@ constexpr int kExecuteButton = 1054;
 constexpr int kMarkLabel = 1055;
 constexpr int kOutcomeLabel = 1056;
 
-constexpr int kMarkText = 1400;
-constexpr int kMarkedFieldText = 1401;
-constexpr int kNotSentText = 1402;
-constexpr int kCutText = 1403;
-constexpr int kMarkDescription = 1404;
-constexpr int kOutcomeDescription = 1405;
-constexpr int kLinkLostText = 1407;
-
 constexpr int kWidthInDigits = 72;
 constexpr std::size_t kMostNamedFields = 3;
 constexpr int kMostCharactersOfField = 16;
 
 /// More than the line can deliver within the time limit. A longer text gets line breaks, since
 /// one of a million bytes without any would take the toolkit many seconds to lay out.
-constexpr qsizetype kBytesPerParagraph = 32 * 1024;
+constexpr qsizetype kBytesPerParagraph = qsizetype{32} * 1024;
 
 /// Underlines the fields that are no hexadecimal bytes.
 void underline(QLineEdit& edit, const std::vector<HexField>& fields)
@@ -53,11 +46,13 @@ void underline(QLineEdit& edit, const std::vector<HexField>& fields)
     format.setUnderlineStyle(QTextCharFormat::WaveUnderline);
     format.setUnderlineColor(Qt::red);
     QList<QInputMethodEvent::Attribute> marks;
-    for (const HexField& field : fields)
-        if (!field.isHex) // positions count from the cursor
+    for (const HexField& field : fields) {
+        if (!field.isHex) { // positions count from the cursor
             marks.append({QInputMethodEvent::TextFormat,
                           static_cast<int>(field.start) - edit.cursorPosition(),
                           static_cast<int>(field.text.size()), format});
+        }
+    }
     QInputMethodEvent event(QString(), marks);
     QCoreApplication::sendEvent(&edit, &event);
 }
@@ -74,7 +69,7 @@ QString describe(const std::vector<HexField>& fields)
             named << QStringLiteral("\u2026");
             break;
         }
-        named << languageString(kMarkedFieldText)
+        named << languageString(strings::kFieldSentAs)
                      .arg(QString::number(index + 1), field.text.left(kMostCharactersOfField),
                           hexFieldsText(QByteArray(1, field.byte)));
     }
@@ -83,27 +78,18 @@ QString describe(const std::vector<HexField>& fields)
 
 } // namespace
 
-ManualCommDialog::ManualCommDialog(QWidget* parent, SensorLink& link)
-    : BaseDialog(QStringLiteral("125_ManualComm"), parent), m_link(link)
+ManualCommDialog::ManualCommDialog(QWidget* parent, SequenceRunner& runner)
+    : BaseDialog(QStringLiteral("125_ManualComm"), parent), m_runner(runner)
 {
-    m_link.setReplyTarget(this, WM_MANUAL_COMM);
-}
-
-/// An answer that is still to come finds nobody; the busy state must end all the same.
-ManualCommDialog::~ManualCommDialog()
-{
-    m_link.setReplyTarget(nullptr, 0);
-    if (m_outstanding != 0)
-        showBusy(0);
 }
 
 void ManualCommDialog::setupTranslationMap()
 {
-    setTitleString(251);
-    addToTranslationMap(kSendLabel, 248);
-    addToTranslationMap(kReceiveLabel, 249);
-    addToTranslationMap(kExecuteButton, 250);
-    addToTranslationMap(kOkButton, 241);
+    setTitleString(strings::kManualCommunications);
+    addToTranslationMap(kSendLabel, strings::kSend);
+    addToTranslationMap(kReceiveLabel, strings::kReceive);
+    addToTranslationMap(kExecuteButton, strings::kExecute);
+    addToTranslationMap(kOkButton, strings::kOk);
 }
 
 void ManualCommDialog::onInitDialog()
@@ -128,54 +114,48 @@ void ManualCommDialog::onInitDialog()
 void ManualCommDialog::translate()
 {
     BaseDialog::translate();
-    m_markLabel->setAccessibleDescription(languageString(kMarkDescription));
-    m_outcomeLabel->setAccessibleDescription(languageString(kOutcomeDescription));
+    m_markLabel->setAccessibleDescription(languageString(strings::kMarkName));
+    m_outcomeLabel->setAccessibleDescription(languageString(strings::kOutcomeName));
     markFields();
     setOutcome(m_outcomeText);
 }
 
 void ManualCommDialog::execute()
 {
+    if (m_runner.isBusy())
+        return;
     m_receiveEdit->clear();
     setOutcome(0);
     const auto fields = hexFieldsOf(m_sendEdit->text());
     if (fields.empty())
         return;
-    if (m_link.linkFailed() == 1) {
-        setOutcome(kNotSentText);
-        return;
-    }
-    showBusy(1);
     QByteArray bytes;
     for (const HexField& field : fields)
         bytes.append(field.byte);
-    m_lossesAtStart = m_link.lossCount();
-    m_outstanding = m_link.requestRawExchange(bytes);
-}
-
-void ManualCommDialog::customEvent(QEvent* event)
-{
-    const auto* message = WindowMessage::from(event);
-    if (message && message->message() == WM_MANUAL_COMM && m_outstanding != 0 &&
-        message->request() == m_outstanding)
-        takeReply(static_cast<int>(message->wParam()));
+    if (m_runner.link().linkFailed() == 1) {
+        setOutcome(strings::kNothingSent);
+    } else if (!m_runner.start(*this, rawPlan(bytes),
+                               {.ended = [this](const Outcome& outcome) { takeReply(outcome); }})) {
+        setOutcome(strings::kConnectedLater);
+    }
 }
 
 /// Bytes that came before the link was lost are shown too.
-void ManualCommDialog::takeReply(int result)
+void ManualCommDialog::takeReply(const Outcome& outcome)
 {
-    m_outstanding = 0;
-    RawReply reply;
-    if (result == 1)
-        reply = m_link.rawReply();
+    const bool sent =
+        outcome.kind != Outcome::Kind::Failed && outcome.kind != Outcome::Kind::StreamNotEnded;
+    const RawReply reply = sent ? m_runner.link().rawReply() : RawReply();
     showBytes(reply.bytes);
-    if (result != 1)
-        setOutcome(kNotSentText);
-    else if (m_link.lossCount() != m_lossesAtStart)
-        setOutcome(kLinkLostText);
-    else
-        setOutcome(reply.cut ? kCutText : 0);
-    showBusy(0);
+    if (outcome.kind == Outcome::Kind::StreamNotEnded) {
+        setOutcome(strings::kStreamNotEnded);
+    } else if (!sent) {
+        setOutcome(strings::kNothingSent);
+    } else if (outcome.kind == Outcome::Kind::Lost) {
+        setOutcome(strings::kExchangeLost);
+    } else {
+        setOutcome(reply.cut ? strings::kReplyCut : 0);
+    }
 }
 
 void ManualCommDialog::showBytes(const QByteArray& bytes)
@@ -191,19 +171,14 @@ void ManualCommDialog::markFields()
     const auto fields = hexFieldsOf(m_sendEdit->text());
     underline(*m_sendEdit, fields);
     const QString named = describe(fields);
-    m_markLabel->setText(named.isEmpty() ? QString() : languageString(kMarkText).arg(named));
+    m_markLabel->setText(named.isEmpty() ? QString()
+                                         : languageString(strings::kSentNotHex).arg(named));
 }
 
 void ManualCommDialog::setOutcome(int stringNumber)
 {
     m_outcomeText = stringNumber;
     m_outcomeLabel->setText(languageString(stringNumber));
-}
-
-void ManualCommDialog::showBusy(int busy)
-{
-    QCoreApplication::postEvent(parentWidget()->window(),
-                                new WindowMessage(WM_BUSY, static_cast<std::uintptr_t>(busy)));
 }
 
 } // namespace pelorin

@@ -2,12 +2,16 @@
 
 #include "pages/SensorPage.h"
 #include "platform/core/LanguageStrings.h"
+#include "platform/core/Strings.h"
 
 #include <QComboBox>
 #include <QGroupBox>
 #include <QLineEdit>
 #include <QRadioButton>
 #include <QRegularExpressionValidator>
+#include <QScopedValueRollback>
+
+#include <algorithm>
 
 namespace pelorin {
 
@@ -20,13 +24,16 @@ constexpr int kModeCombo = 1010;
 constexpr int kResolutionCombo = 1012;
 constexpr int kSkipCountEdit = 1014;
 constexpr int kAdvancedGroup = 1015;
+constexpr std::array kMagnetRadios = {1017, 1018};
+constexpr std::array kExtensionRadios = {1021, 1022, 1023};
+constexpr std::array kModeRadios = {1025, 1026, 1027};
 
 constexpr std::array kDataBits = {24, 25};
-constexpr std::array kFormatTexts = {171, 172}; // of item data 0 and 1, as the next two
-constexpr std::array kDirectionTexts = {129, 128};
-constexpr std::array kModeTexts = {132, 130};
+// Of item data 0 and 1.
+constexpr std::array kFormatTexts = {strings::kBinary, strings::kGray};
+constexpr std::array kDirectionTexts = {strings::kForward, strings::kReverse};
+constexpr std::array kModeTexts = {strings::kAsynchronous, strings::kSynchronous};
 constexpr std::array kResolutions = {5, 10, 50, 100, 20, 2, 1}; // micrometres
-constexpr int kResolutionUnitText = 175;
 
 constexpr int kSkipCountLength = 3;
 constexpr int kDifferential = 1;
@@ -42,6 +49,16 @@ void setTexts(QComboBox& list, const std::array<int, count>& texts)
 {
     for (std::size_t index = 0; index < count; ++index)
         list.setItemText(static_cast<int>(index), languageString(texts[index]));
+}
+
+template <std::size_t count>
+std::array<QRadioButton*, count> radiosOf(const SensorPage& page,
+                                          const std::array<int, count>& controls)
+{
+    std::array<QRadioButton*, count> radios = {};
+    std::transform(controls.begin(), controls.end(), radios.begin(),
+                   [&page](int id) { return page.getControl<QRadioButton>(id); });
+    return radios;
 }
 
 quint8 flag(const QComboBox& list, quint8 mask)
@@ -94,11 +111,8 @@ OutputSetupControls::OutputSetupControls(SensorPage& page)
       m_mode(page.getControl<QComboBox>(kModeCombo)),
       m_resolution(page.getControl<QComboBox>(kResolutionCombo)),
       m_skipCount(page.getControl<QLineEdit>(kSkipCountEdit)),
-      m_magnets{page.getControl<QRadioButton>(1017), page.getControl<QRadioButton>(1018)},
-      m_extensions{page.getControl<QRadioButton>(1021), page.getControl<QRadioButton>(1022),
-                   page.getControl<QRadioButton>(1023)},
-      m_modes{page.getControl<QRadioButton>(1025), page.getControl<QRadioButton>(1026),
-              page.getControl<QRadioButton>(1027)}
+      m_magnets(radiosOf(page, kMagnetRadios)), m_extensions(radiosOf(page, kExtensionRadios)),
+      m_modes(radiosOf(page, kModeRadios))
 {
     fillLists();
     m_skipCount->setMaxLength(kSkipCountLength);
@@ -118,18 +132,27 @@ void OutputSetupControls::fillLists()
         m_resolution->addItem(QString(), micrometres);
 }
 
-/// Signals that filling, translating and reading do not send.
+/// Lists have signals that filling, translating and reading do not send. Buttons have not: an
+/// assistive technology toggles one without a click.
 void OutputSetupControls::connectControls()
 {
     for (QComboBox* list : {m_dataBits, m_format, m_direction, m_mode, m_resolution})
         connect(list, &QComboBox::activated, this, &OutputSetupControls::settingChanged);
     for (QRadioButton* button : m_magnets)
-        connect(button, &QRadioButton::clicked, this, &OutputSetupControls::settingChanged);
+        connectRadio(button, &OutputSetupControls::settingChanged);
     for (QRadioButton* button : m_extensions)
-        connect(button, &QRadioButton::clicked, this, &OutputSetupControls::settingChanged);
+        connectRadio(button, &OutputSetupControls::settingChanged);
     for (QRadioButton* button : m_modes)
-        connect(button, &QRadioButton::clicked, this, &OutputSetupControls::onModeRadio);
+        connectRadio(button, &OutputSetupControls::onModeRadio);
     connect(m_skipCount, &QLineEdit::textEdited, this, &OutputSetupControls::skipCountChanged);
+}
+
+void OutputSetupControls::connectRadio(QRadioButton* button, void (OutputSetupControls::*changed)())
+{
+    connect(button, &QRadioButton::toggled, this, [this, changed](bool on) {
+        if (on && !m_showing)
+            (this->*changed)();
+    });
 }
 
 void OutputSetupControls::translate()
@@ -140,7 +163,7 @@ void OutputSetupControls::translate()
     for (int index = 0; index < m_resolution->count(); ++index) {
         const int micrometres = m_resolution->itemData(index).toInt();
         m_resolution->setItemText(index, QString::asprintf("%01.03f ", micrometres * 0.001) +
-                                             languageString(kResolutionUnitText));
+                                             languageString(strings::kResolutionUnit));
     }
 }
 
@@ -151,6 +174,7 @@ void OutputSetupControls::setAdvanced(bool shown)
 
 void OutputSetupControls::clear()
 {
+    const QScopedValueRollback showing(m_showing, true);
     for (QComboBox* list : {m_dataBits, m_format, m_direction, m_mode, m_resolution})
         list->setCurrentIndex(-1);
     m_skipCount->clear();
@@ -163,6 +187,7 @@ void OutputSetupControls::clear()
 
 void OutputSetupControls::show(char id, const OutputSettings& read)
 {
+    const QScopedValueRollback showing(m_showing, true);
     if (id == 'D') {
         showFormat(read.format);
     } else if (id == 'A') {
@@ -191,6 +216,7 @@ void OutputSetupControls::showExtension(const Extension& extension)
 
 void OutputSetupControls::onModeRadio()
 {
+    const QScopedValueRollback showing(m_showing, true);
     setMagnets(checkedIndex(m_modes) == kDifferential);
     Q_EMIT settingChanged();
 }

@@ -53,6 +53,7 @@ Q_SIGNALS:
 private:
     void fillLists();
     void connectControls();
+    void connectRadio(QRadioButton* button, void (OutputSetupControls::*changed)());
     void showFormat(const DataFormat& format);
     void showExtension(const Extension& extension);
     void onModeRadio();
@@ -68,6 +69,7 @@ private:
     std::array<QRadioButton*, 2> m_magnets;
     std::array<QRadioButton*, 3> m_extensions; ///< by the sensor's value, as the modes
     std::array<QRadioButton*, 3> m_modes;
+    bool m_showing = false; ///< what changes now is not the user's doing
 };
 
 } // namespace pelorin

@@ -7,8 +7,7 @@ namespace pelorin {
 
 PackageTable::PackageTable()
 {
-    const QString key = QStringLiteral("\\HKEY_LOCAL_MACHINE\\SOFTWARE\\Korvex Systems\\Pelorin\\"
-                                       "Package Parameters\\Package%1");
+    const QString key = productKey(QStringLiteral("Package Parameters\\Package%1"));
     RegistryConfig config;
     for (int number = 0; config.setStorage(key.arg(number), 0) == 1; ++number) {
         const auto distance = [&config](const QString& name) {

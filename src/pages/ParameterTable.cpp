@@ -1,6 +1,7 @@
 #include "pages/ParameterTable.h"
 
 #include "platform/core/LanguageStrings.h"
+#include "platform/core/Strings.h"
 #include "platform/ui/ColumnWidths.h"
 
 #include <QTableWidget>
@@ -14,7 +15,8 @@ namespace {
 constexpr int kNameColumn = 0;
 constexpr int kValueColumn = 1;
 constexpr int kUnitColumn = 2;
-constexpr std::array kHeaderTexts = {111, 112, 113}; // by column
+constexpr std::array kHeaderTexts = {strings::kParameterHeader, strings::kValueHeader,
+                                     strings::kUnitHeader}; // by column
 
 QString textOf(int stringNumber)
 {

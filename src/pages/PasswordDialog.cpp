@@ -1,5 +1,7 @@
 #include "pages/PasswordDialog.h"
 
+#include "platform/core/Strings.h"
+
 #include <QLineEdit>
 
 namespace pelorin {
@@ -11,10 +13,6 @@ constexpr int kCancelButton = 2;
 constexpr int kPromptEdit = 1063;
 constexpr int kPasswordEdit = 1064;
 
-constexpr int kTitleText = 228;
-constexpr int kPromptNameText = 1103;
-constexpr int kPasswordNameText = 1200;
-
 } // namespace
 
 PasswordDialog::PasswordDialog(QWidget* parent, int promptId)
@@ -24,12 +22,12 @@ PasswordDialog::PasswordDialog(QWidget* parent, int promptId)
 
 void PasswordDialog::setupTranslationMap()
 {
-    setTitleString(kTitleText);
+    setTitleString(strings::kPasswordTitle);
     addToTranslationMap(kPromptEdit, m_promptId);
-    addToTranslationMap(kOkButton, 241);
-    addToTranslationMap(kCancelButton, 120);
-    addAccessibleName(kPromptEdit, kPromptNameText);
-    addAccessibleName(kPasswordEdit, kPasswordNameText);
+    addToTranslationMap(kOkButton, strings::kOk);
+    addToTranslationMap(kCancelButton, strings::kCancel);
+    addAccessibleName(kPromptEdit, strings::kNoteName);
+    addAccessibleName(kPasswordEdit, strings::kPasswordName);
 }
 
 void PasswordDialog::onInitDialog()

@@ -2,6 +2,7 @@
 
 #include "pages/SerialPortComboBox.h"
 #include "platform/core/ComPortNames.h"
+#include "platform/core/Strings.h"
 
 #include <QDesktopServices>
 #include <QPushButton>
@@ -38,10 +39,10 @@ QWidget* SelectPortDialog::createControl(const QString& className, QWidget* pare
 
 void SelectPortDialog::setupTranslationMap()
 {
-    setTitleString(107);
-    addToTranslationMap(kPortLabel, 1010);
-    addToTranslationMap(kOkButton, 241);
-    addToTranslationMap(kCancelButton, 120);
+    setTitleString(strings::kSelectPort);
+    addToTranslationMap(kPortLabel, strings::kPortLabel);
+    addToTranslationMap(kOkButton, strings::kOk);
+    addToTranslationMap(kCancelButton, strings::kCancel);
 }
 
 void SelectPortDialog::onInitDialog()

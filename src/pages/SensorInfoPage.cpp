@@ -1,10 +1,9 @@
 #include "pages/SensorInfoPage.h"
 
 #include "link/SensorLink.h"
-#include "platform/core/DecimalText.h"
 #include "platform/core/HexText.h"
 #include "platform/core/LanguageStrings.h"
-#include "platform/core/Pacing.h"
+#include "platform/core/Strings.h"
 #include "sensor/ParameterCodec.h"
 #include "sensor/SensorTypes.h"
 
@@ -15,19 +14,9 @@
 
 namespace pelorin {
 
-using namespace std::chrono_literals;
-
 namespace {
 
 constexpr int kListControl = 1000;
-
-constexpr int kReadingText = 121;
-constexpr int kReadFailedText = 123;
-constexpr int kReadyText = 126;
-constexpr int kNotApplicableText = 152;
-constexpr int kListNameText = 1020;
-
-constexpr auto kPauseBetweenReads = 100ms;
 
 struct Row
 {
@@ -38,23 +27,23 @@ struct Row
 
 constexpr std::array<Row, 18> kRows = {{
     {'D', 0},
-    {'D', 0, 127}, // measurement direction and mode
-    {'D', 0, 133}, // multiplier
-    {'A', 141},    // mm
-    {'L', 141},
-    {'D', 146, 176}, // error skip count
+    {'D', 0, strings::kMeasurementMode},
+    {'D', 0, strings::kMultiplier},
+    {'A', strings::kMillimetres},
+    {'L', strings::kMillimetres},
+    {'D', strings::kHexadecimal, strings::kErrorSkipCount},
     {0, 0},
     {'F', 0},
     {'V', 0},
-    {'U', 144},
-    {'S', 146},
-    {'P', 146},
-    {'Z', 146},
-    {'N', 146},
-    {'M', 146},
-    {'J', 146},
+    {'U', strings::kVelocityUnit},
+    {'S', strings::kHexadecimal},
+    {'P', strings::kHexadecimal},
+    {'Z', strings::kHexadecimal},
+    {'N', strings::kHexadecimal},
+    {'M', strings::kHexadecimal},
+    {'J', strings::kHexadecimal},
     {'K', 0},
-    {'O', 146},
+    {'O', strings::kHexadecimal},
 }};
 constexpr int kRowCount = static_cast<int>(kRows.size());
 
@@ -70,21 +59,23 @@ int labelOf(const Row& row)
 
 QString formatText(const DataFormat& format)
 {
-    return languageString(format.has(DataFormat::kGray) ? 124 : 125).arg(format.dataBits);
+    return languageString(format.has(DataFormat::kGray) ? strings::kBitsGray : strings::kBitsBinary)
+        .arg(format.dataBits);
 }
 
 QString modeText(const DataFormat& format)
 {
-    const int direction = format.has(DataFormat::kReverse) ? 128 : 129;
-    const int mode = format.has(DataFormat::kModeOne)  ? 130
-                     : format.has(DataFormat::kStream) ? 131
-                                                       : 132;
+    const int direction = format.has(DataFormat::kReverse) ? strings::kReverse : strings::kForward;
+    const int mode = format.has(DataFormat::kModeOne)  ? strings::kSynchronous
+                     : format.has(DataFormat::kStream) ? strings::kPositionStream
+                                                       : strings::kAsynchronous;
     return languageString(direction) + QStringLiteral(", ") + languageString(mode);
 }
 
 QString multiplierText(const DataFormat& format)
 {
-    constexpr std::array kTexts = {137, 135, 136, 134};
+    constexpr std::array kTexts = {strings::kTimesOne, strings::kTimesTwo, strings::kTimesFour,
+                                   strings::kTimesEight};
     return languageString(kTexts[(format.flags & DataFormat::kMultiplierMask) / std::size_t{0x40}]);
 }
 
@@ -107,14 +98,21 @@ QString choiceText(qint32 value, const std::array<int, 3>& texts, int otherText)
 QString extensionText(const QByteArray& reply)
 {
     const Extension extension = Extension::decode(reply);
-    return QStringList{choiceText(extension.magnets, {160, 155, 156}, 160),
-                       choiceText(extension.mode, {157, 158, 159}, 161),
-                       choiceText(extension.extension, {162, 163, 164}, 165)}
+    return QStringList{
+        choiceText(extension.magnets,
+                   {strings::kUnknownMagnets, strings::kOneMagnet, strings::kTwoMagnets},
+                   strings::kUnknownMagnets),
+        choiceText(extension.mode,
+                   {strings::kNormalOutput, strings::kDifferentialPosition, strings::kVelocity},
+                   strings::kUnknownOutput),
+        choiceText(extension.extension,
+                   {strings::kNoExtension, strings::kParity, strings::kTemperature},
+                   strings::kUnknownExtension)}
         .join(QStringLiteral(", "));
 }
 
 /// The value shown for a parameter that fills one row.
-QString valueText(char id, const QByteArray& reply)
+QString shownText(char id, const QByteArray& reply)
 {
     switch (id) {
     case 'A':
@@ -151,7 +149,7 @@ SensorInfoPage::SensorInfoPage() : SensorPage(QStringLiteral("DLG_PELORIN_SENSOR
 
 void SensorInfoPage::setupTranslationMap()
 {
-    addAccessibleName(kListControl, kListNameText);
+    addAccessibleName(kListControl, strings::kSensorValuesName);
 }
 
 void SensorInfoPage::onInitDialog()
@@ -172,42 +170,23 @@ void SensorInfoPage::translate()
 
 void SensorInfoPage::getCurrentValues()
 {
-    showBusy(1);
     m_replies.clear();
     m_type = &sensorType(link().ssiType());
     m_allRead = false;
     renderValues();
-    m_readStep = 0;
-    setStatusText(kReadingText);
-    beginSequence();
-    requestRead(readParameterId());
+    (void)start(readPlan(m_type->information), strings::kReading);
 }
 
-char SensorInfoPage::readParameterId() const
+void SensorInfoPage::showReadValue(const Reply& reply)
 {
-    return m_type->information[m_readStep];
+    m_replies.insert(reply.id, reply.text);
+    renderValue(reply.id);
 }
 
-void SensorInfoPage::onLinkReply(int result)
+void SensorInfoPage::planEnded(const Outcome& outcome)
 {
-    const char id = readParameterId();
-    if (result == 1) {
-        m_replies.insert(id, link().lastReply());
-        renderValue(id);
-        if (++m_readStep < m_type->information.size()) {
-            Pacing::sleep(kPauseBetweenReads);
-            requestRead(readParameterId());
-        } else {
-            m_allRead = true;
-            renderValues();
-            setStatusText(kReadyText);
-            showBusy(0);
-        }
-    } else {
-        showBusy(0);
-        setStatusText(kReadFailedText, {parameterArgument(id)});
-    }
-    postLinkResult(result);
+    m_allRead = outcome.isDone();
+    renderValues();
 }
 
 void SensorInfoPage::renderValues()
@@ -215,7 +194,7 @@ void SensorInfoPage::renderValues()
     for (int row = 0; row < kRowCount; ++row) {
         const char id = kRows[static_cast<std::size_t>(row)].parameter;
         const bool missing = m_allRead && id != 0 && !m_type->has(id);
-        m_table.setValue(row, missing ? languageString(kNotApplicableText) : QString());
+        m_table.setValue(row, missing ? languageString(strings::kNotApplicable) : QString());
     }
     for (auto reply = m_replies.keyBegin(); reply != m_replies.keyEnd(); ++reply)
         renderValue(*reply);
@@ -225,7 +204,7 @@ void SensorInfoPage::renderValue(char id)
 {
     const QByteArray reply = m_replies.value(id);
     if (id != 'D') {
-        m_table.setValue(rowOf(id), valueText(id, reply));
+        m_table.setValue(rowOf(id), shownText(id, reply));
         return;
     }
     const DataFormat format = DataFormat::decode(reply);

@@ -25,15 +25,14 @@ protected:
     void setupTranslationMap() override;
     void onInitDialog() override;
     void translate() override;
-    void onLinkReply(int result) override;
+    void showReadValue(const Reply& reply) override;
+    void planEnded(const Outcome& outcome) override;
 
 private:
-    [[nodiscard]] char readParameterId() const;
     void renderValue(char id);
     void renderValues();
 
     ParameterTable m_table;
-    std::size_t m_readStep = 0;
     QHash<char, QByteArray> m_replies;  ///< what has been read since the page was last shown
     const SensorType* m_type = nullptr; ///< of the sensor that is read
     bool m_allRead = false;

@@ -1,14 +1,17 @@
 #include "pages/SensorPage.h"
 
-#include "link/SensorLink.h"
 #include "platform/core/LanguageStrings.h"
 #include "platform/core/MessageNumbers.h"
-#include "sensor/ClosingCommand.h"
+#include "platform/core/Strings.h"
+#include "platform/core/WindowMessage.h"
+#include "sensor/FailureText.h"
+#include "sensor/SequenceRunner.h"
 
 #include <QComboBox>
 #include <QCoreApplication>
 #include <QEvent>
 
+#include <algorithm>
 #include <utility>
 
 namespace pelorin {
@@ -17,76 +20,54 @@ SensorPage::SensorPage(QString formName) : m_formName(std::move(formName)) {}
 
 SensorPage::~SensorPage() = default;
 
-void SensorPage::makeDialog(QWidget* parent, SensorLink& link)
+void SensorPage::makeDialog(QWidget* parent, SequenceRunner& runner)
 {
     m_mainWindow = parent->window();
-    m_link = &link;
+    m_runner = &runner;
     createFromForm(m_formName, parent);
 }
 
-void SensorPage::takeLinkReply(RequestId request, int result)
+SensorLink& SensorPage::link() const
 {
-    if (request == 0 || request != m_outstanding)
-        return;
-    m_outstanding = 0;
-    onLinkReply(linkWasLost() ? 0 : result);
+    return m_runner->link();
 }
 
-void SensorPage::onLinkReply(int /*result*/) {}
+void SensorPage::showReadValue(const Reply& /*reply*/) {}
 
-bool SensorPage::releaseLink()
+void SensorPage::planEnded(const Outcome& /*outcome*/) {}
+
+bool SensorPage::start(Plan plan, int statusString)
 {
-    return false;
+    const bool writing =
+        std::any_of(plan.begin(), plan.end(), [](const Step& step) { return step.writes(); });
+    const bool begun = m_runner->start(
+        *this, std::move(plan),
+        {.reply =
+             [this](const Reply& reply) {
+                 showReadValue(reply);
+                 postLinkResult(1);
+             },
+         .ended = [this, writing](const Outcome& outcome) { finish(outcome, writing); }});
+    if (m_runner->isRunning(*this)) {
+        setStatusText(statusString);
+    } else if (!begun && m_runner->isConnectWanted()) {
+        setStatusText(strings::kConnecting);
+    }
+    return begun;
 }
 
-void SensorPage::sensorChanged() {}
-
-void SensorPage::linkLost() {}
-
-bool SensorPage::isWriting() const
+void SensorPage::finish(const Outcome& outcome, bool writing)
 {
-    return false;
-}
-
-void SensorPage::beginSequence()
-{
-    m_lossesAtStart = link().lossCount();
-}
-
-bool SensorPage::linkWasLost() const
-{
-    return link().lossCount() != m_lossesAtStart;
-}
-
-void SensorPage::requestConnect()
-{
-    m_outstanding = link().requestConnect();
-}
-
-void SensorPage::requestPosition()
-{
-    m_outstanding = link().requestPosition();
-}
-
-void SensorPage::requestRead(char id)
-{
-    m_outstanding = link().requestRead(id);
-}
-
-void SensorPage::requestWrite(char id, const QByteArray& value)
-{
-    m_outstanding = link().requestWrite(id, value);
-}
-
-bool SensorPage::sendClosingCommand()
-{
-    m_outstanding = requestClosingCommand(link());
-    return m_outstanding != 0;
-}
-
-void SensorPage::showBusy(int busy)
-{
-    post(WM_BUSY, static_cast<std::uintptr_t>(busy));
+    if (outcome.isDone()) {
+        setStatusText(strings::kReady);
+    } else if (outcome.kind == Outcome::Kind::StreamNotEnded) {
+        setStatusText(strings::kStreamNotEnded);
+    } else {
+        setStatusText(writing ? strings::kWriteFailed : strings::kReadFailed,
+                      {parameterArgument(outcome.parameter)});
+    }
+    postLinkResult(outcome.isDone() ? 1 : 0);
+    planEnded(outcome);
 }
 
 void SensorPage::postStatusText()
@@ -111,23 +92,16 @@ void SensorPage::setStatusText(int stringNumber, const QStringList& arguments)
 void SensorPage::clearStatusText()
 {
     m_statusString = 0;
+    m_statusArguments.clear();
     renderStatusText();
     postStatusText();
-}
-
-QString SensorPage::parameterArgument(char id)
-{
-    return QString::number(static_cast<unsigned char>(id));
 }
 
 void SensorPage::renderStatusText()
 {
     m_statusText = languageString(m_statusString);
-    if (m_statusArguments.size() == 1) {
+    if (m_statusArguments.size() == 1)
         m_statusText = m_statusText.arg(m_statusArguments[0]);
-    } else if (m_statusArguments.size() == 2) {
-        m_statusText = m_statusText.arg(m_statusArguments[0], m_statusArguments[1]);
-    }
 }
 
 void SensorPage::post(int message, std::uintptr_t wParam)

@@ -2,6 +2,7 @@
 
 #include "platform/core/ComPortNames.h"
 #include "platform/core/LanguageStrings.h"
+#include "platform/core/Strings.h"
 
 #include <QEvent>
 #include <QStringList>
@@ -19,8 +20,10 @@ QString comName(int port)
 QString description(const PresentPort& port)
 {
     QStringList details{port.shortName, port.description};
-    if (port.simulated)
-        details = {languageString(1000), port.shortName.section(QLatin1Char(':'), 1)};
+    if (port.simulated) {
+        details = {languageString(strings::kSimulated),
+                   port.shortName.section(QLatin1Char(':'), 1)};
+    }
     details.removeAll(QString());
     return comName(port.number) + QStringLiteral(" - ") + details.join(QStringLiteral(", "));
 }
@@ -35,7 +38,7 @@ void SerialPortComboBox::init()
     for (const PresentPort& port : ports)
         addItem(description(port), port.number);
     selectPort(selected);
-    setPlaceholderText(count() == 0 ? languageString(1019) : QString());
+    setPlaceholderText(count() == 0 ? languageString(strings::kNoPortPresent) : QString());
 }
 
 void SerialPortComboBox::selectPort(int port)

@@ -3,6 +3,7 @@
 #include "platform/core/DecimalText.h"
 #include "platform/core/HexText.h"
 #include "platform/core/LanguageStrings.h"
+#include "platform/core/Strings.h"
 #include "sensor/ParameterCodec.h"
 
 #include <algorithm>
@@ -12,18 +13,6 @@
 namespace pelorin {
 
 namespace {
-
-constexpr int kMissingText = 181;
-constexpr int kNotZeroToTwoText = 243;
-constexpr int kResolutionText = 1301;
-constexpr int kTooLongText = 1302;
-constexpr int kLengthText = 1303;
-constexpr int kDigitsText = 1304;
-constexpr int kMultiplierText = 1305;
-constexpr int kHexText = 1306;
-constexpr int kNumberText = 1307;
-constexpr int kCharactersText = 1308;
-constexpr int kMisreadText = 1309;
 
 constexpr int kFactoryTextWidth = 8;
 constexpr int kKindWidth = 2;
@@ -64,12 +53,12 @@ QString hexFault(const QString& text, quint32 maximum)
 {
     return isHexUpTo(text, maximum)
                ? QString()
-               : languageString(kHexText).arg(QString::number(maximum, 16).toUpper());
+               : languageString(strings::kHexRange).arg(QString::number(maximum, 16).toUpper());
 }
 
 QString numberText(double lowest, double highest, const char* format)
 {
-    return languageString(kNumberText)
+    return languageString(strings::kNumberRange)
         .arg(QString::asprintf(format, lowest), QString::asprintf(format, highest));
 }
 
@@ -83,13 +72,13 @@ QString gradientFault(const QString& text, double resolutionMm)
 
 QString lengthFault(const QString& text, int maximum)
 {
-    return text.size() > maximum ? languageString(kTooLongText).arg(maximum) : QString();
+    return text.size() > maximum ? languageString(strings::kTooLong).arg(maximum) : QString();
 }
 
 QString strokeFault(const QString& text)
 {
     if (!isDigits(text))
-        return languageString(kDigitsText);
+        return languageString(strings::kDigitsOnly);
     if (text.size() > kStrokeMaximumWidth)
         return lengthFault(text, kStrokeMaximumWidth);
     return text.toInt() <= kLongestStroke ? QString() : numberText(0, kLongestStroke, "%.0f");
@@ -164,15 +153,16 @@ FactoryParameters::Fault FactoryParameters::findFault(const Texts& entries, int 
 {
     for (const char id : kBaseOfWrites) {
         const QByteArray reply = m_replies.value(id);
-        if (m_replies.contains(id) && !isWellFormed(id, reply))
-            return {languageString(kMisreadText)
+        if (m_replies.contains(id) && !isWellFormed(id, reply)) {
+            return {languageString(strings::kMisread)
                         .arg(QString(QLatin1Char(id)), QString::fromLatin1(reply))};
+        }
     }
     if (resolutionMm() <= 0)
-        return {languageString(kResolutionText)};
+        return {languageString(strings::kNoResolution)};
     for (int row = 0; row < rowCount; ++row) {
         if (at(entries, row).isEmpty())
-            return {languageString(kMissingText), row};
+            return {languageString(strings::kValueMissing), row};
     }
     for (int row = 0; row < rowCount; ++row) {
         if (const QString message = faultOf(row, entries); !message.isNull())
@@ -185,25 +175,26 @@ QString FactoryParameters::faultOf(int row, const Texts& entries) const
 {
     const QString text = at(entries, row);
     if (!isPrintableAscii(text))
-        return languageString(kCharactersText);
+        return languageString(strings::kCharactersOnly);
     switch (row) {
     case FactoryText:
     case FactoryTextP:
         return lengthFault(text, kFactoryTextWidth);
     case SensorKind:
-        return text.size() == kKindWidth ? QString() : languageString(kLengthText).arg(kKindWidth);
+        return text.size() == kKindWidth ? QString()
+                                         : languageString(strings::kExactLength).arg(kKindWidth);
     case Stroke:
         return strokeFault(text);
     case Gradient:
         return gradientFault(text, resolutionMm());
     case Multiplier:
-        return multiplierBits(text) ? QString() : languageString(kMultiplierText);
+        return multiplierBits(text) ? QString() : languageString(strings::kMultiplierValues);
     case Offset:
         return offsetFault(text, resolutionMm(), multiplierOf(at(entries, Multiplier)));
     case CycleSuffix:
         return hexFault(text, kSuffixMaximum);
     case FactoryJ:
-        return isHexUpTo(text, kJMaximum) ? QString() : languageString(kNotZeroToTwoText);
+        return isHexUpTo(text, kJMaximum) ? QString() : languageString(strings::kZeroToTwo);
     default:
         return hexFault(text, kOMaximum);
     }

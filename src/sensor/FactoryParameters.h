@@ -37,6 +37,9 @@ public:
     /// Takes the answer to the read of a parameter. 'A' has to come before 'N'.
     void take(char id, const QByteArray& reply) { m_replies.insert(id, reply); }
 
+    /// The answer to the read of a parameter; empty if it was not read.
+    [[nodiscard]] QByteArray reply(char id) const { return m_replies.value(id); }
+
     /// A row as it was read; empty if it was not.
     [[nodiscard]] QString text(int row) const;
 

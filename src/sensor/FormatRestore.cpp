@@ -1,10 +1,11 @@
 #include "sensor/FormatRestore.h"
 
 #include "link/SensorLink.h"
-#include "platform/core/Pacing.h"
-#include "sensor/ClosingCommand.h"
+#include "platform/core/ComPortNames.h"
 #include "sensor/ParameterCodec.h"
+#include "sensor/SensorTypes.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace pelorin {
@@ -14,24 +15,8 @@ using namespace std::chrono_literals;
 namespace {
 
 constexpr auto kWriteTime = 250ms;
-constexpr auto kStoreTime = 2500ms;
-
-/// The group of all formats kept for one sensor.
-QString sensorGroup(int port, const QByteArray& version)
-{
-    return QStringLiteral("COM%1/%2")
-        .arg(QString::number(port), QString::fromLatin1(version.toHex()));
-}
-
-QString keyOf(int port, const QByteArray& version, const QByteArray& streaming)
-{
-    return sensorGroup(port, version) + QLatin1Char('/') + QString::fromLatin1(streaming);
-}
-
-QString keyOf(const SavedFormat& format)
-{
-    return keyOf(format.port, format.version, format.streaming);
-}
+constexpr auto kRestoreTime = 2500ms;
+constexpr int kAttempts = 3;
 
 } // namespace
 
@@ -49,84 +34,156 @@ QByteArray streamingFormat(const QByteArray& digits)
     return format.encode();
 }
 
-FormatRestore::FormatRestore(const QString& fileName) : m_kept(fileName, QSettings::IniFormat) {}
-
-QString FormatRestore::usersFile()
+FormatRestore::FormatRestore(SequenceRunner& runner, KeptFormats& formats)
+    : m_runner(runner), m_formats(formats)
 {
-    return QSettings(QSettings::IniFormat, QSettings::UserScope, QStringLiteral("Korvex Systems"),
-                     QStringLiteral("PelorinFormats"))
-        .fileName();
 }
 
-void FormatRestore::keep(const SavedFormat& format)
+QList<KeptFormat> FormatRestore::keptForSensor() const
 {
-    m_kept.setValue(keyOf(format), QString::fromLatin1(format.own));
-    m_kept.sync(); // where it cannot be stored it is kept for this run
+    const SensorLink& link = m_runner.link();
+    return m_formats.of(ComPortNames::stableName(link.device()), link.versionText());
 }
 
-void FormatRestore::drop(const SavedFormat& format)
+QByteArray FormatRestore::ownFormat(const QByteArray& digits) const
 {
-    m_kept.remove(keyOf(format));
-    m_kept.sync();
-}
-
-bool FormatRestore::isKept(const SavedFormat& format) const
-{
-    return m_kept.contains(keyOf(format));
-}
-
-/// What is kept for the sensor that is connected and has answered this format; nothing also if the
-/// file was changed by somebody else.
-std::optional<QByteArray> FormatRestore::keptFor(const SensorLink& link,
-                                                 const QByteArray& digits) const
-{
-    const QString key = keyOf(link.portNumber(), link.versionText(), digits);
-    auto own = formatDigits(m_kept.value(key).toString().toLatin1());
-    return own && streamingFormat(*own) == digits ? own : std::nullopt;
-}
-
-QByteArray FormatRestore::ownFormat(const SensorLink& link, const QByteArray& digits) const
-{
-    return keptFor(link, digits).value_or(digits);
-}
-
-RequestId FormatRestore::begin(SensorLink& link)
-{
-    m_kept.beginGroup(sensorGroup(link.portNumber(), link.versionText()));
-    const bool concerned = !m_kept.childKeys().isEmpty();
-    m_kept.endGroup();
-    if (!concerned || !link.isIdentified())
-        return 0;
-    m_step = Step::ReadFormat;
-    m_lossesAtStart = link.lossCount();
-    return link.requestRead('D');
-}
-
-RequestId FormatRestore::next(SensorLink& link, int result)
-{
-    const Step done = std::exchange(m_step, Step::Idle);
-    if (result != 1 || link.lossCount() != m_lossesAtStart)
-        return 0; // what was not written back stays kept
-
-    if (done == Step::ReadFormat) {
-        const QByteArray found = formatDigits(link.lastReply()).value_or(QByteArray());
-        const auto own = keptFor(link, found);
-        if (!own)
-            return 0;
-        m_current = {link.portNumber(), link.versionText(), *own, found};
-        m_step = Step::WriteFormat;
-        return link.requestWrite('D', m_current.own);
+    for (const KeptFormat& kept : keptForSensor()) {
+        if (kept.streaming == digits)
+            return kept.own;
     }
-    if (done == Step::WriteFormat) {
-        Pacing::sleep(kWriteTime);
-        m_step = Step::Close;
-        return requestClosingCommand(link);
+    return digits;
+}
+
+bool FormatRestore::isRestoreOpen() const
+{
+    const auto kept = keptForSensor();
+    return std::any_of(kept.begin(), kept.end(),
+                       [](const auto& format) { return !format.readBack; });
+}
+
+bool FormatRestore::isStreamingFormat(const QByteArray& reply) const
+{
+    const auto digits = formatDigits(reply);
+    return digits && ownFormat(*digits) != *digits;
+}
+
+void FormatRestore::begin(QObject& owner, std::function<void(Result)> done,
+                          const std::optional<KeptFormat>& own)
+{
+    m_own = own;
+    if (!m_runner.link().isIdentified() || candidates().isEmpty()) {
+        done(Result::NothingKept);
+        return;
     }
-    if (done == Step::Close) {
-        Pacing::sleep(kStoreTime);
-        drop(m_current);
+    m_owner = &owner;
+    m_done = std::move(done);
+    m_reads = 0;
+    m_writes = 0;
+    readFormat();
+}
+
+QList<KeptFormat> FormatRestore::candidates() const
+{
+    QList<KeptFormat> formats = keptForSensor();
+    const auto isOwn = [this](const KeptFormat& kept) {
+        return kept.streaming == m_own->streaming;
+    };
+    if (m_own && m_own->version == m_runner.link().versionText() &&
+        std::none_of(formats.begin(), formats.end(), isOwn))
+        formats << *m_own;
+    return formats;
+}
+
+void FormatRestore::readFormat()
+{
+    run(readPlan("D"), [this](const Outcome& outcome) { decide(outcome); });
+}
+
+void FormatRestore::decide(const Outcome& outcome)
+{
+    if (!m_answered) {
+        if (mayTryAgain(outcome, m_reads)) {
+            readFormat();
+        } else {
+            finish(Result::NotRead);
+        }
+        return;
     }
-    return 0;
+    auto result = Result::NothingKept;
+    for (const KeptFormat& kept : candidates()) {
+        // Another sensor can have the same format: what was not yet read back stays kept.
+        const bool concerned = kept.readBack || (m_own && m_own->streaming == kept.streaming);
+        if (kept.own == *m_answered && concerned) {
+            noteRestored(kept, m_runner.link().wasRestarted());
+            result = Result::Restored;
+        } else if (kept.streaming == *m_answered) {
+            writeBack(kept);
+            return;
+        }
+    }
+    finish(result);
+}
+
+void FormatRestore::writeBack(const KeptFormat& format)
+{
+    KeptFormat unstored = format; // the sensor shows that it has not kept what was written back
+    if (std::exchange(unstored.readBack, false))
+        (void)m_formats.keep(unstored); // it is kept in any case
+    Plan plan = writePlan("D", {{'D', format.own}}, sensorType(m_runner.link().ssiType()).closing,
+                          kRestoreTime);
+    plan.front().pauseAfter = kWriteTime;
+    plan.push_back({.kind = Step::Kind::Read, .id = 'D'});
+    run(plan, [this, unstored](const Outcome& outcome) { check(unstored, outcome); });
+}
+
+/// Only a restart shows what the sensor has stored; until then the format stays kept.
+void FormatRestore::noteRestored(const KeptFormat& format, bool stored)
+{
+    if (stored) {
+        (void)m_formats.drop(format); // what cannot be dropped is found the next time
+        return;
+    }
+    KeptFormat noted = format;
+    noted.readBack = true;
+    (void)m_formats.keep(noted); // where it cannot be noted the user is told once too often
+}
+
+void FormatRestore::check(const KeptFormat& format, const Outcome& outcome)
+{
+    if (m_answered == format.own) {
+        noteRestored(format, false);
+        finish(Result::Restored);
+    } else if (mayTryAgain(outcome, m_writes)) {
+        writeBack(format);
+    } else {
+        finish(Result::NotRestored);
+    }
+}
+
+bool FormatRestore::mayTryAgain(const Outcome& outcome, int& attempts)
+{
+    const bool lasting =
+        outcome.kind == Outcome::Kind::Lost || outcome.kind == Outcome::Kind::Abandoned;
+    return !lasting && ++attempts < kAttempts;
+}
+
+void FormatRestore::run(Plan plan, std::function<void(const Outcome&)> ended)
+{
+    m_answered.reset();
+    const bool begun =
+        m_owner &&
+        m_runner.start(
+            *m_owner, std::move(plan),
+            {.reply = [this](const Reply& reply) { m_answered = formatDigits(reply.text); },
+             .ended = std::move(ended)});
+    if (!begun)
+        finish(Result::NotRestored);
+}
+
+void FormatRestore::finish(Result result)
+{
+    if (m_owner)
+        std::exchange(m_done, {})(result);
 }
 
 } // namespace pelorin

@@ -1,76 +1,80 @@
 #pragma once
 
-#include "platform/core/WindowMessage.h"
+#include "sensor/KeptFormats.h"
+#include "sensor/Plan.h"
+#include "sensor/SequenceRunner.h"
 
 #include <QByteArray>
-#include <QSettings>
-#include <QString>
+#include <QObject>
 
+#include <functional>
 #include <optional>
 
 namespace pelorin {
 
-class SensorLink;
-
-/// A sensor's own data format ('D') while the sensor carries the streaming one.
-struct SavedFormat
-{
-    int port = 0;         ///< where the sensor was connected
-    QByteArray version;   ///< its version answer
-    QByteArray own;       ///< what it had, and must have again: six hexadecimal digits
-    QByteArray streaming; ///< what was written instead
-
-    bool operator==(const SavedFormat&) const = default;
-};
-
-/// The six digits of a data format that a sensor has answered; nothing if the answer is another
-/// text.
+/// The six digits of a data format that a sensor has answered; nothing if the answer is none.
 [[nodiscard]] std::optional<QByteArray> formatDigits(const QByteArray& reply);
 
 /// The data format with which a sensor streams its position, and is as before otherwise.
 /// @param digits six hexadecimal digits
 [[nodiscard]] QByteArray streamingFormat(const QByteArray& digits);
 
-/// Keeps the own data formats of sensors that carry the streaming one, and writes them back. They
-/// outlast the program, since a sensor can be unplugged and a computer can fail at any time. A
-/// format goes only to a sensor on the same port that answers with the same version and still
-/// carries the streaming format. User-interface thread.
-class FormatRestore
+/// Writes the own data format back to a sensor that was left with the streaming one. Its format
+/// goes only to a sensor on the same device that answers with the same version and still carries
+/// the streaming format. What was written back is read; that the sensor has stored it, only the
+/// next restart shows. User-interface thread.
+class FormatRestore final : public QObject
 {
 public:
-    /// @param fileName where the formats are kept
-    explicit FormatRestore(const QString& fileName = usersFile());
+    enum class Result {
+        NothingKept,
+        Restored, ///< written back and read, or the sensor has it already
+        NotRead,  ///< its format could not be read: nobody knows which one it has
+        NotRestored
+    };
 
-    /// "Korvex Systems/PelorinFormats.ini" in the user's configuration folder.
-    [[nodiscard]] static QString usersFile();
+    /// Both outlive this.
+    FormatRestore(SequenceRunner& runner, KeptFormats& formats);
 
-    /// Keeps a format until it is written back or dropped. Before the streaming format is written.
-    void keep(const SavedFormat& format);
-    void drop(const SavedFormat& format);
-    [[nodiscard]] bool isKept(const SavedFormat& format) const;
+    /// Looks after the sensor that has just been restarted, connected and identified.
+    /// @param owner of the plans; done is called at once where nothing is kept for the sensor
+    /// @param own a format that was kept for it in this run: whatever became of its file meanwhile
+    void begin(QObject& owner, std::function<void(Result)> done,
+               const std::optional<KeptFormat>& own = std::nullopt);
 
-    /// The own format of the sensor that is connected and has answered this format: another one
-    /// if it still carries a streaming format of ours.
-    [[nodiscard]] QByteArray ownFormat(const SensorLink& link, const QByteArray& digits) const;
+    /// The own format of the connected sensor, which has answered this one: another one if that is
+    /// a streaming format of ours.
+    [[nodiscard]] QByteArray ownFormat(const QByteArray& digits) const;
 
-    /// Begins to write back what belongs to the sensor that is connected.
-    /// @return the first request, whose result goes to next; 0 if nothing is kept for it
-    [[nodiscard]] RequestId begin(SensorLink& link);
+    /// Whether a data format that the connected sensor has answered is a streaming one that still
+    /// has to be replaced by its own.
+    [[nodiscard]] bool isStreamingFormat(const QByteArray& reply) const;
 
-    /// Goes on with the result of the last request. Blocks for the time that the sensor needs.
-    /// @return the next request, 0 at the end
-    [[nodiscard]] RequestId next(SensorLink& link, int result);
+    /// Whether something is kept for the connected sensor that it was not yet seen to have again.
+    [[nodiscard]] bool isRestoreOpen() const;
+
+    /// What is kept for the connected sensor.
+    [[nodiscard]] QList<KeptFormat> keptForSensor() const;
 
 private:
-    [[nodiscard]] std::optional<QByteArray> keptFor(const SensorLink& link,
-                                                    const QByteArray& digits) const;
+    void readFormat();
+    void decide(const Outcome& outcome);
+    void writeBack(const KeptFormat& format);
+    void check(const KeptFormat& format, const Outcome& outcome);
+    void noteRestored(const KeptFormat& format, bool stored);
+    void finish(Result result);
+    [[nodiscard]] QList<KeptFormat> candidates() const;
+    [[nodiscard]] static bool mayTryAgain(const Outcome& outcome, int& attempts);
+    void run(Plan plan, std::function<void(const Outcome&)> ended);
 
-    enum class Step { Idle, ReadFormat, WriteFormat, Close };
-
-    QSettings m_kept;
-    SavedFormat m_current; ///< what is being written back
-    Step m_step = Step::Idle;
-    int m_lossesAtStart = 0;
+    SequenceRunner& m_runner;
+    KeptFormats& m_formats;
+    QPointer<QObject> m_owner;
+    std::function<void(Result)> m_done;
+    std::optional<KeptFormat> m_own;
+    int m_reads = 0;
+    int m_writes = 0;
+    std::optional<QByteArray> m_answered; ///< digits that the sensor has last answered
 };
 
 } // namespace pelorin

@@ -30,7 +30,7 @@ void OutputSettings::decode(char id, const QByteArray& reply)
     }
 }
 
-std::optional<QByteArray> OutputSettings::encode(char id) const
+std::optional<QByteArray> OutputSettings::composeWriteValue(char id) const
 {
     switch (id) {
     case 'D':

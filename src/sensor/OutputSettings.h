@@ -2,6 +2,8 @@
 
 #include "sensor/ParameterCodec.h"
 
+#include <optional>
+
 namespace pelorin {
 
 /// What shapes a sensor's SSI output: read from its parameters, and written back to them.
@@ -20,7 +22,7 @@ struct OutputSettings
     void decode(char id, const QByteArray& reply);
 
     /// The text to write; nothing if it cannot carry the value.
-    [[nodiscard]] std::optional<QByteArray> encode(char id) const;
+    [[nodiscard]] std::optional<QByteArray> composeWriteValue(char id) const;
 };
 
 } // namespace pelorin

@@ -36,12 +36,6 @@ bool isDigits(QByteArrayView text)
     });
 }
 
-bool isPrintable(QByteArrayView text)
-{
-    return std::all_of(text.begin(), text.end(),
-                       [](char character) { return character >= ' ' && character <= '~'; });
-}
-
 bool isBlanksAndDigits(QByteArrayView text)
 {
     const auto digits =
@@ -71,6 +65,12 @@ constexpr std::array<ReplyForm, 5> kReplyForms = {{{"AU", isBlanksAndDigits, 1, 
                                                    {"FPV", isPrintable, 6, 8}}};
 
 } // namespace
+
+bool isPrintable(QByteArrayView text)
+{
+    return std::all_of(text.begin(), text.end(),
+                       [](char character) { return character >= ' ' && character <= '~'; });
+}
 
 bool isWellFormed(char id, const QByteArray& reply)
 {

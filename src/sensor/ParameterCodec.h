@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QByteArrayView>
 
 #include <optional>
 
@@ -9,6 +10,9 @@ namespace pelorin {
 /// What several pages decode from the sensor's parameter texts and encode into them alike. Plain
 /// functions, independent of any locale. A reply's text that is too short reads as zeros; a value
 /// that its text cannot carry is not encoded.
+
+/// Whether a text is printable ASCII, blanks included.
+[[nodiscard]] bool isPrintable(QByteArrayView text);
 
 /// Whether a reply is wholly a value of its parameter. A reply that was disturbed on the line may
 /// still be decoded, to another value: nothing that follows from it may be written.

@@ -1,8 +1,11 @@
 #include "sensor/SensorTypes.h"
 
 #include "link/SensorIdentification.h"
+#include "platform/core/Strings.h"
 
+#include <algorithm>
 #include <array>
+#include <utility>
 
 namespace pelorin {
 
@@ -40,6 +43,23 @@ constexpr std::array<SensorType, kSsiTypeCount + 1> kTypes = {{
      .closing = 0},
 }};
 
+constexpr std::array<std::pair<char, int>, 14> kNames = {{
+    {'D', strings::kDataFormat},
+    {'A', strings::kResolution},
+    {'L', strings::kStrokeLength},
+    {'F', strings::kFactoryText},
+    {'V', strings::kFirmwareVersion},
+    {'U', strings::kPulseVelocity},
+    {'S', strings::kScaleFactor},
+    {'P', strings::kFactoryTextP},
+    {'Z', strings::kCycleCodeZ},
+    {'N', strings::kOffset},
+    {'M', strings::kCycleCodeM},
+    {'J', strings::kFactoryValueJ},
+    {'K', strings::kAdvancedSetup},
+    {'O', strings::kFactoryValueO},
+}};
+
 } // namespace
 
 const SensorType& sensorType(int ssiType)
@@ -50,12 +70,9 @@ const SensorType& sensorType(int ssiType)
 
 int parameterName(char id)
 {
-    constexpr std::string_view kIds = "DALFVUSPZNMJKO";
-    constexpr std::array kNames = {122, 140, 142, 138, 139, 143, 145,
-                                   147, 148, 149, 150, 151, 153, 154};
-    static_assert(kIds.size() == kNames.size());
-    const auto index = kIds.find(id);
-    return index < kNames.size() ? kNames[index] : 0;
+    const auto hasId = [id](const auto& name) { return name.first == id; };
+    const auto found = std::find_if(kNames.begin(), kNames.end(), hasId);
+    return found != kNames.end() ? found->second : 0;
 }
 
 } // namespace pelorin

@@ -2,6 +2,7 @@
 
 #include "platform/core/DecimalText.h"
 #include "platform/core/LanguageStrings.h"
+#include "platform/core/Strings.h"
 #include "platform/ui/CellEditor.h"
 #include "platform/ui/ColumnWidths.h"
 #include "platform/ui/FileChooser.h"
@@ -20,30 +21,24 @@ namespace pelorin {
 
 namespace {
 
+constexpr int kEnableBox = 1056;
+constexpr int kLookupCaption = 1057;
 constexpr int kLookupList = 1058;
+constexpr int kLookupToSensorButton = 1059;
 constexpr int kLookupToFileButton = 1060;
 constexpr int kLookupFromFileButton = 1061;
+constexpr int kArrayCaption = 1062;
 constexpr int kArrayList = 1063;
+constexpr int kArrayToSensorButton = 1067;
+constexpr int kArrayToFileButton = 1068;
+constexpr int kArrayFromFileButton = 1069;
 
 /// Controls that have no function yet.
-constexpr std::array kIdleControls = {1056, 1059, 1067, 1068, 1069};
+constexpr std::array kIdleControls = {kEnableBox, kLookupToSensorButton, kArrayToSensorButton,
+                                      kArrayToFileButton, kArrayFromFileButton};
 
-constexpr int kNotOpenedText = 192;
-constexpr int kFileFilterText = 257;
-constexpr int kNotATableText = 258;
-constexpr int kLookupNameText = 1022;
-constexpr int kArrayNameText = 1023;
-constexpr int kWriteToFileText = 1025;
-constexpr int kReadFromFileText = 1026;
-constexpr int kNotWrittenText = 1500;
-constexpr int kNotReadText = 1501;
-constexpr int kRowsIgnoredText = 1502;
-constexpr int kNoFunctionText = 1503;
-constexpr int kOtherThanTypedText = 1510;
-
-constexpr std::array kLookupHeaderTexts = {254, 255, 256};
-constexpr int kArrayRowText = 259;
-constexpr int kArrayColumnText = 260;
+constexpr std::array kLookupHeaderTexts = {strings::kLookupRow, strings::kLookupPoint,
+                                           strings::kLookupValue};
 
 constexpr int kRowCount = 10;
 constexpr int kRowPadding = 8; ///< room for the editor's frame
@@ -81,26 +76,7 @@ void setHeaders(QTableWidget& list, const QStringList& headers)
 QString chooseTable(QWidget* parent, int captionText, QFileDialog::AcceptMode acceptMode)
 {
     return chooseFile(parent, acceptMode, languageString(captionText),
-                      languageString(kFileFilterText), QStringLiteral("csv"));
-}
-
-/// Why a file was not written or read, in the user's words; empty if it was.
-QString messageOf(const LookupTableResult& result)
-{
-    using Outcome = LookupTableResult::Outcome;
-    switch (result.outcome) {
-    case Outcome::Done:
-        break;
-    case Outcome::NotOpened:
-        return languageString(kNotOpenedText).arg(result.path, QString::number(result.systemError));
-    case Outcome::NotWritten:
-        return languageString(kNotWrittenText).arg(result.path, result.reason());
-    case Outcome::NotRead:
-        return languageString(kNotReadText).arg(result.path, result.reason());
-    case Outcome::NotATable:
-        return languageString(kNotATableText);
-    }
-    return {};
+                      languageString(strings::kTableFileFilter), QStringLiteral("csv"));
 }
 
 } // namespace
@@ -109,17 +85,17 @@ TempCompDataPage::TempCompDataPage() : SensorPage(QStringLiteral("DLG_PELORIN_TE
 
 void TempCompDataPage::setupTranslationMap()
 {
-    addToTranslationMap(1056, 1021);
-    addToTranslationMap(1057, kLookupNameText);
-    addAccessibleName(kLookupList, kLookupNameText);
-    addToTranslationMap(1062, kArrayNameText);
-    addAccessibleName(kArrayList, kArrayNameText);
-    for (const int button : {1059, 1067})
-        addToTranslationMap(button, 1024);
-    for (const int button : {kLookupToFileButton, 1068})
-        addToTranslationMap(button, kWriteToFileText);
-    for (const int button : {kLookupFromFileButton, 1069})
-        addToTranslationMap(button, kReadFromFileText);
+    addToTranslationMap(kEnableBox, strings::kEnableCompensation);
+    addToTranslationMap(kLookupCaption, strings::kLookupTable);
+    addAccessibleName(kLookupList, strings::kLookupTable);
+    addToTranslationMap(kArrayCaption, strings::kCompensationArray);
+    addAccessibleName(kArrayList, strings::kCompensationArray);
+    for (const int button : {kLookupToSensorButton, kArrayToSensorButton})
+        addToTranslationMap(button, strings::kWriteToSensor);
+    for (const int button : {kLookupToFileButton, kArrayToFileButton})
+        addToTranslationMap(button, strings::kWriteToFile);
+    for (const int button : {kLookupFromFileButton, kArrayFromFileButton})
+        addToTranslationMap(button, strings::kReadFromFile);
 }
 
 void TempCompDataPage::onInitDialog()
@@ -151,39 +127,47 @@ void TempCompDataPage::translate()
         lookupHeaders << languageString(text);
     setHeaders(*m_lookupList, lookupHeaders);
 
-    QStringList arrayHeaders{languageString(kArrayRowText)};
+    QStringList arrayHeaders{languageString(strings::kArrayRow)};
     for (int column = 1; column < kArrayColumnCount; ++column)
-        arrayHeaders << languageString(kArrayColumnText).arg(column - 1);
+        arrayHeaders << languageString(strings::kArrayValue).arg(column - 1);
     setHeaders(*m_arrayList, arrayHeaders);
 
     for (const int control : kIdleControls)
-        getControl<QWidget>(control)->setToolTip(languageString(kNoFunctionText));
+        getControl<QWidget>(control)->setToolTip(languageString(strings::kNoFunction));
 }
 
 void TempCompDataPage::writeToFile()
 {
     m_editor->commit();
-    const QString path = chooseTable(window(), kWriteToFileText, QFileDialog::AcceptSave);
+    const QString path = chooseTable(window(), strings::kWriteToFile, QFileDialog::AcceptSave);
     if (path.isEmpty())
         return;
     const CompensationTable table = lookupTable();
-    const LookupTableResult result = writeLookupTableFile(path, table);
-    report(result);
+    const WholeFile::Outcome outcome = writeLookupTableFile(path, table);
+    if (!outcome.isDone()) {
+        warn(window(), outcome.message());
+        return;
+    }
     const QStringList cells = cellsOtherThanTyped(table);
-    if (result.outcome == LookupTableResult::Outcome::Done && !cells.isEmpty()) {
-        showMessage(languageString(kOtherThanTypedText) + QStringLiteral("\n\n") +
-                    cells.join(QLatin1Char('\n')));
+    if (!cells.isEmpty()) {
+        warn(window(), languageString(strings::kOtherThanTyped) + QStringLiteral("\n\n") +
+                           cells.join(QLatin1Char('\n')));
     }
 }
 
 void TempCompDataPage::readFromFile()
 {
-    const QString path = chooseTable(window(), kReadFromFileText, QFileDialog::AcceptOpen);
+    const QString path = chooseTable(window(), strings::kReadFromFile, QFileDialog::AcceptOpen);
     if (path.isEmpty())
         return;
-    CompensationTable table;
-    report(readLookupTableFile(path, table));
-    showLookupTable(table);
+    const auto [outcome, table] = readLookupTableFile(path);
+    if (!outcome.isDone()) {
+        warn(window(), outcome.message());
+    } else if (!table) {
+        warn(window(), languageString(strings::kNotATable));
+    } else {
+        showLookupTable(*table);
+    }
 }
 
 CompensationTable TempCompDataPage::lookupTable() const
@@ -206,9 +190,9 @@ void TempCompDataPage::showLookupTable(const CompensationTable& table)
         m_lookupList->item(row, kValueColumn)->setText(value);
     }
     if (entryCount > kRowCount) {
-        showMessage(languageString(kRowsIgnoredText)
-                        .arg(QString::number(entryCount), QString::number(kRowCount),
-                             QString::number(entryCount - kRowCount)));
+        warn(window(), languageString(strings::kRowsIgnored)
+                           .arg(QString::number(entryCount), QString::number(kRowCount),
+                                QString::number(entryCount - kRowCount)));
     }
 }
 
@@ -230,18 +214,6 @@ QStringList TempCompDataPage::cellsOtherThanTyped(const CompensationTable& writt
         }
     }
     return cells;
-}
-
-void TempCompDataPage::report(const LookupTableResult& result)
-{
-    const QString text = messageOf(result);
-    if (!text.isEmpty())
-        showMessage(text);
-}
-
-void TempCompDataPage::showMessage(const QString& text)
-{
-    (void)messageBox(window(), text, QMessageBox::Ok, QMessageBox::Warning);
 }
 
 } // namespace pelorin

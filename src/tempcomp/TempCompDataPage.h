@@ -8,7 +8,6 @@ class QTableWidget;
 namespace pelorin {
 
 class CellEditor;
-struct LookupTableResult;
 
 /// The two compensation tables, kept in the cells of their lists. The lookup table can be written
 /// to a file and read from one; the compensation array is on the screen only.
@@ -31,8 +30,6 @@ private:
     [[nodiscard]] CompensationTable lookupTable() const;
     void showLookupTable(const CompensationTable& table);
     [[nodiscard]] QStringList cellsOtherThanTyped(const CompensationTable& written) const;
-    void report(const LookupTableResult& result);
-    void showMessage(const QString& text);
 
     QTableWidget* m_lookupList = nullptr;
     QTableWidget* m_arrayList = nullptr;

@@ -1,6 +1,7 @@
 #include "tempcomp/TempCompPage.h"
 
 #include "platform/core/LanguageStrings.h"
+#include "platform/core/Strings.h"
 #include "tempcomp/TempCompDataPage.h"
 
 #include <QTabWidget>
@@ -10,8 +11,6 @@ namespace pelorin {
 namespace {
 
 constexpr int kTabControl = 1055;
-constexpr int kTablesText = 252;
-constexpr int kPageText = 253;
 
 } // namespace
 
@@ -19,21 +18,21 @@ TempCompPage::TempCompPage() : SensorPage(QStringLiteral("DLG_PELORIN_TEMPCOMP")
 
 void TempCompPage::setupTranslationMap()
 {
-    addAccessibleName(kTabControl, kPageText);
+    addAccessibleName(kTabControl, strings::kTemperatureCompensation);
 }
 
 void TempCompPage::onInitDialog()
 {
     m_tabs = getControl<QTabWidget>(kTabControl);
     auto* tables = new TempCompDataPage;
-    tables->makeDialog(m_tabs, link());
+    tables->makeDialog(m_tabs, runner());
     m_tabs->addTab(tables, QString());
 }
 
 void TempCompPage::translate()
 {
     SensorPage::translate();
-    m_tabs->setTabText(0, languageString(kTablesText));
+    m_tabs->setTabText(0, languageString(strings::kTables));
 }
 
 } // namespace pelorin

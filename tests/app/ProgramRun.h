@@ -77,13 +77,15 @@ public:
     /// Makes the application anew, which reads the settings.
     void restart() { app = std::make_unique<PelorinApp>(m_factory); }
 
-    /// As the program does it.
+    /// As the program does it. Returns when the port is open, or the user has given up.
     [[nodiscard]] bool start(const QString& commandLine = {})
     {
         TerminationSignals signals;
         QObject::connect(&signals, &TerminationSignals::received, app.get(),
                          &PelorinApp::requestClose);
-        return app->initInstance(commandLine);
+        const QSignalSpy closed(app.get(), &PelorinApp::closed);
+        return app->initInstance(commandLine) &&
+               QTest::qWaitFor([&] { return app->mainWindow() || !closed.isEmpty(); });
     }
 
     /// Ends the program. @return whether it has ended

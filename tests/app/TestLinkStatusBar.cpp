@@ -1,5 +1,6 @@
 #include "app/LinkStatusBar.h"
 
+#include "platform/core/LanguageStrings.h"
 #include "platform/core/Pacing.h"
 #include "support/Languages.h"
 
@@ -143,11 +144,12 @@ void TestLinkStatusBar::changeOfLanguageTranslatesPortAndLight()
 {
     m_bar->setPort(0);
     m_bar->showString(117);
-    m_bar->setExplanation(QStringLiteral("Bounds are missing."));
+    m_bar->setExplanation([] { return languageString(1030).arg(QStringLiteral("3A")); });
     m_bar->setLinkState(0);
     QVERIFY(becomes(Light::Gray));
     QCOMPARE(pane("portPane")->text(), QStringLiteral("No port"));
-    QCOMPARE(pane("messagePane")->accessibleDescription(), QStringLiteral("Bounds are missing."));
+    const QString english = pane("messagePane")->accessibleDescription();
+    QVERIFY(english.contains(QStringLiteral("revision 3A")));
     QCOMPARE(m_languages.loadLanguage(2), 1);
     m_bar->translate();
 
@@ -156,6 +158,10 @@ void TestLinkStatusBar::changeOfLanguageTranslatesPortAndLight()
     QVERIFY(pane("linkLight")->accessibleName() != QStringLiteral("Link light"));
     QCOMPARE(light(), Light::Gray); // of the blinking, as before
     QCOMPARE(m_bar->text(), QStringLiteral("Mit dem Sensor verbunden."));
+    const QString german = pane("messagePane")->toolTip();
+    QVERIFY(german != english && german.contains(QStringLiteral("3A")));
+    QCOMPARE(pane("messagePane")->accessibleDescription(), german);
+    m_bar->setExplanation(nullptr);
     m_bar->setText(QStringLiteral("A page's own text."));
     m_bar->setPort(12);
     m_bar->translate();

@@ -1,11 +1,17 @@
 #include "app/Commands.h"
 #include "pages/AboutDialog.h"
+#include "pages/OutputSetupPage.h"
 #include "pages/SensorInfoPage.h"
+#include "platform/core/Pacing.h"
 #include "platform/ui/MessageBox.h"
+#include "sensor/PositionStream.h"
+#include "support/FileDialogUser.h"
 #include "support/MainWindowRig.h"
 #include "support/ModalAnswer.h"
+#include "support/PortDecorator.h"
 
 #include <QAction>
+#include <QComboBox>
 #include <QElapsedTimer>
 #include <QLabel>
 #include <QListWidget>
@@ -15,10 +21,13 @@
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QTest>
+#include <QTimer>
+
+#include <algorithm>
+#include <chrono>
 
 using namespace pelorin;
-using test::MainWindowRig;
-using test::ModalAnswer;
+using namespace pelorin::test;
 
 namespace {
 
@@ -27,6 +36,40 @@ const QString kNotConnected = QStringLiteral("Red, blinking: not connected");
 
 const QByteArray kProductKey = "[HKEY_LOCAL_MACHINE\\SOFTWARE\\Korvex Systems\\Pelorin]\r\n";
 const QByteArray kManualPower = kProductKey + "\"ManualPowerMode\"=dword:00000001\r\n";
+
+/// How soon after a frame that writes the supply was switched off at the earliest.
+struct SupplyTimes
+{
+    std::chrono::steady_clock::time_point write; ///< of the last one
+    std::chrono::nanoseconds shortest = std::chrono::hours(1);
+};
+
+class TimedPort final : public PortDecorator
+{
+public:
+    TimedPort(std::unique_ptr<ComPort> port, SupplyTimes& times)
+        : PortDecorator(std::move(port)), m_times(times)
+    {
+    }
+
+    WriteResult write(std::string_view bytes) override
+    {
+        const WriteResult result = PortDecorator::write(bytes);
+        if (bytes.size() > 1 && bytes[1] == 'N')
+            m_times.write = std::chrono::steady_clock::now();
+        return result;
+    }
+    int setRts(bool on) override
+    {
+        if (on) // the supply is switched off
+            m_times.shortest =
+                std::min(m_times.shortest, std::chrono::steady_clock::now() - m_times.write);
+        return PortDecorator::setRts(on);
+    }
+
+private:
+    SupplyTimes& m_times; ///< used on the worker's thread, read when that has ended
+};
 
 /// The last frames of a write or a read that the sensor has understood.
 bool hasReceived(MainWindowRig& rig, const std::string& frame)
@@ -43,9 +86,11 @@ class TestMainWindow : public QObject
 
 private Q_SLOTS:
     void failedConnectShowsNoPage();
-    void missingBoundsAreExplained();
+    void unidentifiedSensorIsExplained_data();
+    void unidentifiedSensorIsExplained();
     void refreshWithoutAPageDoesNothing();
     void arrowKeysMoveAndEnterChooses();
+    void selectedRowIsThatOfTheShownPage();
     void busyKeepsInputAway();
     void storeCommandsAreWrittenAndConnectAgain();
     void storeCommandsAreGreyedForTypeOne();
@@ -53,9 +98,13 @@ private Q_SLOTS:
     void languageItemShowsEverythingInThatLanguage();
     void manualPowerModeAsksTheUser_data();
     void manualPowerModeAsksTheUser();
+    void manualPowerModeWaitsVisibly();
+    void keptFormatOfAnotherSensorIsToldAtTheStart();
     void closingSwitchesTheSupplyOff();
     void closingDuringAConnectEndsIt();
     void closingWaitsForAStoreCommand();
+    void closingSendsWhatWasBegunAndWaitsUntilItIsStored_data();
+    void closingSendsWhatWasBegunAndWaitsUntilItIsStored();
     void closingEndsAQuestionAndTheDialogThatAsks();
     void windowMayGoWhileTheWorkerPosts();
 };
@@ -76,22 +125,56 @@ void TestMainWindow::failedConnectShowsNoPage()
     QCOMPARE(rig.window().currentPage(), 0);
 }
 
-void TestMainWindow::missingBoundsAreExplained()
+void TestMainWindow::unidentifiedSensorIsExplained_data()
 {
-    MainWindowRig rig;
-    rig.settings().write(QByteArray());
-    rig.start();
-    QTRY_COMPARE(rig.lightText(), kNotConnected);
-    const auto* message = rig.window().findChild<QLabel*>(QStringLiteral("messagePane"));
-    QVERIFY(message->toolTip().startsWith(QStringLiteral("SSY Type: Unknown\n")));
-    QVERIFY(message->toolTip().contains(QStringLiteral("bounds")));
-    QVERIFY(rig.waitIdle());
+    QTest::addColumn<QByteArray>("settings");
+    QTest::addColumn<QByteArray>("bounds");
+    QTest::addColumn<QString>("words");
+    const QByteArray others =
+        "[HKEY_LOCAL_MACHINE\\SOFTWARE\\Korvex Systems\\Pelorin\\Firmware Rev "
+        "Bounds]\r\n\"Type0Low\"=dword:00000050\r\n"
+        "\"Type0High\"=dword:0000005f\r\n";
+    const QString revision = QStringLiteral("revision 3A");
+    const QString none = QStringLiteral("bounds");
+    QTest::newRow("other bounds") << QByteArray() << others << revision;
+    QTest::newRow("no bounds") << QByteArray() << QByteArray() << none;
+    QTest::newRow("other bounds, supply by hand") << kManualPower << others << revision;
+    QTest::newRow("no bounds, supply by hand") << kManualPower << QByteArray() << none;
+}
 
-    rig.settings().write(kSimulatedBounds);
-    QVERIFY(rig.clickCommand(kConnectCommand));
-    QTRY_COMPARE(rig.lightText(), kConnected);
+/// In every language, until another connect has shown something else.
+void TestMainWindow::unidentifiedSensorIsExplained()
+{
+    QFETCH(QByteArray, settings);
+    QFETCH(QByteArray, bounds);
+    QFETCH(QString, words);
+
+    const auto supply =
+        settings.isEmpty() ? SimulatedSensor::Supply::ByRts : SimulatedSensor::Supply::ByLineSpeed;
+    MainWindowRig rig({.type = 2, .supply = supply}, settings);
+    const FileDialogUser supplySwitched({}); // OK to both boxes
+    rig.settings().write(settings + bounds);
+    rig.start();
+    const auto* message = rig.window().findChild<QLabel*>(QStringLiteral("messagePane"));
+    const auto tip = [&] { return message->toolTip(); };
+    QTRY_VERIFY(tip().startsWith(QStringLiteral("SSY Type: Unknown\n")));
+    QVERIFY2(tip().contains(words), qPrintable(tip()));
+    QCOMPARE(tip().contains(QStringLiteral("3A")), !bounds.isEmpty());
     QVERIFY(rig.waitIdle());
-    QCOMPARE(message->toolTip(), QString());
+    const QString english = tip();
+    QVERIFY(rig.clickCommand(kFirstLanguageCommand + 1));
+    QTRY_VERIFY(tip() != english);
+    QVERIFY(tip().startsWith(QStringLiteral("SSY Type: Unknown\n")));
+    QCOMPARE(tip().contains(QStringLiteral("3A")), !bounds.isEmpty());
+
+    if (settings.isEmpty())
+        rig.settings().write(kSimulatedBounds);
+    else
+        rig.sensor().setFault({SimulatedFault::Kind::Silent});
+    QVERIFY(rig.clickCommand(kConnectCommand));
+    QTRY_COMPARE(tip(), QString());
+    QVERIFY(rig.waitIdle());
+    QCOMPARE(tip(), QString());
 }
 
 void TestMainWindow::refreshWithoutAPageDoesNothing()
@@ -124,6 +207,7 @@ void TestMainWindow::arrowKeysMoveAndEnterChooses()
         QTest::keyClick(&list, Qt::Key_Down);
         QCoreApplication::processEvents();
         QCOMPARE(list.currentRow(), 1);
+        QCOMPARE(list.selectedItems(), QList<QListWidgetItem*>{list.item(0)});
         QCOMPARE(rig.window().currentPage(), 0);
 
         QTest::keyClick(&list, key);
@@ -131,6 +215,35 @@ void TestMainWindow::arrowKeysMoveAndEnterChooses()
         QVERIFY(rig.waitIdle());
         QVERIFY(rig.choosePage(0));
     }
+}
+
+/// Whatever the list makes of drags and of clicks that end while the program is busy.
+void TestMainWindow::selectedRowIsThatOfTheShownPage()
+{
+    MainWindowRig rig;
+    QVERIFY(rig.startConnected());
+    auto& list = rig.pageList();
+    const auto middle = [&list](int row) { return list.visualItemRect(list.item(row)).center(); };
+    const auto selected = [&list] { return list.selectedItems(); };
+    const QList<QListWidgetItem*> shown{list.item(0)};
+
+    QTest::mousePress(list.viewport(), Qt::LeftButton, {}, middle(0));
+    QTest::mouseMove(list.viewport(), middle(2));
+    QTest::mouseMove(list.viewport(), middle(3));
+    QCOMPARE(selected(), shown);
+    QTest::mouseRelease(list.viewport(), Qt::LeftButton, {}, middle(3));
+    QVERIFY(rig.waitIdle());
+    QCOMPARE(selected(), QList<QListWidgetItem*>{list.item(rig.window().currentPage())});
+
+    QVERIFY(rig.window().currentPage() == 0 || rig.choosePage(0));
+    QTest::mousePress(list.viewport(), Qt::LeftButton, {}, middle(4));
+    QTest::keyClick(&rig.window(), Qt::Key_F5);
+    QCoreApplication::sendPostedEvents(&rig.window());
+    QVERIFY(rig.window().isBusy());
+    QTest::mouseRelease(list.viewport(), Qt::LeftButton, {}, middle(4));
+    QVERIFY(rig.waitIdle());
+    QCOMPARE(rig.window().currentPage(), 0);
+    QCOMPARE(selected(), shown);
 }
 
 void TestMainWindow::busyKeepsInputAway()
@@ -268,10 +381,11 @@ void TestMainWindow::closingDuringAConnectEndsIt()
     QTRY_VERIFY(rig.sensor().progFrames() > 0);
     QVERIFY(rig.window().isBusy());
 
+    const QSignalSpy closed(&rig.window(), &PelorinMainWindow::closed);
     rig.window().close();
-    QVERIFY(!rig.window().isVisible());
+    QTRY_COMPARE(closed.size(), 1);
     QCOMPARE(rig.sensor().mode(), SimulatedSensor::Mode::Off);
-    QCOMPARE(rig.link().open(MainWindowRig::kPort, 0), 1); // the worker has given the port back
+    QVERIFY(!rig.link().isOpen()); // the worker has given the port back
 }
 
 void TestMainWindow::closingWaitsForAStoreCommand()
@@ -290,6 +404,124 @@ void TestMainWindow::closingWaitsForAStoreCommand()
     QVERIFY(hasReceived(rig, "EN"));
     QCOMPARE(rig.sensor().mode(), SimulatedSensor::Mode::Off);
     QCOMPARE(rig.logged().count(QStringLiteral("SSI Type: 2")), 1); // no second connect
+}
+
+void TestMainWindow::closingSendsWhatWasBegunAndWaitsUntilItIsStored_data()
+{
+    QTest::addColumn<QByteArray>("frame");
+    QTest::newRow("an Apply, at its first write") << QByteArray("DN");
+    QTest::newRow("an Apply, at its closing command") << QByteArray("CN");
+    QTest::newRow("the position page, as its format is written") << QByteArray("DN position");
+    QTest::newRow("the position page, at the closing command") << QByteArray("CN position");
+}
+
+/// The window is closed when the sensor has got a frame.
+void TestMainWindow::closingSendsWhatWasBegunAndWaitsUntilItIsStored()
+{
+    QFETCH(QByteArray, frame);
+    MainWindowRig rig;
+    SupplyTimes times;
+    rig.wrapPorts([&times](std::unique_ptr<ComPort> port) {
+        return std::make_unique<TimedPort>(std::move(port), times);
+    });
+    Pacing::setSpeeds({10, 200, 1});
+    QVERIFY(rig.startConnected());
+    const bool position = frame.endsWith("position");
+    const std::string own = rig.sensor().parameter('D');
+    if (!position) {
+        QVERIFY(rig.choosePage(2));
+        QTest::keyClick(rig.page<OutputSetupPage>().getControl<QComboBox>(1006), Qt::Key_Home);
+    }
+    const QSignalSpy closed(&rig.window(), &PelorinMainWindow::closed);
+    (void)rig.frames();
+    if (position)
+        rig.clickPage(1);
+    else
+        QTest::mouseClick(rig.page<OutputSetupPage>().getControl<QPushButton>(1028),
+                          Qt::LeftButton);
+    QString sent;
+    QVERIFY(QTest::qWaitFor(
+        [&] { return (sent += rig.frames()).contains(QLatin1String(frame.left(2))); }));
+    rig.window().close();
+    QVERIFY(rig.window().isVisible());
+    QTRY_COMPARE_WITH_TIMEOUT(closed.size(), 1, 15'000);
+
+    QVERIFY2((sent += rig.frames()).contains(QStringLiteral("CN")), qPrintable(sent));
+    QCOMPARE(rig.sensor().mode(), SimulatedSensor::Mode::Off);
+    QCOMPARE(rig.sensor().parameter('D'), position ? own : std::string("480519"));
+    QVERIFY(rig.formats().all().isEmpty() || rig.formats().all().first().readBack);
+    QVERIFY2(times.shortest >= Pacing::pause(kStoreTime), "the sensor could not store");
+}
+
+/// What an earlier run could not write back.
+void TestMainWindow::keptFormatOfAnotherSensorIsToldAtTheStart()
+{
+    MainWindowRig rig;
+    const KeptFormat kept{QStringLiteral("/dev/elsewhere"), "3A0102", "020018", "060018"};
+    QVERIFY(rig.formats().keep(kept).isDone());
+    QStringList said;
+    // Try again; Forget and No; at the next connect nothing is told any more.
+    QStringList answers{QStringLiteral("Try again")};
+    QTimer user;
+    connect(&user, &QTimer::timeout, this, [&] {
+        auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        if (!box)
+            return;
+        said << box->text();
+        const QString wanted = answers.isEmpty() ? QString() : answers.takeFirst();
+        const auto buttons = box->buttons();
+        for (auto* button : buttons) {
+            if (button->text().remove(QLatin1Char('&')) == wanted)
+                return QTest::mouseClick(button, Qt::LeftButton);
+        }
+        box->close();
+    });
+    user.start(5);
+    QVERIFY(rig.startConnected());
+    QTRY_COMPARE(rig.logged().count(QStringLiteral("SSI Type: 2")), 2); // it was tried again
+    QVERIFY(rig.waitIdle());
+    QCOMPARE(said.size(), 1);
+    QVERIFY(said.first().contains(kept.device) && said.first().contains(QStringLiteral("020018")));
+    QCOMPARE(rig.formats().all().size(), 1);
+
+    for (const QString& sure : {QStringLiteral("No"), QStringLiteral("Yes")}) {
+        said.clear();
+        answers = {QStringLiteral("Forget"), sure};
+        rig.destroyWindow(); // and start the program once more
+        rig.start();
+        QTRY_COMPARE(said.size(), 2);
+        QVERIFY(rig.waitIdle());
+        QVERIFY(said.last().startsWith(QStringLiteral("Forget the data format 020018")));
+        QTRY_COMPARE(rig.formats().all().isEmpty(), sure == QLatin1String("Yes"));
+    }
+}
+
+/// While the user is told what to do, and the sensor gets the time to start, the program is busy.
+void TestMainWindow::manualPowerModeWaitsVisibly()
+{
+    MainWindowRig rig({.type = 2, .supply = SimulatedSensor::Supply::ByLineSpeed}, kManualPower);
+    Pacing::setSpeeds({2, 200, 1});
+    const FileDialogUser supplySwitched({}); // OK to both boxes
+    rig.start();
+    QTRY_COMPARE(supplySwitched.boxes().size(), 2);
+    QTRY_VERIFY(QGuiApplication::overrideCursor());
+    QCOMPARE(QGuiApplication::overrideCursor()->shape(), Qt::WaitCursor);
+    QVERIFY(!rig.frames().contains(QStringLiteral("VA"))); // the three seconds are not over
+    QTRY_VERIFY(rig.window().currentPage() == 0);
+    QVERIFY(rig.waitIdle());
+    QVERIFY(!QGuiApplication::overrideCursor());
+
+    // The request comes before the time in which the user switches, not behind it.
+    QElapsedTimer sinceAsked;
+    const QString wanted = QStringLiteral("Switch the sensor's supply off and on again now.");
+    QSignalSpy streaming(rig.window().findChild<PositionStream*>(), &PositionStream::streaming);
+    rig.clickPage(1);
+    QTRY_COMPARE(rig.statusText(), wanted);
+    sinceAsked.start();
+    QVERIFY(streaming.isEmpty());
+    QVERIFY(streaming.wait());
+    QVERIFY(sinceAsked.elapsed() > 500);
+    QTRY_COMPARE(rig.statusText(), QString());
 }
 
 void TestMainWindow::closingEndsAQuestionAndTheDialogThatAsks()

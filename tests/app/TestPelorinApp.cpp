@@ -12,6 +12,7 @@
 #include "simulator/SimulatedPorts.h"
 #include "simulator/SimulatedSensor.h"
 #include "support/FileContent.h"
+#include "support/FileSizeLimit.h"
 
 #include <QAction>
 #include <QDir>
@@ -146,6 +147,8 @@ private Q_SLOTS:
     void languageChosenHasItsHelpFileAndIsStored();
     void damagedFilesAreNamed_data();
     void damagedFilesAreNamed();
+    void profileThatCannotBeWrittenIsToldUnlessTheProgramMustEnd();
+    void profileThatCannotBeReadIsToldOnce();
     void endOfTheDesktopSessionClosesTheWindow();
     void signalEndsTheStartWhateverIsAsked_data();
     void signalEndsTheStartWhateverIsAsked();
@@ -357,6 +360,53 @@ void TestPelorinApp::damagedFilesAreNamed()
         QCOMPARE(contentOf(run.profilePath()), profileOf(port, 1));
         QCOMPARE(contentOf(run.profilePath() + QStringLiteral(".damaged")), profile);
     }
+}
+
+void TestPelorinApp::profileThatCannotBeWrittenIsToldUnlessTheProgramMustEnd()
+{
+    const QByteArray profile = "[Setup]\nCOMPort=7\n";
+    for (const bool mustEnd : {false, true}) {
+        // What asks the program to end while the box is shown closes it.
+        Run* current = nullptr;
+        bool wentByItself = false;
+        Run run(kSettings, profile, {[&](QDialog& dialog) {
+                    current->app->requestClose();
+                    wentByItself = !dialog.isVisible();
+                }});
+        current = &run;
+        QVERIFY(run.start());
+        const QString message =
+            QStringLiteral("The file %1 could not be written: File too large. A file of this name "
+                           "that was there before is unchanged.")
+                .arg(run.profilePath());
+        const FileSizeLimit limit(20);
+        const QSignalSpy closed(run.app.get(), &PelorinApp::closed);
+        if (mustEnd) {
+            run.app->requestClose();
+            QTest::ignoreMessage(QtWarningMsg, qPrintable(message));
+        } else {
+            run.app->mainWindow()->close();
+        }
+        QTRY_COMPARE(closed.size(), 1);
+        run.app->exitInstance();
+        QCOMPARE(run.user.heard(), mustEnd ? QStringList() : QStringList(message));
+        QCOMPARE(wentByItself, !mustEnd);
+        QCOMPARE(contentOf(run.profilePath()), profile);
+    }
+}
+
+void TestPelorinApp::profileThatCannotBeReadIsToldOnce()
+{
+    Run run(kSettings, {}, {kOk});
+    QVERIFY(QDir().mkpath(run.profilePath()));
+    run.restart();
+    QVERIFY(run.start());
+    QVERIFY(run.end());
+    QCOMPARE(
+        run.user.heard(),
+        QStringList(QStringLiteral("The file %1 cannot be read: Is a directory. Its settings are "
+                                   "not used.")
+                        .arg(run.profilePath())));
 }
 
 /// What the desktop wants of the session is nothing to the program, so it gets none here.

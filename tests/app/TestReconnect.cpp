@@ -1,10 +1,11 @@
 #include "app/Commands.h"
 #include "pages/AboutDialog.h"
 #include "pages/SelectPortDialog.h"
-#include "pages/SensorInfoPage.h"
 #include "platform/core/Pacing.h"
+#include "support/FileDialogUser.h"
 #include "support/MainWindowRig.h"
 #include "support/ModalAnswer.h"
+#include "support/PortDecorator.h"
 
 #include <QComboBox>
 #include <QMessageBox>
@@ -13,17 +14,71 @@
 #include <QTest>
 #include <QTimer>
 
+#include <atomic>
+#include <cerrno>
+
 using namespace pelorin;
-using test::MainWindowRig;
-using test::ModalAnswer;
+using namespace pelorin::test;
 
 namespace {
 
 const QString kConnected = QStringLiteral("Green: connected");
+const QString kReady = QStringLiteral("Ready.");
 const QString kLost = QStringLiteral("Lost communication with COM7, trying to reconnect...");
 const QString kGone =
     QStringLiteral("Serial communications port COM7 no longer exists, please check the "
                    "connection and retry.");
+constexpr int kAttempts = 11;
+
+/// A port that can be opened, and lets no byte out while it is broken.
+class DeafPort final : public PortDecorator
+{
+public:
+    DeafPort(std::unique_ptr<ComPort> port, const std::atomic<bool>& broken)
+        : PortDecorator(std::move(port)), m_broken(broken)
+    {
+    }
+
+    WriteResult write(std::string_view bytes) override
+    {
+        return m_broken ? WriteResult{.error = EPROTO} : PortDecorator::write(bytes);
+    }
+
+private:
+    const std::atomic<bool>& m_broken;
+};
+
+/// A connected main window whose port can break.
+class Rig : public MainWindowRig
+{
+public:
+    explicit Rig(const SimulatedSensor::Options& options = {.type = 2},
+                 const QByteArray& settings = {})
+        : MainWindowRig(options, settings)
+    {
+        Pacing::setSpeeds({10, 200, 1}); // time to look before the eleventh attempt
+    }
+
+    [[nodiscard]] bool startWithDeafPort()
+    {
+        wrapPorts([this](std::unique_ptr<ComPort> port) {
+            return std::make_unique<DeafPort>(std::move(port), m_broken);
+        });
+        return startConnected();
+    }
+    void breakPort(bool broken) { m_broken = broken; }
+
+    [[nodiscard]] qsizetype connects() { return logged().count(QStringLiteral("SSI Type: 2")); }
+
+    /// Whether it is connected, idle and shows a page that it has read.
+    [[nodiscard]] bool isWell()
+    {
+        return lightText() == kConnected && !window().isBusy() && statusText() == kReady;
+    }
+
+private:
+    std::atomic<bool> m_broken = false;
+};
 
 /// Lets three periods of the reconnect timer go by.
 bool waitThreePeriods()
@@ -53,39 +108,108 @@ class TestReconnect : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void lostPortIsReopenedSilently_data();
     void lostPortIsReopenedSilently();
+    void quickReturnIsConnectedOverTheFailedRead();
+    void quickReturnWhileThePositionPageIsLeft_data();
+    void quickReturnWhileThePositionPageIsLeft();
+    void userIsAskedAfterElevenAttempts_data();
     void userIsAskedAfterElevenAttempts();
-    void cancelClosesTheProgram();
-    void connectWaitsUntilADialogIsClosed();
-    void questionWaitsUntilADialogIsClosed();
+    void anotherPortCanBeChosenInsteadOfADeafOne();
+    void attemptsGoOnUnderADialog_data();
+    void attemptsGoOnUnderADialog();
     void portLostInsideTheManualBoxesStartsNoSecondConnect();
     void openingAnotherPortEndsTheReconnecting();
-    void portThatCannotBeOpenedEndsTheProgram();
+    void programEndsWithoutAPort_data();
+    void programEndsWithoutAPort();
 };
+
+void TestReconnect::lostPortIsReopenedSilently_data()
+{
+    QTest::addColumn<bool>("reading");
+    QTest::newRow("lost while a page is read") << true;
+    QTest::newRow("lost while nothing is exchanged") << false;
+}
 
 void TestReconnect::lostPortIsReopenedSilently()
 {
-    MainWindowRig rig;
+    QFETCH(bool, reading);
+    Rig rig;
     QVERIFY(rig.startConnected());
     const int attempts = rig.openAttempts();
-    rig.sensor().vanish();
-    rig.clickRefresh();
+    if (reading) {
+        rig.sensor().setFault({SimulatedFault::Kind::Vanish}, "Z");
+        rig.clickRefresh();
+    } else {
+        rig.sensor().vanish();
+    }
     QTRY_COMPARE(rig.statusText(), kLost);
     QTRY_VERIFY(rig.openAttempts() > attempts + 2);
+    QCOMPARE(rig.statusText(), kLost);
     QVERIFY(!rig.window().isBusy()); // the sequence ended as a failed one
 
+    rig.sensor().clearFaults();
     rig.sensor().comeBack();
-    QTRY_COMPARE(rig.statusText(), QStringLiteral("Ready."));
-    QCOMPARE(rig.lightText(), kConnected);
+    QTRY_VERIFY(rig.isWell());
     const int atReturn = rig.openAttempts();
     QVERIFY(waitThreePeriods());
     QCOMPARE(rig.openAttempts(), atReturn);
 }
 
+void TestReconnect::quickReturnIsConnectedOverTheFailedRead()
+{
+    Rig rig;
+    QVERIFY(rig.startConnected());
+    (void)rig.frames();
+    rig.sensor().setFault({SimulatedFault::Kind::Vanish, 1, 1}, "L");
+    rig.sensor().setFault({SimulatedFault::Kind::Late, 200, 1}, "V");
+    rig.clickRefresh();
+    QVERIFY(QTest::qWaitFor([&] { return rig.frames().contains(QStringLiteral("VA")); }));
+    QCOMPARE(rig.statusText(), QStringLiteral("Connecting to the sensor\u2026"));
+    QTRY_VERIFY(rig.isWell());
+    QCOMPARE(rig.connects(), 2);
+}
+
+void TestReconnect::quickReturnWhileThePositionPageIsLeft_data()
+{
+    QTest::addColumn<QByteArray>("frame");
+    for (const char* frame : {"VA", "DA", "DN", "CN"})
+        QTest::newRow(frame) << QByteArray(frame);
+}
+
+/// The connect that is wanted then, the plan that ends the stream and the page that was chosen
+/// must not meet each other.
+void TestReconnect::quickReturnWhileThePositionPageIsLeft()
+{
+    QFETCH(QByteArray, frame);
+    Rig rig;
+    QVERIFY(rig.startConnected());
+    const std::string own = rig.sensor().parameter('D');
+    rig.clickPage(1);
+    QTRY_COMPARE(rig.sensor().mode(), SimulatedSensor::Mode::Streaming);
+    QVERIFY(rig.waitIdle());
+    const FileDialogUser answers({}); // that the format is still to be written back
+    rig.sensor().setFault({SimulatedFault::Kind::Vanish, 1, 1}, frame.toStdString());
+    rig.clickPage(4);
+    QTRY_VERIFY(rig.connects() >= 2 && rig.isWell());
+    QCOMPARE(rig.sensor().parameter('D'), own);
+    QVERIFY(rig.choosePage(2)); // nothing is stuck
+    QVERIFY(rig.isWell());
+}
+
+void TestReconnect::userIsAskedAfterElevenAttempts_data()
+{
+    QTest::addColumn<bool>("deaf");
+    QTest::newRow("the port is gone") << false;
+    QTest::newRow("the port opens and every write fails") << true;
+}
+
 void TestReconnect::userIsAskedAfterElevenAttempts()
 {
-    MainWindowRig rig;
-    QVERIFY(rig.startConnected());
+    QFETCH(bool, deaf);
+    Rig rig;
+    Pacing::setSpeeds({100, 200, 1});
+    QVERIFY(rig.startWithDeafPort());
     const int before = rig.openAttempts();
     int attempts = 0;
     int attemptsAgain = 0;
@@ -97,69 +221,77 @@ void TestReconnect::userIsAskedAfterElevenAttempts()
         second = std::make_unique<ModalAnswer<QMessageBox>>([&](QMessageBox& again) {
             attemptsAgain = rig.openAttempts() - before - attempts;
             rig.sensor().comeBack();
+            rig.breakPort(false);
             QTest::mouseClick(again.button(QMessageBox::Retry), Qt::LeftButton);
         });
         QTest::mouseClick(box.button(QMessageBox::Retry), Qt::LeftButton);
     });
-    rig.sensor().vanish();
+    if (deaf)
+        rig.breakPort(true);
+    else
+        rig.sensor().vanish();
     rig.clickRefresh();
 
     QTRY_VERIFY_WITH_TIMEOUT(second && second->wasShown(), 10'000);
-    QTRY_COMPARE_WITH_TIMEOUT(rig.lightText(), kConnected, 10'000);
+    QTRY_VERIFY_WITH_TIMEOUT(rig.isWell(), 10'000);
     QCOMPARE(question, kGone);
-    QCOMPARE(attempts, 11);
-    QCOMPARE(attemptsAgain, 11);
+    QCOMPARE(attempts, kAttempts);
+    QCOMPARE(attemptsAgain, kAttempts);
 }
 
-void TestReconnect::cancelClosesTheProgram()
+void TestReconnect::anotherPortCanBeChosenInsteadOfADeafOne()
 {
-    MainWindowRig rig;
-    QVERIFY(rig.startConnected());
-    const QSignalSpy closed(&rig.window(), &PelorinMainWindow::closed);
-    ModalAnswer<QMessageBox> question([](QMessageBox& box) {
-        QTest::mouseClick(box.button(QMessageBox::Cancel), Qt::LeftButton);
+    Rig rig;
+    QVERIFY(rig.startWithDeafPort());
+    bool chosen = false;
+    const ModalAnswer<SelectPortDialog> ports([&](SelectPortDialog& dialog) {
+        rig.breakPort(false); // COM9 works
+        choosePortNine(dialog);
+        chosen = true;
     });
-    rig.sensor().vanish();
+    QTimer retry; // the user answers each question so
+    connect(&retry, &QTimer::timeout, this, [] {
+        if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget()))
+            QTest::mouseClick(box->button(QMessageBox::Retry), Qt::LeftButton);
+    });
+    retry.start(5);
+    rig.breakPort(true);
     rig.clickRefresh();
-    QTRY_COMPARE(closed.size(), 1);
-    QVERIFY(question.wasShown());
+    QVERIFY(QTest::qWaitFor([&] {
+        if (!chosen && !QApplication::activeModalWidget())
+            (void)rig.clickCommand(kSelectPortCommand); // greyed by nothing, but dropped while busy
+        return chosen;
+    }));
+    QTRY_COMPARE(rig.link().portNumber(), 9);
+    QVERIFY(rig.waitIdle());
 }
 
-void TestReconnect::connectWaitsUntilADialogIsClosed()
+void TestReconnect::attemptsGoOnUnderADialog_data()
 {
-    MainWindowRig rig;
+    QTest::addColumn<bool>("returns");
+    QTest::newRow("the port is back before the dialog is closed") << true;
+    QTest::newRow("the question waits until the dialog is closed") << false;
+}
+
+void TestReconnect::attemptsGoOnUnderADialog()
+{
+    QFETCH(bool, returns);
+    Rig rig;
     QVERIFY(rig.startConnected());
     QString statusInside;
-    ModalAnswer<AboutDialog> about([&](AboutDialog& dialog) {
-        rig.sensor().vanish();
-        rig.link().requestWrite('D', "020018"); // notices the loss
-        QTRY_COMPARE(rig.statusText(), kLost);
-        rig.sensor().comeBack();
-        QTRY_COMPARE(rig.link().linkFailed(), 0);
-        QCoreApplication::processEvents();
-        statusInside = rig.statusText();
-        QTest::keyClick(&dialog, Qt::Key_Escape);
-    });
-    QVERIFY(rig.clickCommand(kAboutCommand));
-
-    QTRY_COMPARE(rig.logged().count(QStringLiteral("SSI Type: 2")), 2);
-    QCOMPARE(statusInside, kLost); // no Connect had begun
-    QTRY_COMPARE(rig.lightText(), kConnected);
-}
-
-void TestReconnect::questionWaitsUntilADialogIsClosed()
-{
-    MainWindowRig rig;
-    QVERIFY(rig.startConnected());
     bool askedInside = false;
     std::unique_ptr<ModalAnswer<QMessageBox>> question;
     ModalAnswer<AboutDialog> about([&](AboutDialog& dialog) {
-        rig.sensor().vanish();
-        rig.link().requestWrite('D', "020018");
         const int attempts = rig.openAttempts();
-        QTRY_COMPARE(rig.openAttempts(), attempts + 11);
-        QVERIFY(waitThreePeriods());
+        rig.sensor().vanish();
+        QTRY_VERIFY(rig.openAttempts() > attempts + kAttempts + 2);
         askedInside = QApplication::activeModalWidget() != &dialog;
+        if (returns) {
+            rig.sensor().comeBack();
+            QTRY_COMPARE(rig.link().linkFailed(), 0);
+            QVERIFY(waitThreePeriods());
+        }
+        statusInside = rig.statusText();
         question = std::make_unique<ModalAnswer<QMessageBox>>([&](QMessageBox& box) {
             rig.sensor().comeBack();
             QTest::mouseClick(box.button(QMessageBox::Retry), Qt::LeftButton);
@@ -167,14 +299,16 @@ void TestReconnect::questionWaitsUntilADialogIsClosed()
         QTest::keyClick(&dialog, Qt::Key_Escape);
     });
     QVERIFY(rig.clickCommand(kAboutCommand));
-    QTRY_VERIFY(question && question->wasShown());
+
+    QTRY_VERIFY(rig.connects() == 2 && rig.isWell());
+    QCOMPARE(statusInside, kLost); // no Connect had begun
     QVERIFY(!askedInside);
-    QTRY_COMPARE(rig.lightText(), kConnected);
+    QCOMPARE(question->wasShown(), !returns);
 }
 
 void TestReconnect::portLostInsideTheManualBoxesStartsNoSecondConnect()
 {
-    MainWindowRig rig({.type = 2, .supply = SimulatedSensor::Supply::ByLineSpeed}, kManualPower);
+    Rig rig({.type = 2, .supply = SimulatedSensor::Supply::ByLineSpeed}, kManualPower);
     int boxes = 0;
     std::unique_ptr<ModalAnswer<QMessageBox>> second;
     std::unique_ptr<ModalAnswer<QMessageBox>> third;
@@ -198,22 +332,19 @@ void TestReconnect::portLostInsideTheManualBoxesStartsNoSecondConnect()
         QTest::mouseClick(box.button(QMessageBox::Ok), Qt::LeftButton);
     });
     rig.start();
-    QTRY_COMPARE(rig.lightText(), kConnected);
-    QVERIFY(rig.waitIdle());
-    QCoreApplication::processEvents();
+    QTRY_VERIFY(rig.isWell());
     QCOMPARE(boxes, 2);
 }
 
 void TestReconnect::openingAnotherPortEndsTheReconnecting()
 {
-    MainWindowRig rig;
+    Rig rig;
     QVERIFY(rig.startConnected());
     const int before = rig.openAttempts();
     ModalAnswer<SelectPortDialog> ports([&](SelectPortDialog& dialog) {
         rig.sensor().vanish();
-        rig.link().requestWrite('D', "020018"); // notices the loss
-        QTRY_COMPARE(rig.openAttempts(), before + 11);
-        rig.sensor().comeBack(); // no tick opens COM7 any more
+        QTRY_VERIFY(rig.openAttempts() >= before + kAttempts);
+        rig.sensor().comeBack();
         choosePortNine(dialog);
     });
     QVERIFY(rig.clickCommand(kSelectPortCommand));
@@ -225,18 +356,35 @@ void TestReconnect::openingAnotherPortEndsTheReconnecting()
     QCOMPARE(rig.openAttempts(), attempts);
 }
 
-void TestReconnect::portThatCannotBeOpenedEndsTheProgram()
+void TestReconnect::programEndsWithoutAPort_data()
 {
-    MainWindowRig rig;
+    QTest::addColumn<bool>("asked");
+    QTest::newRow("the user gives up a lost one") << true;
+    QTest::newRow("the one that the user has chosen cannot be opened") << false;
+}
+
+void TestReconnect::programEndsWithoutAPort()
+{
+    QFETCH(bool, asked);
+    Rig rig;
     QVERIFY(rig.startConnected());
     const QSignalSpy closed(&rig.window(), &PelorinMainWindow::closed);
-    ModalAnswer<SelectPortDialog> ports([&](SelectPortDialog& dialog) {
+    if (asked) {
+        ModalAnswer<QMessageBox> question([](QMessageBox& box) {
+            QTest::mouseClick(box.button(QMessageBox::Cancel), Qt::LeftButton);
+        });
         rig.sensor().vanish();
-        choosePortNine(dialog);
-    });
-    QVERIFY(rig.clickCommand(kSelectPortCommand));
-    QTRY_COMPARE(closed.size(), 1);
-    QVERIFY(ports.wasShown());
+        QTRY_COMPARE(closed.size(), 1);
+        QVERIFY(question.wasShown());
+    } else {
+        ModalAnswer<SelectPortDialog> ports([&](SelectPortDialog& dialog) {
+            rig.sensor().vanish();
+            choosePortNine(dialog);
+        });
+        QVERIFY(rig.clickCommand(kSelectPortCommand));
+        QTRY_COMPARE(closed.size(), 1);
+        QVERIFY(ports.wasShown());
+    }
 }
 
 QTEST_MAIN(TestReconnect)

@@ -1,17 +1,20 @@
 #include "link/SensorLink.h"
+
 #include "platform/core/ComPortFactory.h"
 #include "platform/core/MessageNumbers.h"
 #include "platform/core/Pacing.h"
 #include "simulator/SimulatedComPort.h"
 #include "simulator/SimulatedSensor.h"
+#include "support/Languages.h"
 #include "support/LogLines.h"
 #include "support/MessageCollector.h"
 #include "support/NoThreads.h"
 #include "support/PortDecorator.h"
 #include "support/TestRegistry.h"
 
-#include <QElapsedTimer>
 #include <QTest>
+
+#include <thread>
 
 using namespace pelorin;
 using namespace std::chrono_literals;
@@ -60,56 +63,49 @@ private Q_SLOTS:
     void init();
     void cleanup();
 
-    void connectIdentifiesEachType_data();
     void connectIdentifiesEachType();
     void connectWithoutBoundsFailsButKeepsTheVersion();
-    void requestWithoutWorkerFailsAtOnce();
-    void connectIsServedBeforeRead();
-    void nothingIsPostedWithoutATarget();
-
-    void lostPortIsCountedOnceAndWriteStillReportsSuccess();
+    void everyRequestIsAnsweredInItsOrder();
+    void lossIsCountedOnceAndWriteStillReportsSuccess();
+    void deviceThatGoesIsNoticedWithoutARequest();
     void cutFrameIsCountedButLosesNoPort();
     void closeTakesBackUndeliveredLossReports();
     void closeCutsAConnectShortAndAnswersWhatWasRequested();
-    void windowMayGoWhileTheWorkerPosts();
-
-    void openLeavesARunningWorkersPortAlone();
-    void refusedConfigurationClosesThePort_data();
-    void refusedConfigurationClosesThePort();
-    void missingPortIsShownOnlyWhenAsked();
-    void threadThatCannotBeStartedIsReported();
-
+    void portIsOpenedAgainByItsDevice();
+    void failedOpenTellsWhy();
     void keepAliveRunsBesideReads();
     void positionsComeFromTheStream();
 
 private:
     [[nodiscard]] int await(RequestId request);
     [[nodiscard]] QStringList logged() { return test::logLines(m_link->commLog()); }
-    [[nodiscard]] bool connectSensor();
-    void makeSensor(int type);
+    [[nodiscard]] bool connectSensor()
+    {
+        return await(m_link->open(7)) == 1 && await(m_link->requestConnect()) == 1;
+    }
 
-    std::unique_ptr<TestRegistry> m_registry;
+    const test::Languages m_languages{1};
+    const TestRegistry m_registry{kSimulatedBounds};
     std::shared_ptr<SimulatedSensor> m_sensor;
     Fault m_fault = Fault::None;
-    std::unique_ptr<ComPortFactory> m_factory;
+    QStringList m_devices; ///< that ports were made of
+    const ComPortFactory m_factory{[this](const QString& device) {
+        m_devices << device;
+        return std::make_unique<FaultyPort>(m_sensor, m_fault);
+    }};
     std::unique_ptr<MessageCollector> m_window;
     std::unique_ptr<SensorLink> m_link;
-    QStringList m_shown;
 };
 
 void TestSensorLink::init()
 {
     Pacing::setSpeeds({100, 100, 5});
-    m_registry.reset();
-    m_registry = std::make_unique<TestRegistry>(kSimulatedBounds);
+    m_registry.write(kSimulatedBounds);
     m_fault = Fault::None;
-    m_shown.clear();
-    makeSensor(2);
-    m_factory = std::make_unique<ComPortFactory>(
-        [this](const QString&) { return std::make_unique<FaultyPort>(m_sensor, m_fault); });
+    m_devices.clear();
+    m_sensor = std::make_shared<SimulatedSensor>(SimulatedSensor::Options{.type = 2});
     m_window = std::make_unique<MessageCollector>();
-    m_link = std::make_unique<SensorLink>(*m_factory);
-    m_link->setErrorPresenter([this](const QString& text) { m_shown << text; });
+    m_link = std::make_unique<SensorLink>(m_factory);
     m_link->setReplyTarget(m_window.get(), WM_LINK_REPLY);
     m_link->setLossTarget(m_window.get());
 }
@@ -120,11 +116,6 @@ void TestSensorLink::cleanup()
     m_window.reset();
 }
 
-void TestSensorLink::makeSensor(int type)
-{
-    m_sensor = std::make_shared<SimulatedSensor>(SimulatedSensor::Options{.type = type});
-}
-
 /// The result of a request, -1 if it is not answered in time.
 int TestSensorLink::await(RequestId request)
 {
@@ -132,217 +123,171 @@ int TestSensorLink::await(RequestId request)
     return m_window->resultOf(request);
 }
 
-bool TestSensorLink::connectSensor()
-{
-    return m_link->open(7, 1) == 1 && await(m_link->requestConnect()) == 1;
-}
-
-void TestSensorLink::connectIdentifiesEachType_data()
-{
-    QTest::addColumn<int>("type");
-    for (const int type : {0, 1, 2})
-        QTest::addRow("type %d", type) << type;
-}
-
 void TestSensorLink::connectIdentifiesEachType()
 {
-    QFETCH(int, type);
-    makeSensor(type);
-    QVERIFY(connectSensor());
+    for (const int type : {0, 1, 2}) {
+        m_sensor = std::make_shared<SimulatedSensor>(SimulatedSensor::Options{.type = type});
+        QVERIFY(connectSensor());
+        QCOMPARE(m_link->ssiType(), type);
+        QVERIFY(m_link->isIdentified());
+        QCOMPARE(logged().back(), QStringLiteral("SSI Type: %1").arg(type));
+        QCOMPARE(await(m_link->requestRead('D')), 1);
+        QCOMPARE(m_link->lastReply(), QByteArray::fromStdString(m_sensor->parameter('D')));
+        QCOMPARE(await(m_link->requestRead('X')), 0);
+        QCOMPARE(m_link->lastReply(), QByteArray());
 
-    QCOMPARE(m_link->ssiType(), type);
-    QVERIFY(m_link->isIdentified());
-    QCOMPARE(m_link->portNumber(), 7);
-    QCOMPARE(logged().back(), QStringLiteral("SSI Type: %1").arg(type));
-
-    QCOMPARE(await(m_link->requestRead('D')), 1);
-    QCOMPARE(m_link->lastReply(), QByteArray::fromStdString(m_sensor->parameter('D')));
-    QCOMPARE(await(m_link->requestRead('X')), 0);
-    QCOMPARE(m_link->lastReply(), QByteArray());
-
-    m_link->close(1);
-    QVERIFY(!m_link->isIdentified());
-    QCOMPARE(m_sensor->mode(), SimulatedSensor::Mode::Off);
+        QCOMPARE(await(m_link->close(1)), 1);
+        QVERIFY(!m_link->isIdentified() && !m_link->isOpen());
+        QCOMPARE(m_sensor->mode(), SimulatedSensor::Mode::Off);
+    }
 }
 
 void TestSensorLink::connectWithoutBoundsFailsButKeepsTheVersion()
 {
-    m_registry->write(QByteArray());
-    QCOMPARE(m_link->open(7, 1), 1);
-    QCOMPARE(await(m_link->requestConnect()), 0);
-
-    QCOMPARE(m_link->versionText(), QByteArray::fromStdString(m_sensor->parameter('V')));
+    m_registry.write(QByteArray());
+    QVERIFY(!connectSensor());
+    QCOMPARE(m_link->versionText(), QByteArray("3A0102"));
     QCOMPARE(m_link->ssiType(), 3);
     QVERIFY(!m_link->isIdentified());
     QCOMPARE(logged().back(), QStringLiteral("SSY Type: Unknown"));
 }
 
-void TestSensorLink::requestWithoutWorkerFailsAtOnce()
+void TestSensorLink::everyRequestIsAnsweredInItsOrder()
 {
-    const auto before = m_sensor->parameter('D');
-    QCOMPARE(await(m_link->requestRead('D')), 0);
+    QCOMPARE(await(m_link->requestRead('D')), 0); // no port is open
     QCOMPARE(await(m_link->requestWrite('D', "123456")), 0);
-
     QVERIFY(connectSensor());
-    QCOMPARE(await(m_link->requestWrite('C', QByteArray())), 1);
-    QCOMPARE(m_sensor->parameter('D'), before);
-}
+    QCOMPARE(m_sensor->parameter('D'), std::string("4A0519"));
 
-void TestSensorLink::connectIsServedBeforeRead()
-{
     Pacing::setSpeeds({1, 100, 5}); // the first connect lasts while the others are requested
-    QCOMPARE(m_link->open(7, 1), 1);
-    m_link->requestConnect();
+    const auto first = m_link->requestConnect();
     const auto read = m_link->requestRead('D');
     const auto connect = m_link->requestConnect();
+    m_link->cutShort(first);
     QCOMPARE(await(read), 1);
+    QCOMPARE(m_window->resultOf(first), 0);
+    QCOMPARE(m_window->resultOf(connect), 1);
     QCOMPARE(m_window->messages().back().request, read);
-    QVERIFY(m_window->resultOf(connect) >= 0);
 }
 
-void TestSensorLink::nothingIsPostedWithoutATarget()
+void TestSensorLink::lossIsCountedOnceAndWriteStillReportsSuccess()
 {
     QVERIFY(connectSensor());
-    const auto posted = m_window->messages().size();
-    m_link->setReplyTarget(nullptr, 0);
-    m_link->requestWrite('D', "020018");
-    QTRY_VERIFY(logged().back().startsWith(QStringLiteral("TX: [44][Set]")));
-    m_link->close();
-    QCoreApplication::processEvents();
-    QCOMPARE(m_window->messages().size(), posted);
-}
-
-void TestSensorLink::lostPortIsCountedOnceAndWriteStillReportsSuccess()
-{
-    QVERIFY(connectSensor());
-    m_sensor->vanish();
-    QCOMPARE(await(m_link->requestWrite('E', QByteArray())), 1);
-
+    m_sensor->setFault({SimulatedFault::Kind::Vanish}, "CN");
+    for (int time = 0; time < 2; ++time)
+        QCOMPARE(await(m_link->requestWrite('C', QByteArray())), 1);
     QCOMPARE(m_link->linkFailed(), 1);
+    QVERIFY(m_link->isDeviceGone());
     QCOMPARE(m_link->lossCount(), 1);
     QVERIFY(!m_link->isIdentified());
-    QCOMPARE(m_window->count(WM_LINK_LOST), 2); // the purge and the write
 
-    m_link->close();
+    QCOMPARE(await(m_link->close()), 1);
+    m_sensor->clearFaults();
     m_sensor->comeBack();
     QVERIFY(connectSensor());
     QCOMPARE(m_link->linkFailed(), 0);
+    QVERIFY(!m_link->isDeviceGone());
     QCOMPARE(m_link->lossCount(), 1);
-    QVERIFY(m_link->isIdentified());
+}
+
+void TestSensorLink::deviceThatGoesIsNoticedWithoutARequest()
+{
+    QVERIFY(connectSensor());
+    m_sensor->vanish();
+    QTRY_COMPARE(m_window->count(WM_LINK_LOST), 1);
+    QVERIFY(m_link->isDeviceGone());
+    QCOMPARE(logged().back(), QStringLiteral("Error in PurgeComm. Error = 19"));
+    QCOMPARE(await(m_link->requestRead('D')), 0);
+    QCOMPARE(m_link->lossCount(), 1);
 }
 
 void TestSensorLink::cutFrameIsCountedButLosesNoPort()
 {
     m_fault = Fault::CutWrites;
-    QCOMPARE(m_link->open(7, 1), 1);
+    QCOMPARE(await(m_link->open(7)), 1);
     QCOMPARE(await(m_link->requestWrite('D', "020018")), 1);
-
     QCOMPARE(logged(), QStringList(QStringLiteral("Byte count mismatch in WriteFile. Wrote = 2, "
                                                   "Correct = 9,Error = 0")));
-    QCOMPARE(m_link->lossCount(), 1); // who wrote is told that the sensor lacks it
+    QCOMPARE(m_link->cutFrames(), 1); // who wrote is told that the sensor lacks it
+    QCOMPARE(m_link->lossCount(), 0);
     QCOMPARE(m_link->linkFailed(), 0);
     QCOMPARE(m_window->count(WM_LINK_LOST), 0);
 }
 
 void TestSensorLink::closeTakesBackUndeliveredLossReports()
 {
-    QCOMPARE(m_link->open(7, 1), 1);
+    QVERIFY(connectSensor());
     m_sensor->vanish();
-    m_link->requestConnect();
-    while (m_link->linkFailed() == 0)
-        std::this_thread::sleep_for(1ms); // delivers nothing
-    m_link->close();
-    QCoreApplication::processEvents();
+    while (m_link->lossCount() == 0)
+        std::this_thread::yield(); // delivers nothing
+    const auto closed = m_link->close();
+    while (m_link->isOpen())
+        std::this_thread::yield();
+    m_sensor->comeBack();
+    QCOMPARE(await(m_link->open(7)), 1);
+    QVERIFY(m_window->resultOf(closed) == 1);
     QCOMPARE(m_window->count(WM_LINK_LOST), 0);
-    QCOMPARE(m_link->lossCount(), 1);
 }
 
 void TestSensorLink::closeCutsAConnectShortAndAnswersWhatWasRequested()
 {
     Pacing::setSpeeds({1, 1, 1});
-    QCOMPARE(m_link->open(7, 1), 1);
+    QCOMPARE(await(m_link->open(7)), 1);
     const auto connect = m_link->requestConnect();
     const auto write = m_link->requestWrite('D', "111111");
     QTRY_VERIFY(m_sensor->progFrames() > 2); // one of the hundred frames is on the line
 
-    QElapsedTimer timer;
-    timer.start();
-    m_link->close();
-    QVERIFY(timer.elapsed() < 500);
-    QCOMPARE(await(connect), 0);
-    QCOMPARE(await(write), 0);
+    const auto closed = m_link->close();
+    QCOMPARE(await(closed), 1);
+    QCOMPARE(m_window->resultOf(connect), 0);
+    QCOMPARE(m_window->resultOf(write), 0);
+    QVERIFY(m_sensor->progFrames() < 101);
     QCOMPARE(m_link->linkFailed(), 0);
-    for (const auto& frame : m_sensor->takeReceivedFrames())
-        QCOMPARE(frame, std::string("PROG"));
-    QCOMPARE(m_link->open(7, 1), 1); // the worker has given the port back
+    QVERIFY(m_sensor->takeReceivedFrames().empty());
 }
 
-void TestSensorLink::windowMayGoWhileTheWorkerPosts()
+void TestSensorLink::portIsOpenedAgainByItsDevice()
 {
+    const QByteArray map = "[HKEY_LOCAL_MACHINE\\HARDWARE\\DEVICEMAP\\SERIALCOMM]\r\n\"/dev/";
+    m_registry.write(kSimulatedBounds + map + "one\"=\"COM7\"\r\n");
     QVERIFY(connectSensor());
-    for (int round = 0; round < 200; ++round) {
-        m_link->requestWrite('D', "020018");
-        m_link->setReplyTarget(nullptr, 0);
-        m_link->setLossTarget(nullptr);
-        m_window = std::make_unique<MessageCollector>();
-        m_link->setReplyTarget(m_window.get(), WM_LINK_REPLY);
-        m_link->setLossTarget(m_window.get());
-    }
-    QCOMPARE(await(m_link->requestRead('D')), 1);
-}
-
-void TestSensorLink::openLeavesARunningWorkersPortAlone()
-{
-    QVERIFY(connectSensor());
-    QCOMPARE(m_link->open(8, 1), 1);
+    QCOMPARE(await(m_link->close()), 1);
+    m_registry.write(kSimulatedBounds + map + "two\"=\"COM7\"\r\n");
+    QCOMPARE(await(m_link->reopen()), 1);
+    QCOMPARE(m_devices, QStringList({QStringLiteral("/dev/one"), QStringLiteral("/dev/one")}));
+    QCOMPARE(m_link->device(), QStringLiteral("/dev/one"));
     QCOMPARE(m_link->portNumber(), 7);
-    QVERIFY(m_link->isIdentified());
-    QCOMPARE(await(m_link->requestRead('D')), 1);
 }
 
-void TestSensorLink::refusedConfigurationClosesThePort_data()
+void TestSensorLink::failedOpenTellsWhy()
 {
-    QTest::addColumn<Fault>("step");
-    QTest::newRow("line") << Fault::Line;
-    QTest::newRow("time-outs") << Fault::Timeouts;
-    QTest::newRow("queues") << Fault::Queues;
-}
-
-void TestSensorLink::refusedConfigurationClosesThePort()
-{
-    QFETCH(Fault, step);
-    m_fault = step;
-    QCOMPARE(m_link->open(7, 0), 0);
-    QCOMPARE(m_shown.size(), 1);
-    QCOMPARE(logged(), m_shown);
+    for (const Fault step : {Fault::Line, Fault::Timeouts, Fault::Queues}) {
+        m_fault = step;
+        QCOMPARE(await(m_link->open(7)), 0);
+        QVERIFY(!m_link->openFailure().isEmpty());
+        QCOMPARE(logged().back(), m_link->openFailure());
+    }
+    m_fault = Fault::None;
+    {
+        const test::NoThreads none;
+        QCOMPARE(await(m_link->open(7)), 0);
+        QCOMPARE(logged().back(), m_link->openFailure());
+    }
+    QCOMPARE(logged().size(), 4);
+    m_sensor->vanish();
+    QCOMPARE(await(m_link->open(7)), 0);
+    QVERIFY(!m_link->openFailure().isEmpty());
+    QCOMPARE(logged().size(), 4);
     QVERIFY(!m_link->hasOpened());
     QCOMPARE(m_link->portNumber(), 1);
 
-    m_fault = Fault::None;
-    QVERIFY(connectSensor()); // opened and configured anew
-}
-
-void TestSensorLink::missingPortIsShownOnlyWhenAsked()
-{
-    m_sensor->vanish();
-    QCOMPARE(m_link->open(7, 0), 0);
-    QVERIFY(m_shown.isEmpty());
-    QCOMPARE(m_link->open(7, 1), 0);
-    QCOMPARE(m_shown.size(), 1);
-    QVERIFY(logged().isEmpty());
-}
-
-void TestSensorLink::threadThatCannotBeStartedIsReported()
-{
-    {
-        const test::NoThreads none;
-        QCOMPARE(m_link->open(7, 0), 0);
-        QCOMPARE(m_shown.size(), 1);
-        QCOMPARE(logged(), m_shown);
-        m_link->setKeepAlive(1);
-        QCOMPARE(logged().size(), 2);
-    }
-    QVERIFY(connectSensor()); // the port has been given back
+    m_sensor->comeBack();
+    QVERIFY(connectSensor()); // each time the port was given back
+    QVERIFY(m_link->openFailure().isNull());
+    const test::NoThreads none;
+    const auto lines = logged().size();
+    m_link->setKeepAlive(1);
+    QCOMPARE(logged().size(), lines + 1);
 }
 
 void TestSensorLink::keepAliveRunsBesideReads()
@@ -354,13 +299,13 @@ void TestSensorLink::keepAliveRunsBesideReads()
     for (int reads = 0; reads < 20; ++reads)
         QCOMPARE(await(m_link->requestRead('D')), 1);
     QTRY_VERIFY(m_sensor->progFrames() >= frames + 5);
+    QVERIFY(!logged().join(QLatin1Char('\n')).contains(QStringLiteral("[50][52]")));
 
     m_link->setKeepAlive(0);
-    QCOMPARE(await(m_link->requestRead('D')), 1); // a tick signalled before has been served
-    const int atStop = m_sensor->progFrames();
-    QTest::qWait(20);
-    QCOMPARE(m_sensor->progFrames(), atStop);
-    QVERIFY(!logged().join(QLatin1Char('\n')).contains(QStringLiteral("[50][52]")));
+    for (const bool on : {false, true}) // after a tick that came before
+        QCOMPARE(await(m_link->requestSupply(on)), 1);
+    QCOMPARE(await(m_link->requestRead('D')), 0);
+    QCOMPARE(m_sensor->progFrames(), 0);
 }
 
 void TestSensorLink::positionsComeFromTheStream()
@@ -368,9 +313,9 @@ void TestSensorLink::positionsComeFromTheStream()
     QVERIFY(connectSensor());
     m_sensor->setParameter('D', "060018");
     m_sensor->setMagnetPosition(12.5);
-    m_link->setRts(0);
-    m_link->setStreamMode(1, 0x060018, 5);
-    m_link->setRts(1);
+    QCOMPARE(await(m_link->requestSupply(false)), 1);
+    QCOMPARE(await(m_link->requestStreamMode(1, 0x060018, 5)), 1);
+    QCOMPARE(await(m_link->requestSupply(true)), 1);
     QVERIFY(QTest::qWaitFor([&] { return await(m_link->requestPosition()) == 1; }));
     const double position = m_link->position();
 
@@ -384,11 +329,8 @@ void TestSensorLink::positionsComeFromTheStream()
     QVERIFY(QTest::qWaitFor([&] { return await(m_link->requestPosition()) == 0; }));
     QCOMPARE(m_link->position(), last);
 
-    m_link->setStreamMode(0, 0, 0);
+    QCOMPARE(await(m_link->requestStreamMode(0)), 1);
     QCOMPARE(await(m_link->requestPosition()), 0);
-    m_sensor->vanish();
-    QCOMPARE(await(m_link->requestPosition()), 0);
-    QCOMPARE(m_link->linkFailed(), 1);
 }
 
 QTEST_GUILESS_MAIN(TestSensorLink)

@@ -13,6 +13,8 @@
 #include "platform/core/ComPort.h"
 #include "platform/core/ComPortFactory.h"
 #include "sensor/FormatRestore.h"
+#include "sensor/PositionStream.h"
+#include "sensor/SequenceRunner.h"
 #include "simulator/SimulatedPorts.h"
 #include "support/FormFaults.h"
 #include "support/Languages.h"
@@ -21,108 +23,82 @@
 
 #include <QTest>
 
-#include <functional>
 #include <memory>
+#include <vector>
 
 using namespace pelorin;
 using namespace pelorin::test;
 
-using MakeDialog = std::function<std::unique_ptr<BaseDialog>()>;
-
-/// What pages need around them; no request is made.
-struct Surroundings
-{
-    QWidget window;
-    SimulatedPorts ports;
-    ComPortFactory factory{
-        [this](const QString&) { return ports.makePort(QStringLiteral("simulator:display")); }};
-    SensorLink link{factory};
-    FormatRestore restore;
-
-    /// Makes a page as large as the smallest screen leaves room for it.
-    std::unique_ptr<BaseDialog> make(std::unique_ptr<SensorPage> page)
-    {
-        page->makeDialog(&window, link);
-        page->resize(1024, 600);
-        return page;
-    }
-};
-
-template <class Page>
-std::unique_ptr<SensorPage> makePage()
-{
-    return std::make_unique<Page>();
-}
+using Dialogs = std::vector<std::unique_ptr<BaseDialog>>;
 
 class TestForms : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void everyCaptionSpeaksEveryLanguage_data();
-    void everyCaptionSpeaksEveryLanguage();
-    void everyDialogFitsTheSmallestScreen_data() { everyCaptionSpeaksEveryLanguage_data(); }
-    void everyDialogFitsTheSmallestScreen();
+    void everyCaptionSpeaksEveryLanguage()
+    {
+        Languages languages(1);
+        for (const auto& dialog : makeAll()) {
+            dialog->show();
+            for (const int code : {1, 2, 4, 8, 16}) {
+                QCOMPARE(languages.loadLanguage(code), 1);
+                QCoreApplication::processEvents(); // delivers the change of language
+                QCOMPARE(formFaults(*dialog), QStringList());
+            }
+        }
+    }
+
+    void everyDialogFitsTheSmallestScreen()
+    {
+        for (const int code : {1, 2, 4, 8, 16}) {
+            const Languages languages(code);
+            for (const auto& dialog : makeAll()) {
+                dialog->show();
+                const QSize least = dialog->minimumSizeHint();
+                QVERIFY2(least.width() <= 1280 && least.height() <= 720,
+                         qPrintable(dialog->objectName()));
+                QCOMPARE(dialog->size().expandedTo(dialog->sizeHint()), dialog->size());
+            }
+        }
+    }
 
 private:
-    Surroundings m_around;
+    /// No request is made; pages are as large as the smallest screen leaves room for them.
+    Dialogs makeAll()
+    {
+        Dialogs dialogs;
+        dialogs.push_back(std::make_unique<AboutDialog>(nullptr));
+        dialogs.push_back(std::make_unique<CalculateOffsetDialog>(nullptr, true, 1250.0));
+        dialogs.push_back(std::make_unique<PasswordDialog>(nullptr, 240));
+        dialogs.push_back(std::make_unique<DisplayUnitDialog>(nullptr, m_factory, 7));
+        dialogs.push_back(std::make_unique<ManualCommDialog>(nullptr, m_runner));
+        dialogs.push_back(std::make_unique<SelectPortDialog>(nullptr, 7));
+        const auto add = [&](std::unique_ptr<SensorPage> page) {
+            page->makeDialog(&m_window, m_runner);
+            page->resize(1024, 600);
+            dialogs.push_back(std::move(page));
+        };
+        add(std::make_unique<MagnetPositionPage>(m_stream));
+        add(std::make_unique<CommLogPage>());
+        add(std::make_unique<FactoryParamsPage>(m_restore));
+        add(std::make_unique<OutputSetupPage>());
+        add(std::make_unique<SensorInfoPage>());
+        add(std::make_unique<TempCompDataPage>());
+        add(std::make_unique<TempCompPage>());
+        return dialogs;
+    }
+
+    QWidget m_window;
+    SimulatedPorts m_ports;
+    ComPortFactory m_factory{
+        [this](const QString&) { return m_ports.makePort(QStringLiteral("simulator:display")); }};
+    SensorLink m_link{m_factory};
+    SequenceRunner m_runner{m_link};
+    KeptFormats m_formats;
+    FormatRestore m_restore{m_runner, m_formats};
+    PositionStream m_stream{m_runner, m_formats, m_restore, false};
 };
-
-void TestForms::everyCaptionSpeaksEveryLanguage_data()
-{
-    QTest::addColumn<MakeDialog>("make");
-    const auto row = [](const char* name, const MakeDialog& make) { QTest::newRow(name) << make; };
-    const auto page = [this, &row](const char* name, std::unique_ptr<SensorPage> (*make)()) {
-        row(name, [this, make] { return m_around.make(make()); });
-    };
-    row("AboutDialog", [] { return std::make_unique<AboutDialog>(nullptr); });
-    row("CalculateOffsetDialog",
-        [] { return std::make_unique<CalculateOffsetDialog>(nullptr, true, 1250.0); });
-    row("PasswordDialog", [] { return std::make_unique<PasswordDialog>(nullptr, 240); });
-    row("DisplayUnitDialog", [this] {
-        return std::make_unique<DisplayUnitDialog>(nullptr, m_around.factory, m_around.link);
-    });
-    row("ManualCommDialog",
-        [this] { return std::make_unique<ManualCommDialog>(nullptr, m_around.link); });
-    row("SelectPortDialog", [] { return std::make_unique<SelectPortDialog>(nullptr, 7); });
-    row("MagnetPositionPage", [this] {
-        return m_around.make(std::make_unique<MagnetPositionPage>(m_around.restore, false));
-    });
-    page("CommLogPage", &makePage<CommLogPage>);
-    page("FactoryParamsPage", &makePage<FactoryParamsPage>);
-    page("OutputSetupPage", &makePage<OutputSetupPage>);
-    page("SensorInfoPage", &makePage<SensorInfoPage>);
-    page("TempCompDataPage", &makePage<TempCompDataPage>);
-    page("TempCompPage", &makePage<TempCompPage>);
-}
-
-void TestForms::everyCaptionSpeaksEveryLanguage()
-{
-    QFETCH(MakeDialog, make);
-    Languages languages(1);
-    const std::unique_ptr<BaseDialog> dialog = make();
-    dialog->show();
-    QCOMPARE(formFaults(*dialog), QStringList());
-
-    for (const int code : {2, 4, 8, 16, 1}) {
-        QCOMPARE(languages.loadLanguage(code), 1);
-        QCoreApplication::processEvents(); // delivers the change of language
-        QCOMPARE(formFaults(*dialog), QStringList());
-    }
-}
-
-void TestForms::everyDialogFitsTheSmallestScreen()
-{
-    QFETCH(MakeDialog, make);
-    for (const int code : {1, 2, 4, 8, 16}) {
-        const Languages languages(code);
-        const std::unique_ptr<BaseDialog> dialog = make();
-        dialog->show();
-        QVERIFY(dialog->minimumSizeHint().width() <= 1280);
-        QVERIFY(dialog->minimumSizeHint().height() <= 720);
-        QCOMPARE(dialog->size().expandedTo(dialog->sizeHint()), dialog->size());
-    }
-}
 
 QTEST_MAIN(TestForms)
 #include "TestForms.moc"

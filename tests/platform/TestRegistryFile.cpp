@@ -143,13 +143,10 @@ void TestRegistryFile::missingFileIsEmptyAndUnreadableOneReported()
     QVERIFY(!missing.damage());
     QVERIFY(!missing.hasKey(kKey));
 
-    // A folder, and a file whose reading fails.
-    for (const QString& path : {m_folder.path(), QStringLiteral("/proc/self/mem")}) {
-        const auto unreadable = RegistryFile::read(path);
-        QVERIFY(unreadable.damage().has_value());
-        QCOMPARE(unreadable.damage()->path, path);
-        QCOMPARE(unreadable.damage()->line, 0);
-    }
+    const auto unreadable = RegistryFile::read(m_folder.path());
+    QVERIFY(unreadable.damage().has_value());
+    QCOMPARE(unreadable.damage()->path, m_folder.path());
+    QCOMPARE(unreadable.damage()->line, 0);
 }
 
 void TestRegistryFile::damagedLineIsNamedAndNothingOfTheFileIsUsed_data()

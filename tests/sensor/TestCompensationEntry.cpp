@@ -22,52 +22,39 @@ class TestCompensationEntry : public QObject
 
 private Q_SLOTS:
     void initTestCase() { QVERIFY(std::setlocale(LC_ALL, "")); }
-    void typedTextsBecomeAnEntry_data();
     void typedTextsBecomeAnEntry();
     void numbersBeyondAllBoundsAreCut();
     void shownEntryHasAPointAndIsReadBackUnchanged();
 };
 
-void TestCompensationEntry::typedTextsBecomeAnEntry_data()
-{
-    QTest::addColumn<QString>("pointText");
-    QTest::addColumn<QString>("valueText");
-    QTest::addColumn<int>("point");
-    QTest::addColumn<int>("value");
-    const auto row = [](const char* name, const QString& pointText, const QString& valueText,
-                        int point, qint32 value) {
-        QTest::newRow(name) << pointText << valueText << point << value;
-    };
-    const auto text = [](const char* latin) { return QString::fromLatin1(latin); };
-    const bool comma = QLocale().decimalPoint() == text(",");
-
-    row("empty", {}, {}, 0, 0);
-    row("cut towards zero", text("25.3"), text("7.9"), 50, 7);
-    row("negative, cut towards zero", text("-10.25"), text("-7.9"), -20, -7);
-    row("half unit", text("25.5"), text("-1"), 51, -1);
-    row("below a half unit", text("-0.49"), text("0.9"), 0, 0);
-    row("signs and blanks", text(" +1 "), text(" +12 "), 2, 12);
-    row("units behind", text("25 mm"), text("7 mV"), 0, 0);
-    row("letters", text("abc"), text("x"), 0, 0);
-    row("exponents", text("1e3"), text("1e3"), 0, 0);
-    row("hexadecimal", text("0x10"), text("FF"), 0, 0);
-    row("both separators", text("1.234,5"), text("1,234.5"), 0, 0);
-    row("three decimals, no thousands", text("1.234"), text("1.234"), 2, 1);
-    row("comma", text("25,5"), text("7,0"), comma ? 51 : 0, comma ? 7 : 0);
-    row("highest", text("16383.5"), text("2147483647"), 32767, kHighest);
-    row("lowest", text("-16384"), text("-2147483648"), -32768, kLowest);
-    row("one above", text("16384"), text("2147483648"), -32768, kHighest);
-    row("one below", text("-16384.5"), text("-2147483649"), 32767, kLowest);
-    row("far above", text("20000"), text("99999999999"), 40000 - 65536, kHighest);
-}
-
 void TestCompensationEntry::typedTextsBecomeAnEntry()
 {
-    QFETCH(QString, pointText);
-    QFETCH(QString, valueText);
-    const CompensationEntry entry = entryOf({pointText, valueText});
-    QTEST(static_cast<int>(entry.point), "point");
-    QTEST(static_cast<int>(entry.value), "value");
+    const bool comma = QLocale().decimalPoint() == QLatin1String(",");
+    for (const auto& [pointText, valueText, point, value] :
+         std::initializer_list<std::tuple<const char*, const char*, int, qint32>>{
+             {"", "", 0, 0},
+             {"25.3", "7.9", 50, 7},
+             {"-10.25", "-7.9", -20, -7},
+             {"25.5", "-1", 51, -1},
+             {"-0.49", "0.9", 0, 0},
+             {" +1 ", " +12 ", 2, 12},
+             {"25 mm", "7 mV", 0, 0},
+             {"abc", "x", 0, 0},
+             {"1e3", "1e3", 0, 0},
+             {"0x10", "FF", 0, 0},
+             {"1.234,5", "1,234.5", 0, 0},
+             {"1.234", "1.234", 2, 1},
+             {"25,5", "7,0", comma ? 51 : 0, comma ? 7 : 0},
+             {"16383.5", "2147483647", 32767, kHighest},
+             {"-16384", "-2147483648", -32768, kLowest},
+             {"16384", "2147483648", -32768, kHighest},
+             {"-16384.5", "-2147483649", 32767, kLowest},
+             {"20000", "99999999999", 40000 - 65536, kHighest},
+         }) {
+        const CompensationEntry entry =
+            entryOf({QString::fromLatin1(pointText), QString::fromLatin1(valueText)});
+        QVERIFY2(entry.point == point && entry.value == value, pointText);
+    }
 }
 
 void TestCompensationEntry::numbersBeyondAllBoundsAreCut()

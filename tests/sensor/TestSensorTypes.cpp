@@ -10,14 +10,18 @@ class TestSensorTypes : public QObject
 
 private Q_SLOTS:
     void everySequenceIsOfItsTypesParameters();
-    void onlyAnIdentifiedSensorIsSavedAndClosed();
 };
 
-/// 'S' and 'Z' follow from others: they are written without being read by the page.
 void TestSensorTypes::everySequenceIsOfItsTypesParameters()
 {
-    for (const auto& [ssiType, lacks] : {std::pair(0, "MJKO"), {1, "JKO"}, {2, ""}, {3, ""}}) {
+    for (const auto& [ssiType, lacks, closing] : {std::tuple(0, "MJKO", 'C'),
+                                                  {1, "JKO", 'E'},
+                                                  {2, "", 'C'},
+                                                  {3, "", '\0'},
+                                                  {-1, "", '\0'}}) {
         const SensorType& type = sensorType(ssiType);
+        QCOMPARE(type.closing, closing);
+        QCOMPARE(type.backup.empty(), closing == '\0');
         for (const char id : QByteArray("DALFVUSPZNMJKO")) {
             QCOMPARE(type.has(id), !QByteArray(lacks).contains(id));
             QVERIFY(parameterName(id) != 0);
@@ -27,19 +31,10 @@ void TestSensorTypes::everySequenceIsOfItsTypesParameters()
                                           {type.backup, type.backup}}) {
             for (const char id : read)
                 QVERIFY(type.has(id));
-            for (const char id : write)
+            for (const char id : write) // 'S' and 'Z' follow from others
                 QVERIFY(id == 'S' || id == 'Z' || read.find(id) != read.npos);
-            QVERIFY(read.empty() || read.find('A') < read.find('N')); // which is counted in it
+            QVERIFY(read.empty() || read.find('A') < read.find('N')); // counted in it
         }
-    }
-}
-
-void TestSensorTypes::onlyAnIdentifiedSensorIsSavedAndClosed()
-{
-    for (const auto& [ssiType, closing] :
-         {std::pair(0, 'C'), {1, 'E'}, {2, 'C'}, {3, '\0'}, {-1, '\0'}}) {
-        QCOMPARE(sensorType(ssiType).closing, closing);
-        QCOMPARE(sensorType(ssiType).backup.empty(), closing == '\0');
     }
 }
 

@@ -25,8 +25,11 @@ public:
         // Two timers, since a question can come while the path is entered.
         whenever<QMessageBox>(m_boxTimer, [this, answer](QMessageBox& box) {
             m_boxes << box.text();
-            auto* button = box.button(answer);
-            QTest::mouseClick(button ? button : box.button(QMessageBox::Ok), Qt::LeftButton);
+            auto* button = box.button(box.button(answer) ? answer : QMessageBox::Ok);
+            if (button)
+                QTest::mouseClick(button, Qt::LeftButton);
+            else
+                QTest::keyClick(&box, Qt::Key_Escape); // a question with buttons of its own
             if (answer == QMessageBox::No)
                 QMetaObject::invokeMethod(box.parentWidget(), "reject", Qt::QueuedConnection);
         });

@@ -1,11 +1,13 @@
 #include "support/MainWindowRig.h"
 
 #include "platform/core/Pacing.h"
-#include "sensor/FormatRestore.h"
+#include "platform/core/UserFolders.h"
 #include "simulator/SimulatedComPort.h"
 #include "support/LogLines.h"
+#include "support/WaitFor.h"
 
-#include <QFile>
+#include <QDir>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QListWidget>
 #include <QMenu>
@@ -26,16 +28,32 @@ void clickItem(Menu& menu, QAction* action)
     QTest::mouseClick(&menu, Qt::LeftButton, {}, menu.actionGeometry(action).center());
 }
 
+/// Whether input reaches the program's objects again: what comes right after a plan is dropped.
+bool takesInput()
+{
+    struct Probe : QObject
+    {
+        bool event(QEvent* /*event*/) override { return reached = true; }
+        bool reached = false;
+    } probe;
+    QKeyEvent event(QEvent::KeyRelease, Qt::Key_unknown, {});
+    QCoreApplication::sendEvent(&probe, &event);
+    return probe.reached;
+}
+
 } // namespace
 
 MainWindowRig::MainWindowRig(const SimulatedSensor::Options& options, const QByteArray& settings)
     : m_settings(kSimulatedBounds + settings), m_languages(1),
       m_sensor(std::make_shared<SimulatedSensor>(options)),
       m_displayUnit(std::make_shared<SimulatedDisplayUnit>()),
-      m_factory([this](const QString& device) { return makePort(device); }), m_link(m_factory)
+      m_factory([this](const QString& device) { return makePort(device); }), m_link(m_factory),
+      m_runner(m_link)
 {
     Pacing::setSpeeds(kFast);
-    QFile::remove(FormatRestore::usersFile()); // of an earlier test
+    QDir(keptFormatsFolder()).removeRecursively(); // of an earlier test
+    m_formats = std::make_unique<KeptFormats>();
+    m_restore = std::make_unique<FormatRestore>(m_runner, *m_formats);
 }
 
 MainWindowRig::~MainWindowRig() = default;
@@ -45,14 +63,22 @@ std::unique_ptr<ComPort> MainWindowRig::makePort(const QString& device)
     if (device == QLatin1String("simulator:display"))
         return std::make_unique<SimulatedComPort>(m_displayUnit);
     ++m_openAttempts;
-    return std::make_unique<SimulatedComPort>(m_sensor);
+    auto port = std::make_unique<SimulatedComPort>(m_sensor);
+    return m_wrapper ? m_wrapper(std::move(port)) : std::move(port);
 }
 
 void MainWindowRig::start()
 {
-    if (m_link.open(kPort, 0) != 1)
+    bool answered = false;
+    bool opened = false;
+    m_runner.openPort(kPort, [&](bool result) {
+        answered = true;
+        opened = result;
+    });
+    if (!waitFor([&] { return answered; }) || !opened)
         qWarning("The simulated port could not be opened");
-    m_window = std::make_unique<PelorinMainWindow>(m_factory, m_link, m_languages);
+    m_window = std::make_unique<PelorinMainWindow>(
+        m_factory, PelorinMainWindow::Conversation{m_runner, *m_formats, *m_restore}, m_languages);
     m_window->resize(1280, 720);
     m_window->show();
 }
@@ -60,13 +86,18 @@ void MainWindowRig::start()
 bool MainWindowRig::startConnected()
 {
     start();
-    return QTest::qWaitFor([this] { return m_window->currentPage() == 0; }) && waitIdle();
+    return waitFor([this] { return m_window->currentPage() == 0; }) && waitIdle();
 }
 
 bool MainWindowRig::waitIdle()
 {
-    QCoreApplication::sendPostedEvents(); // a page that has just been shown reports that it reads
-    return QTest::qWaitFor([this] { return !m_window->isBusy(); });
+    // What a plan leaves to be told comes in one of the next passes of the event loop.
+    constexpr int kPasses = 4;
+    int idle = 0;
+    return waitFor([&] {
+        idle = !m_window->isBusy() && takesInput() ? idle + 1 : 0;
+        return idle >= kPasses;
+    });
 }
 
 QListWidget& MainWindowRig::pageList()
@@ -84,9 +115,8 @@ void MainWindowRig::clickPage(int row)
 bool MainWindowRig::choosePage(int row)
 {
     clickPage(row);
-    if (!QTest::qWaitFor([&] { return m_window->currentPage() == row; }))
+    if (!waitFor([&] { return m_window->currentPage() == row; }))
         return false;
-    QCoreApplication::sendPostedEvents(); // the page has said that it is busy
     return waitIdle();
 }
 

@@ -3,6 +3,9 @@
 #include "app/PelorinMainWindow.h"
 #include "link/SensorLink.h"
 #include "platform/core/ComPortFactory.h"
+#include "sensor/FormatRestore.h"
+#include "sensor/KeptFormats.h"
+#include "sensor/SequenceRunner.h"
 #include "simulator/SimulatedDisplayUnit.h"
 #include "simulator/SimulatedSensor.h"
 #include "support/Languages.h"
@@ -10,6 +13,7 @@
 
 #include <QString>
 
+#include <functional>
 #include <memory>
 
 class QListWidget;
@@ -38,15 +42,21 @@ public:
     [[nodiscard]] SimulatedDisplayUnit& displayUnit() { return *m_displayUnit; }
     [[nodiscard]] const ComPortFactory& factory() const { return m_factory; }
     [[nodiscard]] SensorLink& link() { return m_link; }
+    [[nodiscard]] SequenceRunner& runner() { return m_runner; }
+    [[nodiscard]] KeptFormats& formats() { return *m_formats; }
     [[nodiscard]] LanguageManager& languages() { return m_languages; }
     [[nodiscard]] const TestRegistry& settings() const { return m_settings; }
     [[nodiscard]] PelorinMainWindow& window() { return *m_window; }
     /// Destroys the window, as at the program's end.
     void destroyWindow() { m_window.reset(); }
 
+    using Wrapper = std::function<std::unique_ptr<ComPort>(std::unique_ptr<ComPort>)>;
+    /// What is put around each of the sensor's ports that is made from now on.
+    void wrapPorts(Wrapper wrapper) { m_wrapper = std::move(wrapper); }
     /// How often the sensor's port has been opened or tried.
     [[nodiscard]] int openAttempts() const { return m_openAttempts; }
 
+    /// Waits until the window takes input. @return false if it does not
     [[nodiscard]] bool waitIdle();
     [[nodiscard]] QListWidget& pageList();
     /// Clicks a row of the page list.
@@ -79,9 +89,13 @@ private:
     Languages m_languages;
     std::shared_ptr<SimulatedSensor> m_sensor;
     int m_openAttempts = 0;
+    Wrapper m_wrapper;
     std::shared_ptr<SimulatedDisplayUnit> m_displayUnit;
     ComPortFactory m_factory;
     SensorLink m_link;
+    SequenceRunner m_runner;
+    std::unique_ptr<KeptFormats> m_formats;
+    std::unique_ptr<FormatRestore> m_restore;
     std::unique_ptr<PelorinMainWindow> m_window;
 };
 

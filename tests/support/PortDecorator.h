@@ -3,6 +3,7 @@
 #include "platform/core/ComPort.h"
 
 #include <memory>
+#include <mutex>
 #include <utility>
 
 namespace pelorin::test {
@@ -30,6 +31,25 @@ public:
 
 private:
     std::unique_ptr<ComPort> m_port;
+};
+
+/// A port that is not closed as long as a test holds the lock.
+class HeldPort final : public PortDecorator
+{
+public:
+    HeldPort(std::unique_ptr<ComPort> port, std::shared_ptr<std::mutex> closing)
+        : PortDecorator(std::move(port)), m_closing(std::move(closing))
+    {
+    }
+
+    void close() override
+    {
+        const std::lock_guard lock(*m_closing);
+        PortDecorator::close();
+    }
+
+private:
+    const std::shared_ptr<std::mutex> m_closing;
 };
 
 } // namespace pelorin::test

@@ -285,14 +285,17 @@ void TestReadability::everyDialogCanBeRead_data()
     });
     row("password", [](auto& rig) { return std::make_unique<PasswordDialog>(&rig.window(), 240); });
     row("display unit", [](auto& rig) {
-        return std::make_unique<DisplayUnitDialog>(&rig.window(), rig.factory(), rig.link());
+        return std::make_unique<DisplayUnitDialog>(&rig.window(), rig.factory(),
+                                                   rig.link().portNumber());
     });
     row("manual communications",
-        [](auto& rig) { return std::make_unique<ManualCommDialog>(&rig.window(), rig.link()); });
+        [](auto& rig) { return std::make_unique<ManualCommDialog>(&rig.window(), rig.runner()); });
     row("port", [](auto& rig) { return std::make_unique<SelectPortDialog>(&rig.window(), 7); });
     row("backup", [](auto& rig) {
-        static BackupFile file{QString()}; // neither opened nor saved
-        return std::make_unique<BackupProgressDialog>(&rig.window(), rig.link(), file,
+        static BackupFile file{QString()};                     // neither opened nor saved
+        rig.sensor().setFault({SimulatedFault::Kind::Silent}); // the dialog stays for a while
+        static FormatRestore formats{rig.runner(), rig.formats()};
+        return std::make_unique<BackupProgressDialog>(&rig.window(), rig.runner(), formats, file,
                                                       BackupProgressDialog::Mode::Backup);
     });
 }
@@ -302,6 +305,7 @@ void TestReadability::everyDialogCanBeRead()
     QFETCH(MakeDialog, make);
     for (const int language : kLanguages) {
         QCOMPARE(m_rig->languages().loadLanguage(language), 1);
+        QVERIFY(m_rig->waitIdle()); // of the dialog before
         const std::unique_ptr<QDialog> dialog = make(*m_rig);
         dialog->show();
         QVERIFY(QTest::qWaitForWindowExposed(dialog.get()));

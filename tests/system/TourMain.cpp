@@ -10,6 +10,7 @@
 #include "simulator/SimulatedSensor.h"
 
 #include <QApplication>
+#include <QTest>
 
 #include <array>
 
@@ -40,7 +41,10 @@ int main(int argc, char* argv[])
     factory.addScheme(QStringLiteral("simulator:"),
                       [&simulators](const QString& name) { return simulators.makePort(name); });
     PelorinApp pelorin(factory);
-    if (!pelorin.initInstance(QStringLiteral("/CP:99")) || !pelorin.mainWindow())
+    bool ended = false;
+    QObject::connect(&pelorin, &PelorinApp::closed, [&ended] { ended = true; });
+    if (!pelorin.initInstance(QStringLiteral("/CP:99")) ||
+        !QTest::qWaitFor([&] { return pelorin.mainWindow() || ended; }, Tour::kTimeLimit) || ended)
         return EXIT_FAILURE;
 
     Tour tour(*pelorin.mainWindow(), simulators.sensor(QStringLiteral("simulator:sensor?type=2")),
@@ -49,6 +53,7 @@ int main(int argc, char* argv[])
     for (const auto& visit : kVisits)
         passed = passed && visit(tour);
     pelorin.requestClose();
+    passed = QTest::qWaitFor([&ended] { return ended; }, Tour::kTimeLimit) && passed;
     pelorin.exitInstance();
     return passed ? EXIT_SUCCESS : EXIT_FAILURE;
 }

@@ -31,4 +31,10 @@ void EventDescriptor::signal() const
     (void)eventfd_write(m_fd, 1); // only fails when it is full, and so signalled
 }
 
+void EventDescriptor::reset() const
+{
+    eventfd_t count = 0;
+    (void)eventfd_read(m_fd, &count); // only fails when it is not signalled
+}
+
 } // namespace pelorin

@@ -2,8 +2,8 @@
 
 namespace pelorin {
 
-/// An event that poll() can wait for: readable once it is signalled. open and close have the
-/// owner's thread, signal any while it is open.
+/// An event that poll() can wait for: readable once it is signalled, until it is reset. open and
+/// close have the owner's thread, the others any while it is open.
 class EventDescriptor
 {
 public:
@@ -17,6 +17,7 @@ public:
     [[nodiscard]] int open();
     void close();
     void signal() const;
+    void reset() const;
     /// -1 if it is not open.
     [[nodiscard]] int descriptor() const { return m_fd; }
 

@@ -7,12 +7,10 @@ enum MessageNumber : int {
     WM_COMMAND = 273, ///< to the main window; wParam is the command's identifier
     WM_USER = 1024,
     WM_LINK_REPLY = WM_USER + 10,   ///< a request has been performed; wParam 1 or 0
-    WM_BUSY = WM_USER + 11,         ///< wParam 1 busy, 0 done
     WM_STATUS_TEXT = WM_USER + 12,  ///< wParam is the address of the sender's status text
     WM_LINK_STATE = WM_USER + 13,   ///< wParam is the light: 1 green, -1 gray, else red
-    WM_MANUAL_COMM = WM_USER + 25,  ///< a raw exchange of the manual dialog has been performed
     WM_DISPLAY_UNIT = WM_USER + 50, ///< a request to the display unit has been performed
-    WM_LINK_LOST = WM_USER + 99     ///< the sensor's port failed, or another attempt is due
+    WM_LINK_LOST = WM_USER + 99     ///< the sensor's port has failed
 };
 
 } // namespace pelorin

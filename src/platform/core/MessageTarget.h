@@ -2,29 +2,57 @@
 
 #include "platform/core/WindowMessage.h"
 
+#include <QSocketNotifier>
+#include <QTimer>
+
 #include <cstdint>
-#include <mutex>
+#include <memory>
 
 class QObject;
 
 namespace pelorin {
 
-/// Where a worker's messages go. Aim on the user-interface thread, post on any. Once
-/// aim(nullptr) has returned nothing more is posted: a window that aims away is safe to destroy.
+/// Where a worker's messages go. The messages cross the threads as plain values; the receiving
+/// thread makes the WindowMessage that the window gets, so that no event is ever shared.
+///
+/// Aim on the user-interface thread, post on any. Once aim(nullptr) has returned nothing more is
+/// delivered: a window that aims away is safe to destroy.
 class MessageTarget
 {
+    class Queue;
+
 public:
-    /// @param message the number that post uses, and that withdraw takes back
+    /// Posts to the target from any thread. May outlive it; what is posted then is dropped.
+    class Poster
+    {
+    public:
+        void post(std::uintptr_t wParam, RequestId request = 0) const;
+
+    private:
+        friend class MessageTarget;
+        explicit Poster(std::shared_ptr<Queue> queue);
+        std::shared_ptr<Queue> m_queue;
+    };
+
+    MessageTarget();
+    MessageTarget(const MessageTarget&) = delete;
+    MessageTarget& operator=(const MessageTarget&) = delete;
+    ~MessageTarget();
+
+    /// @param message the number of the messages that the window gets
     void aim(QObject* window, int message);
 
-    /// Posts the message to the window; does nothing without one.
-    void post(std::uintptr_t wParam, RequestId request = 0) const;
+    [[nodiscard]] Poster poster() const { return Poster(m_queue); }
 
-    /// Takes back what was posted to the window and not yet delivered.
-    void withdraw() const;
+    /// Takes back what was posted and not yet delivered.
+    void withdraw();
 
 private:
-    mutable std::mutex m_mutex; ///< guards both fields, and is held while posting
+    void deliver();
+
+    std::shared_ptr<Queue> m_queue;
+    QSocketNotifier m_notifier;
+    QTimer m_poll; ///< in place of the notifier where the system gives no descriptor
     QObject* m_window = nullptr;
     int m_message = 0;
 };

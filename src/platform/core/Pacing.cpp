@@ -1,11 +1,6 @@
 #include "platform/core/Pacing.h"
 
-#include <QCoreApplication>
-#include <QDeadlineTimer>
-#include <QEventLoop>
-
 #include <atomic>
-#include <thread>
 
 namespace pelorin {
 
@@ -45,20 +40,9 @@ std::chrono::milliseconds Pacing::timeout(std::chrono::milliseconds duration)
     return scaled(duration, timeoutSpeed);
 }
 
-void Pacing::sleep(std::chrono::milliseconds duration)
+std::chrono::milliseconds Pacing::timeoutElapsed(std::chrono::nanoseconds time)
 {
-    std::this_thread::sleep_for(pause(duration));
-}
-
-void Pacing::processDelay(std::chrono::milliseconds duration)
-{
-    // Runs against a deadline instead of an event loop of its own: a loop that is started after
-    // quit() would return at once.
-    const QDeadlineTimer deadline(pause(duration));
-    do {
-        QCoreApplication::processEvents(QEventLoop::AllEvents);
-        std::this_thread::sleep_for(std::chrono::milliseconds(1));
-    } while (!deadline.hasExpired());
+    return std::chrono::duration_cast<std::chrono::milliseconds>(time * timeoutSpeed.load());
 }
 
 } // namespace pelorin

@@ -24,12 +24,8 @@ public:
     [[nodiscard]] static std::chrono::milliseconds pause(std::chrono::milliseconds duration);
     [[nodiscard]] static std::chrono::nanoseconds lineTime(std::chrono::nanoseconds duration);
     [[nodiscard]] static std::chrono::milliseconds timeout(std::chrono::milliseconds duration);
-
-    /// Blocks the calling thread for a pause, without processing events.
-    static void sleep(std::chrono::milliseconds duration);
-
-    /// Processes the user interface's events for a pause. User-interface thread only.
-    static void processDelay(std::chrono::milliseconds duration);
+    /// How much of a port time-out has passed in a time.
+    [[nodiscard]] static std::chrono::milliseconds timeoutElapsed(std::chrono::nanoseconds time);
 };
 
 } // namespace pelorin

@@ -2,15 +2,13 @@
 
 #include "platform/core/ComPort.h"
 #include "platform/core/LanguageStrings.h"
+#include "platform/core/Strings.h"
 
 #include <cerrno>
 
 namespace pelorin {
 
 namespace {
-
-constexpr int kNoPermissionText = 1001;
-constexpr int kPortInUseText = 1002;
 
 constexpr int kQueueSize = 128;
 
@@ -29,15 +27,18 @@ PortFailure configure(ComPort& port, const LineSettings& line)
 
 QString PortFailure::message(const QString& deviceName) const
 {
-    QString message =
-        languageString(static_cast<int>(step)).arg(deviceName, QString::number(error));
+    const QString text = languageString(static_cast<int>(step));
+    if (step == PortStep::Thread)
+        return text.arg(error);
+    QString message = text.arg(deviceName, QString::number(error));
     if (step != PortStep::Open)
         return message;
     if (error == EACCES || error == EPERM) {
-        message += QLatin1Char('\n') +
-                   languageString(kNoPermissionText).arg(deviceName, QStringLiteral("dialout"));
+        message +=
+            QLatin1Char('\n') +
+            languageString(strings::kNoPermission).arg(deviceName, QStringLiteral("dialout"));
     } else if (error == EBUSY) {
-        message += QLatin1Char('\n') + languageString(kPortInUseText).arg(deviceName);
+        message += QLatin1Char('\n') + languageString(strings::kPortInUse).arg(deviceName);
     }
     return message;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/core/LineSettings.h"
+#include "platform/core/Strings.h"
 
 #include <QString>
 
@@ -9,7 +10,14 @@ namespace pelorin {
 class ComPort;
 
 /// Which step of making a port ready failed. The value is the number of the text that says so.
-enum class PortStep : int { None = 0, Open = 101, Line = 102, Timeouts = 103, Queues = 104 };
+enum class PortStep : int {
+    None = 0,
+    Open = strings::kPortNotOpened,
+    Line = strings::kLineNotSet,
+    Timeouts = strings::kTimeoutsNotSet,
+    Queues = strings::kQueuesNotSet,
+    Thread = strings::kWorkerNotStarted ///< the port is fine, but there is no thread to use it
+};
 
 /// Why a port could not be made ready.
 struct PortFailure

@@ -1,67 +1,79 @@
 #include "platform/core/Profile.h"
 
+#include "platform/core/IniText.h"
+
 #include <QFile>
-#include <QFileInfo>
-#include <QSettings>
-#include <QStandardPaths>
+
+#include <cerrno>
+#include <cstdio>
 
 namespace pelorin {
 
 namespace {
 
-QString keyOf(const QString& name)
-{
-    return QStringLiteral("Setup/") + name;
-}
+constexpr qint64 kLargestFile = qint64{1024} * 1024;
 
-/// The parser passes over most damage; a file with content and without any value is none.
-bool isFileDamaged(const QString& fileName)
+QByteArray section()
 {
-    const QSettings settings(fileName, QSettings::IniFormat);
-    return settings.status() == QSettings::FormatError ||
-           (QFileInfo(fileName).size() > 0 && settings.allKeys().isEmpty());
+    return QByteArrayLiteral("Setup");
 }
 
 } // namespace
 
-Profile::Profile(const QString& fileName) : m_fileName(fileName), m_damaged(isFileDamaged(fileName))
+Profile::Profile(const QString& fileName) : m_file(fileName)
 {
+    read();
 }
 
-/// Not asked of QSettings: the toolkit keeps what it has read of a file, but tells of its damage
-/// only the first who opens it.
-QString Profile::usersFile()
+void Profile::read()
 {
-    return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
-           QStringLiteral("/Korvex Systems/Pelorin.ini");
+    const auto [outcome, content] = m_file.read(kLargestFile);
+    const bool missing = outcome.systemError == ENOENT;
+    m_unreadable = missing ? WholeFile::Outcome() : outcome;
+    m_damaged = IniText(content).isDamaged();
+    m_text = m_damaged ? QByteArray() : content;
 }
 
 int Profile::readInt(const QString& name, int defaultValue) const
 {
-    if (m_damaged)
-        return defaultValue;
-    const QSettings settings(m_fileName, QSettings::IniFormat);
     bool isNumber = false;
-    const int value = settings.value(keyOf(name)).toString().toInt(&isNumber);
+    const int value = IniText(m_text).value(section(), name.toUtf8()).toInt(&isNumber);
     return isNumber ? value : defaultValue;
 }
 
-bool Profile::writeInt(const QString& name, int value)
+/// Another run of the program may have written the file meanwhile.
+WholeFile::Outcome Profile::write(const QMap<QString, int>& values)
 {
-    if (m_damaged && !setDamagedFileAside())
-        return false;
-    QSettings settings(m_fileName, QSettings::IniFormat);
-    settings.setValue(keyOf(name), value);
-    settings.sync();
-    return settings.status() == QSettings::NoError;
+    if (values.isEmpty())
+        return {};
+    read();
+    if (!m_unreadable.isDone())
+        return m_unreadable;
+    if (m_damaged) {
+        if (auto outcome = setDamagedFileAside(); !outcome.isDone())
+            return outcome;
+    }
+    IniText ini(m_text);
+    for (auto value = values.cbegin(); value != values.cend(); ++value)
+        ini.set(section(), value.key().toUtf8(), QByteArray::number(value.value()));
+    const QByteArray text = ini.text();
+    if (text == m_text)
+        return {};
+    if (auto outcome = m_file.makeFolder(); !outcome.isDone())
+        return outcome;
+    auto outcome = m_file.save(text);
+    if (outcome.isDone())
+        m_text = text;
+    return outcome;
 }
 
-bool Profile::setDamagedFileAside()
+WholeFile::Outcome Profile::setDamagedFileAside()
 {
-    const QString copy = m_fileName + QStringLiteral(".damaged");
-    (void)QFile::remove(copy); // an older one, usually missing
-    m_damaged = !QFile::rename(m_fileName, copy);
-    return !m_damaged;
+    const QByteArray name = QFile::encodeName(fileName());
+    if (std::rename(name.constData(), (name + ".damaged").constData()) != 0)
+        return {WholeFile::Outcome::Failure::Writing, fileName(), errno};
+    m_damaged = false;
+    return {};
 }
 
 } // namespace pelorin

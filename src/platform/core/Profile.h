@@ -1,35 +1,44 @@
 #pragma once
 
+#include "platform/core/UserFolders.h"
+#include "platform/core/WholeFile.h"
+
+#include <QByteArray>
+#include <QMap>
 #include <QString>
 
 namespace pelorin {
 
-/// What the program remembers for its user: whole numbers in the section "Setup" of an INI file.
+/// What the program remembers for its user: whole numbers in the section "Setup" of an INI file, of
+/// which all else is kept.
 class Profile
 {
 public:
-    explicit Profile(const QString& fileName = usersFile());
+    /// Reads the file.
+    explicit Profile(const QString& fileName = profilePath());
 
-    /// "Korvex Systems/Pelorin.ini" in the user's configuration folder.
-    [[nodiscard]] static QString usersFile();
+    [[nodiscard]] const QString& fileName() const { return m_file.path(); }
 
-    [[nodiscard]] QString fileName() const { return m_fileName; }
+    /// What kept a file that exists from being read. It counts as missing and is left alone.
+    [[nodiscard]] const WholeFile::Outcome& unreadable() const { return m_unreadable; }
 
-    /// Whether the file was found damaged; it then counts as missing. The application reports it
-    /// at start-up.
+    /// Whether the file was read and found damaged; it then counts as missing, too.
     [[nodiscard]] bool isDamaged() const { return m_damaged; }
 
     /// The value, or the default if it is absent or no whole number.
     [[nodiscard]] int readInt(const QString& name, int defaultValue) const;
 
-    /// Stores a value. A damaged file is kept first, with ".damaged" behind its name.
-    /// @return false if the file could not be written or kept
-    [[nodiscard]] bool writeInt(const QString& name, int value);
+    /// Stores values. A damaged file is kept first, with ".damaged" behind its name; one that
+    /// cannot be read is not overwritten.
+    [[nodiscard]] WholeFile::Outcome write(const QMap<QString, int>& values);
 
 private:
-    [[nodiscard]] bool setDamagedFileAside();
+    void read();
+    [[nodiscard]] WholeFile::Outcome setDamagedFileAside();
 
-    QString m_fileName;
+    WholeFile m_file;
+    QByteArray m_text; ///< of a file that can be used
+    WholeFile::Outcome m_unreadable;
     bool m_damaged = false;
 };
 

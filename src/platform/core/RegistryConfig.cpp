@@ -4,6 +4,12 @@
 
 namespace pelorin {
 
+QString productKey(const QString& below)
+{
+    const QString key = QStringLiteral("\\HKEY_LOCAL_MACHINE\\SOFTWARE\\Korvex Systems\\Pelorin");
+    return below.isEmpty() ? key : key + QLatin1Char('\\') + below;
+}
+
 RegistryConfig::RegistryConfig() : m_file(RegistryFile::read(registryFilePath())) {}
 
 int RegistryConfig::setStorage(const QString& keyPath, int /*flags*/)

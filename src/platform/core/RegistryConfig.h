@@ -6,6 +6,10 @@
 
 namespace pelorin {
 
+/// The key of the program's settings, or one of the keys below it.
+/// @param below without a backslash in front; empty for the key itself
+[[nodiscard]] QString productKey(const QString& below = {});
+
 /// Reads the values of the settings, one key at a time, as the file of this run stood when the
 /// object was made; a new object sees a changed file. The program never writes them. Any thread.
 class RegistryConfig

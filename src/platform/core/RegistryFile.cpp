@@ -1,15 +1,18 @@
 #include "platform/core/RegistryFile.h"
 
-#include <QFile>
-#include <QFileInfo>
+#include "platform/core/WholeFile.h"
+
 #include <QStringDecoder>
 #include <QStringView>
 
 #include <algorithm>
+#include <cerrno>
 
 namespace pelorin {
 
 namespace {
+
+constexpr qint64 kLargestFile = qint64{32} * 1024 * 1024; ///< far beyond any export in use
 
 QString folded(QStringView keyPath)
 {
@@ -168,20 +171,15 @@ void RegistryFile::Parser::store(const QString& name, const Value& value)
 RegistryFile RegistryFile::read(const QString& path)
 {
     RegistryFile registry;
-    if (!QFileInfo::exists(path))
+    const auto [outcome, bytes] = WholeFile(path).read(kLargestFile);
+    if (outcome.systemError == ENOENT || outcome.systemError == ENOTDIR)
         return registry;
-    QFile file(path);
-    if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly)) {
-        registry.m_damage = Damage{path, 0};
-        return registry;
-    }
-
-    const QString content = decoded(file.readAll());
-    if (file.error() != QFileDevice::NoError) {
-        registry.m_damage = Damage{path, 0};
+    if (!outcome.isDone()) {
+        registry.m_damage = Damage{path, 0, outcome.reason()};
         return registry;
     }
 
+    const QString content = decoded(bytes);
     Parser parser;
     const auto lines = QStringView(content).split(QLatin1Char('\n'));
     for (qsizetype i = 0; i < lines.size(); ++i) {
@@ -189,7 +187,7 @@ RegistryFile RegistryFile::read(const QString& path)
         const bool last = i + 1 == lines.size();
         if (lines.at(i).contains(QChar(QChar::ReplacementCharacter)) ||
             !parser.readLine(lines.at(i)) || (last && !parser.isComplete())) {
-            registry.m_damage = Damage{path, static_cast<int>(i + 1)};
+            registry.m_damage = Damage{path, static_cast<int>(i + 1), {}};
             return registry;
         }
     }

@@ -27,7 +27,8 @@ public:
     struct Damage
     {
         QString path;
-        int line = 0; ///< counted from 1; 0 if the file could not be read at all
+        int line = 0;   ///< counted from 1; 0 if the file could not be read at all
+        QString reason; ///< why it could not, in the system's words
     };
 
     /// Reads a file. One that is missing or damaged anywhere holds no keys.

@@ -2,7 +2,6 @@
 
 #include <QEvent>
 
-#include <atomic>
 #include <cstdint>
 
 namespace pelorin {
@@ -10,20 +9,16 @@ namespace pelorin {
 /// Identifies one request to a link; 0 means none.
 using RequestId = std::uint64_t;
 
-/// A numbered message posted to a window. The event's type follows from the message number, so
-/// that one kind of message can be withdrawn from a window's queue without the others.
+/// A numbered message to a window. It is made, delivered and destroyed on the user-interface
+/// thread; workers send through a MessageTarget.
 class WindowMessage final : public QEvent
 {
 public:
     explicit WindowMessage(int message, std::uintptr_t wParam = 0, std::intptr_t lParam = 0,
                            RequestId request = 0);
 
-    /// The message behind an event, or null for any other event. The receiving window's first
-    /// statement: it makes visible what the posting thread wrote before it posted.
+    /// The message behind an event, or null for any other event.
     [[nodiscard]] static const WindowMessage* from(const QEvent* event);
-
-    /// The type of the events that carry this message number.
-    [[nodiscard]] static QEvent::Type typeOf(int message);
 
     [[nodiscard]] int message() const { return m_message; }
     [[nodiscard]] std::uintptr_t wParam() const { return m_wParam; }
@@ -38,7 +33,6 @@ private:
     std::uintptr_t m_wParam;
     std::intptr_t m_lParam;
     RequestId m_request;
-    std::atomic<bool> m_complete; ///< released last by the sender, acquired first by the receiver
 };
 
 } // namespace pelorin

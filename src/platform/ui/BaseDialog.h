@@ -28,7 +28,7 @@ public:
     /// A page, not yet made.
     BaseDialog() = default;
 
-    /// The page has become visible.
+    /// The page has become visible, or is to show afresh what it shows.
     virtual void getCurrentValues() {}
 
     /// The page is about to be hidden, or the main window to be closed.

@@ -1,6 +1,7 @@
 #include "platform/ui/HelpWindow.h"
 
 #include "platform/core/LanguageStrings.h"
+#include "platform/core/Strings.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -47,7 +48,7 @@ HelpWindow::Failure HelpWindow::showHelp(const QString& path, const QString& anc
     if (failure.error != 0)
         return failure;
 
-    setWindowTitle(languageString(1014));
+    setWindowTitle(languageString(strings::kHelpTitle));
     show(); // first, since only a shown text has places to scroll to
     raise();
     activateWindow();

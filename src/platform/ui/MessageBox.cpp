@@ -2,6 +2,7 @@
 
 #include <QGuiApplication>
 #include <QPointer>
+#include <QPushButton>
 
 #include <initializer_list>
 
@@ -51,6 +52,33 @@ QMessageBox::StandardButton messageBox(QWidget* parent, const QString& text,
         return escape;
     delete box;
     return static_cast<Button>(answer);
+}
+
+void warn(QWidget* parent, const QString& text)
+{
+    (void)messageBox(parent, text, QMessageBox::Ok, QMessageBox::Warning);
+}
+
+int askWithButtons(QWidget* parent, const QString& text, const QStringList& captions)
+{
+    const QPointer<QMessageBox> box =
+        makeBox(parent, text, QMessageBox::NoButton, QMessageBox::Question);
+    QList<QAbstractButton*> buttons;
+    for (const QString& caption : captions) {
+        QPushButton* button = box->addButton(caption, QMessageBox::ActionRole);
+        button->setAutoDefault(false);
+        buttons << button;
+    }
+    // Closing the box means none of them, which takes a button that nobody sees.
+    QPushButton* escape = box->addButton(QMessageBox::Cancel);
+    box->setEscapeButton(escape);
+    escape->hide();
+    (void)box->exec();
+    if (!box)
+        return -1;
+    const auto answer = static_cast<int>(buttons.indexOf(box->clickedButton()));
+    delete box;
+    return answer;
 }
 
 QMessageBox* showMessageBox(QWidget* parent, const QString& text, QMessageBox::Icon icon)

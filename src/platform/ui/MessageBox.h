@@ -13,6 +13,13 @@ QMessageBox::StandardButton messageBox(QWidget* parent, const QString& text,
                                        QMessageBox::StandardButtons buttons,
                                        QMessageBox::Icon icon);
 
+/// Tells of what went wrong or cannot be done, with OK alone, and waits until that is read.
+void warn(QWidget* parent, const QString& text);
+
+/// Asks like messageBox, with buttons that bear captions of our own; none of them is the default.
+/// @return the index of the answer, -1 for Escape, closing the box and the end of its parent
+int askWithButtons(QWidget* parent, const QString& text, const QStringList& captions);
+
 /// Shows a message like messageBox, with OK alone, and returns at once. The box blocks its parent's
 /// windows until it is closed, and is deleted then.
 QMessageBox* showMessageBox(QWidget* parent, const QString& text, QMessageBox::Icon icon);

@@ -10,26 +10,22 @@ class QPushButton;
 namespace pelorin {
 
 class FormatRestore;
-class SensorLink;
+class PositionStream;
 class SensorPage;
+class SequenceRunner;
 
 /// What the main window shows: the list of pages on the left, the shown page beside it, and the
 /// refresh button under that. Owns the pages.
-class PageArea final : public QWidget
+class PagePane final : public QWidget
 {
     Q_OBJECT
 
 public:
-    /// Which pages there are, and how they work.
-    struct Options
-    {
-        bool manualPower = false;  ///< the user switches the sensor's supply
-        bool withTempComp = false; ///< the page for the temperature compensation exists
-    };
-
     /// Creates all pages, hidden.
     /// @param window the main window, which gets the pages' messages
-    PageArea(QWidget* window, SensorLink& link, FormatRestore& formats, const Options& options);
+    /// @param tempCompEnabled whether the page for the temperature compensation exists
+    PagePane(QWidget* window, SequenceRunner& runner, PositionStream& stream,
+             const FormatRestore& formats, bool tempCompEnabled);
 
     /// Row of the shown page, -1 without one.
     [[nodiscard]] int currentPage() const { return m_currentPage; }
@@ -38,14 +34,9 @@ public:
     /// Where the help tells of the shown page; empty without one.
     [[nodiscard]] QString helpAnchor() const;
 
-    /// Leaves the shown page and shows another one, which then reads its values. Leaving may
-    /// process events until the sensor is as it was before.
+    /// Leaves the shown page and shows another one, which then reads its values. No plan of the
+    /// page that is left runs any more.
     void switchPage(int row);
-
-    /// Ends the shown page's use of the link beyond its sequences, before a command uses it.
-    void releaseLink();
-    /// Starts again what releaseLink has ended, where the page is still shown.
-    void resumeLink();
 
     void translate();
 
@@ -70,14 +61,15 @@ private:
     };
 
     void addPage(const Page& page, const char* icon);
+    void markShownPage();
+    [[nodiscard]] bool takeKey(int key);
     void layOut();
 
-    SensorLink& m_link;
-    QListWidget* m_list;
+    SequenceRunner& m_runner;
+    QListWidget* m_pageList;
     QPushButton* m_refreshButton;
     std::vector<Page> m_pages;
     int m_currentPage = -1;
-    bool m_released = false; ///< a command has ended the shown page's use of the link
 };
 
 } // namespace pelorin

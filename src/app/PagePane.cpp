@@ -1,0 +1,183 @@
+#include "app/PagePane.h"
+
+#include "pages/CommLogPage.h"
+#include "pages/FactoryParamsPage.h"
+#include "pages/MagnetPositionPage.h"
+#include "pages/OutputSetupPage.h"
+#include "pages/SensorInfoPage.h"
+#include "pages/SensorPage.h"
+#include "platform/core/LanguageStrings.h"
+#include "platform/core/Strings.h"
+#include "platform/ui/Pictures.h"
+#include "tempcomp/TempCompPage.h"
+
+#include <QKeyEvent>
+#include <QListWidget>
+#include <QPushButton>
+#include <QShortcut>
+#include <QSignalBlocker>
+
+#include <algorithm>
+
+namespace pelorin {
+
+namespace {
+
+constexpr QSize kIconSize(16, 16);
+constexpr double kListShare = 0.20; ///< of the window's width
+constexpr double kPageShare = 0.90; ///< of the window's height
+constexpr int kButtonPoints = 18;
+
+} // namespace
+
+PagePane::PagePane(QWidget* window, SequenceRunner& runner, PositionStream& stream,
+                   const FormatRestore& formats, bool tempCompEnabled)
+    : QWidget(window), m_runner(runner), m_pageList(new QListWidget(this)),
+      m_refreshButton(new QPushButton(this))
+{
+    m_pageList->setObjectName(QStringLiteral("pageList"));
+    m_pageList->setIconSize(kIconSize);
+    m_pageList->installEventFilter(this);
+    connect(m_pageList, &QListWidget::itemClicked, this, [this](QListWidgetItem* item) {
+        const int row = m_pageList->row(item);
+        markShownPage();
+        Q_EMIT pageChosen(row);
+    });
+    connect(m_pageList, &QListWidget::itemSelectionChanged, this, &PagePane::markShownPage);
+
+    m_refreshButton->setObjectName(QStringLiteral("refreshButton"));
+    QFont font(QStringLiteral("Arial"));
+    font.setPointSize(kButtonPoints);
+    m_refreshButton->setFont(font);
+    connect(m_refreshButton, &QPushButton::clicked, this, &PagePane::refreshChosen);
+
+    // In the order of the list; a page that does not exist here leaves no gap.
+    constexpr const char* kInfo = "BMP_PELORIN_INFO";
+    constexpr const char* kWrench = "BMP_PELORIN_WRENCH";
+    addPage({new SensorInfoPage, strings::kSensorInformation, "information"}, kInfo);
+    addPage({new MagnetPositionPage(stream), strings::kMagnetPosition, "position"}, kInfo);
+    addPage({new OutputSetupPage, strings::kOutputSetup, "output"}, kWrench);
+    addPage({new CommLogPage, strings::kCommLog, "log"}, kInfo);
+    addPage({new FactoryParamsPage(formats), strings::kFactoryParameters, "factory"}, kWrench);
+    if (tempCompEnabled)
+        addPage({new TempCompPage, strings::kTemperatureCompensation, "compensation"}, kWrench);
+    translate();
+}
+
+void PagePane::addPage(const Page& page, const char* icon)
+{
+    const int row = m_pageList->count();
+    page.widget->makeDialog(this, m_runner);
+    connect(page.widget, &SensorPage::noticed, this, &PagePane::noticed);
+    m_pages.push_back(page);
+    m_pageList->addItem(new QListWidgetItem(picture(QLatin1String(icon)), QString()));
+    auto* shortcut = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key(Qt::Key_1 + row)), this);
+    connect(shortcut, &QShortcut::activated, this, [this, row] { Q_EMIT pageChosen(row); });
+}
+
+SensorPage* PagePane::shownPage() const
+{
+    return m_currentPage < 0 ? nullptr : m_pages[static_cast<std::size_t>(m_currentPage)].widget;
+}
+
+QString PagePane::helpAnchor() const
+{
+    return m_currentPage < 0
+               ? QString()
+               : QString::fromLatin1(m_pages[static_cast<std::size_t>(m_currentPage)].helpAnchor);
+}
+
+void PagePane::switchPage(int row)
+{
+    if (SensorPage* page = shownPage()) {
+        page->setNewValues();
+        page->hide();
+    }
+    m_currentPage = row;
+    markShownPage();
+    m_pageList->setCurrentRow(row, QItemSelectionModel::NoUpdate);
+    layOut();
+    shownPage()->show();
+    shownPage()->getCurrentValues();
+}
+
+/// The selected row is always that of the shown page, whatever the list makes of drags and clicks.
+void PagePane::markShownPage()
+{
+    const QSignalBlocker blocker(m_pageList);
+    m_pageList->selectionModel()->clearSelection();
+    if (m_currentPage >= 0)
+        m_pageList->item(m_currentPage)->setSelected(true);
+}
+
+void PagePane::translate()
+{
+    m_refreshButton->setText(languageString(strings::kRefresh));
+    m_pageList->setAccessibleName(languageString(strings::kPageListName));
+    for (std::size_t row = 0; row < m_pages.size(); ++row)
+        m_pageList->item(static_cast<int>(row))->setText(languageString(m_pages[row].caption));
+}
+
+/// In the list the arrow keys only move the frame that shows where one is; Enter and Space choose.
+/// Whoever leaves the list finds it at the shown page again.
+bool PagePane::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched != m_pageList)
+        return QWidget::eventFilter(watched, event);
+    if (event->type() == QEvent::FocusOut && m_currentPage >= 0)
+        m_pageList->setCurrentRow(m_currentPage, QItemSelectionModel::NoUpdate);
+    return event->type() == QEvent::KeyPress && takeKey(static_cast<QKeyEvent*>(event)->key());
+}
+
+/// @return whether the key means something here
+bool PagePane::takeKey(int key)
+{
+    const int last = m_pageList->count() - 1;
+    const int row = m_pageList->currentRow();
+    int next = 0;
+    switch (key) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+    case Qt::Key_Space:
+        if (row >= 0)
+            Q_EMIT pageChosen(row);
+        return true;
+    case Qt::Key_Up:
+        next = std::max(row - 1, 0);
+        break;
+    case Qt::Key_Down:
+        next = std::min(row + 1, last);
+        break;
+    case Qt::Key_Home:
+    case Qt::Key_PageUp:
+        break;
+    case Qt::Key_End:
+    case Qt::Key_PageDown:
+        next = last;
+        break;
+    default:
+        return false;
+    }
+    m_pageList->setCurrentRow(next, QItemSelectionModel::NoUpdate);
+    return true;
+}
+
+void PagePane::resizeEvent(QResizeEvent* event)
+{
+    layOut();
+    QWidget::resizeEvent(event);
+}
+
+/// The page's share of the height counts the status bar under this area, too.
+void PagePane::layOut()
+{
+    const int split = static_cast<int>(width() * kListShare);
+    const int bottom = static_cast<int>((window()->height() - y()) * kPageShare);
+    const QRect pageArea(split, 0, width() - split, bottom);
+    m_pageList->setGeometry(0, 0, split, height());
+    m_refreshButton->setGeometry(split, bottom, width() - split, height() - bottom);
+    if (SensorPage* page = shownPage())
+        page->setGeometry(pageArea);
+}
+
+} // namespace pelorin

@@ -1,0 +1,290 @@
+#pragma once
+
+/// The numbers of the language modules' texts, each under its one name.
+namespace pelorin::strings {
+
+// The program and its start
+inline constexpr int kProgram = 100;
+inline constexpr int kMainTitle = 119;
+inline constexpr int kAboutTitle = 218;
+inline constexpr int kIconName = 1016;
+inline constexpr int kVersionLabel = 1017;
+inline constexpr int kProgramName = 1018;
+inline constexpr int kRegistryDamaged = 1003;
+inline constexpr int kProfileDamaged = 1004;
+inline constexpr int kRegistryUnreadable = 1027;
+
+// Help
+inline constexpr int kNoHelpFiles = 238;
+inline constexpr int kHelpFailed = 239;
+inline constexpr int kHelpTitle = 1014;
+
+// Menu
+inline constexpr int kExit = 106;
+inline constexpr int kConnectionMenu = 108;
+inline constexpr int kConnect = 109;
+inline constexpr int kRefreshCommand = 193;
+inline constexpr int kViewMenu = 194;
+inline constexpr int kSaveBackupCommand = 195;
+inline constexpr int kRestoreBackupCommand = 196;
+inline constexpr int kSendE = 197;
+inline constexpr int kSendQ = 198;
+inline constexpr int kSensorMenu = 200;
+inline constexpr int kHelpCommand = 201;
+inline constexpr int kAbout = 202;
+inline constexpr int kHelpMenu = 203;
+inline constexpr int kEnglish = 204;
+inline constexpr int kGerman = 205;
+inline constexpr int kFrench = 206;
+inline constexpr int kSpanish = 207;
+inline constexpr int kItalian = 208;
+inline constexpr int kLanguageMenu = 209;
+
+// Buttons of several windows
+inline constexpr int kCancel = 120;
+inline constexpr int kRefresh = 166;
+inline constexpr int kApply = 180;
+inline constexpr int kOk = 241;
+
+// Ports
+inline constexpr int kPortNotOpened = 101;
+inline constexpr int kLineNotSet = 102;
+inline constexpr int kTimeoutsNotSet = 103;
+inline constexpr int kQueuesNotSet = 104;
+inline constexpr int kWorkerNotStarted = 105;
+inline constexpr int kSelectPort = 107;
+inline constexpr int kPort = 114;
+inline constexpr int kNoPort = 115;
+inline constexpr int kAskForOtherPort = 167;
+inline constexpr int kSimulated = 1000;
+inline constexpr int kNoPermission = 1001;
+inline constexpr int kPortInUse = 1002;
+inline constexpr int kPortLabel = 1010;
+inline constexpr int kNoPortPresent = 1019;
+
+// Connection
+inline constexpr int kConnecting = 116;
+inline constexpr int kConnected = 117;
+inline constexpr int kNotConnected = 118;
+inline constexpr int kSwitchSupplyOn = 244;
+inline constexpr int kSwitchSupplyOff = 245;
+inline constexpr int kNoBounds = 1005;
+inline constexpr int kLightConnected = 1006;
+inline constexpr int kLightNotConnected = 1007;
+inline constexpr int kLightNoExchange = 1008;
+inline constexpr int kLinkLost = 1012;
+inline constexpr int kLightName = 1015;
+
+// Reading from and writing to the sensor
+inline constexpr int kReading = 121;
+inline constexpr int kReadFailed = 123;
+inline constexpr int kReady = 126;
+inline constexpr int kWriteFailed = 170;
+inline constexpr int kWriting = 217;
+inline constexpr int kNotIdentified = 1013;
+inline constexpr int kNotAllRead = 1201;
+inline constexpr int kNoResolution = 1206;
+inline constexpr int kWrittenBefore = 1310;
+inline constexpr int kNothingWrittenBefore = 1311;
+inline constexpr int kMisread = 1330;
+
+// Parameters
+inline constexpr int kDataFormat = 122;
+inline constexpr int kFactoryText = 138;
+inline constexpr int kFirmwareVersion = 139;
+inline constexpr int kResolution = 140;
+inline constexpr int kStrokeLength = 142;
+inline constexpr int kPulseVelocity = 143;
+inline constexpr int kScaleFactor = 145;
+inline constexpr int kFactoryTextP = 147;
+inline constexpr int kCycleCodeZ = 148;
+inline constexpr int kOffset = 149;
+inline constexpr int kCycleCodeM = 150;
+inline constexpr int kFactoryValueJ = 151;
+inline constexpr int kAdvancedSetup = 153;
+inline constexpr int kFactoryValueO = 154;
+
+// Parts of parameters
+inline constexpr int kMeasurementMode = 127;
+inline constexpr int kMultiplier = 133;
+inline constexpr int kDataBits = 169;
+inline constexpr int kFormat = 173;
+inline constexpr int kMeasurementDirection = 174;
+inline constexpr int kErrorSkipCount = 176;
+inline constexpr int kNumberOfMagnets = 177;
+inline constexpr int kExtension = 178;
+inline constexpr int kSensorType = 215;
+inline constexpr int kCycleCodeMSuffix = 216;
+
+// Values of parameters
+inline constexpr int kBitsGray = 124;
+inline constexpr int kBitsBinary = 125;
+inline constexpr int kReverse = 128;
+inline constexpr int kForward = 129;
+inline constexpr int kSynchronous = 130;
+inline constexpr int kPositionStream = 131;
+inline constexpr int kAsynchronous = 132;
+inline constexpr int kTimesEight = 134;
+inline constexpr int kTimesTwo = 135;
+inline constexpr int kTimesFour = 136;
+inline constexpr int kTimesOne = 137;
+inline constexpr int kNotApplicable = 152;
+inline constexpr int kOneMagnet = 155;
+inline constexpr int kTwoMagnets = 156;
+inline constexpr int kNormalOutput = 157;
+inline constexpr int kDifferentialPosition = 158;
+inline constexpr int kVelocity = 159;
+inline constexpr int kUnknownMagnets = 160;
+inline constexpr int kUnknownOutput = 161;
+inline constexpr int kNoExtension = 162;
+inline constexpr int kParity = 163;
+inline constexpr int kTemperature = 164;
+inline constexpr int kUnknownExtension = 165;
+inline constexpr int kBinary = 171;
+inline constexpr int kGray = 172;
+
+// Units
+inline constexpr int kMillimetres = 141;
+inline constexpr int kVelocityUnit = 144;
+inline constexpr int kHexadecimal = 146;
+inline constexpr int kResolutionUnit = 175;
+inline constexpr int kMultiplierUnit = 219;
+
+// Lists of parameters
+inline constexpr int kParameterHeader = 111;
+inline constexpr int kValueHeader = 112;
+inline constexpr int kUnitHeader = 113;
+
+// Pages
+inline constexpr int kSensorInformation = 110;
+inline constexpr int kOutputSetup = 168;
+inline constexpr int kCommLog = 188;
+inline constexpr int kFactoryParameters = 214;
+inline constexpr int kTemperatureCompensation = 253;
+inline constexpr int kMagnetPosition = 261;
+inline constexpr int kPageListName = 1009;
+inline constexpr int kSensorValuesName = 1020;
+
+// Magnet position
+inline constexpr int kPositionCaption = 262;
+inline constexpr int kPositionNote = 263;
+inline constexpr int kPositionNotIdentified = 1100;
+inline constexpr int kSwitchSupply = 1102;
+inline constexpr int kNoteName = 1103;
+inline constexpr int kPositionDescription = 1104;
+
+// Output setup
+inline constexpr int kUnlock = 179;
+inline constexpr int kValueMissing = 181;
+inline constexpr int kResolutionTooFine = 182;
+inline constexpr int kModeNotOffered = 183;
+inline constexpr int kPasswordTitle = 228;
+inline constexpr int kPasswordWrong = 235;
+inline constexpr int kPasswordPrompt = 240;
+inline constexpr int kModeNotInReverse = 242;
+inline constexpr int kAskForParity = 264;
+inline constexpr int kAskForMode = 265;
+inline constexpr int kPasswordName = 1200;
+inline constexpr int kSkipCountRange = 1204;
+inline constexpr int kDoesNotFit = 1205;
+
+// Calculation of the offset
+inline constexpr int kOffsetNote = 184;
+inline constexpr int kOffsetTitle = 185;
+inline constexpr int kSeDistance = 186;
+inline constexpr int kDeadZone = 187;
+
+// Factory parameters
+inline constexpr int kZeroToTwo = 243;
+inline constexpr int kTooLong = 1302;
+inline constexpr int kExactLength = 1303;
+inline constexpr int kDigitsOnly = 1304;
+inline constexpr int kMultiplierValues = 1305;
+inline constexpr int kHexRange = 1306;
+inline constexpr int kNumberRange = 1307;
+inline constexpr int kCharactersOnly = 1308;
+
+// Communications log
+inline constexpr int kClear = 189;
+inline constexpr int kSaveToDisk = 190;
+inline constexpr int kTextFileFilter = 191;
+inline constexpr int kCopy = 1406;
+
+// Manual communications
+inline constexpr int kSend = 248;
+inline constexpr int kReceive = 249;
+inline constexpr int kExecute = 250;
+inline constexpr int kManualCommunications = 251;
+inline constexpr int kSentNotHex = 1400;
+inline constexpr int kFieldSentAs = 1401;
+inline constexpr int kNothingSent = 1402;
+inline constexpr int kReplyCut = 1403;
+inline constexpr int kMarkName = 1404;
+inline constexpr int kOutcomeName = 1405;
+inline constexpr int kExchangeLost = 1407;
+
+// Files
+inline constexpr int kFileNotOpened = 192;
+inline constexpr int kFileNotWritten = 1320;
+inline constexpr int kFileNotRead = 1321;
+
+// Backup
+inline constexpr int kSavingBackup = 210;
+inline constexpr int kRestoringBackup = 211;
+inline constexpr int kBackupFileFilter = 212;
+inline constexpr int kNoBackupFile = 213;
+inline constexpr int kBackupUnfit = 1322;
+inline constexpr int kBackupMissing = 1323;
+inline constexpr int kBackupNotUsable = 1324;
+inline constexpr int kSaveBackupTitle = 1325;
+inline constexpr int kRestoreBackupTitle = 1326;
+inline constexpr int kNothingSaved = 1328;
+inline constexpr int kProgressName = 1329;
+
+// Temperature compensation
+inline constexpr int kTables = 252;
+inline constexpr int kLookupRow = 254;
+inline constexpr int kLookupPoint = 255;
+inline constexpr int kLookupValue = 256;
+inline constexpr int kTableFileFilter = 257;
+inline constexpr int kNotATable = 258;
+inline constexpr int kArrayRow = 259;
+inline constexpr int kArrayValue = 260;
+inline constexpr int kEnableCompensation = 1021;
+inline constexpr int kLookupTable = 1022;
+inline constexpr int kCompensationArray = 1023;
+inline constexpr int kWriteToSensor = 1024;
+inline constexpr int kWriteToFile = 1025;
+inline constexpr int kReadFromFile = 1026;
+inline constexpr int kRowsIgnored = 1502;
+inline constexpr int kNoFunction = 1503;
+inline constexpr int kOtherThanTyped = 1510;
+
+// Display unit
+inline constexpr int kDisplayUnit = 246;
+inline constexpr int kDisplaySetUpFailed = 247;
+inline constexpr int kPortIsSensors = 1600;
+inline constexpr int kDisplayPortGone = 1601;
+inline constexpr int kPortIsDisplays = 1602;
+inline constexpr int kDisplayReading = 1603;
+inline constexpr int kDisplayAcknowledged = 1610;
+inline constexpr int kDisplayNotAcknowledged = 1611;
+inline constexpr int kDisplayUnitNode = 1612;
+
+// The conversation with the sensor
+inline constexpr int kBeingConnected = 1028;
+inline constexpr int kConnectedLater = 1029;
+inline constexpr int kOutsideBounds = 1030;
+inline constexpr int kPortStuck = 1031;
+inline constexpr int kFormatNotStored = 1105;
+inline constexpr int kStreamNotEnded = 1106;
+inline constexpr int kKeptFormat = 1107;
+inline constexpr int kTryAgain = 1108;
+inline constexpr int kForget = 1109;
+inline constexpr int kForgetFormat = 1110;
+inline constexpr int kFormatNotRead = 1111;
+inline constexpr int kStreamingFormat = 1112;
+inline constexpr int kSavedDoubtful = 1331;
+inline constexpr int kWriteDoubtful = 1332;
+
+} // namespace pelorin::strings

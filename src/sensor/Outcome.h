@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QByteArray>
+
+namespace pelorin {
+
+/// A sensor's answer to the read of a parameter.
+struct Reply
+{
+    char id = 0;
+    QByteArray text;
+    bool wellFormed = false; ///< wholly a value of its parameter; from what is not nothing follows
+                             ///< that may be written, kept or saved
+};
+
+/// How a plan has ended.
+struct Outcome
+{
+    enum class Kind {
+        Done,
+        Failed,        ///< at a parameter: no answer, or none that can be used
+        Lost,          ///< the link was lost on the way, or is closed
+        Abandoned,     ///< its owner has given it up, or the program ends
+        StreamNotEnded ///< nothing was done: the position stream before could not be ended
+    };
+
+    Kind kind = Kind::Done;
+    char parameter = 0;   ///< at which it ended, unless it is done; 0 where that is none
+    QByteArray written{}; ///< the parameters that had been written by then, in their order
+
+    [[nodiscard]] bool isDone() const { return kind == Kind::Done; }
+
+    bool operator==(const Outcome&) const = default;
+};
+
+} // namespace pelorin

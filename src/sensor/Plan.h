@@ -1,0 +1,75 @@
+#pragma once
+
+#include "sensor/SensorValues.h"
+
+#include <QByteArray>
+
+#include <chrono>
+#include <string_view>
+#include <vector>
+
+namespace pelorin {
+
+/// One thing that is done with the sensor.
+struct Step
+{
+    enum class Kind {
+        Connect,   ///< supply cycle, programming mode, version, identification
+        Read,      ///< of parameter id
+        Write,     ///< of value to parameter id
+        Close,     ///< the command id, which takes the values written into effect
+        Raw,       ///< exchanges the bytes of value as they are
+        SupplyOff, ///< once the sensor has stored what was written to it
+        SupplyOn,
+        StreamLine,    ///< the line follows the position stream
+        ParameterLine, ///< the line is the usual one again
+        KeepAliveOff,  ///< the user has switched the supply
+        Pause          ///< only the pause
+    };
+
+    Kind kind = Kind::Pause;
+    char id = 0;
+    QByteArray value{};
+    std::chrono::milliseconds pauseAfter{0};
+    bool confirmed = false; ///< Read: an answer that is no value of the parameter is read once more
+    int dataBits = 0;       ///< StreamLine: width of the streamed word
+    int micrometres = 0;    ///< StreamLine: the resolution
+
+    /// Whether the sensor may be changed by it.
+    [[nodiscard]] bool writes() const
+    {
+        return kind == Kind::Write || kind == Kind::Close || kind == Kind::Raw;
+    }
+
+    bool operator==(const Step&) const = default;
+};
+
+/// What is to be done with the sensor, made whole before the first of it is done.
+using Plan = std::vector<Step>;
+
+/// Between the requests of a sequence.
+inline constexpr std::chrono::milliseconds kPauseBetweenRequests{100};
+/// After the last frame that writes to it a sensor needs its supply for so long.
+inline constexpr std::chrono::milliseconds kStoreTime{2000};
+
+/// Reads parameters one after the other.
+/// @param confirmed has answers that are no values read once more
+[[nodiscard]] Plan readPlan(std::string_view ids, bool confirmed = false);
+
+/// Writes parameters one after the other, and has the sensor take them into effect.
+/// @param order the parameters; each has a value
+/// @param closing the command that ends it
+/// @param storePause waited for after that
+[[nodiscard]] Plan writePlan(std::string_view order, const SensorValues& values, char closing,
+                             std::chrono::milliseconds storePause = {});
+
+/// Switches the sensor off and on, and takes it into its programming mode.
+[[nodiscard]] Plan connectPlan();
+
+/// Writes a parameter without a value.
+[[nodiscard]] Plan commandPlan(char id, std::chrono::milliseconds pauseAfter);
+
+/// Sends bytes as they are and collects what comes back.
+[[nodiscard]] Plan rawPlan(const QByteArray& bytes);
+
+} // namespace pelorin

@@ -1,0 +1,200 @@
+#include "sensor/PositionStream.h"
+
+#include "link/SensorLink.h"
+#include "platform/core/ComPortNames.h"
+#include "platform/core/DecimalText.h"
+#include "platform/core/LanguageStrings.h"
+#include "platform/core/Strings.h"
+#include "sensor/ParameterCodec.h"
+#include "sensor/SensorTypes.h"
+
+#include <utility>
+
+namespace pelorin {
+
+using namespace std::chrono_literals;
+using Kind = Step::Kind;
+
+namespace {
+
+constexpr auto kWriteTime = 250ms;
+constexpr auto kRestartTime = 2500ms;
+constexpr auto kSupplyOffTime = 1000ms;
+constexpr auto kRetryTime = 500ms;
+constexpr int kConnectAttempts = 3;
+
+} // namespace
+
+PositionStream::PositionStream(SequenceRunner& runner, KeptFormats& formats, FormatRestore& restore,
+                               bool manualPower)
+    : m_runner(runner), m_formats(formats), m_restore(restore), m_manualPower(manualPower)
+{
+}
+
+bool PositionStream::start()
+{
+    return m_state != State::Idle || begin();
+}
+
+bool PositionStream::begin()
+{
+    if (!m_runner.link().isIdentified())
+        return false;
+    m_state = State::Starting;
+    m_savedFormat = {};
+    m_isKept = false;
+    const bool begun = run(readPlan("D"), [this](const Outcome& outcome) { takeFormat(outcome); });
+    if (!begun)
+        m_state = State::Idle;
+    return begun;
+}
+
+bool PositionStream::run(Plan plan, std::function<void(const Outcome&)> ended)
+{
+    m_reply = {};
+    return m_runner.start(
+        *this, std::move(plan),
+        {.reply = [this](const Reply& reply) { m_reply = reply; }, .ended = std::move(ended)});
+}
+
+void PositionStream::takeFormat(const Outcome& outcome)
+{
+    const auto digits = outcome.isDone() ? formatDigits(m_reply.text) : std::nullopt;
+    if (!digits) {
+        m_state = State::Idle; // nothing was written
+        Q_EMIT failed('D');
+        Q_EMIT ended();
+        return;
+    }
+    const SensorLink& link = m_runner.link();
+    const QByteArray own = m_restore.ownFormat(*digits);
+    m_savedFormat = {ComPortNames::stableName(link.device()), link.versionText(), own,
+                     streamingFormat(own)};
+    writeStreamingFormat();
+}
+
+/// A sensor whose own format streams already needs none kept.
+void PositionStream::writeStreamingFormat()
+{
+    if (m_savedFormat.own != m_savedFormat.streaming) {
+        const WholeFile::Outcome stored = m_formats.keep(m_savedFormat);
+        if (!stored.isDone()) {
+            m_state = State::Idle;
+            Q_EMIT noticed(
+                languageString(strings::kFormatNotStored).arg(stored.path, stored.reason()));
+            Q_EMIT ended();
+            return;
+        }
+        m_isKept = true;
+    }
+    m_runner.beginStream(*this, {.stop = [this] { stop(); },
+                                 .lost = [this] { lose(); },
+                                 .position =
+                                     [this](bool got) {
+                                         if (got) {
+                                             Q_EMIT position(m_runner.link().position());
+                                         } else {
+                                             Q_EMIT missed();
+                                         }
+                                     }});
+    Plan plan = writePlan("D", {{'D', m_savedFormat.streaming}},
+                          sensorType(m_runner.link().ssiType()).closing, kStoreTime);
+    plan.front().pauseAfter = kWriteTime;
+    plan.push_back({.kind = Kind::Read, .id = 'A'});
+    if (!run(plan, [this](const Outcome& done) { takeResolution(done); }))
+        failStart('D');
+}
+
+/// The sensor starts to stream when its supply returns. Without a resolution every position would
+/// be shown as another one.
+void PositionStream::takeResolution(const Outcome& outcome)
+{
+    if (outcome.kind == Outcome::Kind::Lost)
+        return lose();
+    const int resolutionRaw = integerPrefix(m_reply.text); // micrometres
+    if (!outcome.isDone() || !m_reply.wellFormed || resolutionRaw <= 0) {
+        failStart(outcome.isDone() || outcome.parameter == 'A' ? 'A' : 'D');
+        return;
+    }
+    const int dataBits = DataFormat::decode(m_savedFormat.own).dataBits;
+    if (m_manualPower)
+        Q_EMIT supplyWanted();
+    const Plan plan{{.kind = Kind::SupplyOff},
+                    {.kind = Kind::StreamLine,
+                     .pauseAfter = kRestartTime,
+                     .dataBits = dataBits,
+                     .micrometres = resolutionRaw},
+                    {.kind = Kind::SupplyOn}};
+    const bool begun = run(plan, [this](const Outcome& done) {
+        if (!done.isDone())
+            return done.kind == Outcome::Kind::Lost ? lose() : failStart('A');
+        m_state = State::Streaming;
+        Q_EMIT streaming();
+    });
+    if (!begun)
+        failStart('A');
+}
+
+/// The sensor gets back at once what it had: nothing is shown of it that would need the other
+/// format. What is told of the supply meanwhile must not stay in place of the failure.
+void PositionStream::failStart(char id)
+{
+    Q_EMIT failed(id);
+    (void)m_runner.endStream(*this, [this, id](bool /*restored*/) { Q_EMIT failed(id); });
+}
+
+void PositionStream::stop()
+{
+    m_state = State::Stopping;
+    Q_EMIT stopping();
+    if (m_manualPower)
+        Q_EMIT supplyWanted();
+    m_connectAttempts = 0;
+    const Plan plan{{.kind = Kind::SupplyOff},
+                    {.kind = Kind::ParameterLine, .pauseAfter = kSupplyOffTime},
+                    {.kind = Kind::Connect}};
+    if (!run(plan, [this](const Outcome& outcome) { connectAgain(outcome); }))
+        finish(false);
+}
+
+void PositionStream::connectAgain(const Outcome& outcome)
+{
+    if (outcome.isDone()) {
+        const auto own = m_isKept ? std::optional(m_savedFormat) : std::nullopt;
+        m_restore.begin(
+            *this,
+            [this](FormatRestore::Result result) {
+                finish(!m_isKept || result == FormatRestore::Result::Restored);
+            },
+            own);
+        return;
+    }
+    const bool lasting = outcome.kind == Outcome::Kind::Lost;
+    const Plan plan{{.kind = Kind::Pause, .pauseAfter = kRetryTime}, {.kind = Kind::Connect}};
+    if (lasting || ++m_connectAttempts >= kConnectAttempts ||
+        !run(plan, [this](const Outcome& next) { connectAgain(next); }))
+        finish(false);
+}
+
+/// What could not be written back stays kept, and the user has to know.
+void PositionStream::finish(bool restored)
+{
+    if (!restored && m_isKept) {
+        Q_EMIT formatKept(m_savedFormat);
+    }
+    m_state = State::Idle;
+    m_runner.streamEnded(restored);
+    Q_EMIT ended();
+}
+
+/// The link is gone: the sensor keeps the format that it has until it is connected again.
+void PositionStream::lose()
+{
+    if (m_state == State::Idle)
+        return;
+    if (m_state != State::Stopping)
+        Q_EMIT stopping();
+    finish(false);
+}
+
+} // namespace pelorin

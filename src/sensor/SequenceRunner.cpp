@@ -1,0 +1,476 @@
+#include "sensor/SequenceRunner.h"
+
+#include "link/SensorLink.h"
+#include "platform/core/MessageNumbers.h"
+#include "platform/core/Pacing.h"
+#include "sensor/ParameterCodec.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace pelorin {
+
+using namespace std::chrono_literals;
+using Kind = Step::Kind;
+
+namespace {
+
+constexpr auto kAnswerLimit = 15s; ///< far beyond every exchange
+
+} // namespace
+
+SequenceRunner::SequenceRunner(SensorLink& link) : m_link(link)
+{
+    m_pause.setSingleShot(true);
+    m_pause.setTimerType(Qt::PreciseTimer);
+    connect(&m_pause, &QTimer::timeout, this, &SequenceRunner::doStep);
+    m_portWait.setSingleShot(true);
+    m_portWait.setTimerType(Qt::PreciseTimer);
+    connect(&m_portWait, &QTimer::timeout, this,
+            [this] { m_portRequest = m_link.close(m_portUse->supplyOff ? 1 : 0); });
+    m_answerLimit.setSingleShot(true);
+    connect(&m_answerLimit, &QTimer::timeout, this, &SequenceRunner::giveUpWorker);
+    m_link.setReplyTarget(this, WM_LINK_REPLY);
+}
+
+SequenceRunner::~SequenceRunner()
+{
+    m_link.setReplyTarget(nullptr, 0);
+}
+
+bool SequenceRunner::isBusy() const
+{
+    return m_run || m_waiting || m_ending || isChangingPort() || (m_stream && m_stream->stopping);
+}
+
+bool SequenceRunner::isRunning(const QObject& owner) const
+{
+    return (m_run && m_run->owner == &owner) || (m_waiting && m_waiting->owner == &owner);
+}
+
+bool SequenceRunner::isOfStream(const QObject& owner) const
+{
+    return m_stream && m_stream->owner == &owner;
+}
+
+bool SequenceRunner::start(QObject& owner, Plan plan, Listener listener)
+{
+    const bool first = isOfStream(owner);
+    const bool reserved = m_reservedFor && m_reservedFor != &owner && m_continuing != &owner;
+    if (m_run || (!first && (m_waiting || m_ending || isChangingPort() || reserved)))
+        return false;
+    Run run{.owner = &owner, .plan = std::move(plan), .listener = std::move(listener)};
+    if (m_reservedFor == &owner) {
+        m_reservedFor = nullptr;
+        noteChange(); // where the user switches the supply no step says so
+    }
+    if (!m_stream || first) {
+        begin(std::move(run));
+        return true;
+    }
+    const auto ended = run.listener.ended;
+    const bool waits = endStream(owner, [this, run = std::move(run)](bool restored) {
+        if (restored) {
+            begin(run);
+        } else if (run.listener.ended) {
+            run.listener.ended({.kind = Outcome::Kind::StreamNotEnded});
+        }
+    });
+    if (waits && m_waiting && ended)
+        m_waiting->abandoned = [ended] { ended({.kind = Outcome::Kind::Abandoned}); };
+    return waits;
+}
+
+void SequenceRunner::abandon(const QObject& owner)
+{
+    if (m_waiting && m_waiting->owner == &owner) {
+        const Waiting waiting = *std::exchange(m_waiting, std::nullopt);
+        if (waiting.abandoned)
+            tell(waiting.abandoned);
+    }
+    if (m_run && m_run->owner == &owner)
+        giveUp();
+}
+
+void SequenceRunner::giveUp()
+{
+    m_run->abandoned = true;
+    if (m_outstanding == 0) {
+        if (!m_run->wrote)
+            end(Outcome::Kind::Abandoned);
+        return;
+    }
+    const Kind kind = m_run->plan[m_run->at].kind;
+    if (kind == Kind::Connect || kind == Kind::Raw) {
+        m_run->skipped = true;
+        m_link.cutShort(m_outstanding);
+    }
+}
+
+int SequenceRunner::changes() const
+{
+    return m_changes + m_link.lossCount();
+}
+
+void SequenceRunner::begin(Run run)
+{
+    run.losses = m_link.lossCount();
+    run.cutFrames = m_link.cutFrames();
+    run.serial = ++m_lastSerial;
+    if (run.owner) {
+        run.watch = connect(run.owner, &QObject::destroyed, this, [this] {
+            m_run->owner.clear(); // of a widget that goes it still points to the rest
+            giveUp();
+        });
+    }
+    m_run = std::move(run);
+    settle();
+    doStep();
+}
+
+/// Takes the step that the plan is at, unless something has come in between.
+void SequenceRunner::doStep()
+{
+    if (!m_run || m_outstanding != 0)
+        return;
+    Run& run = *m_run;
+    if (m_link.linkFailed() == 1 || m_link.lossCount() != run.losses)
+        return end(Outcome::Kind::Lost);
+    if (run.abandoned && !run.wrote)
+        return end(Outcome::Kind::Abandoned);
+    // Only what has begun to be written is brought to its end.
+    for (; run.abandoned && run.at < run.plan.size() && run.plan[run.at].kind == Kind::Read;
+         ++run.at)
+        run.skipped = true;
+    if (run.at == run.plan.size())
+        return end(run.skipped ? Outcome::Kind::Abandoned : Outcome::Kind::Done);
+
+    const Step& step = run.plan[run.at];
+    const bool switchesOff = step.kind == Kind::Connect || step.kind == Kind::SupplyOff;
+    if (const auto wait = supplyWait(); switchesOff && wait > 0ms) {
+        m_pause.start(wait);
+        return;
+    }
+    if (step.writes()) {
+        run.wrote = true;
+        noteChange();
+        m_sinceWrite.start();
+    }
+    m_outstanding = request(step);
+    if (m_ending)
+        m_answerLimit.start(Pacing::timeout(kAnswerLimit));
+    if (m_outstanding == 0)
+        takeResult(1);
+}
+
+/// @return 0 for a step that the link has no answer to
+RequestId SequenceRunner::request(const Step& step)
+{
+    switch (step.kind) {
+    case Kind::Connect:
+        noteChange();
+        return m_link.requestConnect();
+    case Kind::Read:
+        return m_link.requestRead(step.id);
+    case Kind::Write:
+    case Kind::Close:
+        return m_link.requestWrite(step.id, step.value);
+    case Kind::Raw:
+        return m_link.requestRawExchange(step.value);
+    case Kind::SupplyOff:
+    case Kind::SupplyOn:
+        noteChange();
+        return m_link.requestSupply(step.kind == Kind::SupplyOn);
+    case Kind::StreamLine:
+        return m_link.requestStreamMode(1, step.dataBits, step.micrometres);
+    case Kind::ParameterLine:
+        return m_link.requestStreamMode(0);
+    case Kind::KeepAliveOff:
+        m_link.setKeepAlive(0);
+        break;
+    case Kind::Pause:
+        break;
+    }
+    return 0;
+}
+
+void SequenceRunner::customEvent(QEvent* event)
+{
+    const auto* message = WindowMessage::from(event);
+    if (!message || message->request() == 0)
+        return;
+    const int result = static_cast<int>(message->wParam());
+    const RequestId answered = message->request();
+    if (answered == m_outstanding) {
+        m_outstanding = 0;
+        takeResult(result);
+    } else if (answered == m_portRequest) {
+        m_portRequest = 0;
+        takePortResult(result);
+    } else if (answered == m_positionRequest) {
+        m_positionRequest = 0;
+        if (m_stream && !m_stream->stopping)
+            tell([listener = m_stream->listener, result] { listener.position(result == 1); });
+    }
+}
+
+void SequenceRunner::takeResult(int result)
+{
+    Run& run = *m_run;
+    const Step step = run.plan[run.at];
+    const quint64 serial = run.serial;
+    if (step.writes())
+        m_sinceWrite.start();
+    // Without a port a request to write reports success all the same.
+    const bool asked = step.kind != Kind::Pause && step.kind != Kind::KeepAliveOff;
+    const bool unasked = asked && (m_link.linkFailed() == 1 || !m_link.isOpen());
+    if (m_link.lossCount() != run.losses || unasked)
+        return end(Outcome::Kind::Lost);
+    if (result != 1 || m_link.cutFrames() != run.cutFrames)
+        return end(run.abandoned ? Outcome::Kind::Abandoned : Outcome::Kind::Failed);
+    if (step.kind == Kind::Read && !takeReply(step))
+        return;
+    if (!m_run || m_run->serial != serial)
+        return;
+    if (step.kind == Kind::Write)
+        m_run->written.append(step.id);
+    ++m_run->at;
+    tell([this, listener = m_run->listener.progress, owner = m_run->owner] {
+        if (listener && owner)
+            listener(static_cast<int>(m_run->at));
+    });
+    if (!m_run || m_run->serial != serial)
+        return;
+    if (step.pauseAfter > 0ms) {
+        m_pause.start(Pacing::pause(step.pauseAfter));
+    } else {
+        doStep();
+    }
+}
+
+/// @return false if the step is not over, or the plan has ended
+bool SequenceRunner::takeReply(const Step& step)
+{
+    const Reply reply{step.id, m_link.lastReply(), isWellFormed(step.id, m_link.lastReply())};
+    Run& run = *m_run;
+    if (!reply.wellFormed && step.confirmed) {
+        if (!run.doubted) {
+            run.doubted = reply.text;
+            m_pause.start(Pacing::pause(kPauseBetweenRequests));
+            return false;
+        }
+        if (*run.doubted != reply.text || !isPrintable(reply.text)) {
+            end(Outcome::Kind::Failed);
+            return false;
+        }
+    }
+    run.doubted.reset();
+    m_known[step.id] = reply.text;
+    tell([listener = run.listener.reply, owner = run.owner, reply] {
+        if (listener && owner)
+            listener(reply);
+    });
+    return true;
+}
+
+void SequenceRunner::end(Outcome::Kind kind)
+{
+    const Run run = std::move(*m_run);
+    m_run.reset();
+    m_outstanding = 0;
+    m_pause.stop();
+    disconnect(run.watch);
+    Outcome outcome{.kind = kind, .written = run.written};
+    if (run.at < run.plan.size()) {
+        outcome.parameter = run.plan[run.at].id;
+    } else if (kind == Outcome::Kind::Lost) {
+        outcome.parameter = run.plan.back().id;
+    }
+    if (kind == Outcome::Kind::Lost)
+        m_known.clear();
+    tell([this, &run, &outcome] {
+        if (!run.owner || !run.listener.ended)
+            return;
+        m_continuing = outcome.kind == Outcome::Kind::Lost ? nullptr : run.owner;
+        run.listener.ended(outcome);
+        m_continuing = nullptr;
+    });
+}
+
+/// Calls an owner, which may end anything. What waits is looked after once nobody is being told
+/// anything any more.
+void SequenceRunner::tell(const std::function<void()>& call)
+{
+    ++m_depth;
+    call();
+    --m_depth;
+    settle();
+}
+
+void SequenceRunner::settle()
+{
+    if (m_depth == 0 && !m_run) {
+        if (m_ending && m_stream && !m_stream->stopping) {
+            stopStream();
+        } else if (!m_stream && m_waiting) {
+            const Waiting waiting = *std::exchange(m_waiting, std::nullopt);
+            return tell([&] {
+                if (waiting.owner)
+                    waiting.go(m_streamRestored && !m_ending);
+            });
+        } else if (!m_stream && m_whenEnded) {
+            std::exchange(m_whenEnded, {})();
+        }
+    }
+    if (isBusy() != m_announcedBusy) {
+        m_announcedBusy = isBusy();
+        Q_EMIT busyChanged(m_announcedBusy);
+    }
+}
+
+/// The sensor is not what it was when it was last read.
+void SequenceRunner::noteChange()
+{
+    m_known.clear();
+    ++m_changes;
+}
+
+std::chrono::milliseconds SequenceRunner::supplyWait() const
+{
+    if (!m_sinceWrite.isValid() || m_link.isDeviceGone())
+        return 0ms;
+    return std::max(Pacing::pause(kStoreTime) - std::chrono::milliseconds(m_sinceWrite.elapsed()),
+                    std::chrono::milliseconds(0));
+}
+
+void SequenceRunner::beginStream(QObject& owner, StreamListener listener)
+{
+    m_stream = Stream{.owner = &owner, .listener = std::move(listener)};
+    m_stream->watch = connect(&owner, &QObject::destroyed, this, [this] { streamEnded(false); });
+    m_positionRequest = 0;
+}
+
+void SequenceRunner::requestPosition()
+{
+    if (m_stream && !m_stream->stopping && !m_run && m_positionRequest == 0)
+        m_positionRequest = m_link.requestPosition();
+}
+
+void SequenceRunner::stopStream()
+{
+    m_stream->stopping = true;
+    settle(); // tells that it is busy
+    tell([stop = m_stream->listener.stop] { stop(); });
+}
+
+void SequenceRunner::streamEnded(bool restored)
+{
+    if (m_stream)
+        disconnect(m_stream->watch);
+    m_stream.reset();
+    m_streamRestored = restored;
+    settle();
+}
+
+bool SequenceRunner::endStream(QObject& owner, std::function<void(bool)> then)
+{
+    if (m_run || m_waiting || isChangingPort() || m_ending || (m_stream && m_stream->stopping))
+        return false;
+    if (!m_stream) {
+        then(true);
+        return true;
+    }
+    m_waiting = Waiting{&owner, std::move(then)};
+    stopStream();
+    return true;
+}
+
+void SequenceRunner::linkLost()
+{
+    m_known.clear();
+    if (m_run && m_run->losses != m_link.lossCount())
+        end(Outcome::Kind::Lost);
+    if (m_stream && m_link.linkFailed() == 1)
+        loseStream();
+}
+
+void SequenceRunner::loseStream()
+{
+    disconnect(m_stream->watch);
+    const auto lost = m_stream->listener.lost;
+    m_stream.reset();
+    m_streamRestored = false;
+    tell(lost);
+}
+
+/// A wedged driver never answers; the end of the program must not wait for it.
+void SequenceRunner::giveUpWorker()
+{
+    if (m_run && m_outstanding != 0)
+        end(Outcome::Kind::Lost);
+    if (m_stream && !m_run)
+        loseStream();
+}
+
+void SequenceRunner::openPort(int number, std::function<void(bool)> done)
+{
+    usePort({.open = [this, number] { return m_link.open(number); },
+             .done = std::move(done),
+             .changes = true});
+}
+
+void SequenceRunner::reopenPort(std::function<void(bool)> done)
+{
+    usePort({.open = [this] { return m_link.reopen(); }, .done = std::move(done)});
+}
+
+void SequenceRunner::closePort(bool supplyOff, std::function<void()> done)
+{
+    usePort(
+        {.supplyOff = supplyOff, .done = [done = std::move(done)](bool /*opened*/) { done(); }});
+}
+
+/// Begins with closing the port. Opening one raises RTS, which switches a supply off just as well.
+void SequenceRunner::usePort(PortUse use)
+{
+    const bool harmless = !m_link.isOpen() && !use.supplyOff;
+    const bool closing = m_portRequest != 0 && !m_portUse->opening && !use.supplyOff;
+    const auto former = std::exchange(m_portUse, std::move(use));
+    if (!closing) { // else the answer to that is awaited
+        m_portRequest = 0;
+        m_portWait.start(harmless ? 0ms : supplyWait());
+    }
+    tell([&former] {
+        if (former)
+            former->done(false);
+    });
+}
+
+void SequenceRunner::takePortResult(int result)
+{
+    if (!m_portUse->opening) {
+        if (result != 1)
+            Q_EMIT portStuck(m_link.portNumber());
+        if (m_portUse->open) {
+            m_portUse->opening = true;
+            m_portRequest = m_portUse->open();
+            return;
+        }
+    }
+    const PortUse use = *std::exchange(m_portUse, std::nullopt);
+    noteChange();
+    tell([&use, result] { use.done(result == 1); });
+}
+
+void SequenceRunner::windDown(std::function<void()> done)
+{
+    m_ending = true;
+    m_whenEnded = std::move(done);
+    m_reservedFor = nullptr;
+    m_answerLimit.start(Pacing::timeout(kAnswerLimit));
+    if (m_run && !(m_stream && m_stream->stopping))
+        giveUp();
+    settle();
+}
+
+} // namespace pelorin
