@@ -75,6 +75,7 @@ public:
         std::make_shared<SimulatedSensor>(SimulatedSensor::Options{.type = 2});
     std::string swallowed; ///< frames that begin so never arrive; change it while nothing runs
     bool cut = false;      ///< these are reported as cut
+    std::string last;      ///< with the frame that begins so the sensor vanishes, once it has left
     std::atomic<Clock::duration> supplyKept{Clock::duration::max()}; ///< least time from a frame on
     bool deaf = false;                                               ///< to losses of the link
 
@@ -105,6 +106,8 @@ private:
             const WriteResult result = PortDecorator::write(bytes);
             if (!bytes.starts_with("PROG"))
                 m_bench.m_lastFrame = Clock::now();
+            if (!m_bench.last.empty() && bytes.starts_with(m_bench.last))
+                m_bench.sensor->vanish();
             return result;
         }
 

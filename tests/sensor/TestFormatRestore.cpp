@@ -218,7 +218,8 @@ void TestFormatRestore::anotherSensorGetsNothing()
     QVERIFY(m_formats->keep({m_bench->link.device(), "3A0102", "4A0519", "4E0519"}).isDone());
     for (const auto& [port, version, format, read] :
          {std::tuple(8, "3A0102", "4E0519", ""), std::tuple(7, "3A0103", "4E0519", ""),
-          std::tuple(7, "3A0102", "4E0518", "DA"), std::tuple(7, "7A0102", "4E0519", "")}) {
+          std::tuple(7, "3A0102", "4E0518", "DA"), std::tuple(7, "3A0102", "4A0519", "DA"),
+          std::tuple(7, "7A0102", "4E0519", "")}) {
         m_bench->sensor->setParameter('V', version); // the last is not identified
         m_bench->sensor->setParameter('D', format);
         QVERIFY(restore(port) == Result::NothingKept);

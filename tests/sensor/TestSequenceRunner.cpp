@@ -221,6 +221,8 @@ void TestSequenceRunner::planEndsAsItMust_data()
          "lost D", ""},
         {"lost in a pause", read, "progress 1", lose, "D=4A0519 1 lost A", "DA"},
         {"lost in a request", read, "before", fault("vanish@AA"), "D=4A0519 1 lost A", "DA"},
+        {"lost between request and answer", read, "before", [this] { m_bench->last = "AA"; },
+         "D=4A0519 1 lost A", "DA AA"},
         {"lost after the last answer", read, "reply 2", lose, "D=4A0519 1 A=00000005 2 lost A",
          "DA AA"},
         {"lost and back at once", longPause, "progress 1",
