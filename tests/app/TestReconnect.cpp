@@ -119,30 +119,43 @@ private Q_SLOTS:
     void attemptsGoOnUnderADialog_data();
     void attemptsGoOnUnderADialog();
     void portLostInsideTheManualBoxesStartsNoSecondConnect();
+    void openingAnotherPortEndsTheReconnecting_data();
     void openingAnotherPortEndsTheReconnecting();
+    void portChosenWhileTheStreamEndsOnALostOneStays();
     void programEndsWithoutAPort_data();
     void programEndsWithoutAPort();
 };
 
 void TestReconnect::lostPortIsReopenedSilently_data()
 {
-    QTest::addColumn<bool>("reading");
-    QTest::newRow("lost while a page is read") << true;
-    QTest::newRow("lost while nothing is exchanged") << false;
+    QTest::addColumn<QByteArray>("lostAt");
+    QTest::addColumn<bool>("sent"); // else no byte of the request gets out
+    QTest::newRow("lost while a page is read") << QByteArray("ZA") << false;
+    QTest::newRow("lost between a request and its answer") << QByteArray("ZA") << true;
+    QTest::newRow("lost while nothing is exchanged") << QByteArray() << false;
 }
 
 void TestReconnect::lostPortIsReopenedSilently()
 {
-    QFETCH(bool, reading);
+    QFETCH(QByteArray, lostAt);
+    QFETCH(bool, sent);
     Rig rig;
+    std::atomic<bool> vanishes = false;
+    rig.wrapPorts([&](std::unique_ptr<ComPort> port) {
+        return std::make_unique<WatchedPort>(std::move(port), [&](std::string_view bytes) {
+            if (bytes.starts_with(lostAt.constData()) && vanishes.exchange(false))
+                rig.sensor().vanish();
+        });
+    });
     QVERIFY(rig.startConnected());
     const int attempts = rig.openAttempts();
-    if (reading) {
-        rig.sensor().setFault({SimulatedFault::Kind::Vanish}, "Z");
-        rig.clickRefresh();
-    } else {
+    vanishes = sent;
+    if (lostAt.isEmpty())
         rig.sensor().vanish();
-    }
+    else if (!sent)
+        rig.sensor().setFault({SimulatedFault::Kind::Vanish}, lostAt.toStdString());
+    if (!lostAt.isEmpty())
+        rig.clickRefresh();
     QTRY_COMPARE(rig.statusText(), kLost);
     QTRY_VERIFY(rig.openAttempts() > attempts + 2);
     QCOMPARE(rig.statusText(), kLost);
@@ -336,24 +349,76 @@ void TestReconnect::portLostInsideTheManualBoxesStartsNoSecondConnect()
     QCOMPARE(boxes, 2);
 }
 
+void TestReconnect::openingAnotherPortEndsTheReconnecting_data()
+{
+    using Call = HeldPort::Call;
+    QTest::addColumn<Call>("held"); // the step of an attempt that takes its time
+    QTest::newRow("between two attempts") << Call::Read;
+    QTest::newRow("while the lost port is being closed") << Call::Close;
+    QTest::newRow("while the lost port is being opened") << Call::Open;
+}
+
 void TestReconnect::openingAnotherPortEndsTheReconnecting()
 {
+    QFETCH(HeldPort::Call, held);
     Rig rig;
+    const auto hold = std::make_shared<std::mutex>();
+    rig.wrapPorts([&](std::unique_ptr<ComPort> port) {
+        return std::make_unique<HeldPort>(std::move(port), hold, held);
+    });
     QVERIFY(rig.startConnected());
     const int before = rig.openAttempts();
+    std::unique_lock inFlight(*hold, std::defer_lock);
     ModalAnswer<SelectPortDialog> ports([&](SelectPortDialog& dialog) {
+        if (held != HeldPort::Call::Read)
+            inFlight.lock();
         rig.sensor().vanish();
-        QTRY_VERIFY(rig.openAttempts() >= before + kAttempts);
+        if (held == HeldPort::Call::Read)
+            QTRY_VERIFY(rig.openAttempts() >= before + kAttempts);
+        else if (held == HeldPort::Call::Open)
+            QTRY_COMPARE(rig.openAttempts(), before + 1);
+        else
+            QTRY_COMPARE(rig.statusText(), kLost);
         rig.sensor().comeBack();
         choosePortNine(dialog);
     });
     QVERIFY(rig.clickCommand(kSelectPortCommand));
-    QTRY_VERIFY(ports.wasShown());
+    QTRY_VERIFY(ports.wasShown() && !QApplication::activeModalWidget());
+    if (inFlight.owns_lock()) {
+        QTRY_VERIFY(rig.window().isBusy()); // with the chosen port
+        inFlight.unlock();
+    }
     QTRY_COMPARE(rig.link().portNumber(), 9);
     QVERIFY(rig.waitIdle());
     const int attempts = rig.openAttempts();
     QVERIFY(waitThreePeriods());
     QCOMPARE(rig.openAttempts(), attempts);
+    QCOMPARE(rig.link().portNumber(), 9);
+}
+
+void TestReconnect::portChosenWhileTheStreamEndsOnALostOneStays()
+{
+    for (const char* frame : {"VA", "DN"}) {
+        Rig rig;
+        QVERIFY(rig.startConnected());
+        rig.clickPage(1);
+        QTRY_COMPARE(rig.sensor().mode(), SimulatedSensor::Mode::Streaming);
+        QVERIFY(rig.waitIdle());
+        const int before = rig.openAttempts();
+        rig.sensor().setFault({SimulatedFault::Kind::Vanish, 1, 1}, frame);
+        {
+            const ModalAnswer<SelectPortDialog> ports(choosePortNine);
+            QVERIFY(rig.clickCommand(kSelectPortCommand));
+            QTRY_VERIFY(ports.wasShown() && !QApplication::activeModalWidget());
+        }
+        const FileDialogUser answers({}); // that the format is still to be written back
+        QTRY_COMPARE(rig.link().portNumber(), 9);
+        QVERIFY(rig.waitIdle());
+        QVERIFY(waitThreePeriods());
+        QCOMPARE(rig.openAttempts(), before + 1);
+        QCOMPARE(rig.link().portNumber(), 9);
+        QCOMPARE(rig.link().linkFailed(), 0);
+    }
 }
 
 void TestReconnect::programEndsWithoutAPort_data()

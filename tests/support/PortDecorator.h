@@ -2,8 +2,10 @@
 
 #include "platform/core/ComPort.h"
 
+#include <functional>
 #include <memory>
 #include <mutex>
+#include <string_view>
 #include <utility>
 
 namespace pelorin::test {
@@ -33,23 +35,66 @@ private:
     std::unique_ptr<ComPort> m_port;
 };
 
-/// A port that is not closed as long as a test holds the lock.
+/// A port that is not opened, read or closed as long as a test holds the lock.
 class HeldPort final : public PortDecorator
 {
 public:
-    HeldPort(std::unique_ptr<ComPort> port, std::shared_ptr<std::mutex> closing)
-        : PortDecorator(std::move(port)), m_closing(std::move(closing))
+    enum class Call { Open, Read, Close };
+
+    HeldPort(std::unique_ptr<ComPort> port, std::shared_ptr<std::mutex> hold,
+             Call held = Call::Close)
+        : PortDecorator(std::move(port)), m_hold(std::move(hold)), m_held(held)
     {
     }
 
+    int open() override
+    {
+        await(Call::Open);
+        return PortDecorator::open();
+    }
+    ReadResult read() override
+    {
+        await(Call::Read);
+        return PortDecorator::read();
+    }
     void close() override
     {
-        const std::lock_guard lock(*m_closing);
+        await(Call::Close);
         PortDecorator::close();
     }
 
 private:
-    const std::shared_ptr<std::mutex> m_closing;
+    void await(Call call) const
+    {
+        if (call == m_held) {
+            const std::lock_guard lock(*m_hold);
+        }
+    }
+
+    const std::shared_ptr<std::mutex> m_hold;
+    const Call m_held;
+};
+
+/// A port that calls a function, on the worker's thread, when bytes have gone out.
+class WatchedPort final : public PortDecorator
+{
+public:
+    using Written = std::function<void(std::string_view)>;
+
+    WatchedPort(std::unique_ptr<ComPort> port, Written written)
+        : PortDecorator(std::move(port)), m_written(std::move(written))
+    {
+    }
+
+    WriteResult write(std::string_view bytes) override
+    {
+        const WriteResult result = PortDecorator::write(bytes);
+        m_written(bytes);
+        return result;
+    }
+
+private:
+    const Written m_written;
 };
 
 } // namespace pelorin::test
