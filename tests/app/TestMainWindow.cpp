@@ -1,4 +1,5 @@
 #include "app/Commands.h"
+#include "app/ConnectionSupervisor.h"
 #include "pages/AboutDialog.h"
 #include "pages/OutputSetupPage.h"
 #include "pages/SensorInfoPage.h"
@@ -19,6 +20,7 @@
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <QSignalSpy>
 #include <QTest>
 #include <QTimer>
@@ -103,6 +105,7 @@ private Q_SLOTS:
     void closingSwitchesTheSupplyOff();
     void closingDuringAConnectEndsIt();
     void closingWaitsForAStoreCommand();
+    void closingDoesNotWaitForADriverThatHangs();
     void closingSendsWhatWasBegunAndWaitsUntilItIsStored_data();
     void closingSendsWhatWasBegunAndWaitsUntilItIsStored();
     void closingEndsAQuestionAndTheDialogThatAsks();
@@ -279,6 +282,15 @@ void TestMainWindow::storeCommandsAreWrittenAndConnectAgain()
         QVERIFY(hasReceived(rig, frame));
         QCOMPARE(rig.statusText(), QStringLiteral("Ready."));
     }
+    rig.runner().reserveConnect(*rig.window().findChild<ConnectionSupervisor*>());
+    (void)rig.frames();
+    const FileDialogUser user({});
+    QVERIFY(rig.clickCommand(kWriteECommand));
+    QTRY_COMPARE(user.boxes(),
+                 QStringList(QStringLiteral("The sensor is being connected, so nothing else was "
+                                            "done. Try again when that has ended.")));
+    QVERIFY(rig.waitIdle());
+    QCOMPARE(rig.frames(), QString());
 }
 
 void TestMainWindow::storeCommandsAreGreyedForTypeOne()
@@ -404,6 +416,26 @@ void TestMainWindow::closingWaitsForAStoreCommand()
     QVERIFY(hasReceived(rig, "EN"));
     QCOMPARE(rig.sensor().mode(), SimulatedSensor::Mode::Off);
     QCOMPARE(rig.logged().count(QStringLiteral("SSI Type: 2")), 1); // no second connect
+}
+
+void TestMainWindow::closingDoesNotWaitForADriverThatHangs()
+{
+    MainWindowRig rig;
+    const auto hold = std::make_shared<std::mutex>();
+    rig.wrapPorts([&hold](std::unique_ptr<ComPort> port) {
+        return std::make_unique<HeldPort>(std::move(port), hold, HeldPort::Call::Read);
+    });
+    QVERIFY(rig.startConnected());
+    std::unique_lock hanging(*hold);
+    rig.clickRefresh();
+    QTRY_VERIFY(rig.window().isBusy());
+    Pacing::setSpeeds({100, 200, 50}); // 15 seconds are the limit
+    const QSignalSpy closed(&rig.window(), &PelorinMainWindow::closed);
+    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("COM7")));
+    rig.window().close();
+    QTRY_COMPARE(closed.size(), 1);
+    hanging.unlock();
+    QTRY_COMPARE(hold.use_count(), 1); // what was left to itself has ended
 }
 
 void TestMainWindow::closingSendsWhatWasBegunAndWaitsUntilItIsStored_data()
