@@ -69,8 +69,10 @@ public:
                 !file.open(QIODevice::WriteOnly) || file.write(profile) != profile.size())
                 qWarning("The profile could not be written");
         }
-        m_factory.addScheme(QStringLiteral("simulator:"),
-                            [this](const QString& name) { return ports.makePort(name); });
+        m_factory.addScheme(QStringLiteral("simulator:"), [this](const QString& name) {
+            auto port = ports.makePort(name);
+            return wrapper ? wrapper(std::move(port)) : std::move(port);
+        });
         restart();
     }
 
@@ -113,6 +115,7 @@ public:
 
     User user;
     SimulatedPorts ports;
+    std::function<std::unique_ptr<ComPort>(std::unique_ptr<ComPort>)> wrapper; ///< of these
     std::unique_ptr<PelorinApp> app;
 
 private:

@@ -13,10 +13,14 @@
 #include "simulator/SimulatedSensor.h"
 #include "support/FileContent.h"
 #include "support/FileSizeLimit.h"
+#include "support/PortDecorator.h"
 
 #include <QAction>
 #include <QDir>
+#include <QElapsedTimer>
 #include <QFile>
+#include <QFileDialog>
+#include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
 #include <QMessageBox>
@@ -149,7 +153,9 @@ private Q_SLOTS:
     void damagedFilesAreNamed();
     void profileThatCannotBeWrittenIsToldUnlessTheProgramMustEnd();
     void profileThatCannotBeReadIsToldOnce();
+    void endOfTheDesktopSessionClosesTheWindow_data();
     void endOfTheDesktopSessionClosesTheWindow();
+    void portThatIsSlowToOpenKeepsNoProgramFromEnding();
     void signalEndsTheStartWhateverIsAsked_data();
     void signalEndsTheStartWhateverIsAsked();
 };
@@ -409,19 +415,95 @@ void TestPelorinApp::profileThatCannotBeReadIsToldOnce()
                         .arg(run.profilePath())));
 }
 
+void TestPelorinApp::endOfTheDesktopSessionClosesTheWindow_data()
+{
+    QTest::addColumn<int>("command"); // that has something open
+    QTest::addColumn<QString>("open");
+    QTest::newRow("nothing open") << 0 << QString();
+    QTest::newRow("the About dialog") << int{kAboutCommand} << "About Pelorin";
+    QTest::newRow("a message") << int{kHelpCommand} << "The help could";
+    QTest::newRow("a question of the restore")
+        << int{kRestoreBackupCommand} << "The file holds texts";
+}
+
 /// What the desktop wants of the session is nothing to the program, so it gets none here.
 void TestPelorinApp::endOfTheDesktopSessionClosesTheWindow()
 {
-    Run run(kSettings, profileOf(7, 1), {});
+    QFETCH(int, command);
+    QFETCH(QString, open);
+    const QTemporaryDir folder;
+    const QString backup = folder.filePath(QStringLiteral("odd.dat"));
+    QFile file(backup);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write("~~~PELORIN_BACKUP_FILE~~~\r\n41:00000010\r\n44:020018\r\n4C:0A0500\r\n"
+               "4E:000000\r\n50:0000A5F0\r\n53:02 60X\r\n55:283000\r\n5A:068332\r\n");
+    file.close();
+    Answers answers;
+    if (command == kRestoreBackupCommand) {
+        answers << answerTo<QFileDialog>([&backup](QFileDialog& dialog) {
+            auto* name = dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+            name->setText(backup);
+            QTest::keyClick(name, Qt::Key_Return);
+        });
+    }
+    Run* current = nullptr;
+    QElapsedTimer lasted;
+    bool isLeft = false;
+    const auto endSession = [&] {
+        const int ending =
+            QGuiApplication::staticMetaObject.indexOfSignal("commitDataRequest(QSessionManager&)");
+        void* arguments[] = {nullptr, nullptr};
+        lasted.start();
+        QMetaObject::activate(qApp, ending, arguments);
+        isLeft = !lasted.hasExpired(10'000) && !current->app->link().isOpen() &&
+                 current->ports.sensor(QStringLiteral("simulator:sensor?type=0"))->mode() ==
+                     SimulatedSensor::Mode::Off;
+    };
+    answers << [&endSession](QDialog&) { endSession(); };
+    Run run(kSettings, profileOf(1, 1), answers);
+    current = &run;
     QVERIFY(run.start());
+    const auto& window = *run.app->mainWindow();
+    QTRY_VERIFY(window.currentPage() == 0 && !window.isBusy());
     const QSignalSpy closed(run.app.get(), &PelorinApp::closed);
-    const int ending =
-        QGuiApplication::staticMetaObject.indexOfSignal("commitDataRequest(QSessionManager&)");
-    QVERIFY(ending >= 0);
-    void* arguments[] = {nullptr, nullptr};
-    QMetaObject::activate(qApp, ending, arguments);
+    if (command != 0)
+        QVERIFY(choose(window, command));
+    else
+        endSession();
     QTRY_COMPARE(closed.size(), 1);
-    QVERIFY(!run.app->mainWindow()->isVisible());
+    QVERIFY(lasted.isValid() && isLeft);
+    QVERIFY2(command == 0 || run.user.heard().last().startsWith(open),
+             qPrintable(run.user.heard().join(u'|')));
+    QVERIFY(!window.isVisible());
+    run.app->requestClose(); // as a signal might come, too
+    QCoreApplication::processEvents();
+    QCOMPARE(closed.size(), 1);
+}
+
+void TestPelorinApp::portThatIsSlowToOpenKeepsNoProgramFromEnding()
+{
+    for (const bool returns : {true, false}) {
+        const auto hold = std::make_shared<std::mutex>();
+        Run run(kSettings, profileOf(7, 1), {});
+        run.wrapper = [&hold](std::unique_ptr<ComPort> port) {
+            return std::make_unique<HeldPort>(std::move(port), hold, HeldPort::Call::Open);
+        };
+        std::unique_lock opening(*hold);
+        const QSignalSpy closed(run.app.get(), &PelorinApp::closed);
+        QVERIFY(run.app->initInstance({}));
+        run.app->requestClose();
+        QVERIFY(closed.isEmpty());
+        if (returns)
+            opening.unlock();
+        QTRY_COMPARE(closed.size(), 1);
+        QVERIFY(!run.app->mainWindow());
+        run.app->exitInstance();
+        QCOMPARE(contentOf(run.profilePath()), profileOf(7, 1));
+        if (!returns)
+            opening.unlock();
+        QTRY_COMPARE(hold.use_count(), 1);
+        QCOMPARE(closed.size(), 1);
+    }
 }
 
 void TestPelorinApp::signalEndsTheStartWhateverIsAsked_data()
