@@ -2,6 +2,7 @@
 #include "pages/FactoryParamsPage.h"
 #include "pages/ManualCommDialog.h"
 #include "pages/PageRig.h"
+#include "platform/core/ComPortNames.h"
 
 #include <QLineEdit>
 #include <QTableWidget>
@@ -162,6 +163,13 @@ private Q_SLOTS:
         rig.sensor().clearFaults();
         QVERIFY(rig.refresh());
         rig.touch();
+        const SensorLink& link = rig.link();
+        QVERIFY(rig.formats()
+                    .keep({ComPortNames::stableName(link.device()), link.versionText(), "0A0519",
+                           "4A0519"})
+                    .isDone());
+        QVERIFY(
+            rig.refusal().startsWith(QStringLiteral("The sensor still carries the data format")));
         rig.link().forgetIdentification();
         QCOMPARE(rig.refusal(),
                  QStringLiteral("The sensor is not identified. Nothing was written."));

@@ -257,15 +257,25 @@ private Q_SLOTS:
 
     void streamDoesNotStartWithoutAnIdentifiedSensor()
     {
-        Rig rig;
-        rig.sensor().setParameter('V', "7A0204");
-        rig.start();
-        QTRY_COMPARE(rig.lightText(), QStringLiteral("Red, blinking: not connected"));
-        QVERIFY(rig.choosePage(kRow));
-        QTRY_COMPARE(rig.statusText(), QStringLiteral("The sensor is not identified. Connect it "
-                                                      "before its position is shown."));
-        QVERIFY(rig.leave());
-        QCOMPARE(rig.writes(), QString());
+        for (const bool before : {false, true}) { // it was another one that streamed
+            Rig rig;
+            const BoxAnswers boxes;
+            QVERIFY(!before || rig.startStreaming());
+            (void)rig.frames();
+            rig.sensor().setParameter('V', "7A0204");
+            if (before)
+                QVERIFY(rig.clickCommand(kConnectCommand));
+            else
+                rig.start();
+            QTRY_COMPARE(rig.statusText(), QStringLiteral("Not connected to the sensor."));
+            QVERIFY(before ? rig.waitIdle() : rig.choosePage(kRow));
+            if (before)
+                rig.clickRefresh();
+            QTRY_COMPARE(rig.statusText(), QStringLiteral("The sensor is not identified. Connect "
+                                                          "it before its position is shown."));
+            QVERIFY(rig.leave());
+            QCOMPARE(rig.writes(), QString());
+        }
     }
 
     /// Once the parameter can be read, a refresh starts again.
