@@ -77,6 +77,7 @@ private Q_SLOTS:
     void onlyReadsAndWritesWait();
     void writeFrameCarriesIdAndValue();
     void vanishedPortIsReportedAndLogged();
+    void portThatGoesBeforeTheAnswerIsReported();
     void rawExchangeReturnsEveryByte();
     void rawExchangeOfATalkingSensorIsCut();
     void positionFrameIsScaled();
@@ -239,6 +240,14 @@ void TestSensorProtocol::vanishedPortIsReportedAndLogged()
                           QStringLiteral("Error in EscapeCommFunction SETRTS. Error = 19"),
                           QStringLiteral("Error in EscapeCommFunction CLRRTS. Error = 19"),
                           QStringLiteral("Error in PurgeComm. Error = 19")}));
+}
+
+void TestSensorProtocol::portThatGoesBeforeTheAnswerIsReported()
+{
+    test::WatchedPort port(std::move(m_port), [this](auto) { m_sensor->vanish(); });
+    QVERIFY(!protocolOn(port).readParameter('D'));
+    QCOMPARE(m_losses, 1);
+    QCOMPARE(logged().front(), QStringLiteral("TX: [44][Get][TERM]"));
 }
 
 void TestSensorProtocol::rawExchangeReturnsEveryByte()
