@@ -40,12 +40,13 @@ SequenceRunner::~SequenceRunner()
 
 bool SequenceRunner::isBusy() const
 {
-    return m_run || m_waiting || m_ending || isChangingPort() || (m_stream && m_stream->stopping);
+    return m_run || m_waiting.go || m_ending || isChangingPort() ||
+           (m_stream && m_stream->stopping);
 }
 
 bool SequenceRunner::isRunning(const QObject& owner) const
 {
-    return (m_run && m_run->owner == &owner) || (m_waiting && m_waiting->owner == &owner);
+    return (m_run && m_run->owner == &owner) || (m_waiting.go && m_waiting.owner == &owner);
 }
 
 bool SequenceRunner::isOfStream(const QObject& owner) const
@@ -57,7 +58,7 @@ bool SequenceRunner::start(QObject& owner, Plan plan, Listener listener)
 {
     const bool first = isOfStream(owner);
     const bool reserved = m_reservedFor && m_reservedFor != &owner && m_continuing != &owner;
-    if (m_run || (!first && (m_waiting || m_ending || isChangingPort() || reserved)))
+    if (m_run || (!first && (m_waiting.go || m_ending || isChangingPort() || reserved)))
         return false;
     Run run{.owner = &owner, .plan = std::move(plan), .listener = std::move(listener)};
     if (m_reservedFor == &owner) {
@@ -76,15 +77,15 @@ bool SequenceRunner::start(QObject& owner, Plan plan, Listener listener)
             run.listener.ended({.kind = Outcome::Kind::StreamNotEnded});
         }
     });
-    if (waits && m_waiting && ended)
-        m_waiting->abandoned = [ended] { ended({.kind = Outcome::Kind::Abandoned}); };
+    if (waits && m_waiting.go && ended)
+        m_waiting.abandoned = [ended] { ended({.kind = Outcome::Kind::Abandoned}); };
     return waits;
 }
 
 void SequenceRunner::abandon(const QObject& owner)
 {
-    if (m_waiting && m_waiting->owner == &owner) {
-        const Waiting waiting = *std::exchange(m_waiting, std::nullopt);
+    if (m_waiting.go && m_waiting.owner == &owner) {
+        const Waiting waiting = std::exchange(m_waiting, {});
         if (waiting.abandoned)
             tell(waiting.abandoned);
     }
@@ -312,8 +313,8 @@ void SequenceRunner::settle()
     if (m_depth == 0 && !m_run) {
         if (m_ending && m_stream && !m_stream->stopping) {
             stopStream();
-        } else if (!m_stream && m_waiting) {
-            const Waiting waiting = *std::exchange(m_waiting, std::nullopt);
+        } else if (!m_stream && m_waiting.go) {
+            const Waiting waiting = std::exchange(m_waiting, {});
             return tell([&] {
                 if (waiting.owner)
                     waiting.go(m_streamRestored && !m_ending);
@@ -374,7 +375,7 @@ void SequenceRunner::streamEnded(bool restored)
 
 bool SequenceRunner::endStream(QObject& owner, std::function<void(bool)> then)
 {
-    if (m_run || m_waiting || isChangingPort() || m_ending || (m_stream && m_stream->stopping))
+    if (m_run || m_waiting.go || isChangingPort() || m_ending || (m_stream && m_stream->stopping))
         return false;
     if (!m_stream) {
         then(true);

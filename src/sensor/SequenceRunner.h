@@ -194,7 +194,7 @@ private:
     std::optional<Stream> m_stream;
     bool m_streamRestored = true; ///< how the last stream has ended
     RequestId m_positionRequest = 0;
-    std::optional<Waiting> m_waiting;
+    Waiting m_waiting;                      ///< nothing while `go` is empty
     const QObject* m_reservedFor = nullptr; ///< only compared, as the next
     const QObject* m_continuing = nullptr;  ///< whose plan has just ended, and who may go on first
 
