@@ -41,8 +41,8 @@ const QString kNotConnected = QStringLiteral("Red, blinking: not connected");
 const QByteArray kProductKey = "[HKEY_LOCAL_MACHINE\\SOFTWARE\\Korvex Systems\\Pelorin]\r\n";
 const QByteArray kManualPower = kProductKey + "\"ManualPowerMode\"=dword:00000001\r\n";
 
-/// Answers OK to the boxes of the manual power mode, to the second once the sensor has its supply
-/// and has heard enough PROG frames, which end with that OK.
+/// Answers OK to the boxes of the manual power mode, to the second once the sensor has heard enough
+/// PROG frames. They go on for three seconds after that OK, which pass in no time here.
 class Technician
 {
 public:
