@@ -2,7 +2,8 @@
 # Builds Pelorin and starts it on a simulated sensor; arguments are passed on to it.
 #   ./run.sh [/CP:98]
 # Without a display the tour runs instead: the real program off screen, every page visited
-# by real clicks, one picture per page in build/tour, the values read printed as text.
+# by real clicks, one picture per page in build/tour, the values read printed as text. It takes the
+# code of a language: ./run.sh 2 (1 English, 2 German, 4 French, 8 Spanish, 16 Italian).
 set -euo pipefail
 cd -- "$(dirname -- "${BASH_SOURCE[0]}")"
 source tools/setup.sh
@@ -21,5 +22,5 @@ else
     PELORIN_REGISTRY=$PWD/build/dev/share/pelorin/demo.reg \
         XDG_CONFIG_HOME=$PWD/build/tour/config \
         QT_QPA_PLATFORM=offscreen:configfile=tests/support/screen.json \
-        build/dev/bin/pelorin-tour build/tour
+        build/dev/bin/pelorin-tour build/tour "$@"
 fi

@@ -1,13 +1,14 @@
 #!/usr/bin/env bash
 # Builds the project and runs all its tests; ends with the result of the tests.
-#   ./test.sh [dev|asan|tsan|release]
+#   ./test.sh [dev|asan|tsan|release] [<arguments for ctest>...]
 # What is missing of Debian's packages is installed first.
 set -euo pipefail
 cd -- "$(dirname -- "${BASH_SOURCE[0]}")"
 source tools/setup.sh
 
 preset=${1:-dev}
-runner=(ctest --preset "$preset")
+shift || true
+runner=(ctest --preset "$preset" "$@")
 case $preset in
 dev | release) ;;
 asan | tsan)
@@ -17,7 +18,7 @@ asan | tsan)
         runner=(setarch -R "${runner[@]}")
     fi
     ;;
-*) die "usage: ./test.sh [dev|asan|tsan|release]" ;;
+*) die "usage: ./test.sh [dev|asan|tsan|release] [<arguments for ctest>...]" ;;
 esac
 
 build "$preset"

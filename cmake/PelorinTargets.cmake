@@ -45,6 +45,7 @@ function(pelorin_screen variable name)
     set(${variable} "offscreen:configfile=${screen}" PARENT_SCOPE)
 endfunction()
 
+# pelorin_test_run(<run> <program> <timeout> <locale> [<argument>...])
 function(pelorin_test_run run program timeout locale)
     pelorin_screen(platform screen.json)
     set(environment
@@ -54,7 +55,7 @@ function(pelorin_test_run run program timeout locale)
         "LANGUAGE="
         "TSAN_OPTIONS=suppressions='${CMAKE_SOURCE_DIR}/tests/support/tsan.supp'"
         "UBSAN_OPTIONS=print_stacktrace=1")
-    add_test(NAME ${run} COMMAND ${program})
+    add_test(NAME ${run} COMMAND ${program} ${ARGN})
     set_tests_properties(${run} PROPERTIES
         TIMEOUT ${timeout}
         ENVIRONMENT "${environment}"

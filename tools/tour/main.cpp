@@ -1,36 +1,25 @@
+#include "Script.h"
 #include "Tour.h"
-#include "Visits.h"
 
 #include "app/PelorinApp.h"
 #include "app/PelorinMainWindow.h"
 #include "platform/core/ComPortFactory.h"
 #include "platform/core/TermiosComPort.h"
-#include "simulator/SimulatedDisplayUnit.h"
 #include "simulator/SimulatedPorts.h"
-#include "simulator/SimulatedSensor.h"
 
 #include <QApplication>
 #include <QTest>
 
-#include <array>
-
 using namespace pelorin;
 
-namespace {
-
-constexpr std::array kVisits = {visitInformation, visitPosition,   visitOutputSetup,
-                                visitLog,         visitManualComm, visitFactory,
-                                visitBackup,      visitTempComp,   visitDisplayUnit};
-
-} // namespace
-
 /// Runs the program, on the demonstration's settings and its type 2 sensor, and makes the tour.
-/// The first argument is the folder for the pictures.
+/// Arguments: the folder for the pictures, and the code of the language (1, English).
 int main(int argc, char* argv[])
 {
     QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
-    const QDir folder(QApplication::arguments().value(1, QStringLiteral(".")));
+    const QStringList arguments = QApplication::arguments();
+    const QDir folder(arguments.value(1, QStringLiteral(".")));
     if (!folder.mkpath(QStringLiteral(".")))
         return EXIT_FAILURE;
 
@@ -47,13 +36,11 @@ int main(int argc, char* argv[])
         !QTest::qWaitFor([&] { return pelorin.mainWindow() || ended; }, Tour::kTimeLimit) || ended)
         return EXIT_FAILURE;
 
-    Tour tour(*pelorin.mainWindow(), simulators.sensor(QStringLiteral("simulator:sensor?type=2")),
-              simulators.displayUnit(QStringLiteral("simulator:display")), folder);
-    bool passed = true;
-    for (const auto& visit : kVisits)
-        passed = passed && visit(tour);
+    Tour tour(*pelorin.mainWindow(), folder);
+    const int language = arguments.value(2, QStringLiteral("1")).toInt();
+    tour.run(script(tour, simulators, language));
     pelorin.requestClose();
-    passed = QTest::qWaitFor([&ended] { return ended; }, Tour::kTimeLimit) && passed;
+    const bool closed = QTest::qWaitFor([&ended] { return ended; }, Tour::kTimeLimit);
     pelorin.exitInstance();
-    return passed ? EXIT_SUCCESS : EXIT_FAILURE;
+    return closed ? EXIT_SUCCESS : EXIT_FAILURE;
 }

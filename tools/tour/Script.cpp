@@ -1,0 +1,202 @@
+#include "Script.h"
+
+#include "app/Commands.h"
+#include "simulator/SimulatedDisplayUnit.h"
+#include "simulator/SimulatedPorts.h"
+#include "simulator/SimulatedSensor.h"
+
+#include <QApplication>
+#include <QDialog>
+#include <QFile>
+#include <QProgressBar>
+
+#include <bit>
+
+namespace pelorin {
+
+namespace {
+
+// The pages, by the numbers of their captions.
+constexpr int kInformation = 110;
+constexpr int kOutputSetup = 168;
+constexpr int kLog = 188;
+constexpr int kFactory = 214;
+constexpr int kTempComp = 253;
+constexpr int kPosition = 261;
+
+QByteArray contentOf(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+bool isHalfDone()
+{
+    const QWidget* dialog = QApplication::activeModalWidget();
+    const auto* bar = dialog ? dialog->findChild<QProgressBar*>() : nullptr;
+    return bar && bar->value() > bar->maximum() / 2;
+}
+
+QString textOf(const SimulatedDisplayUnit::Settings& settings)
+{
+    return QString::fromStdString(settings.mode + ", " + settings.dataBits + " bits, " +
+                                  settings.resolution + " mm");
+}
+
+} // namespace
+
+std::vector<Tour::Step> script(Tour& tour, SimulatedPorts& simulators, int language)
+{
+    const auto sensor = simulators.sensor(QStringLiteral("simulator:sensor?type=2"));
+    const auto unit = simulators.displayUnit(QStringLiteral("simulator:display"));
+    const auto holds = [sensor](char parameter, const char* text) {
+        return Tour::expect("the sensor holds what was written",
+                            [=] { return sensor->parameter(parameter) == text; });
+    };
+    const auto printHeld = [&tour, sensor](char parameter) {
+        return tour.print([=] {
+            return QStringLiteral("the sensor holds %1 = %2")
+                .arg(QLatin1Char(parameter))
+                .arg(QString::fromStdString(sensor->parameter(parameter)));
+        });
+    };
+    const auto noDialog = [] { return QApplication::activeModalWidget() == nullptr; };
+    for (const char* name : {"log.txt", "backup.dat", "lookup-table.csv"}) // of an earlier tour
+        (void)QFile::remove(tour.path(QLatin1String(name)));
+
+    std::vector<Tour::Step> steps = {
+        tour.command(kFirstLanguageCommand + std::countr_zero(static_cast<unsigned>(language))),
+
+        Tour::print(QStringLiteral("Sensor information")),
+        tour.page(kInformation),
+        tour.printList("valueList"),
+        tour.picture("information"),
+
+        Tour::print(QStringLiteral("Magnet position")),
+        tour.print(
+            [sensor] { return sensor->setMoving(true), QStringLiteral("the magnet moves"); }),
+        tour.page(kPosition),
+        tour.printChanged("positionBox"),
+        tour.printChanged("positionBox"),
+        tour.printChanged("positionBox"),
+        tour.picture("position"),
+
+        Tour::print(QStringLiteral("Output setup")),
+        tour.page(kOutputSetup),
+        tour.printControls(),
+        tour.picture("output-setup"),
+        tour.key("modeCombo", Qt::Key_Home), // the reverse direction needs the asynchronous mode
+        tour.key("directionCombo", Qt::Key_End),
+        tour.click("applyButton"), // asks for the offset that goes with it
+        tour.key("packageCombo", Qt::Key_Home),
+        tour.picture("offset"),
+        tour.click("cancelButton"),
+        tour.page(kInformation),
+        tour.page(kOutputSetup),
+        tour.click("unlockButton"),
+        tour.type("passwordEdit", QStringLiteral("SteadyNow")),
+        tour.picture("password"),
+        tour.click("okButton"),
+        tour.type("errorSkipCountEdit", QStringLiteral("10")),
+        tour.click("applyButton"),
+        printHeld('D'),
+        holds('D', "4A0A19"),
+
+        Tour::print(QStringLiteral("Communications log, its first lines")),
+        tour.page(kLog),
+        tour.printList("logList", 4),
+        tour.picture("log"),
+        tour.click("saveButton"),
+        tour.file(QStringLiteral("log.txt")),
+        Tour::expect(
+            "the log is saved",
+            [&tour] { return contentOf(tour.path(QStringLiteral("log.txt"))).contains("\r\n"); }),
+        tour.page(kInformation),
+
+        Tour::print(QStringLiteral("Manual communications")),
+        tour.command(kManualCommCommand),
+        Tour::when([] { return QApplication::activeModalWidget() != nullptr; },
+                   tour.type("sendEdit", QStringLiteral("56,41,0D"))),
+        tour.click("executeButton"),
+        tour.printChanged("receiveEdit"),
+        tour.picture("manual-communications"),
+        tour.type("sendEdit", QStringLiteral("56,4G,0D")),
+        tour.printChanged("markLabel"),
+        tour.picture("manual-communications-mark"),
+        tour.click("okButton"),
+
+        Tour::print(QStringLiteral("Factory parameters, another multiplier and offset")),
+        Tour::when(noDialog, tour.page(kFactory)),
+        tour.cell("parameterList", 4, 1, QStringLiteral("0")),
+        tour.cell("parameterList", 6, 1, QStringLiteral("-0.125")),
+        tour.picture("factory-edit"),
+        tour.click("applyButton"),
+        tour.printList("parameterList"),
+        printHeld('N'),
+        holds('N', "FFFFE7"),
+        tour.picture("factory"),
+
+        Tour::print(QStringLiteral("Backup")),
+        tour.command(kSaveBackupCommand),
+        tour.file(QStringLiteral("backup.dat")),
+        Tour::when(isHalfDone, tour.picture("backup")),
+        Tour::when(noDialog, tour.print([&tour] {
+            return QString::fromLatin1(contentOf(tour.path(QStringLiteral("backup.dat"))));
+        })),
+        tour.print([sensor] {
+            sensor->setParameter('N', "000123");
+            return QStringLiteral("another N is in the sensor");
+        }),
+        tour.command(kRestoreBackupCommand),
+        tour.file(QStringLiteral("backup.dat")),
+        Tour::when(isHalfDone, tour.picture("restore")),
+        Tour::when(noDialog, printHeld('N')),
+        holds('N', "FFFFE7"),
+
+        Tour::print(QStringLiteral("Temperature compensation, saved and read back")),
+        tour.page(kTempComp),
+    };
+    const auto add = [&steps](std::vector<Tour::Step> more) {
+        steps.insert(steps.end(), more.begin(), more.end());
+    };
+    constexpr int kEntries = 6;
+    for (int row = 0; row < kEntries; ++row) {
+        add({tour.cell("lookupList", row, 1, QString::number(-40 + row * 24.5, 'f', 1)),
+             tour.cell("lookupList", row, 2, QString::number(-12 + row * 5))});
+    }
+    add({
+        tour.click("lookupToFileButton"),
+        tour.file(QStringLiteral("lookup-table.csv")),
+        Tour::when(noDialog, tour.cell("lookupList", 0, 1, QStringLiteral("999"))),
+        tour.cell("lookupList", 0, 0),
+        tour.click("lookupFromFileButton"),
+        tour.file(QStringLiteral("lookup-table.csv")),
+        Tour::when(noDialog, tour.printList("lookupList")),
+        Tour::expect("the first temperature is that of the file",
+                     [&tour] { return tour.textAt("lookupList", 0, 1) == QLatin1String("-40.0"); }),
+        tour.picture("temperature-compensation"),
+        tour.page(kInformation),
+
+        Tour::print(QStringLiteral("Display unit")),
+        tour.command(kDisplayUnitCommand),
+        Tour::when([] { return qobject_cast<QDialog*>(QApplication::activeWindow()) != nullptr; },
+                   tour.print([unit] { return textOf(unit->settings()); })),
+        tour.printChanged("displayBox"),
+        tour.printChanged("displayBox"),
+        tour.picture("display-unit"),
+        tour.key("modeCombo", Qt::Key_Down),
+        tour.click("applyButton"),
+        Tour::expect("the unit has its settings",
+                     [unit] { return unit->settings().resolution == "0.005"; }),
+        tour.print([unit] { return textOf(unit->settings()); }),
+        tour.printChanged("displayBox"),
+        tour.picture("display-unit-applied"),
+        tour.key("modeCombo", Qt::Key_Escape),
+        Tour::expect(
+            "the display unit's window has closed",
+            [] { return qobject_cast<QDialog*>(QApplication::activeWindow()) == nullptr; }),
+    });
+    return steps;
+}
+
+} // namespace pelorin
