@@ -1,46 +1,35 @@
-#include "SerialClient.h"
+#include "platform/core/TermiosComPort.h"
+#include "support/TestFolder.h"
+#include "support/WaitFor.h"
 
-#include <QFileInfo>
 #include <QProcess>
-#include <QTemporaryDir>
 #include <QTest>
 
 #include <csignal>
 
 using namespace pelorin;
+using namespace pelorin::test;
+using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The running program, told to end when it goes.
-struct Program
+std::string readFrame(ComPort& port)
 {
-    explicit Program(const QStringList& arguments)
-    {
-        process.start(QStringLiteral(PELORIN_SIMULATOR), arguments);
-    }
-    ~Program()
-    {
-        process.kill();
-        process.waitForFinished();
-    }
+    std::string frame;
+    auto result = port.read();
+    for (; result.received && result.byte != '\r'; result = port.read())
+        frame += result.byte;
+    return result.error == 0 ? frame : std::strerror(result.error);
+}
 
-    /// The next line that it prints.
-    QByteArray line()
-    {
-        while (!process.canReadLine() && process.waitForReadyRead(10'000))
-            ;
-        return process.readLine().trimmed();
-    }
-
-    [[nodiscard]] bool endsOn(int signal)
-    {
-        return ::kill(static_cast<pid_t>(process.processId()), signal) == 0 &&
-               process.waitForFinished(10'000) && process.exitStatus() == QProcess::NormalExit &&
-               process.exitCode() == 0;
-    }
-
-    QProcess process;
-};
+/// What a device answers in programming mode.
+std::string ask(ComPort& port, std::string_view frame)
+{
+    const std::string entry = QByteArray("PROG\r").repeated(10).toStdString();
+    const bool sent = port.write(entry).written == 50 && port.purge(ComPort::Purge::Both) == 0 &&
+                      port.write(frame).error == 0;
+    return sent ? readFrame(port) : "not sent";
+}
 
 } // namespace
 
@@ -49,83 +38,65 @@ class TestPelorinSimulator : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void sensorAnswersOverItsTerminalUntilASignalEndsTheProgram_data();
-    void sensorAnswersOverItsTerminalUntilASignalEndsTheProgram();
-    void eachDeviceHasItsTerminalAndLink();
-    void meaninglessOptionsAreRefused_data();
-    void meaninglessOptionsAreRefused();
+    void devicesAnswerOverTheirTerminalsUntilASignalEndsTheProgram()
+    {
+        const QString displayLink = m_folder.path(u"display"_s);
+        QProcess program;
+        program.start(kProgram, {u"--type"_s, u"1"_s, u"--display"_s, u"--link"_s, m_link,
+                                 u"--link"_s, displayLink, u"--fault"_s, u"vanish:100@AA"_s,
+                                 u"--fault"_s, u"short:4@V"_s});
+        QVERIFY(waitFor([&program] { return program.canReadLine(); }));
+        QCOMPARE(QString::fromUtf8(program.readAll()),
+                 u"sensor of type 1: %1\ndisplay unit: %2\n"_s.arg(
+                     QFileInfo(m_link).symLinkTarget(), QFileInfo(displayLink).symLinkTarget()));
+        TermiosComPort display(displayLink.toStdString());
+        QCOMPARE(display.open(), 0);
+        QCOMPARE(display.setLine({19200}), 0);
+        QCOMPARE(ask(display, "$1WE\r"), std::string("*"));
+
+        TermiosComPort sensor(m_link.toStdString());
+        QCOMPARE(sensor.open(), 0);
+        QCOMPARE(ask(sensor, "DN4E0519\rEN\rVA\rNA\r"), std::string("2A01FFFFF6"));
+        QCOMPARE(sensor.setLine({38400}), 0); // the sensor restarts
+        QCOMPARE(readFrame(sensor), std::string("0009BF00"));
+        QCOMPARE(sensor.setLine({4800}), 0);
+        QCOMPARE(ask(sensor, "DA\r"), std::string("4E0519"));
+
+        QCOMPARE(ask(sensor, "AA\r"), std::string(std::strerror(ENODEV)));
+        QVERIFY(waitFor([&sensor] { return sensor.isOpen() || sensor.open() == 0; }));
+        QCOMPARE(ask(sensor, "DA\r"), std::string("4E0519")); // it is back at its link
+
+        QCOMPARE(::kill(static_cast<pid_t>(program.processId()), SIGINT), 0);
+        QVERIFY(program.waitForFinished());
+        QCOMPARE(program.exitCode(), 0);
+        QCOMPARE(m_folder.names(), QString());
+    }
+
+    void meaninglessOptionsAreRefusedAndNoFileIsReplaced()
+    {
+        QVERIFY(m_folder.put(u"precious"_s, "kept"));
+        for (const QStringList& arguments : {QStringList{u"--type"_s, u"3"_s},
+                                             {u"--type"_s, u"x"_s},
+                                             {u"--fault"_s, u"loud"_s},
+                                             {u"surplus"_s},
+                                             {u"--speed"_s, u"9"_s},
+                                             {u"--link"_s, m_folder.path(u"precious"_s)},
+                                             {u"--link"_s, m_link, u"--link"_s, m_link}}) {
+            QProcess program;
+            program.start(kProgram, arguments);
+            QVERIFY2(program.waitForFinished(), qPrintable(arguments.join(u' ')));
+            QCOMPARE(program.exitStatus(), QProcess::NormalExit);
+            QVERIFY2(program.exitCode() != 0, qPrintable(arguments.join(u' ')));
+            QVERIFY(!program.readAllStandardError().isEmpty());
+        }
+        QCOMPARE(m_folder.content(u"precious"_s), QByteArray("kept"));
+    }
 
 private:
-    [[nodiscard]] QString linkPath(const char* name = "sensor") const
-    {
-        return m_folder.filePath(QString::fromLatin1(name));
-    }
-
-    QTemporaryDir m_folder;
+    const QString kProgram = QStringLiteral(PELORIN_SIMULATOR);
+    const TestFolder m_folder;
+    const QString m_link = m_folder.path(u"sensor"_s);
 };
-
-void TestPelorinSimulator::sensorAnswersOverItsTerminalUntilASignalEndsTheProgram_data()
-{
-    QTest::addColumn<int>("signal");
-    QTest::newRow("SIGTERM") << SIGTERM;
-    QTest::newRow("SIGINT") << SIGINT;
-}
-
-void TestPelorinSimulator::sensorAnswersOverItsTerminalUntilASignalEndsTheProgram()
-{
-    QFETCH(int, signal);
-    Program program(
-        {QStringLiteral("--type"), QStringLiteral("1"), QStringLiteral("--link"), linkPath()});
-    const QByteArray line = program.line();
-    QVERIFY2(line.startsWith("sensor of type 1: /dev/pts/"), line);
-    {
-        SerialClient client(QString::fromLatin1(line.mid(line.indexOf('/'))));
-        QVERIFY(client.isOpen());
-        QVERIFY(client.setSpeed(B4800));
-        QCOMPARE(readVersion(client), QByteArray("2A0103\r"));
-    }
-    QCOMPARE(QFileInfo(linkPath()).symLinkTarget().toLatin1(), line.mid(line.indexOf('/')));
-
-    QVERIFY(program.endsOn(signal));
-    QVERIFY(!QFileInfo(linkPath()).isSymLink());
-}
-
-void TestPelorinSimulator::eachDeviceHasItsTerminalAndLink()
-{
-    const Program program({QStringLiteral("--type"), QStringLiteral("0"),
-                           QStringLiteral("--display"), QStringLiteral("--link"), linkPath("one"),
-                           QStringLiteral("--link"), linkPath("two"), QStringLiteral("--fault"),
-                           QStringLiteral("short:4@V")});
-    QTRY_VERIFY(QFileInfo(linkPath("two")).isSymLink());
-
-    SerialClient sensor(linkPath("one"));
-    QVERIFY(sensor.setSpeed(B4800));
-    QVERIFY(sensor.send(QByteArray("PROG\r").repeated(10) + "VA\rAA\r"));
-    QCOMPARE(sensor.readFrame(), QByteArray("1A0200000010\r"));
-
-    SerialClient display(linkPath("two"));
-    QVERIFY(display.setSpeed(B19200));
-    QVERIFY(display.send("$1WE\r"));
-    QCOMPARE(display.readFrame(), QByteArray("*\r"));
-}
-
-void TestPelorinSimulator::meaninglessOptionsAreRefused_data()
-{
-    QTest::addColumn<QStringList>("arguments");
-    for (const char* line : {"--type 3", "--type x", "--fault loud", "surplus",
-                             "--link /nonexistent/a --link /nonexistent/b", "--speed 9"})
-        QTest::newRow(line) << QString::fromLatin1(line).split(QLatin1Char(' '));
-}
-
-void TestPelorinSimulator::meaninglessOptionsAreRefused()
-{
-    QFETCH(QStringList, arguments);
-    Program program(arguments);
-    QVERIFY(program.process.waitForFinished(10'000));
-    QCOMPARE(program.process.exitStatus(), QProcess::NormalExit);
-    QVERIFY(program.process.exitCode() != 0);
-    QVERIFY(!program.process.readAllStandardError().isEmpty());
-}
 
 QTEST_GUILESS_MAIN(TestPelorinSimulator)
 #include "TestPelorinSimulator.moc"
