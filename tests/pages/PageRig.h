@@ -2,30 +2,30 @@
 
 #include "support/MainWindowRig.h"
 #include "support/ModalAnswer.h"
-#include "support/WaitFor.h"
 
-#include <QAbstractButton>
 #include <QMessageBox>
-#include <QSignalSpy>
-#include <QTest>
+#include <QTableWidget>
 
 namespace pelorin::test {
 
-/// A page in the real main window on a simulated sensor, used as a user uses it.
-template <class Page, int kRow, int kApplyButton>
-class PageRig : public MainWindowRig
+/// A page that is shown in the real main window and has read its values from a simulated sensor,
+/// used as a user uses it.
+template <class Page, int kRow, int kApplyButton = 0>
+struct PageRig : MainWindowRig
 {
-public:
-    using MainWindowRig::MainWindowRig;
-
-    /// Connects and shows the page, which reads its values. @return false if it does not
-    [[nodiscard]] bool open() { return startConnected() && showPage(); }
-
-    [[nodiscard]] bool showPage()
+    /// @param holding what the sensor holds that is not usual for its type, as "D020519 K000001"
+    explicit PageRig(int type = 2, const char* holding = "") : MainWindowRig({.type = type})
     {
-        const bool shown = choosePage(kRow);
+        hold(holding);
+        if (!startConnected() || !choosePage(kRow))
+            qFatal("The page cannot be shown");
         (void)frames();
-        return shown;
+    }
+
+    void hold(const char* parameters)
+    {
+        for (const QString& text : QString::fromLatin1(parameters).split(u' ', Qt::SkipEmptyParts))
+            sensor().setParameter(text[0].toLatin1(), text.mid(1).toStdString());
     }
 
     template <class Control = QWidget>
@@ -34,64 +34,42 @@ public:
         return page<Page>().template getControl<Control>(id);
     }
 
-    [[nodiscard]] bool isEnabled(int id) { return control(id)->isEnabled(); }
-    [[nodiscard]] bool canApply() { return isEnabled(kApplyButton); }
+    void clickApply() { QTest::mouseClick(control(kApplyButton), Qt::LeftButton); }
+    [[nodiscard]] bool canApply() { return control(kApplyButton)->isEnabled(); }
 
-    void click(int id)
-    {
-        QWidget* button = control(id);
-        const QPoint place(12, button->height() / 2); // on a radio button's text or circle
-        QTest::mouseClick(button, Qt::LeftButton, {}, place);
-    }
-    void clickApply() { click(kApplyButton); }
-
-    /// Clicks Refresh and waits until the page has read its values.
-    [[nodiscard]] bool refresh()
+    /// Clicks Refresh and waits until the page has read its values. @return the frames
+    QString refresh()
     {
         (void)frames();
-        const QSignalSpy busy(&runner(), &SequenceRunner::busyChanged);
         clickRefresh();
-        return waitFor([&busy] { return !busy.isEmpty(); }) && waitIdle();
+        return waitIdle() ? frames() : QStringLiteral("busy");
     }
 
-    /// Clicks Apply and waits until it has ended.
-    /// @return the text of the message that it was refused with, or of the question
-    [[nodiscard]] QString apply(int button = QMessageBox::Ok)
+    /// Clicks a button and waits until what it does has ended and a message or question that it
+    /// shows has been answered.
+    /// @return the frames that it sent, then the first words of the message
+    QString press(int id, int answer = QMessageBox::Ok)
     {
-        QString text;
-        const ModalAnswer<QMessageBox> answer([&](QMessageBox& box) {
-            text = box.text();
-            QTest::mouseClick(box.button(QMessageBox::StandardButton(button)), Qt::LeftButton);
+        (void)frames();
+        QStringList words;
+        const ModalAnswer<QMessageBox> reader([&words, answer](QMessageBox& box) {
+            words = box.text().split(u' ').mid(0, 6);
+            QTest::mouseClick(box.button(QMessageBox::StandardButton(answer)), Qt::LeftButton);
         });
-        clickApply();
-        return waitIdle() ? text : QStringLiteral("busy");
+        QTest::mouseClick(control(id), Qt::LeftButton);
+        const bool idle = waitIdle() && waitFor([] { return !QApplication::activeModalWidget(); });
+        return idle ? (frames() + u' ' + words.join(u' ')).trimmed() : QStringLiteral("busy");
     }
+    QString apply(int answer = QMessageBox::Ok) { return press(kApplyButton, answer); }
 
-    /// Applies with a link that is lost when a frame is sent, and back at once.
-    /// @return what the user is told, once the sensor has been connected again
-    [[nodiscard]] QString lossAt(const char* frame)
+    /// The values that the page lists, with bars in between.
+    [[nodiscard]] QString values()
     {
-        sensor().setFault({SimulatedFault::Kind::Vanish, 1, 1}, frame);
-        QString text;
-        const ModalAnswer<QMessageBox> answer([&](QMessageBox& box) {
-            // The connect waits for the answer.
-            text = window().currentPage() == kRow ? box.text() : QStringLiteral("too late");
-            box.accept();
-        });
-        clickApply();
-        const bool connected =
-            waitFor([&] { return answer.wasShown() && window().currentPage() == 0; });
-        return connected && waitIdle() ? text : QStringLiteral("not connected again");
-    }
-
-    /// What the sensor holds of some parameters, as "D=020018 A=00000010".
-    [[nodiscard]] QString holds(std::string_view ids)
-    {
+        const auto* list = page<Page>().template findChild<QTableWidget*>();
         QStringList texts;
-        for (const char id : ids)
-            texts << QLatin1Char(id) + QStringLiteral("=") +
-                         QString::fromStdString(sensor().parameter(id));
-        return texts.join(QLatin1Char(' '));
+        for (int row = 0; row < list->rowCount(); ++row)
+            texts << list->item(row, 1)->text();
+        return texts.join(u'|');
     }
 };
 

@@ -3,20 +3,31 @@
 #include "app/PelorinMainWindow.h"
 #include "link/SensorLink.h"
 #include "platform/core/ComPortFactory.h"
+#include "platform/core/Pacing.h"
+#include "platform/core/UserFolders.h"
 #include "sensor/FormatRestore.h"
 #include "sensor/KeptFormats.h"
 #include "sensor/SequenceRunner.h"
+#include "simulator/SimulatedComPort.h"
 #include "simulator/SimulatedDisplayUnit.h"
 #include "simulator/SimulatedSensor.h"
 #include "support/Languages.h"
+#include "support/LogLines.h"
 #include "support/TestRegistry.h"
+#include "support/WaitFor.h"
 
-#include <QString>
+#include <QDir>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QListWidget>
+#include <QMenu>
+#include <QMenuBar>
+#include <QPushButton>
+#include <QTest>
 
 #include <functional>
 #include <memory>
-
-class QListWidget;
+#include <optional>
 
 namespace pelorin::test {
 
@@ -30,13 +41,35 @@ public:
 
     /// @param settings what the settings file holds besides the revision bounds
     explicit MainWindowRig(const SimulatedSensor::Options& options = {.type = 2},
-                           const QByteArray& settings = {});
-    ~MainWindowRig();
+                           const QByteArray& settings = {})
+        : m_settings(kSimulatedBounds + settings),
+          m_sensor(std::make_shared<SimulatedSensor>(options))
+    {
+        Pacing::setSpeeds({100, 200, 1}); // a loaded machine must not miss a time limit
+        QDir(keptFormatsFolder()).removeRecursively(); // of an earlier test
+        m_formats = std::make_unique<KeptFormats>();
+        m_restore = std::make_unique<FormatRestore>(m_runner, *m_formats);
+    }
 
     /// Opens the port and shows the main window, which then connects by itself.
-    void start();
+    void start()
+    {
+        std::optional<bool> opened;
+        m_runner.openPort(kPort, [&opened](bool result) { opened = result; });
+        if (!waitFor([&opened] { return opened.has_value(); }) || !*opened)
+            qWarning("The simulated port could not be opened");
+        m_window = std::make_unique<PelorinMainWindow>(
+            m_factory, PelorinMainWindow::Conversation{m_runner, *m_formats, *m_restore},
+            m_languages);
+        m_window->resize(1280, 720);
+        m_window->show();
+    }
     /// Starts, and waits until page 0 has read its values. @return false if it does not
-    [[nodiscard]] bool startConnected();
+    [[nodiscard]] bool startConnected()
+    {
+        start();
+        return waitFor([this] { return m_window->currentPage() == 0; }) && waitIdle();
+    }
 
     [[nodiscard]] SimulatedSensor& sensor() { return *m_sensor; }
     [[nodiscard]] SimulatedDisplayUnit& displayUnit() { return *m_displayUnit; }
@@ -57,43 +90,96 @@ public:
     [[nodiscard]] int openAttempts() const { return m_openAttempts; }
 
     /// Waits until the window takes input. @return false if it does not
-    [[nodiscard]] bool waitIdle();
-    [[nodiscard]] QListWidget& pageList();
+    [[nodiscard]] bool waitIdle()
+    {
+        QObject ignoresKeys;
+        int idle = 0;
+        return waitFor([&] {
+            // Input that comes right after a plan is dropped: the filter has taken it then.
+            QKeyEvent key(QEvent::KeyRelease, Qt::Key_unknown, {});
+            const bool taken = QCoreApplication::sendEvent(&ignoresKeys, &key);
+            idle = taken || m_window->isBusy() ? 0 : idle + 1;
+            return idle >= 4; // what a plan leaves to be told comes in one of the next passes
+        });
+    }
+    [[nodiscard]] QListWidget& pageList() { return page<QListWidget>("pageList"); }
     /// Clicks a row of the page list.
-    void clickPage(int row);
+    void clickPage(int row)
+    {
+        const QRect place = pageList().visualItemRect(pageList().item(row));
+        QTest::mouseClick(pageList().viewport(), Qt::LeftButton, {}, place.center());
+    }
     /// Clicks a page's row and waits until it is shown and idle.
-    [[nodiscard]] bool choosePage(int row);
-    void clickRefresh();
+    [[nodiscard]] bool choosePage(int row)
+    {
+        clickPage(row);
+        return waitFor([&] { return m_window->currentPage() == row; }) && waitIdle();
+    }
+    void clickRefresh() { QTest::mouseClick(&page<QPushButton>("refreshButton"), Qt::LeftButton); }
     /// Opens the menu that has the command and clicks its item. @return false if it is greyed
-    [[nodiscard]] bool clickCommand(int command);
+    [[nodiscard]] bool clickCommand(int command)
+    {
+        QMenuBar& bar = *m_window->menuBar();
+        const auto click = [](auto& menu, QAction* item) {
+            QTest::mouseClick(&menu, Qt::LeftButton, {}, menu.actionGeometry(item).center());
+        };
+        for (QAction* top : bar.actions()) {
+            QMenu* menu = top->menu();
+            for (QAction* item : menu ? menu->actions() : QList<QAction*>{top}) {
+                if (item->data().toInt() != command)
+                    continue;
+                click(bar, top);
+                const bool enabled = item->isEnabled();
+                if (menu && enabled)
+                    click(*menu, item);
+                if (menu)
+                    menu->close();
+                return enabled;
+            }
+        }
+        return false;
+    }
 
     /// What the sensor has received since the last call, blanks between the frames.
-    [[nodiscard]] QString frames();
-
-    [[nodiscard]] QString statusText();
-    /// What the light says, in words.
-    [[nodiscard]] QString lightText();
-    [[nodiscard]] QStringList logged();
-
-    /// A page of the window.
-    template <class Page>
-    [[nodiscard]] Page& page()
+    [[nodiscard]] QString frames()
     {
-        return *m_window->findChild<Page*>();
+        QStringList frames;
+        for (const std::string& frame : m_sensor->takeReceivedFrames())
+            frames << QString::fromStdString(frame);
+        return frames.join(u' ');
+    }
+
+    [[nodiscard]] QString statusText() { return page<QLabel>("messagePane").text(); }
+    /// What the light says, in words.
+    [[nodiscard]] QString lightText() { return page<QLabel>("linkLight").accessibleDescription(); }
+    [[nodiscard]] QStringList logged() { return logLines(m_link.commLog()); }
+
+    /// A page of the window, or one of its other parts by name.
+    template <class Part>
+    [[nodiscard]] Part& page(const char* name = nullptr)
+    {
+        return *m_window->findChild<Part*>(QLatin1String(name));
     }
 
 private:
-    [[nodiscard]] std::unique_ptr<ComPort> makePort(const QString& device);
+    [[nodiscard]] std::unique_ptr<ComPort> makePort(const QString& device)
+    {
+        if (device == QLatin1String("simulator:display"))
+            return std::make_unique<SimulatedComPort>(m_displayUnit);
+        ++m_openAttempts;
+        auto port = std::make_unique<SimulatedComPort>(m_sensor);
+        return m_wrapper ? m_wrapper(std::move(port)) : std::move(port);
+    }
 
     TestRegistry m_settings;
-    Languages m_languages;
+    Languages m_languages{1};
     std::shared_ptr<SimulatedSensor> m_sensor;
     int m_openAttempts = 0;
     Wrapper m_wrapper;
-    std::shared_ptr<SimulatedDisplayUnit> m_displayUnit;
-    ComPortFactory m_factory;
-    SensorLink m_link;
-    SequenceRunner m_runner;
+    std::shared_ptr<SimulatedDisplayUnit> m_displayUnit = std::make_shared<SimulatedDisplayUnit>();
+    ComPortFactory m_factory{[this](const QString& device) { return makePort(device); }};
+    SensorLink m_link{m_factory};
+    SequenceRunner m_runner{m_link};
     std::unique_ptr<KeptFormats> m_formats;
     std::unique_ptr<FormatRestore> m_restore;
     std::unique_ptr<PelorinMainWindow> m_window;
