@@ -6,6 +6,8 @@
 #include <QMessageBox>
 #include <QTableWidget>
 
+#include <optional>
+
 namespace pelorin::test {
 
 /// A page that is shown in the real main window and has read its values from a simulated sensor,
@@ -19,7 +21,6 @@ struct PageRig : MainWindowRig
         hold(holding);
         if (!startConnected() || !choosePage(kRow))
             qFatal("The page cannot be shown");
-        (void)frames();
     }
 
     void hold(const char* parameters)
@@ -47,13 +48,19 @@ struct PageRig : MainWindowRig
 
     /// Clicks a button and waits until what it does has ended and a message or question that it
     /// shows has been answered.
-    /// @return the frames that it sent, then the first words of the message
+    /// @return the frames that it sent, then the first words of the last message
     QString press(int id, int answer = QMessageBox::Ok)
     {
         (void)frames();
         QStringList words;
-        const ModalAnswer<QMessageBox> reader([&words, answer](QMessageBox& box) {
+        std::optional<ModalAnswer<QMessageBox>> next; // a question may be followed by a message
+        const ModalAnswer<QMessageBox> reader([&](QMessageBox& box) {
             words = box.text().split(u' ').mid(0, 6);
+            inDialog();
+            next.emplace([&words](QMessageBox& message) {
+                words = message.text().split(u' ').mid(0, 6);
+                message.accept();
+            });
             QTest::mouseClick(box.button(QMessageBox::StandardButton(answer)), Qt::LeftButton);
         });
         QTest::mouseClick(control(id), Qt::LeftButton);
@@ -71,6 +78,8 @@ struct PageRig : MainWindowRig
             texts << list->item(row, 1)->text();
         return texts.join(u'|');
     }
+
+    std::function<void()> inDialog = [] {}; ///< what happens before a dialog is answered
 };
 
 } // namespace pelorin::test

@@ -46,9 +46,6 @@ public:
           m_sensor(std::make_shared<SimulatedSensor>(options))
     {
         Pacing::setSpeeds({100, 200, 1}); // a loaded machine must not miss a time limit
-        QDir(keptFormatsFolder()).removeRecursively(); // of an earlier test
-        m_formats = std::make_unique<KeptFormats>();
-        m_restore = std::make_unique<FormatRestore>(m_runner, *m_formats);
     }
 
     /// Opens the port and shows the main window, which then connects by itself.
@@ -59,7 +56,7 @@ public:
         if (!waitFor([&opened] { return opened.has_value(); }) || !*opened)
             qWarning("The simulated port could not be opened");
         m_window = std::make_unique<PelorinMainWindow>(
-            m_factory, PelorinMainWindow::Conversation{m_runner, *m_formats, *m_restore},
+            m_factory, PelorinMainWindow::Conversation{m_runner, m_formats, m_restore},
             m_languages);
         m_window->resize(1280, 720);
         m_window->show();
@@ -76,7 +73,7 @@ public:
     [[nodiscard]] const ComPortFactory& factory() const { return m_factory; }
     [[nodiscard]] SensorLink& link() { return m_link; }
     [[nodiscard]] SequenceRunner& runner() { return m_runner; }
-    [[nodiscard]] KeptFormats& formats() { return *m_formats; }
+    [[nodiscard]] KeptFormats& formats() { return m_formats; }
     [[nodiscard]] LanguageManager& languages() { return m_languages; }
     [[nodiscard]] const TestRegistry& settings() const { return m_settings; }
     [[nodiscard]] PelorinMainWindow& window() { return *m_window; }
@@ -171,6 +168,8 @@ private:
         return m_wrapper ? m_wrapper(std::move(port)) : std::move(port);
     }
 
+    /// Of an earlier test; before the kept formats are read.
+    const bool m_emptied = QDir(keptFormatsFolder()).removeRecursively();
     TestRegistry m_settings;
     Languages m_languages{1};
     std::shared_ptr<SimulatedSensor> m_sensor;
@@ -180,8 +179,8 @@ private:
     ComPortFactory m_factory{[this](const QString& device) { return makePort(device); }};
     SensorLink m_link{m_factory};
     SequenceRunner m_runner{m_link};
-    std::unique_ptr<KeptFormats> m_formats;
-    std::unique_ptr<FormatRestore> m_restore;
+    KeptFormats m_formats;
+    FormatRestore m_restore{m_runner, m_formats};
     std::unique_ptr<PelorinMainWindow> m_window;
 };
 
