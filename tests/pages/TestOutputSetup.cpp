@@ -29,24 +29,25 @@ struct Rig : PageRig<OutputSetupPage, 2, 1028>
             texts << list->currentText();
         texts << skipCount().text();
         for (const QRadioButton* button : buttons())
-            if (button->isChecked())
-                texts << button->text();
+            texts += button->isChecked() ? QStringList(button->text()) : QStringList();
         return texts.join(u'|');
     }
 
     /// Selects the item or clicks the button of a text; any other is a new error skip count.
     void enter(const QString& text)
     {
-        for (QComboBox* list : lists())
+        for (QComboBox* list : lists()) {
             if (const int item = list->findText(text); item >= 0) {
                 QTest::keyClick(list, Qt::Key_Home);
                 while (list->currentIndex() < item)
                     QTest::keyClick(list, Qt::Key_Down);
                 return;
             }
-        for (QRadioButton* button : buttons())
+        }
+        for (QRadioButton* button : buttons()) {
             if (button->text() == text)
                 return QTest::mouseClick(button, Qt::LeftButton, {}, {12, button->height() / 2});
+        }
         QTest::keyClick(&skipCount(), Qt::Key_A, Qt::ControlModifier);
         QTest::keyClick(&skipCount(), Qt::Key_Delete);
         QTest::keyClicks(&skipCount(), text);
@@ -80,12 +81,13 @@ struct Rig : PageRig<OutputSetupPage, 2, 1028>
 /// Packages of the settings: number, name, SE distance, inactive zone.
 QByteArray packages(const std::vector<std::array<const char*, 4>>& entries)
 {
+    const auto key =
+        "[HKEY_LOCAL_MACHINE\\SOFTWARE\\Korvex Systems\\Pelorin\\Package Parameters"_ba;
     QByteArray text;
-    for (const auto& [number, name, seDistance, inactiveZone] : entries)
-        text += QByteArray("[HKEY_LOCAL_MACHINE\\SOFTWARE\\Korvex Systems\\Pelorin\\") +
-                "Package Parameters\\Package" + number + "]\r\n\"Name\"=\"" + name +
-                "\"\r\n\"SEDistance\"=\"" + seDistance + "\"\r\n\"InactiveZone\"=\"" +
-                inactiveZone + "\"\r\n";
+    for (const auto& [number, name, seDistance, inactiveZone] : entries) {
+        text += key + "\\Package" + number + "]\r\n\"Name\"=\"" + name + "\"\r\n\"SEDistance\"=\"" +
+                seDistance + "\"\r\n\"InactiveZone\"=\"" + inactiveZone + "\"\r\n";
+    }
     return text;
 }
 
@@ -200,12 +202,11 @@ private Q_SLOTS:
     void skipCountIsUnlockedByThePasswordAndDecimal()
     {
         Rig rig(2, "K0000Q1"); // until the next reading
-        const auto wrong = u"The password is wrong."_s;
         QCOMPARE(rig.unlock(u"STEADYNOW"_s, Qt::Key_Escape), QString());
-        QCOMPARE(rig.unlock(u"STEADY"_s), wrong);
+        QCOMPARE(rig.unlock(u"STEADY"_s), u"The password is wrong."_s);
         QVERIFY(!rig.skipCount().isEnabled());
         QCOMPARE(rig.unlock(u"sTeadyNow"_s), QString());
-        QCOMPARE(rig.unlock(u"wrong"_s), wrong); // once is enough
+        QCOMPARE(rig.unlock(u"wrong"_s), u"The password is wrong."_s); // once is enough
         for (const auto& [held, shown, entry, written] :
              {std::tuple("D024219 K000001", "66", "Binary", "DN004219"),
               {"D02FF19", "255", "Binary", "DN00FF19"},
