@@ -4,6 +4,7 @@
 
 #include <QObject>
 
+#include <algorithm>
 #include <vector>
 
 namespace pelorin {
@@ -24,19 +25,13 @@ public:
     /// The result that answers a request; -1 as long as there is none.
     [[nodiscard]] int resultOf(RequestId request) const
     {
-        for (const auto& message : m_messages) {
-            if (message.request == request)
-                return message.wParam;
-        }
-        return -1;
+        const auto found = std::ranges::find(m_messages, request, &Message::request);
+        return found != m_messages.end() ? found->wParam : -1;
     }
 
     [[nodiscard]] int count(int number) const
     {
-        int found = 0;
-        for (const auto& message : m_messages)
-            found += message.number == number ? 1 : 0;
-        return found;
+        return static_cast<int>(std::ranges::count(m_messages, number, &Message::number));
     }
 
 protected:

@@ -31,8 +31,11 @@ public:
     void interrupt() override { m_port->interrupt(); }
     void close() override { m_port->close(); }
 
+protected:
+    [[nodiscard]] ComPort& port() const { return *m_port; }
+
 private:
-    std::unique_ptr<ComPort> m_port;
+    const std::unique_ptr<ComPort> m_port;
 };
 
 /// A port that is not opened, read or closed as long as a test holds the lock.
@@ -47,28 +50,16 @@ public:
     {
     }
 
-    int open() override
-    {
-        await(Call::Open);
-        return PortDecorator::open();
-    }
-    ReadResult read() override
-    {
-        await(Call::Read);
-        return PortDecorator::read();
-    }
-    void close() override
-    {
-        await(Call::Close);
-        PortDecorator::close();
-    }
+    int open() override { return portFor(Call::Open).open(); }
+    ReadResult read() override { return portFor(Call::Read).read(); }
+    void close() override { portFor(Call::Close).close(); }
 
 private:
-    void await(Call call) const
+    [[nodiscard]] ComPort& portFor(Call call) const
     {
-        if (call == m_held) {
+        if (call == m_held)
             const std::lock_guard lock(*m_hold);
-        }
+        return port();
     }
 
     const std::shared_ptr<std::mutex> m_hold;
