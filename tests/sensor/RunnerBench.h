@@ -8,10 +8,10 @@
 #include "simulator/SimulatedSensor.h"
 #include "support/PortDecorator.h"
 #include "support/TestRegistry.h"
+#include "support/WaitFor.h"
 
 #include <QTest>
 
-#include <atomic>
 #include <chrono>
 #include <thread>
 
@@ -31,9 +31,9 @@ public:
 
     [[nodiscard]] bool openPort(int number = 7)
     {
-        int result = -1;
-        runner.openPort(number, [&result](bool opened) { result = opened ? 1 : 0; });
-        return QTest::qWaitFor([&result] { return result >= 0; }) && result == 1;
+        std::optional<bool> result;
+        runner.openPort(number, [&result](bool opened) { result = opened; });
+        return waitFor([&result] { return result.has_value(); }) && *result;
     }
 
     /// Runs a plan of nobody else's. @return whether it is done
@@ -42,7 +42,7 @@ public:
         std::optional<Outcome> ended;
         const bool begun = runner.start(*this, std::move(plan),
                                         {.ended = [&ended](auto& outcome) { ended = outcome; }});
-        return begun && QTest::qWaitFor([&ended] { return ended.has_value(); }) && ended->isDone();
+        return begun && waitFor([&ended] { return ended.has_value(); }) && ended->isDone();
     }
 
     [[nodiscard]] bool connectSensor()
@@ -55,10 +55,10 @@ public:
     /// What the sensor has received since the last call, blanks between the frames.
     [[nodiscard]] QString frames()
     {
-        QStringList texts;
+        QString texts;
         for (const std::string& frame : sensor->takeReceivedFrames())
-            texts << QString::fromStdString(frame);
-        return texts.join(QLatin1Char(' '));
+            texts += QString::fromStdString(frame) + QLatin1Char(' ');
+        return texts.trimmed();
     }
 
     /// Lets the port go while nothing is requested, until the link has noticed.
@@ -71,13 +71,18 @@ public:
     }
 
     const TestRegistry settings{kSimulatedBounds};
-    const std::shared_ptr<SimulatedSensor> sensor =
+    std::shared_ptr<SimulatedSensor> sensor =
         std::make_shared<SimulatedSensor>(SimulatedSensor::Options{.type = 2});
-    std::string swallowed; ///< frames that begin so never arrive; change it while nothing runs
-    bool cut = false;      ///< these are reported as cut
-    std::string last;      ///< with the frame that begins so the sensor vanishes, once it has left
-    std::atomic<Clock::duration> supplyKept{Clock::duration::max()}; ///< least time from a frame on
-    bool deaf = false;                                               ///< to losses of the link
+    bool deaf = false;   ///< to losses of the link
+    int lossReports = 0; ///< of the link
+
+    // Not to be used while the port is.
+    QStringList devices;   ///< that ports were made of
+    int lineError = 0;     ///< of the line settings
+    std::string swallowed; ///< frames that begin so never arrive
+    std::string cut;       ///< this frame is reported as cut
+    std::string last;      ///< once this frame has left the sensor vanishes
+    Clock::duration supplyKept = Clock::duration::max(); ///< least time from a frame on
 
 private:
     /// What reaches the sensor, and when.
@@ -88,34 +93,32 @@ private:
             : PortDecorator(std::make_unique<SimulatedComPort>(bench.sensor)), m_bench(bench)
         {
         }
-        int open() override
+        int open() override { return portWithoutSupply().open(); }
+        int setLine(const LineSettings& line) override
         {
-            noteSupplyOff();
-            return PortDecorator::open();
+            return m_bench.lineError != 0 ? m_bench.lineError : port().setLine(line);
         }
-        int setRts(bool on) override
-        {
-            if (on)
-                noteSupplyOff();
-            return PortDecorator::setRts(on);
-        }
+        int setRts(bool on) override { return (on ? portWithoutSupply() : port()).setRts(on); }
         WriteResult write(std::string_view bytes) override
         {
             if (!m_bench.swallowed.empty() && bytes.starts_with(m_bench.swallowed))
-                return {0, m_bench.cut ? 1 : static_cast<int>(bytes.size())};
-            const WriteResult result = PortDecorator::write(bytes);
+                return {0, static_cast<int>(bytes.size())};
+            const auto result = port().write(bytes);
             if (!bytes.starts_with("PROG"))
                 m_bench.m_lastFrame = Clock::now();
-            if (!m_bench.last.empty() && bytes.starts_with(m_bench.last))
+            if (bytes == m_bench.cut)
+                return {0, 1};
+            if (bytes == m_bench.last)
                 m_bench.sensor->vanish();
             return result;
         }
 
     private:
-        void noteSupplyOff()
+        [[nodiscard]] ComPort& portWithoutSupply()
         {
-            const Clock::duration kept = Clock::now() - m_bench.m_lastFrame.load();
-            m_bench.supplyKept = std::min(m_bench.supplyKept.load(), kept);
+            const auto kept = Clock::now() - m_bench.m_lastFrame;
+            m_bench.supplyKept = std::min(m_bench.supplyKept, kept);
+            return port();
         }
 
         RunnerBench& m_bench;
@@ -123,14 +126,18 @@ private:
 
     void customEvent(QEvent* /*lost*/) override
     {
+        ++lossReports;
         if (!deaf)
             runner.linkLost();
     }
 
-    std::atomic<Clock::time_point> m_lastFrame{Clock::time_point()};
+    Clock::time_point m_lastFrame; ///< the port's, as supplyKept
 
 public:
-    const ComPortFactory factory{[this](const QString&) { return std::make_unique<Port>(*this); }};
+    const ComPortFactory factory{[this](const QString& device) {
+        devices << device;
+        return std::make_unique<Port>(*this);
+    }};
     SensorLink link{factory};
     SequenceRunner runner{link};
 };
