@@ -4,23 +4,15 @@
 #include "support/FileSizeLimit.h"
 #include "support/MainWindowRig.h"
 #include "support/TestFolder.h"
+#include "support/WaitFor.h"
 
 #include <QClipboard>
-#include <QGuiApplication>
 #include <QListView>
-#include <QListWidget>
 #include <QScrollBar>
 
 using namespace pelorin;
 using namespace pelorin::test;
-
-namespace {
-
-constexpr int kClear = 1033;
-constexpr int kSave = 1034;
-constexpr int kLinesOfInformation = 28; // its page reads fourteen parameters
-
-} // namespace
+using namespace Qt::StringLiterals;
 
 /// The page in the real main window, on a log that the simulated sensor has filled.
 class TestCommLogPage : public QObject
@@ -28,203 +20,110 @@ class TestCommLogPage : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
+    void init()
+    {
+        m_rig = std::make_unique<MainWindowRig>();
+        QVERIFY(m_rig->startConnected() && m_rig->choosePage(kLogPage));
+        QVERIFY(QTest::qWaitForWindowActive(&m_rig->window()));
+        m_list = m_rig->page<CommLogPage>().getControl<QListView>(1032);
+    }
     void cleanup() { m_rig.reset(); }
 
-    void logIsShownAsItWasWhenThePageWasShownOrRefreshed();
-    void clearEmptiesTheLogItself();
-    void savedFileHoldsExactlyTheLinesShown();
-    void olderFileIsReplacedOnlyIfItMayAndCan_data();
-    void olderFileIsReplacedOnlyIfItMayAndCan();
-    void linesAreSelectedAndCopiedByKeyboard();
-    void longLineCanBeReadByScrollingSideways();
+    void linesAreThoseOfTheMomentWhenThePageWasShownRefreshedOrCleared()
+    {
+        const QScrollBar& bar = *m_list->horizontalScrollBar();
+        const QStringList before = shown();
+        QCOMPARE(before.value(0), u"TX: [56][Get][TERM]"_s);
+        QCOMPARE(before, m_rig->logged());
+        const QString longLine(500, u'x');
+        append(longLine);
+        QCOMPARE(shown(), before);
+        m_rig->clickRefresh();
+        const int width = m_list->fontMetrics().horizontalAdvance(longLine);
+        QVERIFY(waitFor([&] { return bar.maximum() + m_list->viewport()->width() >= width; }));
+        QCOMPARE(shown(), before + QStringList(longLine));
+        m_list->setFocus();
+        QTest::keyClick(m_list, Qt::Key_Right);
+        QVERIFY(bar.value() > 0);
+        QTest::keyClick(m_list, Qt::Key_Left);
+        QCOMPARE(bar.value(), 0);
+
+        click(kClear);
+        QCOMPARE(shown(), QStringList());
+        QVERIFY(m_rig->choosePage(0) && m_rig->choosePage(kLogPage));
+        QCOMPARE(shown().value(0), u"TX: [44][Get][TERM]"_s);
+        QCOMPARE(shown(), m_rig->logged());
+        QCOMPARE(bar.maximum(), 0);
+    }
+
+    void linesShownAreSavedWhole()
+    {
+        const TestFolder folder;
+        QVERIFY(folder.put(u"log.txt"_s, "older"));
+        click(kClear);
+        for (int line = 0; line < 50'000; ++line) // is written in several pieces
+            append(u"RX: [%1] Ger\u00E4t"_s.arg(line));
+        const QByteArray text = (m_rig->logged().join(u"\r\n"_s) + u"\r\n"_s).toUtf8();
+        m_rig->clickRefresh();
+        QVERIFY(waitFor([this] { return m_list->model()->rowCount() == 50'000; }));
+        append(u"RX: later"_s);
+        const QString path = folder.path(u"log.txt"_s);
+        const auto save = [&](qint64 room) {
+            const FileDialogUser user(folder.path(u"log"_s));
+            const FileSizeLimit limit(static_cast<rlim_t>(room));
+            click(kSave);
+            return user.boxes();
+        };
+        const QStringList boxes = save(text.size() - 1);
+        QCOMPARE(boxes.value(0), u"log.txt already exists.\nDo you want to replace it?"_s);
+        QVERIFY(boxes.value(1).startsWith(u"The file %1 could not be written"_s.arg(path)));
+        QCOMPARE(contentOf(path), QByteArray("older"));
+        QCOMPARE(save(text.size()).size(), 1);
+        QVERIFY(contentOf(path) == text);
+        QCOMPARE(folder.names(), u"log.txt"_s);
+    }
+
+    void linesAreCopiedInTheirOrder()
+    {
+        const QStringList lines = shown();
+        auto& selection = *m_list->selectionModel();
+        for (const int row : {2, 0})
+            selection.select(m_list->model()->index(row, 0), QItemSelectionModel::Select);
+        QCOMPARE(copied(), lines[0] + u'\n' + lines[2]);
+        QTest::keyClick(m_list, Qt::Key_A, Qt::ControlModifier);
+        QCOMPARE(copied(), lines.join(u'\n'));
+        click(kClear); // nothing to copy: what was copied stays
+        QCOMPARE(copied(), lines.join(u'\n'));
+    }
 
 private:
-    [[nodiscard]] bool choose(const char* caption);
-    [[nodiscard]] QListView& list()
-    {
-        return *m_rig->page<CommLogPage>().getControl<QListView>(1032);
-    }
-    [[nodiscard]] QStringList shown();
+    static constexpr int kLogPage = 3;
+    static constexpr int kClear = 1033;
+    static constexpr int kSave = 1034;
+
+    void append(const QString& line) { m_rig->link().commLog().append(line); }
     void click(int control)
     {
         QTest::mouseClick(m_rig->page<CommLogPage>().getControl<QPushButton>(control),
                           Qt::LeftButton);
     }
-    void clickLine(int row, Qt::KeyboardModifiers modifiers = {})
+    [[nodiscard]] QStringList shown() const
     {
-        QTest::mouseClick(list().viewport(), Qt::LeftButton, modifiers,
-                          list().visualRect(list().model()->index(row, 0)).center());
+        QStringList lines;
+        for (int row = 0; row < m_list->model()->rowCount(); ++row)
+            lines << m_list->model()->index(row, 0).data().toString();
+        return lines;
     }
     [[nodiscard]] QString copied()
     {
-        QTest::keyClick(&list(), Qt::Key_C, Qt::ControlModifier);
+        m_list->setFocus();
+        QTest::keyClick(m_list, Qt::Key_C, Qt::ControlModifier);
         return QGuiApplication::clipboard()->text();
     }
 
     std::unique_ptr<MainWindowRig> m_rig;
+    QListView* m_list = nullptr;
 };
-
-void TestCommLogPage::init()
-{
-    m_rig = std::make_unique<MainWindowRig>();
-    QVERIFY(m_rig->startConnected());
-    QVERIFY(choose("Communications Log"));
-    QVERIFY(QTest::qWaitForWindowActive(&m_rig->window()));
-}
-
-bool TestCommLogPage::choose(const char* caption)
-{
-    const auto items = m_rig->pageList().findItems(QLatin1String(caption), Qt::MatchExactly);
-    return items.size() == 1 && m_rig->choosePage(m_rig->pageList().row(items.first()));
-}
-
-QStringList TestCommLogPage::shown()
-{
-    QStringList lines;
-    const QAbstractItemModel& model = *list().model();
-    for (int row = 0; row < model.rowCount(); ++row)
-        lines << model.index(row, 0).data().toString();
-    return lines;
-}
-
-void TestCommLogPage::logIsShownAsItWasWhenThePageWasShownOrRefreshed()
-{
-    const QStringList before = shown();
-    QCOMPARE(before, m_rig->logged());
-    QCOMPARE(before.value(0), QStringLiteral("TX: [56][Get][TERM]"));
-    QVERIFY(before.contains(QStringLiteral("SSI Type: 2")));
-
-    m_rig->link().commLog().append(QStringLiteral("RX: later"));
-    QCOMPARE(shown(), before);
-    m_rig->clickRefresh();
-    QTRY_COMPARE(shown(), before + QStringList{QStringLiteral("RX: later")});
-
-    QVERIFY(choose("Sensor Information"));
-    QVERIFY(choose("Communications Log"));
-    QCOMPARE(shown(), m_rig->logged());
-    QCOMPARE(shown().size(), before.size() + 1 + kLinesOfInformation);
-}
-
-void TestCommLogPage::clearEmptiesTheLogItself()
-{
-    click(kClear);
-    QCOMPARE(shown(), QStringList());
-    QVERIFY(choose("Sensor Information"));
-    QVERIFY(choose("Communications Log"));
-    QCOMPARE(shown().size(), kLinesOfInformation);
-    QCOMPARE(shown().value(0), QStringLiteral("TX: [44][Get][TERM]"));
-}
-
-void TestCommLogPage::savedFileHoldsExactlyTheLinesShown()
-{
-    const TestFolder folder;
-    const QByteArray lines = shown().join(QStringLiteral("\r\n")).toUtf8() + "\r\n";
-    m_rig->link().commLog().append(QStringLiteral("RX: later"));
-    for (const auto* typed : {"log", "log.dat", "none"}) {
-        if (QByteArray(typed) == "none")
-            click(kClear);
-        const FileDialogUser user(folder.path(QLatin1String(typed)));
-        click(kSave);
-        QVERIFY(user.wasAsked());
-    }
-    QCOMPARE(folder.names(), QStringLiteral("log.dat log.txt none.txt"));
-    QCOMPARE(folder.content(QStringLiteral("log.txt")), lines);
-    QCOMPARE(folder.content(QStringLiteral("log.dat")), lines);
-    QCOMPARE(folder.content(QStringLiteral("none.txt")), QByteArray());
-}
-
-/// What the last message box says, and whether the older file is replaced.
-void TestCommLogPage::olderFileIsReplacedOnlyIfItMayAndCan_data()
-{
-    QTest::addColumn<QString>("typed");
-    QTest::addColumn<QMessageBox::StandardButton>("answer");
-    QTest::addColumn<bool>("full"); // is the disk
-    QTest::addColumn<QString>("lastBox");
-    QTest::addColumn<bool>("replaced");
-    const auto yes = QMessageBox::Yes;
-    const QString question = QStringLiteral("log.txt already exists.\nDo you want to replace it?");
-    const QString notOpened = QStringLiteral("The file %1 could not be opened (system error 20: "
-                                             "Not a directory).");
-    const QString full = QStringLiteral("The file %1 could not be written: File too large. A file "
-                                        "of this name that was there before is unchanged.");
-    QTest::newRow("replaced") << "log" << yes << false << question << true;
-    QTest::newRow("declined") << "log" << QMessageBox::No << false << question << false;
-    QTest::newRow("given up") << "" << yes << false << "" << false;
-    QTest::newRow("below a file") << "log.txt/a.txt" << yes << false << notOpened << false;
-    QTest::newRow("disk full") << "log.txt" << yes << true << full << false;
-}
-
-void TestCommLogPage::olderFileIsReplacedOnlyIfItMayAndCan()
-{
-    QFETCH(QString, typed);
-    QFETCH(QMessageBox::StandardButton, answer);
-    QFETCH(bool, full);
-    QFETCH(QString, lastBox);
-    QFETCH(bool, replaced);
-    const TestFolder folder;
-    QVERIFY(folder.put(QStringLiteral("log.txt"), "older"));
-    click(kClear);
-    CommLog& log = m_rig->link().commLog();
-    log.append(QStringLiteral("Ger\u00E4t"));
-    QByteArray text = "Ger\xC3\xA4t\r\n"; // is written in several pieces
-    for (int line = 0; line < 50'000; ++line) {
-        log.append(QStringLiteral("RX: [%1]").arg(line));
-        text += "RX: [" + QByteArray::number(line) + "]\r\n";
-    }
-    m_rig->clickRefresh();
-    QTRY_COMPARE(list().model()->rowCount(), 50'001);
-
-    const QString path = folder.path(typed);
-    const auto giveUp = [](QFileDialog& dialog) { dialog.reject(); };
-    const FileDialogUser user(path, typed.isEmpty() ? giveUp : std::function<void(QFileDialog&)>(),
-                              answer);
-    {
-        const FileSizeLimit limit(static_cast<rlim_t>(text.size() - (full ? 1 : 0)));
-        click(kSave);
-    }
-    QVERIFY(user.wasAsked());
-    QCOMPARE(user.boxes().value(user.boxes().size() - 1),
-             lastBox.contains(QLatin1String("%1")) ? lastBox.arg(path) : lastBox);
-    QCOMPARE(folder.content(QStringLiteral("log.txt")), replaced ? text : QByteArray("older"));
-    QCOMPARE(folder.names(), QStringLiteral("log.txt"));
-}
-
-void TestCommLogPage::linesAreSelectedAndCopiedByKeyboard()
-{
-    const QStringList lines = shown();
-    clickLine(1);
-    QTest::keyClick(&list(), Qt::Key_Down, Qt::ShiftModifier);
-    QTest::keyClick(&list(), Qt::Key_Down, Qt::ShiftModifier);
-    QCOMPARE(copied(), lines.mid(1, 3).join(QLatin1Char('\n')));
-    clickLine(0, Qt::ControlModifier); // selected last, copied first
-    QCOMPARE(copied(), lines.mid(0, 4).join(QLatin1Char('\n')));
-    QTest::keyClick(&list(), Qt::Key_A, Qt::ControlModifier);
-    QCOMPARE(copied(), lines.join(QLatin1Char('\n')));
-    click(kClear); // nothing to copy: what was copied stays
-    QCOMPARE(copied(), lines.join(QLatin1Char('\n')));
-}
-
-void TestCommLogPage::longLineCanBeReadByScrollingSideways()
-{
-    QScrollBar& bar = *list().horizontalScrollBar();
-    QCOMPARE(bar.maximum(), 0);
-    const QString longLine(500, QLatin1Char('x'));
-    m_rig->link().commLog().append(longLine);
-    m_rig->clickRefresh();
-    QTRY_VERIFY(bar.maximum() > 0);
-
-    const QFontMetrics metrics(list().font());
-    QVERIFY(bar.maximum() + list().viewport()->width() >= metrics.horizontalAdvance(longLine));
-    QCOMPARE(metrics.horizontalAdvance(QLatin1Char('i')),
-             metrics.horizontalAdvance(QLatin1Char('W')));
-    list().setFocus();
-    QTest::keyClick(&list(), Qt::Key_Right);
-    const int right = bar.value();
-    QVERIFY(right > 0);
-    QTest::keyClick(&list(), Qt::Key_Left);
-    QVERIFY(bar.value() < right);
-}
 
 QTEST_MAIN(TestCommLogPage)
 #include "TestCommLogPage.moc"
