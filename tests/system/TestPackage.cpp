@@ -1,41 +1,10 @@
 #include "Program.h"
 
-#include <QDir>
-#include <QFileInfo>
 #include <QTemporaryDir>
 #include <QTest>
 
-#include <memory>
-
-using namespace pelorin;
-
-namespace {
-
-constexpr int kToolTimeLimit = 120'000; ///< ms; packing takes seconds on an idle machine
-
-/// Runs a command to its end. @return what it printed; null if it failed
-QByteArray outputOf(const QString& program, const QStringList& arguments)
-{
-    QProcess process;
-    process.setProcessChannelMode(QProcess::MergedChannels);
-    process.start(program, arguments);
-    const bool ended = process.waitForFinished(kToolTimeLimit);
-    const QByteArray output = process.readAll();
-    if (ended && process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0)
-        return output + ' ';
-    qWarning("%s failed: %s", qUtf8Printable(program), output.constData());
-    return QByteArray();
-}
-
-/// The command of a group of the desktop entry, as the desktop starts it.
-QString commandOf(const QByteArray& entry, const QByteArray& group)
-{
-    const auto start = entry.indexOf('[' + group + "]\n");
-    const auto exec = entry.indexOf("\nExec=", start);
-    return QString::fromUtf8(entry.mid(exec + 6, entry.indexOf('\n', exec + 6) - exec - 6));
-}
-
-} // namespace
+using namespace pelorin::test;
+using namespace Qt::StringLiterals;
 
 /// The Debian package, unpacked into an empty folder.
 class TestPackage : public QObject
@@ -43,147 +12,92 @@ class TestPackage : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase();
-    void init();
-    void packageNamesWhatIsLoadedAtRunTime();
-    void desktopFilesAreValid();
-    void everyLanguageHasItsTextsAndItsHelp();
-    void defaultSettingsAndTheirLanguageAreFound();
-    void menuStartsTheProgramOnASensor_data();
-    void menuStartsTheProgramOnASensor();
+    void initTestCase()
+    {
+        const QString folder = m_root.filePath(u"package"_s);
+        const QString config = QStringLiteral(PELORIN_CPACK_CONFIG);
+        QVERIFY(runs(PELORIN_CPACK, {u"--config"_s, config, u"-B"_s, folder}));
+        const auto packages = QDir(folder).entryInfoList({u"*.deb"_s});
+        QCOMPARE(packages.size(), 1);
+        const QString package = packages.front().filePath();
+        QVERIFY(runs("dpkg-deb", {u"--raw-extract"_s, package, m_root.path()}));
+        const QByteArray entry = contentOf(m_entry);
+        QVERIFY(entry.contains("\nIcon=pelorin\n"));
+        for (const QString& part : QString::fromUtf8(entry).split(u"\nExec="_s))
+            m_commands << m_usr + u"bin/"_s + part.section(u'\n', 0, 0);
+        QCOMPARE(m_commands.size(), 3);
+        qputenv("HOME", m_home.toUtf8());
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+        qunsetenv("XDG_CONFIG_HOME");
+        qunsetenv("PELORIN_REGISTRY");
+    }
+
+    /// No program is linked against the screen's plug-ins and the toolkit's texts, so that nobody
+    /// finds out by himself that they are needed.
+    void whatIsLoadedAtRunTimeIsThere()
+    {
+        const QByteArray control = contentOf(m_root.filePath(u"DEBIAN/control"_s));
+        const QByteArray depends = control.mid(control.indexOf("\nDepends:")).split('\n').value(1);
+        for (const char* name : {"qt6-qpa-plugins", "qt6-translations-l10n", "libqt6widgets6 (>="})
+            QVERIFY2(depends.contains(name), name);
+        for (int code = 1; code <= 16; code *= 2) {
+            const QString texts = m_usr + u"share/pelorin/languages/pelorin_%1.qm"_s.arg(code);
+            QVERIFY2(QFile::exists(texts), qPrintable(texts));
+            QVERIFY2(QFile::exists(texts + u".sha256"_s), qPrintable(texts));
+            const QString help = m_usr + u"share/pelorin/help/pelorin_%1.html"_s.arg(code);
+            QVERIFY2(QFile::exists(help), qPrintable(help));
+        }
+    }
+
+    void desktopFindsTheProgram()
+    {
+        QVERIFY(runs(PELORIN_DESKTOP_FILE_VALIDATE, {m_entry}));
+        const QStringList arguments{u"validate-tree"_s, u"--no-net"_s, m_root.path()};
+        QVERIFY(runs(PELORIN_APPSTREAMCLI, arguments));
+        const QString icon = m_usr + u"share/icons/hicolor/scalable/apps/pelorin.svg"_s;
+        QVERIFY(contentOf(icon).contains("<svg"));
+    }
+
+    /// COM0 is no port: the program gets as far as its first question, in its language.
+    void menuStartsTheProgramOnItsDefaultSettings()
+    {
+        Program pelorin(m_commands[1], {u"/CP:0"_s});
+        QCOMPARE(pelorin.endBy(SIGTERM), 0);
+        QCOMPARE(contentOf(m_home + u"/.config/Korvex Systems/Pelorin.ini"_s),
+                 QByteArray("[Setup]\nLanguage=1\n"));
+    }
+
+    /// The sensor stands behind a terminal in the place of the demonstration's. It goes, and its
+    /// terminal with it, when its parameter 'D' is read: by the first page, which is shown when the
+    /// sensor is identified.
+    void menuStartsTheDemonstrationOnASensor()
+    {
+        const QString path = m_usr + u"share/pelorin/demo.reg"_s;
+        const QString line = m_root.filePath(u"sensor"_s);
+        QByteArray settings = contentOf(path);
+        settings.replace("\"simulator:sensor?type=2\"=\"COM99\"",
+                         '"' + line.toUtf8() + "\"=\"COM99\"");
+        QVERIFY(settings.contains(line.toUtf8()) && putContent(path, settings));
+        const Program simulator(m_usr + u"bin/pelorin-simulator"_s,
+                                {u"--link"_s, line, u"--fault"_s, u"vanish:0@D"_s});
+        QVERIFY(waitFor([&line] { return QFileInfo(line).isSymLink(); }));
+        Program pelorin(m_commands[2], {});
+        QVERIFY(waitFor([&line] { return !QFileInfo(line).isSymLink(); }));
+        QCOMPARE(pelorin.endBy(SIGTERM), 0);
+    }
 
 private:
-    [[nodiscard]] QString installed(const char* path) const
+    [[nodiscard]] static bool runs(const char* program, const QStringList& arguments)
     {
-        return m_root.filePath(QStringLiteral("usr/") + QLatin1String(path));
+        return QProcess::execute(QString::fromUtf8(program), arguments) == 0;
     }
 
-    /// Starts a program with nothing in its environment but the user's folder and a screen.
-    [[nodiscard]] std::unique_ptr<Program> start(const QString& program,
-                                                 const QStringList& arguments = {}) const
-    {
-        QProcessEnvironment environment;
-        environment.insert(QStringLiteral("HOME"), m_home);
-        environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
-        return std::make_unique<Program>(installed("bin/") + program, arguments, environment);
-    }
-
-    QTemporaryDir m_root;
-    QString m_home = m_root.filePath(QStringLiteral("home"));
-    QString m_package;
+    const QTemporaryDir m_root;
+    const QString m_usr = m_root.filePath(u"usr/"_s);
+    const QString m_entry = m_usr + u"share/applications/pelorin.desktop"_s;
+    const QString m_home = m_root.filePath(u"home"_s);
+    QStringList m_commands; ///< of the desktop entry, from its second on
 };
-
-void TestPackage::initTestCase()
-{
-    const QString folder = m_root.filePath(QStringLiteral("package"));
-    QVERIFY(!outputOf(QStringLiteral(PELORIN_CPACK),
-                      {QStringLiteral("--config"), QStringLiteral(PELORIN_CPACK_CONFIG),
-                       QStringLiteral("-B"), folder})
-                 .isNull());
-    const QStringList packages = QDir(folder).entryList({QStringLiteral("*.deb")});
-    QCOMPARE(packages.size(), 1);
-    m_package = folder + QLatin1Char('/') + packages.front();
-    QVERIFY(!outputOf(QStringLiteral("dpkg-deb"),
-                      {QStringLiteral("--extract"), m_package, m_root.path()})
-                 .isNull());
-}
-
-void TestPackage::init()
-{
-    QVERIFY(QDir(m_home).removeRecursively());
-    QVERIFY(QDir().mkpath(m_home + QStringLiteral("/.config/pelorin")));
-}
-
-/// No program is linked against the screen's plug-ins and the toolkit's texts, so that nobody
-/// finds out by himself that they are needed.
-void TestPackage::packageNamesWhatIsLoadedAtRunTime()
-{
-    const QByteArray depends =
-        outputOf(QStringLiteral("dpkg-deb"),
-                 {QStringLiteral("--field"), m_package, QStringLiteral("Depends")});
-    for (const char* package : {"qt6-qpa-plugins", "qt6-translations-l10n", "libqt6widgets6 (>="})
-        QVERIFY2(depends.contains(package), package);
-}
-
-void TestPackage::desktopFilesAreValid()
-{
-    QVERIFY(!outputOf(QStringLiteral(PELORIN_DESKTOP_FILE_VALIDATE),
-                      {installed("share/applications/pelorin.desktop")})
-                 .isNull());
-    QVERIFY(!outputOf(QStringLiteral(PELORIN_APPSTREAMCLI),
-                      {QStringLiteral("validate-tree"), QStringLiteral("--no-net"), m_root.path()})
-                 .isNull());
-    const QByteArray entry = contentOf(installed("share/applications/pelorin.desktop"));
-    QVERIFY(entry.contains("\nIcon=pelorin\n"));
-    QVERIFY(contentOf(installed("share/icons/hicolor/scalable/apps/pelorin.svg")).contains("<svg"));
-}
-
-void TestPackage::everyLanguageHasItsTextsAndItsHelp()
-{
-    for (const char* code : {"1", "2", "4", "8", "16"}) {
-        const QString name = QStringLiteral("/pelorin_") + QLatin1String(code);
-        for (const char* kind : {".qm", ".qm.sha256"}) {
-            QVERIFY2(
-                QFile::exists(installed("share/pelorin/languages") + name + QLatin1String(kind)),
-                code);
-        }
-        QVERIFY2(QFile::exists(installed("share/pelorin/help") + name + QStringLiteral(".html")),
-                 code);
-    }
-}
-
-/// COM0 is no port: the program gets as far as its first question, in its language.
-void TestPackage::defaultSettingsAndTheirLanguageAreFound()
-{
-    const auto pelorin = start(QStringLiteral("pelorin"), {QStringLiteral("/CP:0")});
-    QTRY_VERIFY_WITH_TIMEOUT(pelorin->catches(SIGTERM), kTimeLimit);
-    QCOMPARE(pelorin->endBy(SIGTERM), 0);
-    QCOMPARE(contentOf(m_home + QStringLiteral("/.config/Korvex Systems/Pelorin.ini")),
-             QByteArray("[Setup]\nLanguage=1\n"));
-}
-
-void TestPackage::menuStartsTheProgramOnASensor_data()
-{
-    QTest::addColumn<QByteArray>("group");
-    QTest::addColumn<QString>("settings");
-    QTest::addColumn<QByteArray>("port");
-    QTest::newRow("program, settings of its user")
-        << QByteArray("Desktop Entry") << QStringLiteral("home/.config/pelorin/pelorin.reg")
-        << QByteArray("COM1");
-    QTest::newRow("demonstration")
-        << QByteArray("Desktop Action Demonstration")
-        << QStringLiteral("usr/share/pelorin/demo.reg") << QByteArray("COM99");
-}
-
-/// The sensor stands behind a terminal in the place of the demonstration's. It goes, and its
-/// terminal with it, when its parameter 'D' is read: by the first page, which is shown when the
-/// sensor is identified.
-void TestPackage::menuStartsTheProgramOnASensor()
-{
-    QFETCH(QByteArray, group);
-    QFETCH(QString, settings);
-    QFETCH(QByteArray, port);
-
-    const QString line = m_home + QStringLiteral("/sensor");
-    QByteArray text = contentOf(installed("share/pelorin/demo.reg"));
-    QVERIFY(text.contains("\"simulator:sensor?type=2\"=\"COM99\""));
-    text.replace("\"simulator:sensor?type=2\"=\"COM99\"",
-                 '"' + line.toUtf8() + "\"=\"" + port + '"');
-    QFile file(m_root.filePath(settings));
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    QCOMPARE(file.write(text), text.size());
-    file.close();
-    const auto simulator = start(
-        QStringLiteral("pelorin-simulator"),
-        {QStringLiteral("--link"), line, QStringLiteral("--fault"), QStringLiteral("vanish:0@D")});
-    QTRY_VERIFY_WITH_TIMEOUT(QFileInfo(line).isSymLink(), kTimeLimit);
-
-    const QByteArray entry = contentOf(installed("share/applications/pelorin.desktop"));
-    const auto pelorin = start(commandOf(entry, group));
-    QTRY_VERIFY_WITH_TIMEOUT(!QFileInfo(line).isSymLink(), kTimeLimit);
-    QVERIFY(pelorin->isRunning());
-    QCOMPARE(pelorin->endBy(SIGTERM), 0);
-}
 
 QTEST_GUILESS_MAIN(TestPackage)
 #include "TestPackage.moc"
