@@ -1,161 +1,220 @@
 #include "display/DisplayLink.h"
 
-#include "ScriptedPort.h"
+#include "display/DisplayProtocol.h"
+#include "platform/core/ComPort.h"
 #include "platform/core/ComPortFactory.h"
-#include "platform/core/Pacing.h"
-#include "platform/core/TermiosComPort.h"
-#include "simulator/PtyServer.h"
-#include "simulator/SimulatedDisplayUnit.h"
 #include "support/Languages.h"
 #include "support/MessageCollector.h"
 #include "support/NoThreads.h"
+#include "support/Rows.h"
 #include "support/TestRegistry.h"
+#include "support/WaitFor.h"
 
-#include <QTest>
+#include <clocale>
 
+using namespace Qt::StringLiterals;
 using namespace pelorin;
 using namespace pelorin::test;
 
 namespace {
 
-using Script = PortScript;
+/// What a port does, and what was sent to it. A step whose error is not 0 fails with it. Not to be
+/// touched while a worker uses the port.
+struct Script
+{
+    int openError = 0, lineError = 0, timeoutsError = 0, queuesError = 0;
+    int purgeError = 0, writeError = 0, readError = 0;
+    int missing = 0;               ///< bytes at the end of each write that do not leave
+    QByteArrayList answers{"*\r"}; ///< to the next writes; the last one to all after it, too
+    QByteArray written = {};
+};
 
-constexpr int kSensorPort = 7;
-const QByteArray kKey = "[HKEY_LOCAL_MACHINE\\SOFTWARE\\Korvex Systems\\Pelorin]\r\n";
-const QByteArray kUnitPort = kKey + "\"QDL3Comport\"=\"unit\"\r\n";
+/// A port whose other end answers each write with bytes that a test has written down.
+class ScriptedPort final : public ComPort
+{
+public:
+    explicit ScriptedPort(Script& script) : m_script(script) {}
+
+    int open() override { return m_script.openError; }
+    bool isOpen() const override { return true; }
+    int setLine(const LineSettings&) override { return m_script.lineError; }
+    int setTimeouts(const Timeouts&) override { return m_script.timeoutsError; }
+    int setQueueSizes(int, int) override { return m_script.queuesError; }
+    int purge(Purge) override
+    {
+        if (m_script.purgeError == 0)
+            m_unread.clear();
+        return m_script.purgeError;
+    }
+    int setRts(bool) override { return 0; }
+    ReadResult read() override
+    {
+        if (m_script.readError != 0 || m_unread.isEmpty())
+            return {.error = m_script.readError};
+        const char byte = m_unread.front();
+        m_unread.remove(0, 1);
+        return {.received = true, .byte = byte};
+    }
+    WriteResult write(std::string_view bytes) override
+    {
+        const auto size = static_cast<int>(bytes.size());
+        m_script.written.append(bytes.data(), size);
+        auto& answers = m_script.answers;
+        m_unread += answers.size() > 1 ? answers.takeFirst() : answers.first();
+        return {.error = m_script.writeError, .written = size - m_script.missing};
+    }
+    Watch watch() const override { return {}; }
+    void beginExchange(std::uint64_t) override {}
+    void cutShort(std::uint64_t) override {}
+    void interrupt() override {}
+    void close() override {}
+
+private:
+    Script& m_script;
+    QByteArray m_unread;
+};
 
 } // namespace
 
+/// What goes out to the unit, what counts as an answer, and what the user is told.
 class TestDisplayLink : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init() { Pacing::setSpeeds({100, 20, 5}); }
+    void initTestCase() { QVERIFY(std::setlocale(LC_ALL, "")); }
+    void init() { m_script = {}; }
+    void cleanup() { m_link.reset(); }
 
-    void failedOpeningIsExplained()
+    void readingIsTheAnswerWithoutItsEnds()
     {
-        const std::tuple<std::atomic<int> Script::*, int, const char*> rows[] = {
-            {&Script::openError, 16, "Port unit could not be opened (system error 16).\nunit is"},
-            {&Script::openError, 13, "Port unit could not be opened (system error 13).\nYou have"},
-            {&Script::lineError, 22, "The line settings of port unit could not be set"},
-            {&Script::queuesError, 22, "The queue sizes of port unit could not be set"},
-            {&Script::readError, 5,
-             "The display unit on unit (node 1) did not acknowledge its set-up."
-             "\nError in ReadFile"}};
-        for (const auto& [step, error, message] : rows) {
-            useScript(kUnitPort);
-            (*m_script).*step = error;
-            QCOMPARE(open(), 0);
-            QVERIFY(!m_link->isOpen() && !m_script->open);
-            QVERIFY2(isTold(message), message);
-            QCOMPARE(await(m_link->requestReading()), 0);
+        const std::pair<const char*, const char*> rows[] = {
+            {"*12.345\r", "12.345"},
+            {"*\r", ""},
+            {"*1.5\r*9\r", "1.5"},                       // nothing after CR is read
+            {"*123456789012345678\r", "12345678901234"}, // at most 16 bytes
+            {"*12.345", "12.34"},                        // time runs out before CR
+            {"*", "none"},
+            {"?\r", "none"},
+            {"12.345\r", "none"}};
+        for (const auto& [answer, reading] : rows) {
+            m_script.answers = {answer};
+            QCOMPARE(DisplayProtocol(m_port, 1).readDisplay().value_or("none"), reading);
+            QCOMPARE(takeWritten(), QByteArray("$1RD\r"));
+        }
+    }
+
+    void applySendsTheSettings()
+    {
+        const std::tuple<std::uint8_t, DisplaySettings, const char*> rows[] = {
+            {1, {0x47, 25, 5}, "$1WE\r$1SXTSSIGRAY\r$1SXB25\r$1SPR0.005\r"},
+            {0, {0x42, 24, 100}, "$0WE\r$0SXTSSIBIN\r$0SXB24\r$0SPR0.100\r"},
+            {9, {0, 255, 1}, "$9WE\r$9SXTSSIGRAY\r$9SXB255\r$9SPR0.001\r"}}; // any other mode
+        for (const auto& [node, settings, frames] : rows) {
+            QVERIFY(DisplayProtocol(m_port, node).apply(settings));
+            QCOMPARE(takeWritten(), QByteArray(frames));
+        }
+    }
+
+    void onlyStarAndOneMoreByteAcknowledge()
+    {
+        for (const char* answer : {"", "*", "?\r", "\r*", "00000"}) {
+            m_script.answers = {"*\r", answer};
+            QVERIFY2(!DisplayProtocol(m_port, 1).setUp(), answer);
+            QCOMPARE(takeWritten(), QByteArray("$1WE\r$1SdP3\r"));
+        }
+        m_script.answers = {"**", "*\r*\r", "*\r"};
+        QVERIFY(DisplayProtocol(m_port, 1).setUp());
+        QCOMPARE(takeWritten(), QByteArray("$1WE\r$1SdP3\r$1SPUMM\r$1SXAOFF\r"
+                                           "$1SXE00000000\r$1SXeFFFFFFFF\r"));
+    }
+
+    void linkOpensAsTheSettingsSayOrTellsWhyNot()
+    {
+        const QByteArray node = "\"QDL3NodeID\"=dword:0000000";
+        for (const auto& [settings, sent] :
+             {std::pair(QByteArray(), "$1"), {node + "9\r\n", "$9"}}) {
+            QVERIFY(open(settings) && m_link->isOpen());
+            QCOMPARE(takeWritten().left(2), sent);
+            QCOMPARE(m_link->takeMessage(), QString());
+        }
+        const std::tuple<const char*, QByteArray, Script> rows[] = {
+            {"The value QDL3NodeID of the settings is 10.", node + "A\r\n", Script()},
+            {"/dev/ttyS6 is the port of the", "\"QDL3Comport\"=\"/dev/ttyS6\"\r\n", Script()},
+            {"Port unit could not be opened (system error 16).\nunit", kUnit, {.openError = 16}},
+            {"Port unit could not be opened (system error 13).\nYou", kUnit, {.openError = 13}},
+            {"The line settings of port unit could not be set", kUnit, {.lineError = 22}},
+            {"The time-outs of port unit could not be set", kUnit, {.timeoutsError = 22}},
+            {"The queue sizes of port unit could not be set", kUnit, {.queuesError = 22}},
+            {"The display unit on unit (node 1) did not acknowledge its set-up.\nError in ReadFile",
+             kUnit,
+             {.readError = 5}}};
+        for (const auto& [told, settings, script] : rows) {
+            m_script = script;
+            QVERIFY2(!open(settings) && !m_link->isOpen(), told);
+            QVERIFY2(m_link->takeMessage().startsWith(QLatin1String(told)), told);
+            QVERIFY(!await(m_link->requestReading()));
         }
         const NoThreads none;
-        useScript(kUnitPort);
-        QCOMPARE(open(), 0);
-        QVERIFY(isTold("The communication could not be started"));
+        QVERIFY(!open(kUnit) && m_link->takeMessage().startsWith(u"The communication could not"_s));
     }
 
-    void settingsNamePortAndNode()
+    /// The answer alone decides whether a request has worked.
+    void failureOfThePortIsToldAgainOnceItHasWorked()
     {
-        const QByteArray port = kKey + "\"QDL3Comport\"=", node = kKey + "\"QDL3NodeID\"=dword:";
-        const std::tuple<QByteArray, const char*, const char*> rows[] = {
-            {port + "\"COM96\"\r\n\"QDL3NodeID\"=dword:00000004\r\n", "$4", ""},
-            {"", "$1", ""},
-            {port + "\"/dev/ttyS6\"\r\n", "", "/dev/ttyS6 is the port of the sensor."},
-            {node + "00000101\r\n", "", "The value QDL3NodeID of the settings is 257."}};
-        for (const auto& [settings, frame, refusal] : rows) {
-            useScript(settings);
-            QCOMPARE(open(), *frame ? 1 : 0);
-            QVERIFY2(isTold(refusal), refusal);
-            QCOMPARE(m_script->takeWritten().left(2), QByteArray(frame));
+        QVERIFY(open(kUnit));
+        const QString readError = u"Error in ReadFile. Error = 5"_s;
+        const QString cut = u"Byte count mismatch in WriteFile. Wrote = 3, Correct = 5,Error = 0"_s;
+        const std::tuple<Script, bool, QString> rows[] = {
+            {{.readError = 5}, false, readError},
+            {{.readError = 5}, false, {}},
+            {{.purgeError = 5}, true, {}},  // not as it should
+            {{.answers = {""}}, false, {}}, // nor is silence a sign that the port works
+            {{.readError = 5}, false, {}},
+            {Script(), true, {}},
+            {{.readError = 5}, false, readError},
+            {Script(), true, {}},
+            {{.writeError = 19}, true, u"Error in WriteFile. Error = 19"_s},
+            {Script(), true, {}},
+            {{.missing = 2}, true, cut},
+            {Script(), true, {}}};
+        for (const auto& [script, works, told] : rows) {
+            m_script = script;
+            QCOMPARE(await(m_link->requestReading()), works);
+            QCOMPARE(m_link->takeMessage(), told);
         }
-    }
-
-    void failureIsToldAgainOnceItHasWorked()
-    {
-        useScript(kUnitPort);
-        QCOMPARE(open(), 1);
-        const char* const error = "Error in ReadFile. Error = 5";
-        const std::tuple<std::atomic<int> Script::*, const char*, const char*> rows[] = {
-            {&Script::readError, "*\r", error}, {&Script::readError, "*\r", ""},
-            {&Script::purgeError, "*\r", ""}, // answered, but it did not work
-            {&Script::openError, "", ""},     // nor is silence a sign that it works
-            {&Script::readError, "*\r", ""},    {&Script::openError, "*\r", ""},
-            {&Script::readError, "*\r", error}};
-        for (const auto& [step, answer, message] : rows) {
-            m_script->otherwise = answer;
-            (*m_script).*step = 5;
-            (void)await(m_link->requestReading());
-            (*m_script).*step = 0;
-            QVERIFY2(isTold(message), message);
-        }
-    }
-
-    /// Over a terminal: what is asked, and a port that goes while nothing is.
-    void unitIsReadAndSetUntilItGoes()
-    {
-        Pacing::setSpeeds({100, 20, 0.1}); // the late answer is in time
-        const auto unit = std::make_shared<SimulatedDisplayUnit>();
-        unit->setReading("12.345");
-        PtyServer server(unit);
-        QCOMPARE(server.start(), 0);
-        makeLink(kUnitPort, [&](auto&) { return std::make_unique<TermiosComPort>(server.path()); });
-        QCOMPARE(open(), 1);
-        (void)unit->takeReceivedFrames();
-
-        unit->setFault({SimulatedFault::Kind::Late, 50, 1}, "RD");
-        (void)m_link->requestReading();
-        const RequestId apply = m_link->requestApply({0x47, 25, 5});
-        QCOMPARE(await(m_link->requestReading()), 1);
-        QCOMPARE(m_link->lastReading(), QStringLiteral("12.345"));
-        QCOMPARE(await(apply), 1);
-        QCOMPARE(unit->takeReceivedFrames().back(), std::string("$1SPR0.005"));
-        QVERIFY(isTold(""));
-
-        unit->vanish();
-        QTRY_COMPARE(m_window->resultOf(0), 0);
-        QVERIFY(isTold("The port unit no longer exists."));
-        QCOMPARE(await(m_link->requestReading()), 0);
-        QCOMPARE(m_link->lastReading(), QStringLiteral("****"));
-        QVERIFY(isTold(""));
-        QCOMPARE(await(m_link->close()), 1);
+        m_script = {.purgeError = 5}; // at each of four commands
+        QVERIFY(await(m_link->requestApply({})));
+        QCOMPARE(m_link->takeMessage(), u"Error in PurgeComm. Error = 5"_s);
     }
 
 private:
-    /// @param begin of what is told; empty: nothing is
-    bool isTold(const char* begin)
+    inline static const QByteArray kUnit = "\"QDL3Comport\"=\"unit\"\r\n";
+
+    QByteArray takeWritten() { return std::exchange(m_script.written, {}); }
+    /// Opens the link beside a sensor at COM7. @return whether that succeeds
+    bool open(const QByteArray& settings)
     {
-        const QString message = m_link->takeMessage();
-        return *begin ? message.startsWith(QLatin1String(begin)) : message.isEmpty();
+        m_registry.write("[HKEY_LOCAL_MACHINE\\SOFTWARE\\Korvex Systems\\Pelorin]\r\n" + settings);
+        m_link.reset();
+        m_window.emplace();
+        m_link = std::make_unique<DisplayLink>(m_factory);
+        m_link->setReplyTarget(&*m_window, 1);
+        return await(m_link->open(7));
     }
-    void makeLink(const QByteArray& settings, const ComPortFactory::Maker& maker)
+    /// @return whether a request succeeds
+    bool await(RequestId request)
     {
-        m_registry.write(settings);
-        m_link.reset(); // before its factory
-        m_factory = std::make_unique<ComPortFactory>(maker);
-        m_window = std::make_unique<MessageCollector>();
-        m_link = std::make_unique<DisplayLink>(*m_factory);
-        m_link->setReplyTarget(m_window.get(), 1);
-    }
-    void useScript(const QByteArray& settings)
-    {
-        m_script = std::make_shared<PortScript>();
-        makeLink(settings, [this](auto&) { return std::make_unique<ScriptedPort>(m_script); });
-    }
-    int open() { return await(m_link->open(kSensorPort)); }
-    int await(RequestId request)
-    {
-        (void)QTest::qWaitFor([&] { return m_window->resultOf(request) >= 0; }, 30000);
-        return m_window->resultOf(request);
+        (void)waitFor([&] { return m_window->resultOf(request) >= 0; });
+        return m_window->resultOf(request) == 1;
     }
 
     const Languages m_languages{1};
     const TestRegistry m_registry{""};
-    std::shared_ptr<PortScript> m_script;
-    std::unique_ptr<ComPortFactory> m_factory;
-    std::unique_ptr<MessageCollector> m_window;
+    std::optional<MessageCollector> m_window;
+    Script m_script;
+    ScriptedPort m_port{m_script};
+    const ComPortFactory m_factory{[&](auto&) { return std::make_unique<ScriptedPort>(m_script); }};
     std::unique_ptr<DisplayLink> m_link;
 };
 
