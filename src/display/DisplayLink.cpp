@@ -85,7 +85,7 @@ public:
     int noticeGone(RequestWorker::Context& context)
     {
         (void)context.port().purge(ComPort::Purge::Receive); // finds it gone, and closes it
-        if (context.port().isOpen())
+        if (context.port().isOpen() || m_goneTold)
             return 0;
         m_failureTold = true; // with it
         tell({.isGone = true});
@@ -119,8 +119,10 @@ private:
     {
         auto errors = m_protocol->takeErrors();
         if (!errors.empty()) {
-            if (!std::exchange(m_failureTold, true))
-                tell({.errors = std::move(errors), .isGone = !context.port().isOpen()});
+            if (!std::exchange(m_failureTold, true)) {
+                m_goneTold = !context.port().isOpen();
+                tell({.errors = std::move(errors), .isGone = m_goneTold});
+            }
         } else if (success) {
             m_failureTold = false;
         }
@@ -131,6 +133,7 @@ private:
     const MessageTarget::Poster m_notices;
     std::optional<DisplayProtocol> m_protocol; ///< the worker's
     bool m_failureTold = false;                ///< the worker's
+    bool m_goneTold = false;                   ///< the worker's; by a request that found it so
 
     mutable std::mutex m_mutex; ///< guards the rest
     std::string m_reading;

@@ -10,6 +10,7 @@
 #include "support/TestRegistry.h"
 #include "support/WaitFor.h"
 
+#include <cerrno>
 #include <clocale>
 
 using namespace Qt::StringLiterals;
@@ -36,7 +37,7 @@ public:
     explicit ScriptedPort(Script& script) : m_script(script) {}
 
     int open() override { return m_script.openError; }
-    bool isOpen() const override { return true; }
+    bool isOpen() const override { return m_isOpen; }
     int setLine(const LineSettings&) override { return m_script.lineError; }
     int setTimeouts(const Timeouts&) override { return m_script.timeoutsError; }
     int setQueueSizes(int, int) override { return m_script.queuesError; }
@@ -49,6 +50,7 @@ public:
     int setRts(bool) override { return 0; }
     ReadResult read() override
     {
+        m_isOpen = m_script.readError != ENODEV;
         if (m_script.readError != 0 || m_unread.isEmpty())
             return {.error = m_script.readError};
         const char byte = m_unread.front();
@@ -72,6 +74,7 @@ public:
 private:
     Script& m_script;
     QByteArray m_unread;
+    bool m_isOpen = true;
 };
 
 } // namespace
@@ -186,6 +189,18 @@ private Q_SLOTS:
         m_script = {.purgeError = 5}; // at each of four commands
         QVERIFY(await(m_link->requestApply({})));
         QCOMPARE(m_link->takeMessage(), u"Error in PurgeComm. Error = 5"_s);
+    }
+
+    void portThatGoesDuringARequestIsToldOnce()
+    {
+        QVERIFY(open(kUnit));
+        m_script.readError = ENODEV;
+        QVERIFY(!await(m_link->requestReading()));
+        const auto told = u"Error in ReadFile. Error = 19\nThe port unit no longer exists."_s;
+        QVERIFY(m_link->takeMessage().startsWith(told));
+        QVERIFY(!await(m_link->requestReading()));
+        QCOMPARE(m_link->takeMessage(), QString());
+        QCOMPARE(m_window->messages().size(), std::size_t{3}); // the answers alone
     }
 
 private:
