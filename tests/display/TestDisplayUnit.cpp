@@ -28,7 +28,7 @@ using Kind = SimulatedFault::Kind;
 
 namespace {
 
-enum class Step { None, Open, Line, Queues, Purge, Write, Count, Read };
+enum class Step { None, Open, Line, Queues, Purge, Write, Count, Read, Silence };
 
 /// Which step of a port fails, and with which error. Not to be changed during an exchange.
 struct PortFault
@@ -60,7 +60,7 @@ public:
     ReadResult read() override
     {
         ReadResult result = PortDecorator::read();
-        while (m_fault.step == Step::Read && result.received)
+        while (m_fault.step >= Step::Read && result.received)
             result = PortDecorator::read(); // nothing is left for the next exchange
         return {errorOf(Step::Read, result.error), result.received, result.byte};
     }
@@ -90,7 +90,6 @@ private Q_SLOTS:
         QCOMPARE(m_dialog->windowTitle(), u"QDL3 Display Unit - simulated"_s);
         QVERIFY(m_dialog->usesPort(96) && !m_dialog->usesPort(7) && !isWaiting());
         const std::tuple<const char*, SimulatedFault, const char*> rows[] = {
-            {"Over", {}, "Over"},
             {"1.5\r*9", {}, "1.5"},                       // nothing after CR is read
             {"123456789012345678", {}, "12345678901234"}, // at most 16 bytes
             {"12.345", {Kind::NoTerminator}, "12.34"},    // time runs out before CR
@@ -103,7 +102,11 @@ private Q_SLOTS:
             QVERIFY2(shows("displayBox", shown), shown);
         }
         m_unit->clearFaults();
-        QVERIFY(shows("displayBox", "12.345"));
+        m_unit->setReading("Over");
+        QVERIFY(shows("displayBox", "Over"));
+        m_unit->setReading("oVER"); // differs in case only
+        QVERIFY(waitForFrame("RD") && waitForFrame("RD") && waitForFrame("RD"));
+        QVERIFY(shows("displayBox", "Over"));
 
         QDialog other(m_dialog.get());
         other.open();
@@ -113,9 +116,6 @@ private Q_SLOTS:
         other.reject();
         QVERIFY(waitFor(told));
         QVERIFY(told()->text().contains(u"The port COM96 no longer exists."_s));
-        told()->close();
-        QCoreApplication::processEvents();
-        QVERIFY(!told());
     }
 
     void chosenSettingsReachTheUnit()
@@ -214,18 +214,12 @@ private Q_SLOTS:
     /// The answer alone decides whether a request has worked.
     void failureOfThePortIsToldAgainOnceItHasWorked()
     {
-        MessageCollector window;
-        DisplayLink link(m_factory);
-        link.setReplyTarget(&window, 1);
-        const auto works = [&](RequestId request) {
-            (void)waitFor([&] { return window.resultOf(request) >= 0; });
-            return window.resultOf(request) == 1;
-        };
-        QVERIFY(works(link.open(7)));
+        QVERIFY(openLink());
         const std::tuple<Step, bool, const char*> rows[] = {
             {Step::Read, false, "Error in ReadFile. Error = 5"},
             {Step::Read, false, ""},
-            {Step::Purge, true, ""}, // not as it should
+            {Step::Purge, true, ""},    // not as it should
+            {Step::Silence, false, ""}, // no sign that it works, either
             {Step::Read, false, ""},
             {Step::None, true, ""},
             {Step::Write, true, "Error in WriteFile. Error = 5"},
@@ -235,25 +229,32 @@ private Q_SLOTS:
             {Step::None, true, ""}};
         for (const auto& [step, isWorking, message] : rows) {
             m_fault.step = step;
-            QCOMPARE(works(link.requestReading()), isWorking);
-            QCOMPARE(link.takeMessage(), QLatin1String(message));
+            QCOMPARE(works(m_link->requestReading()), isWorking);
+            QCOMPARE(m_link->takeMessage(), QLatin1String(message));
         }
         m_fault.step = Step::Purge; // at each of four commands
-        QVERIFY(works(link.requestApply({})));
-        QCOMPARE(link.takeMessage(), u"Error in PurgeComm. Error = 5"_s);
+        QVERIFY(works(m_link->requestApply({})));
+        QCOMPARE(m_link->takeMessage(), u"Error in PurgeComm. Error = 5"_s);
+    }
 
-        m_fault.step = Step::None; // and a port that goes is told once
-        QVERIFY(works(link.requestReading()));
-        m_unit->setFault({Kind::Silent}, "RD");
-        const RequestId asked = link.requestReading();
-        QVERIFY(waitForFrame("RD"));
-        m_unit->vanish();
-        QVERIFY(!works(asked));
-        QVERIFY(
-            link.takeMessage().startsWith(u"Error in ReadFile. Error = 19\nThe port COM96 no"_s));
-        QVERIFY(!works(link.requestReading()));
-        QCOMPARE(link.takeMessage(), QString());
-        QCOMPARE(window.messages().size(), std::size(rows) + 5); // the answers alone
+    void portThatGoesIsToldOnce()
+    {
+        for (const bool isAsked : {false, true}) {
+            init();
+            QVERIFY(openLink());
+            m_unit->setFault({Kind::Silent}, "RD");
+            const RequestId request = isAsked ? m_link->requestReading() : 0;
+            QVERIFY(!isAsked || waitForFrame("RD"));
+            m_unit->vanish();
+            QVERIFY(!works(request)); // else it is told at once, too
+            const QString told = m_link->takeMessage();
+            const QString error = isAsked ? u"Error in ReadFile. Error = 19\n"_s : QString();
+            QVERIFY2(told.startsWith(error + u"The port COM96 no longer exists."_s),
+                     qPrintable(told));
+            QVERIFY(!works(m_link->requestReading()));
+            QCOMPARE(m_link->takeMessage(), QString());
+            QCOMPARE(m_window->messages().size(), std::size_t{3});
+        }
     }
 
 private:
@@ -274,6 +275,20 @@ private:
         m_unit = std::make_shared<SimulatedDisplayUnit>();
         m_unit->setReading("12.345");
         QCOMPARE(m_languages.loadLanguage(1), 1);
+    }
+    /// Opens a link of its own. @return whether that works
+    bool openLink()
+    {
+        m_link.reset();
+        m_window.emplace();
+        m_link = std::make_unique<DisplayLink>(m_factory);
+        m_link->setReplyTarget(&*m_window, 1);
+        return works(m_link->open(7));
+    }
+    bool works(RequestId request)
+    {
+        (void)waitFor([&] { return m_window->resultOf(request) >= 0; });
+        return m_window->resultOf(request) == 1;
     }
     bool open()
     {
@@ -328,6 +343,8 @@ private:
         return std::make_unique<FaultyPort>(std::make_unique<SimulatedComPort>(m_unit), m_fault);
     }};
     std::unique_ptr<DisplayUnitDialog> m_dialog;
+    std::optional<MessageCollector> m_window;
+    std::unique_ptr<DisplayLink> m_link;
 };
 
 QTEST_MAIN(TestDisplayUnit)
