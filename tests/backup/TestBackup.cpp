@@ -124,14 +124,15 @@ private Q_SLOTS:
         BackupRig rig;
         QVERIFY(rig.start("[Setup]\r\n"));
         QCOMPARE(rig.run(Mode::Restore), languageString(strings::kNoBackupFile));
-        auto unfit = kBackup;
-        QVERIFY(rig.folder.put(kFile, unfit.replace("44:", "45:").replace("0236AA", "0236A")));
-        QCOMPARE(rig.run(Mode::Restore),
-                 languageString(strings::kBackupUnfit) +
-                     u"\nMissing: Data Format (D)\nNot usable: Scale Factor (S)"_s);
-        QCOMPARE(rig.frames(), QString());
-        auto odd = kBackup;
-        QVERIFY(rig.folder.put(kFile, odd.replace("0236AA", "02 6AX")));
+        const std::tuple<const char*, const char*, QString> faults[] = {
+            {"44:", "45:", u"\nMissing: Data Format (D)"_s},
+            {"0236AA", "0236A", u"\nNot usable: Scale Factor (S)"_s}};
+        for (const auto& [good, bad, told] : faults) {
+            QVERIFY(rig.folder.put(kFile, QByteArray(kBackup).replace(good, bad)));
+            QCOMPARE(rig.run(Mode::Restore), languageString(strings::kBackupUnfit) + told);
+            QCOMPARE(rig.frames(), QString());
+        }
+        QVERIFY(rig.folder.put(kFile, QByteArray(kBackup).replace("0236AA", "02 6AX")));
         for (const auto answer : {QMessageBox::No, QMessageBox::Yes}) {
             QCOMPARE(rig.run(Mode::Restore, kFile, {}, answer),
                      languageString(strings::kWriteDoubtful) + u"\nScale Factor (S): \"02 6AX\""_s);

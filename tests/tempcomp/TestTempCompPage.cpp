@@ -90,12 +90,12 @@ private Q_SLOTS:
         bench.type(0, 10, u"abc"_s, kArrayList);
         bench.type(0, 1, u"25.5"_s);
         bench.type(3, 0, u"7"_s); // is no entry
+        QVERIFY(!qobject_cast<QLineEdit*>(QApplication::focusWidget()));
         (void)bench.frames();
         bench.clickRefresh();
         QVERIFY(bench.choosePage(0));
         QCOMPARE(bench.frames().split(u' ').size(), 14); // what that page reads
         QVERIFY(bench.choosePage(5));
-        QCOMPARE(bench.column(0), u"0 1 2 3 4 5 6 7 8 9"_s);
         QCOMPARE(bench.column(1).trimmed(), u"25.5"_s);
         QCOMPARE(bench.column(10, kArrayList).trimmed(), u"abc"_s);
     }
