@@ -18,8 +18,6 @@
 #include <QMessageBox>
 #include <QTest>
 
-#include <cerrno>
-
 using namespace Qt::StringLiterals;
 using namespace pelorin;
 using namespace pelorin::test;
@@ -110,11 +108,17 @@ private Q_SLOTS:
 
         QDialog other(m_dialog.get());
         other.open();
-        m_unit->vanish();
+        Pacing::setSpeeds({20, 200, 0.01}); // what is not answered is waited for 50 seconds
+        m_unit->setFault({Kind::Silent}, "RD");
+        QVERIFY(waitForFrame("RD"));
+        m_unit->vanish(); // while it is asked
         QVERIFY(shows("displayBox", "****"));
         QCOMPARE(QApplication::activeModalWidget(), &other); // under no box
         other.reject();
-        QVERIFY(told().contains(u"The port COM96 no longer exists."_s));
+        QCOMPARE(
+            told().section(u'.', 0, 2),
+            u"Error in ReadFile. Error = 19\nThe port COM96 no longer exists. "
+            "Reconnect its adapter, then close the window of the display unit and open it again"_s);
     }
 
     void chosenSettingsReachTheUnit()
@@ -165,7 +169,7 @@ private Q_SLOTS:
     void closingCutsASetUpShort()
     {
         m_unit->setFault({Kind::Silent}, "SdP3");
-        Pacing::setSpeeds({20, 200, 0.01}); // what is not answered is waited for 50 seconds
+        Pacing::setSpeeds({20, 200, 0.01});
         m_dialog->show();
         QVERIFY(waitForFrame("SdP3"));
         QVERIFY(isWaiting() && !control("applyButton")->isEnabled());
@@ -207,7 +211,9 @@ private Q_SLOTS:
     /// The answer alone decides whether a request has worked.
     void failureOfThePortIsToldAgainOnceItHasWorked()
     {
-        QVERIFY(openLink());
+        DisplayLink link(m_factory);
+        link.setReplyTarget(&m_window, 1);
+        QVERIFY(works(link.open(7)));
         const std::tuple<Step, bool, const char*> rows[] = {
             {Step::Read, false, "Error in ReadFile. Error = 5"},
             {Step::Read, false, ""},
@@ -222,32 +228,20 @@ private Q_SLOTS:
             {Step::None, true, ""}};
         for (const auto& [step, isWorking, message] : rows) {
             m_fault.step = step;
-            QCOMPARE(works(m_link->requestReading()), isWorking);
-            QCOMPARE(m_link->takeMessage(), QLatin1String(message));
+            QCOMPARE(works(link.requestReading()), isWorking);
+            QCOMPARE(link.takeMessage(), QLatin1String(message));
         }
         m_fault.step = Step::Purge; // at each of four commands
-        QVERIFY(works(m_link->requestApply({})));
-        QCOMPARE(m_link->takeMessage(), u"Error in PurgeComm. Error = 5"_s);
-    }
+        QVERIFY(works(link.requestApply({})));
+        QCOMPARE(link.takeMessage(), u"Error in PurgeComm. Error = 5"_s);
 
-    void portThatGoesIsToldOnce()
-    {
-        for (const bool isAsked : {false, true}) {
-            init();
-            QVERIFY(openLink());
-            m_unit->setFault({Kind::Silent}, "RD");
-            const RequestId request = isAsked ? m_link->requestReading() : 0;
-            QVERIFY(!isAsked || waitForFrame("RD"));
-            m_unit->vanish();
-            QVERIFY(!works(request)); // else it is told at once, too
-            const QString message = m_link->takeMessage();
-            const QString error = isAsked ? u"Error in ReadFile. Error = 19\n"_s : QString();
-            QVERIFY2(message.startsWith(error + u"The port COM96 no longer exists."_s),
-                     qPrintable(message));
-            QVERIFY(!works(m_link->requestReading()));
-            QCOMPARE(m_link->takeMessage(), QString());
-            QCOMPARE(m_window->messages().size(), std::size_t{3});
-        }
+        m_fault.step = Step::None;
+        QVERIFY(works(link.requestReading()));
+        m_unit->vanish();   // while nothing is asked
+        QVERIFY(!works(0)); // which is told all the same
+        QVERIFY(link.takeMessage().startsWith(u"The port COM96 no longer exists."_s));
+        QVERIFY(!works(link.requestReading()));
+        QCOMPARE(link.takeMessage(), QString());
     }
 
 private:
@@ -270,19 +264,10 @@ private:
         m_unit = std::make_shared<SimulatedDisplayUnit>();
         m_unit->setReading("12.345");
     }
-    /// Opens a link of its own. @return whether that works
-    bool openLink()
-    {
-        m_link.reset();
-        m_window.emplace();
-        m_link = std::make_unique<DisplayLink>(m_factory);
-        m_link->setReplyTarget(&*m_window, 1);
-        return works(m_link->open(7));
-    }
     bool works(RequestId request)
     {
-        (void)waitFor([&] { return m_window->resultOf(request) >= 0; });
-        return m_window->resultOf(request) == 1;
+        (void)waitFor([&] { return m_window.resultOf(request) >= 0; });
+        return m_window.resultOf(request) == 1;
     }
     bool open()
     {
@@ -327,7 +312,7 @@ private:
         QTest::keyClick(m_dialog.get(), Qt::Key_Escape);
         return m_dialog->isVisible() && waitFor([this] { return !m_dialog->isVisible(); });
     }
-    bool isPortFree() { return SimulatedComPort(m_unit).open() != EBUSY; }
+    bool isPortFree() { return SimulatedComPort(m_unit).open() == 0; }
 
     const Languages m_languages{1};
     const TestRegistry m_registry{""};
@@ -338,8 +323,7 @@ private:
         return std::make_unique<FaultyPort>(std::make_unique<SimulatedComPort>(m_unit), m_fault);
     }};
     std::unique_ptr<DisplayUnitDialog> m_dialog;
-    std::optional<MessageCollector> m_window;
-    std::unique_ptr<DisplayLink> m_link;
+    MessageCollector m_window; ///< of a link without a dialog
 };
 
 QTEST_MAIN(TestDisplayUnit)
