@@ -20,7 +20,6 @@ using namespace pelorin::test;
 namespace {
 
 using Mode = BackupProgressDialog::Mode;
-using Fault = SimulatedFault::Kind;
 
 const QString kFile = u"backup.dat"_s;
 
@@ -34,11 +33,6 @@ struct BackupRig : MainWindowRig
 {
     explicit BackupRig(int type = 2) : MainWindowRig({.type = type}) {}
 
-    /// Connects, with a file in the folder.
-    [[nodiscard]] bool start(const QByteArray& file)
-    {
-        return startConnected() && folder.put(kFile, file);
-    }
     /// Chooses the command and a file in its dialog, and waits until all is over.
     /// @param before what happens while the file dialog is open
     /// @param answer to questions
@@ -78,7 +72,7 @@ private Q_SLOTS:
             "MN057DAA JN000002 KN000002 ON0000003D"_s.split(u' ');
         for (const auto& [type, count] : {std::pair(0, 8), {1, 9}, {2, 12}}) {
             BackupRig rig(type);
-            QVERIFY(rig.start(kBackup));
+            QVERIFY(rig.startConnected() && rig.folder.put(kFile, kBackup));
             QCOMPARE(rig.run(Mode::Restore), QString());
             QVERIFY(waitFor([&] { return rig.logged().filter(u"SSI Type"_s).size() == 2; }));
             QVERIFY(rig.waitIdle());
@@ -97,7 +91,7 @@ private Q_SLOTS:
     void nothingIsSavedButAWholeBackup()
     {
         BackupRig rig;
-        QVERIFY(rig.start("older"));
+        QVERIFY(rig.startConnected() && rig.folder.put(kFile, "older"));
         const QString below = kFile + u"/new.dat"_s;
         QCOMPARE(rig.run(Mode::Backup, below),
                  u"The file %1 could not be opened (system error 20: Not a directory)."_s.arg(
@@ -121,7 +115,7 @@ private Q_SLOTS:
     void restoreWritesWhatItMayAndTellsWhatItHas()
     {
         BackupRig rig;
-        QVERIFY(rig.start("[Setup]\r\n"));
+        QVERIFY(rig.startConnected() && rig.folder.put(kFile, "[Setup]\r\n"));
         QCOMPARE(rig.run(Mode::Restore), languageString(strings::kNoBackupFile));
         const std::tuple<const char*, const char*, QString> faults[] = {
             {"44:", "45:", u"\nMissing: Data Format (D)"_s},
@@ -138,7 +132,7 @@ private Q_SLOTS:
             QCOMPARE(rig.frames().contains(u"SN02 6AX"_s), answer == QMessageBox::Yes);
         }
         QVERIFY(rig.folder.put(kFile, kBackup));
-        rig.sensor().setFault({Fault::Vanish, 1, 1}, "UN");
+        rig.sensor().setFault({SimulatedFault::Kind::Vanish, 1, 1}, "UN");
         QCOMPARE(rig.run(Mode::Restore).section(u". "_s, 0, 0),
                  u"Parameter 85 could not be written to the sensor.\n"_s +
                      languageString(strings::kLinkLost) +
@@ -149,7 +143,7 @@ private Q_SLOTS:
     void nothingBeginsWithoutTheSensorAsItWas()
     {
         BackupRig rig;
-        QVERIFY(rig.start(kBackup));
+        QVERIFY(rig.startConnected() && rig.folder.put(kFile, kBackup));
         const auto loseLink = [&rig](QFileDialog&) {
             rig.sensor().vanish();
             QVERIFY(waitFor([&] { return rig.link().lossCount() == 1; }));
@@ -185,9 +179,9 @@ private Q_SLOTS:
             {Mode::Restore, "ON", u"Restore Backup"_s}};
         for (const auto& [mode, lostAt, title] : rows) {
             BackupRig rig;
-            QVERIFY(rig.start(kBackup));
+            QVERIFY(rig.startConnected() && rig.folder.put(kFile, kBackup));
             if (*lostAt)
-                rig.sensor().setFault({Fault::Vanish}, lostAt);
+                rig.sensor().setFault({SimulatedFault::Kind::Vanish}, lostAt);
             const ModalAnswer<BackupProgressDialog> user([&](BackupProgressDialog& dialog) {
                 const auto* bar = dialog.findChild<QProgressBar*>();
                 QVERIFY(waitFor([bar] { return bar->value() > 0; }));

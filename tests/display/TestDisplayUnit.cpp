@@ -155,7 +155,7 @@ private Q_SLOTS:
         apply();
         (void)choose("dataBitsCombo", 1);
         apply();
-        QString expected = u"$1RD $1WE $1SXTSSIBIN $1SXB24 $1SPR0.005 $1RD "_s;
+        const QString expected = u"$1RD $1WE $1SXTSSIBIN $1SXB24 $1SPR0.005 $1RD "_s;
         QVERIFY(waitFor([&] { return received().size() >= expected.size(); }));
         (void)choose("modeCombo", 1);
         apply();
@@ -169,7 +169,7 @@ private Q_SLOTS:
         Pacing::setSpeeds({20, 200, 0.01});
         m_dialog->show();
         QVERIFY(waitForFrame("SdP3"));
-        QVERIFY(isWaiting() && !control("applyButton")->isEnabled());
+        QVERIFY(isWaiting() && !canApply());
         QVERIFY(closes() && isPortFree());
     }
 
@@ -194,8 +194,7 @@ private Q_SLOTS:
             m_fault = fault;
             m_dialog->show();
             QVERIFY2(told().startsWith(QLatin1String(begin)), begin);
-            QVERIFY(isPortFree() && !m_dialog->usesPort(96));
-            QVERIFY(!isWaiting() && !control("applyButton")->isEnabled());
+            QVERIFY(isPortFree() && !m_dialog->usesPort(96) && !isWaiting() && !canApply());
             m_dialog->close();
             QVERIFY(waitFor([this] { return !m_dialog->isVisible() && !box(); }));
         }
@@ -302,6 +301,7 @@ private:
         m_received.clear();
         return waitFor([&] { return received().contains(QLatin1String(command)); });
     }
+    bool canApply() { return control("applyButton")->isEnabled(); }
     bool isWaiting() { return m_dialog->cursor().shape() == Qt::WaitCursor; }
     /// Closes the dialog, which goes on living until its link has ended.
     bool closes()
