@@ -2,186 +2,92 @@
 
 #include "pages/SerialPortComboBox.h"
 #include "support/Languages.h"
-#include "support/ModalAnswer.h"
+#include "support/TestFolder.h"
+#include "support/TestRegistry.h"
+#include "support/WaitFor.h"
 
 #include <QDesktopServices>
-#include <QDir>
-#include <QFile>
 #include <QPushButton>
-#include <QRegularExpression>
-#include <QTemporaryDir>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
 using namespace pelorin;
 using namespace pelorin::test;
 
-/// Receives what the desktop would show.
-class Desktop : public QObject
+namespace {
+
+/// The last ports of the list; the machine may have others before them.
+QStringList lastPorts(const QComboBox& list, int count)
 {
-    Q_OBJECT
+    QStringList texts;
+    for (int index = list.count() - count; index < list.count(); ++index)
+        texts << list.itemText(index);
+    return texts;
+}
 
-public:
-    Desktop() { QDesktopServices::setUrlHandler(QStringLiteral("file"), this, "open"); }
-    ~Desktop() override { QDesktopServices::unsetUrlHandler(QStringLiteral("file")); }
-
-    QList<QUrl> opened;
-
-public Q_SLOTS:
-    void open(const QUrl& url) { opened << url; }
-};
+} // namespace
 
 class TestSelectPortDialog : public QObject
 {
     Q_OBJECT
 
+public Q_SLOTS:
+    /// What the desktop would show.
+    void open(const QUrl& url) { m_opened << url.toLocalFile(); }
+
 private Q_SLOTS:
-    void initTestCase();
-    void presentPortsAreListedByNumberAndTheCurrentOneIsKeptByCancel();
-    void absentPortIsShownAndAnotherOneReturnedAfterOk();
-    void portPluggedInMeanwhileIsThereWhenTheListOpens();
-    void changeOfLanguageKeepsTheChoice();
-    void deviceManagerShowsTheDevicesAndLeavesTheDialogOpen();
+    void currentPortIsKeptByCancel()
+    {
+        SelectPortDialog dialog(nullptr, 710);
+        dialog.show();
+        auto& list = *dialog.getControl<SerialPortComboBox>(1001);
+        QCOMPARE(list.currentText(), u"COM710 - simulated, sensor?type=2"_s);
+        QTest::keyClick(&list, Qt::Key_End);
+        QCOMPARE(m_languages.loadLanguage(2), 1);
+        const QStringList german{u"COM798 - simuliert, sensor?type=1"_s};
+        QVERIFY(waitFor([&] { return lastPorts(list, 1) == german; }));
+        QCOMPARE(m_languages.loadLanguage(1), 1);
+
+        QVERIFY(m_folder.put(u"plug"_s, {})); // is there when the list opens
+        QTest::mouseClick(&list, Qt::LeftButton);
+        list.hidePopup();
+        QCOMPARE(lastPorts(list, 3),
+                 QStringList({u"COM703 - plug"_s, u"COM710 - simulated, sensor?type=2"_s,
+                              u"COM798 - simulated, sensor?type=1"_s}));
+        QCOMPARE(list.getSelectedPort(), 798);
+        QTest::mouseClick(dialog.getControl<QPushButton>(2), Qt::LeftButton);
+        QCOMPARE(dialog.result(), int(QDialog::Rejected));
+        QCOMPARE(dialog.selectedPort(), 710);
+    }
+
+    void absentPortIsShownAndAnotherOneReturnedAfterOk()
+    {
+        SelectPortDialog dialog(nullptr, 705);
+        dialog.show();
+        auto& list = *dialog.getControl<SerialPortComboBox>(1001);
+        QCOMPARE(list.currentText(), u"COM705"_s);
+        QCOMPARE(lastPorts(list, 3).first(), u"COM705"_s);
+        QDesktopServices::setUrlHandler(u"file"_s, this, "open");
+        QTest::mouseClick(dialog.getControl<QPushButton>(3), Qt::LeftButton);
+        QDesktopServices::unsetUrlHandler(u"file"_s);
+        QVERIFY(m_opened.value(0).startsWith(u"/dev"_s) && QDir(m_opened.value(0)).exists());
+        QVERIFY(m_opened.size() == 1 && dialog.isVisible());
+        QTest::keyClick(&list, Qt::Key_End);
+        QTest::mouseClick(dialog.getControl<QPushButton>(1), Qt::LeftButton);
+        QCOMPARE(dialog.result(), int(QDialog::Accepted));
+        QCOMPARE(dialog.selectedPort(), 798);
+    }
 
 private:
-    [[nodiscard]] QString device(const char* name) const
-    {
-        return m_folder.filePath(QLatin1String(name));
-    }
-
-    [[nodiscard]] bool plugIn(const char* name) const
-    {
-        return QFile(device(name)).open(QIODevice::WriteOnly);
-    }
-
-    QTemporaryDir m_folder;
+    const TestFolder m_folder;
+    const TestRegistry m_settings{
+        u"[HKEY_LOCAL_MACHINE\\HARDWARE\\DEVICEMAP\\SERIALCOMM]\r\n"
+        "\"simulator:sensor?type=2\"=\"COM710\"\r\n\"%1\"=\"COM703\"\r\n"
+        "\"simulator:sensor?type=1\"=\"COM798\"\r\n"_s.arg(m_folder.path(u"plug"_s))
+            .toUtf8()};
     Languages m_languages{1};
+    QStringList m_opened;
 };
-
-namespace {
-
-SerialPortComboBox* portList(const SelectPortDialog& dialog)
-{
-    return dialog.getControl<SerialPortComboBox>(1001);
-}
-
-/// Goes through the list by the keyboard until a port is selected.
-void choose(const SelectPortDialog& dialog, int port)
-{
-    SerialPortComboBox* const list = portList(dialog);
-    QTest::keyClick(list, Qt::Key_Home);
-    for (int step = 0; step < list->count() && list->getSelectedPort() != port; ++step)
-        QTest::keyClick(list, Qt::Key_Down);
-}
-
-/// The ports of this test, numbered from 700 on; the machine may have others.
-QStringList portsOfTest(const SelectPortDialog& dialog)
-{
-    QStringList texts;
-    for (int index = 0; index < portList(dialog)->count(); ++index)
-        texts << portList(dialog)->itemText(index);
-    return texts.filter(QRegularExpression(QStringLiteral("^COM7\\d\\d")));
-}
-
-} // namespace
-
-void TestSelectPortDialog::initTestCase()
-{
-    QFile settings(device("pelorin.reg"));
-    QVERIFY(settings.open(QIODevice::WriteOnly));
-    const QByteArray text =
-        QStringLiteral("Windows Registry Editor Version 5.00\r\n\r\n"
-                       "[HKEY_LOCAL_MACHINE\\HARDWARE\\DEVICEMAP\\SERIALCOMM]\r\n"
-                       "\"%1\"=\"COM710\"\r\n"
-                       "\"%2\"=\"COM702\"\r\n"
-                       "\"%3\"=\"COM703\"\r\n"
-                       "\"simulator:sensor?type=1\"=\"COM798\"\r\n")
-            .arg(device("plugTen"), device("plugTwo"), device("plugLater"))
-            .toUtf8();
-    QCOMPARE(settings.write(text), text.size());
-    QVERIFY(plugIn("plugTen"));
-    QVERIFY(plugIn("plugTwo"));
-    qputenv("PELORIN_REGISTRY", settings.fileName().toUtf8());
-}
-
-void TestSelectPortDialog::presentPortsAreListedByNumberAndTheCurrentOneIsKeptByCancel()
-{
-    SelectPortDialog dialog(nullptr, 710);
-    ModalAnswer<SelectPortDialog> answer([](SelectPortDialog& shown) {
-        QCOMPARE(shown.windowTitle(), QStringLiteral("Select Communications Port"));
-        QCOMPARE(portList(shown)->currentText(), QStringLiteral("COM710 - plugTen"));
-        QCOMPARE(
-            portsOfTest(shown),
-            QStringList({QStringLiteral("COM702 - plugTwo"), QStringLiteral("COM710 - plugTen"),
-                         QStringLiteral("COM798 - simulated, sensor?type=1")}));
-        choose(shown, 798);
-        QCOMPARE(portList(shown)->getSelectedPort(), 798);
-        QTest::mouseClick(shown.getControl<QPushButton>(2), Qt::LeftButton);
-    });
-    QCOMPARE(dialog.exec(), int(QDialog::Rejected));
-    QVERIFY(answer.wasShown());
-    QCOMPARE(dialog.selectedPort(), 710);
-}
-
-void TestSelectPortDialog::absentPortIsShownAndAnotherOneReturnedAfterOk()
-{
-    SelectPortDialog dialog(nullptr, 705);
-    ModalAnswer<SelectPortDialog> answer([](SelectPortDialog& shown) {
-        QCOMPARE(portList(shown)->currentText(), QStringLiteral("COM705"));
-        QCOMPARE(portList(shown)->getSelectedPort(), 705);
-        QCOMPARE(portsOfTest(shown).value(1), QStringLiteral("COM705"));
-        choose(shown, 798);
-        QTest::mouseClick(shown.getControl<QPushButton>(1), Qt::LeftButton);
-    });
-    QCOMPARE(dialog.exec(), int(QDialog::Accepted));
-    QVERIFY(answer.wasShown());
-    QCOMPARE(dialog.selectedPort(), 798);
-}
-
-void TestSelectPortDialog::portPluggedInMeanwhileIsThereWhenTheListOpens()
-{
-    SelectPortDialog dialog(nullptr, 702);
-    dialog.show();
-    choose(dialog, 710);
-    QVERIFY(plugIn("plugLater"));
-    QTest::mouseClick(portList(dialog), Qt::LeftButton);
-    portList(dialog)->hidePopup();
-    QVERIFY(QFile::remove(device("plugLater")));
-
-    QCOMPARE(portsOfTest(dialog).value(1), QStringLiteral("COM703 - plugLater"));
-    QCOMPARE(portList(dialog)->getSelectedPort(), 710);
-}
-
-void TestSelectPortDialog::changeOfLanguageKeepsTheChoice()
-{
-    SelectPortDialog dialog(nullptr, 702);
-    dialog.show();
-    choose(dialog, 798);
-    QCOMPARE(m_languages.loadLanguage(2), 1);
-    QTRY_COMPARE(dialog.getControl<QPushButton>(2)->text(), QStringLiteral("Abbrechen"));
-    const QString shown = portList(dialog)->currentText();
-    QCOMPARE(m_languages.loadLanguage(1), 1);
-
-    QCOMPARE(shown, QStringLiteral("COM798 - simuliert, sensor?type=1"));
-    QCOMPARE(portList(dialog)->getSelectedPort(), 798);
-}
-
-void TestSelectPortDialog::deviceManagerShowsTheDevicesAndLeavesTheDialogOpen()
-{
-    const Desktop desktop;
-    SelectPortDialog dialog(nullptr, 702);
-    ModalAnswer<SelectPortDialog> answer([&desktop](SelectPortDialog& shown) {
-        auto* button = shown.getControl<QPushButton>(3);
-        QCOMPARE(button->text(), QStringLiteral("Device Manager"));
-        QTest::mouseClick(button, Qt::LeftButton);
-        QCOMPARE(desktop.opened.size(), 1);
-        QVERIFY(desktop.opened.first().toLocalFile().startsWith(QLatin1String("/dev")));
-        QVERIFY(QDir(desktop.opened.first().toLocalFile()).exists());
-        QVERIFY(shown.isVisible());
-        shown.reject();
-    });
-    QCOMPARE(dialog.exec(), int(QDialog::Rejected));
-    QVERIFY(answer.wasShown());
-}
 
 QTEST_MAIN(TestSelectPortDialog)
 #include "TestSelectPortDialog.moc"
