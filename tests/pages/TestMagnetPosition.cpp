@@ -1,7 +1,6 @@
 #include "app/Commands.h"
 #include "pages/MagnetPositionPage.h"
 #include "pages/SelectPortDialog.h"
-#include "pages/SerialPortComboBox.h"
 #include "platform/core/ComPortNames.h"
 #include "platform/ui/ColorableTextBox.h"
 #include "sensor/PositionStream.h"
@@ -9,6 +8,7 @@
 #include "support/ModalAnswer.h"
 #include "support/WaitFor.h"
 
+#include <QComboBox>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QSignalSpy>
@@ -189,8 +189,8 @@ private Q_SLOTS:
         QVERIFY(rig.frames().contains(u"VA DA DN020018 CN DA VA DA"_s));
         QVERIFY(rig.stream());
         const ModalAnswer<SelectPortDialog> answer([](SelectPortDialog& dialog) {
-            QTest::keyClick(dialog.findChild<SerialPortComboBox*>(), Qt::Key_End);
-            QTest::mouseClick(dialog.getControl<QPushButton>(1), Qt::LeftButton);
+            QTest::keyClick(dialog.findChild<QComboBox*>(), Qt::Key_End);
+            QTest::keyClick(&dialog, Qt::Key_Return);
         });
         QVERIFY(rig.clickCommand(kSelectPortCommand));
         QVERIFY(waitFor([&answer] { return answer.wasShown(); }) && rig.reachesPage(0));

@@ -26,8 +26,8 @@ constexpr auto kAskForVersion = "56,41,0D";
 /// The user of the dialog, in the main window on a simulated sensor.
 struct Rig : MainWindowRig
 {
-    /// Connects, chooses the command on a page and runs the steps on the dialog.
-    /// @return once it is closed, false if it did not come
+    /// Connects, chooses the command on a page and runs the steps on the dialog, which is closed
+    /// then. @return false if they fail or it did not come
     [[nodiscard]] bool open(int page, const std::function<void()>& steps)
     {
         sensor().setParameter('V', "300100");
@@ -38,8 +38,10 @@ struct Rig : MainWindowRig
             steps();
             shown.close();
         });
-        return clickCommand(kManualCommCommand) &&
-               waitFor([&] { return answer.wasShown() && !QApplication::activeModalWidget(); });
+        const auto isClosed = [&] {
+            return answer.wasShown() && !QApplication::activeModalWidget();
+        };
+        return clickCommand(kManualCommCommand) && waitFor(isClosed) && !QTest::currentTestFailed();
     }
     void click(int button) const
     {
@@ -129,7 +131,7 @@ private Q_SLOTS:
 
             Pacing::setSpeeds({100, 200, 0.001}); // no exchange ends by itself
             rig.execute("31");
-            QVERIFY(rig.window().isBusy());
+            QVERIFY(rig.window().isBusy() && rig.outcome().isEmpty());
             rig.window().close();
         }));
         QVERIFY(waitFor([&rig] { return !rig.window().isVisible(); }));

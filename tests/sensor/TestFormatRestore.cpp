@@ -90,7 +90,9 @@ private Q_SLOTS:
         QVERIFY(rig.endStream() == true && QFile::remove(rig.folder.path(u"formats"_s)));
 
         rig.sensor.setParameter('D', "4A051X");
+        const QSignalSpy failed(&rig.stream, &PositionStream::failed);
         QVERIFY(!rig.startStream());
+        QCOMPARE(failed.size(), 1);
         QCOMPARE(rig.bench.frames(), u"DA"_s);
         rig.sensor.setParameter('D', "4A0519");
         rig.sensor.setParameter('A', "00000020");
