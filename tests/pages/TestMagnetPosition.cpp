@@ -6,6 +6,7 @@
 #include "sensor/PositionStream.h"
 #include "support/MainWindowRig.h"
 #include "support/ModalAnswer.h"
+#include "support/PortDecorator.h"
 #include "support/WaitFor.h"
 
 #include <QComboBox>
@@ -184,18 +185,28 @@ private Q_SLOTS:
     void connectAndChosenPortEndTheStreamFirst()
     {
         Rig rig;
+        int ports = 0;
+        int restored = 0; // through that port
+        rig.wrapPorts([&](auto port) {
+            const auto note = [&restored, number = ++ports](std::string_view bytes) {
+                if (bytes.starts_with("DN020018"))
+                    restored = number;
+            };
+            return std::make_unique<WatchedPort>(std::move(port), note);
+        });
         QVERIFY(rig.startConnected() && rig.stream());
         QVERIFY(rig.clickCommand(kConnectCommand) && rig.reachesPage(0));
         QVERIFY(rig.frames().contains(u"VA DA DN020018 CN DA VA DA"_s));
+
         QVERIFY(rig.stream());
+        restored = 0;
         const ModalAnswer<SelectPortDialog> answer([](SelectPortDialog& dialog) {
             QTest::keyClick(dialog.findChild<QComboBox*>(), Qt::Key_End);
             QTest::keyClick(&dialog, Qt::Key_Return);
         });
         QVERIFY(rig.clickCommand(kSelectPortCommand));
         QVERIFY(waitFor([&answer] { return answer.wasShown(); }) && rig.reachesPage(0));
-        QCOMPARE(rig.link().portNumber(), 999);
-        QVERIFY(rig.frames().contains(u"VA DA DN020018 CN DA"_s));
+        QVERIFY(rig.link().portNumber() == 999 && ports == 2 && restored == 1);
     }
 
     void closingLeavesTheSensorItsFormat()
@@ -208,8 +219,6 @@ private Q_SLOTS:
                 rig.window().close(); // somebody is impatient
                 QVERIFY2(waitFor([&rig] { return !rig.window().isVisible(); }), moment);
                 QVERIFY2(rig.format() == kOwn && rig.formats().all().value(0).readBack, moment);
-                const bool isOff = rig.sensor().mode() == SimulatedSensor::Mode::Off;
-                QCOMPARE(isOff, supply == Supply::ByRts);
             }
         }
     }
