@@ -1,38 +1,28 @@
 #include "platform/ui/MessageBox.h"
 
 #include "support/ModalAnswer.h"
+#include "support/Rows.h"
 
 #include <QPointer>
 #include <QPushButton>
-#include <QTest>
 
-#include <functional>
 #include <memory>
-#include <utility>
 
 using namespace pelorin;
 using namespace pelorin::test;
+using namespace Qt::StringLiterals;
+
+using Box = QMessageBox;
 
 namespace {
 
-using Button = QMessageBox::StandardButton;
-using Buttons = QMessageBox::StandardButtons;
-
-const QString kText = QStringLiteral("<b>F</b> & \"P\" &amp;\n%1");
-
-void compareTexts(const QMessageBox& box)
-{
-    QCOMPARE(box.windowTitle(), QStringLiteral("Pelorin"));
-    QCOMPARE(box.text(), kText);
-    QCOMPARE(box.textFormat(), Qt::PlainText);
-    QCOMPARE(box.icon(), QMessageBox::Warning);
-}
+const QString kText = u"<b>F</b> & \"P\" &amp;\n%1"_s;
 
 /// The answer to a box on which the steps are done.
-Button answered(Buttons buttons, std::function<void(QMessageBox&)> steps)
+Box::StandardButton answered(Box::StandardButtons buttons, std::function<void(Box&)> steps)
 {
-    const ModalAnswer<QMessageBox> answer(std::move(steps));
-    return messageBox(nullptr, kText, buttons, QMessageBox::Warning);
+    const ModalAnswer<Box> answer(std::move(steps));
+    return messageBox(nullptr, kText, buttons, Box::Warning);
 }
 
 } // namespace
@@ -42,72 +32,54 @@ class TestMessageBox : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase() { QCoreApplication::setApplicationName(QStringLiteral("Pelorin")); }
-    void answerIsTheButtonClickedOrMeant_data();
-    void answerIsTheButtonClickedOrMeant();
-    void boxEndsWithItsParent();
-    void shownMessageWaitsForNobody();
-};
+    void initTestCase() { QCoreApplication::setApplicationName(u"Pelorin"_s); }
 
-void TestMessageBox::answerIsTheButtonClickedOrMeant_data()
-{
-    QTest::addColumn<QList<Button>>("buttons");
-    QTest::addColumn<Button>("enter");
-    QTest::addColumn<Button>("escape");
-    const auto row = [](const char* title, const QList<Button>& buttons, Button enter,
-                        Button escape) { QTest::newRow(title) << buttons << enter << escape; };
-    using Box = QMessageBox;
-    row("OK", {Box::Ok}, Box::Ok, Box::Ok);
-    row("OK and Cancel", {Box::Ok, Box::Cancel}, Box::Ok, Box::Cancel);
-    row("Yes and No", {Box::Yes, Box::No}, Box::Yes, Box::No);
-    row("Retry and Cancel", {Box::Retry, Box::Cancel}, Box::Retry, Box::Cancel);
-    row("Abort, Retry and Ignore", {Box::Abort, Box::Retry, Box::Ignore}, Box::Retry, Box::Abort);
-}
-
-void TestMessageBox::answerIsTheButtonClickedOrMeant()
-{
-    QFETCH(QList<Button>, buttons);
-    QFETCH(Button, enter);
-    QFETCH(Button, escape);
-    Buttons all;
-    for (const Button button : buttons)
-        all |= button;
-
-    for (const Button button : buttons) {
-        const auto click = [button, all](QMessageBox& box) {
-            compareTexts(box);
-            QCOMPARE(box.standardButtons(), all);
-            QTest::mouseClick(box.button(button), Qt::LeftButton);
+    void answerIsTheButtonClickedOrMeant()
+    {
+        struct Row
+        {
+            const char* name;
+            Box::StandardButtons buttons;
+            Box::StandardButton enter;
+            Box::StandardButton escape;
         };
-        QCOMPARE(answered(all, click), button);
+        forEachRow(std::vector<Row>{{"OK", Box::Ok, Box::Ok, Box::Ok},
+                                    {"OK and Cancel", Box::Ok | Box::Cancel, Box::Ok, Box::Cancel},
+                                    {"Yes and No", Box::Yes | Box::No, Box::Yes, Box::No},
+                                    {"Abort", Box::Abort | Box::Retry | Box::Ignore, Box::Retry,
+                                     Box::Abort}},
+                   [](const auto& row) {
+                       const auto enter = [](Box& box) { QTest::keyClick(&box, Qt::Key_Enter); };
+                       const auto escape = [](Box& box) { QTest::keyClick(&box, Qt::Key_Escape); };
+                       QCOMPARE(answered(row.buttons, enter), row.enter);
+                       QCOMPARE(answered(row.buttons, escape), row.escape);
+                       QCOMPARE(answered(row.buttons, [](Box& box) { box.close(); }), row.escape);
+                   });
     }
-    QCOMPARE(answered(all, [](auto& box) { QTest::keyClick(&box, Qt::Key_Enter); }), enter);
-    QCOMPARE(answered(all, [](auto& box) { QTest::keyClick(&box, Qt::Key_Escape); }), escape);
-    QCOMPARE(answered(all, [](auto& box) { box.close(); }), escape);
-}
 
-void TestMessageBox::boxEndsWithItsParent()
-{
-    auto parent = std::make_unique<QWidget>();
-    parent->show();
-    const ModalAnswer<QMessageBox> answer([&parent](QMessageBox&) { parent.reset(); });
-    QCOMPARE(
-        messageBox(parent.get(), kText, QMessageBox::Yes | QMessageBox::No, QMessageBox::Question),
-        QMessageBox::No);
-    QVERIFY(!parent);
-}
+    void boxEndsWithItsParent()
+    {
+        auto parent = std::make_unique<QWidget>();
+        parent->show();
+        const ModalAnswer<Box> answer([&parent](Box&) { parent.reset(); });
+        QCOMPARE(messageBox(parent.get(), kText, Box::Yes | Box::No, Box::Question), Box::No);
+    }
 
-void TestMessageBox::shownMessageWaitsForNobody()
-{
-    QWidget parent;
-    parent.show();
-    const QPointer<QMessageBox> box = showMessageBox(&parent, kText, QMessageBox::Warning);
-    QCOMPARE(QApplication::activeModalWidget(), box.data());
-    compareTexts(*box);
-    QTest::mouseClick(box->button(QMessageBox::Ok), Qt::LeftButton);
-    QTRY_VERIFY(!box);
-    QVERIFY(!QApplication::activeModalWidget());
-}
+    void shownMessageIsPlainTextAndWaitsForNobody()
+    {
+        QWidget parent;
+        parent.show();
+        const QPointer<Box> box = showMessageBox(&parent, kText, Box::Warning);
+        QCOMPARE(QApplication::activeModalWidget(), box.data());
+        QCOMPARE(box->windowTitle(), u"Pelorin"_s);
+        QCOMPARE(box->text(), kText);
+        QCOMPARE(box->textFormat(), Qt::PlainText);
+        QCOMPARE(box->icon(), Box::Warning);
+        QTest::mouseClick(box->button(Box::Ok), Qt::LeftButton);
+        QTRY_VERIFY(!box);
+        QVERIFY(!QApplication::activeModalWidget());
+    }
+};
 
 QTEST_MAIN(TestMessageBox)
 #include "TestMessageBox.moc"
