@@ -8,65 +8,66 @@
 #include <QTest>
 #include <QVBoxLayout>
 
-#include <memory>
-
 using namespace pelorin;
+using namespace Qt::StringLiterals;
 
 namespace {
 
 /// A dialog with two lists as the pages have them: names that cannot be edited, then values.
 /// Cells hold their place, "row/column"; row 2 cannot be edited, row 3 not even be selected.
-class Lists : public QDialog
+struct Lists : QDialog
 {
-public:
     Lists()
     {
         auto* layout = new QVBoxLayout(this);
         for (QTableWidget* list : {&first, &second}) {
             layout->addWidget(list);
-            fill(list);
             editor.attach(list);
+            for (int index = 0; index < 16; ++index) {
+                const int row = index / 2;
+                auto* item = new QTableWidgetItem(u"%1/%2"_s.arg(row).arg(index % 2));
+                if (index % 2 == 0 || row == 2)
+                    item->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable);
+                if (row == 3)
+                    item->setFlags(Qt::NoItemFlags);
+                list->setItem(row, index % 2, item);
+            }
         }
         layout->addWidget(&ok);
         ok.setDefault(true);
-        resize(420, 500);
+        resize(420, 700);
+        show();
+        (void)QTest::qWaitForWindowActive(this);
+    }
+
+    [[nodiscard]] QPoint cell(int row, int column) const
+    {
+        return first.visualItemRect(first.item(row, column)).center();
+    }
+    [[nodiscard]] QString text(int row) const { return first.item(row, 1)->text(); }
+
+    /// The edit box of either list, the first one's if both have one.
+    [[nodiscard]] QLineEdit* edit() const
+    {
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        return findChild<QLineEdit*>(u"cellEdit"_s);
+    }
+
+    void click(QPoint place, Qt::MouseButton button = Qt::LeftButton) const
+    {
+        QTest::mouseClick(first.viewport(), button, {}, place);
+    }
+    void type(int row, const QString& typed) const
+    {
+        click(cell(row, 1));
+        QTest::keyClicks(edit(), typed);
     }
 
     QTableWidget first{8, 2};
-    QTableWidget second{8, 3};
-    QPushButton ok{QStringLiteral("OK")};
+    QTableWidget second{8, 2};
+    QPushButton ok{u"OK"_s};
     CellEditor editor{this};
-
-private:
-    static void fill(QTableWidget* list)
-    {
-        for (int row = 0; row < list->rowCount(); ++row) {
-            for (int column = 0; column < list->columnCount(); ++column) {
-                auto* item = new QTableWidgetItem(QStringLiteral("%1/%2").arg(row).arg(column));
-                item->setTextAlignment(column == 0 ? Qt::AlignLeft : Qt::AlignCenter);
-                if (column == 0 || row == 2)
-                    item->setFlags(item->flags() & ~Qt::ItemIsEditable);
-                if (row == 3)
-                    item->setFlags(Qt::NoItemFlags);
-                list->setItem(row, column, item);
-            }
-        }
-    }
 };
-
-QLineEdit* openEdit(const QTableWidget& list)
-{
-    for (auto* edit : list.viewport()->findChildren<QLineEdit*>(QStringLiteral("cellEdit")))
-        if (edit->isVisible())
-            return edit;
-    return nullptr;
-}
-
-void click(const QTableWidget& list, int row, int column, Qt::MouseButton button = Qt::LeftButton)
-{
-    QTest::mouseClick(list.viewport(), button, {},
-                      list.visualItemRect(list.item(row, column)).center());
-}
 
 } // namespace
 
@@ -75,180 +76,112 @@ class TestCellEditor : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
-    void cleanup() { m_lists.reset(); }
-
-    void clickOpensTheWholeCellSelectedAndFocused();
-    void clickElsewhereCommitsTheTextAsItIs_data();
-    void clickElsewhereCommitsTheTextAsItIs();
-    void clickOnTheOtherListCommitsIntoTheFirst();
-    void whatElseHappensLeavesTheEditorOpen_data();
-    void whatElseHappensLeavesTheEditorOpen();
-    void f2CommitsAndOpensTheValueOfTheCurrentRow();
-    void arrowsGoOnToTheNextEditableRow();
-    void filledCellShowsUnlessTheUserHasTyped();
-    void cellThatIsGoneOrFixedIsNotCommitted();
-
-private:
-    [[nodiscard]] QTableWidget& list() const { return m_lists->first; }
-    [[nodiscard]] QString text(int row) const { return list().item(row, 1)->text(); }
-    [[nodiscard]] QLineEdit* edit() const { return openEdit(list()); }
-    void type(int row, const char* text) const
+    void clickOpensTheWholeCellSelectedAndFocused()
     {
-        click(list(), row, 1);
-        QTest::keyClicks(edit(), QLatin1String(text));
+        Lists lists;
+        lists.first.setHorizontalHeaderLabels({u"Parameter"_s, u"Value"_s});
+        lists.click(lists.cell(1, 1), Qt::RightButton);
+        QVERIFY(!lists.edit());
+        lists.click(lists.cell(1, 1));
+        const QLineEdit& edit = *lists.edit();
+        QVERIFY(lists.editor.isOpen() && edit.hasFocus());
+        QCOMPARE(edit.selectedText(), u"1/1"_s);
+        QCOMPARE(edit.property("controlId").toInt(), 5000);
+        QCOMPARE(edit.accessibleName(), u"1/0, Value"_s);
+        QCOMPARE(edit.geometry(), lists.first.visualItemRect(lists.first.item(1, 1)));
     }
 
-    std::unique_ptr<Lists> m_lists;
-};
-
-void TestCellEditor::init()
-{
-    m_lists = std::make_unique<Lists>();
-    m_lists->show();
-    QVERIFY(QTest::qWaitForWindowActive(m_lists.get()));
-}
-
-void TestCellEditor::clickOpensTheWholeCellSelectedAndFocused()
-{
-    list().setHorizontalHeaderLabels({QStringLiteral("Parameter"), QStringLiteral("Value")});
-    click(list(), 1, 1, Qt::RightButton);
-    QVERIFY(!edit());
-    click(list(), 1, 1);
-    QVERIFY(m_lists->editor.isOpen());
-    QVERIFY(edit()->hasFocus() && edit()->hasFrame());
-    QCOMPARE(edit()->selectedText(), QStringLiteral("1/1"));
-    QCOMPARE(edit()->alignment(), Qt::AlignCenter);
-    QCOMPARE(edit()->property("controlId").toInt(), 5000);
-    QCOMPARE(edit()->accessibleName(), QStringLiteral("1/0, Value"));
-    QCOMPARE(edit()->geometry(), list().visualItemRect(list().item(1, 1)));
-}
-
-void TestCellEditor::clickElsewhereCommitsTheTextAsItIs_data()
-{
-    QTest::addColumn<QPoint>("cell");
-    QTest::newRow("name") << QPoint(0, 1);
-    QTest::newRow("fixed value") << QPoint(1, 2);
-    QTest::newRow("value that cannot be selected") << QPoint(1, 3);
-    QTest::newRow("below the rows") << QPoint();
-}
-
-void TestCellEditor::clickElsewhereCommitsTheTextAsItIs()
-{
-    QFETCH(QPoint, cell);
-    QSignalSpy committed(&m_lists->editor, &CellEditor::committed);
-    for (const auto* typed : {" <b>1,5</b> & % ", ""}) { // untyped it is committed, too
-        if (cell.isNull())
-            list().setRowCount(1);
-        type(0, typed);
-        if (cell.isNull())
-            QTest::mouseClick(list().viewport(), Qt::LeftButton, {},
-                              list().viewport()->rect().bottomLeft() + QPoint(9, -9));
-        else
-            click(list(), cell.y(), cell.x());
-        QVERIFY(!edit() && !m_lists->editor.isOpen());
-        QCOMPARE(text(0), QStringLiteral(" <b>1,5</b> & % "));
+    void clickElsewhereCommitsTheTextAsItIs()
+    {
+        const Lists lists; // the places: a name, a fixed value, one not to be selected, no row
+        QSignalSpy committed(&lists.editor, &CellEditor::committed);
+        for (const QPoint place : {lists.cell(1, 0), lists.cell(2, 1), lists.cell(3, 1),
+                                   lists.first.viewport()->rect().bottomLeft() + QPoint(9, -1)}) {
+            for (const QString& typed : {u" <b>1,5</b> & % "_s, QString()}) { // or untyped
+                lists.type(0, typed);
+                lists.click(place);
+                QVERIFY(!lists.edit() && !lists.editor.isOpen());
+                QCOMPARE(lists.text(0), u" <b>1,5</b> & % "_s);
+                QCOMPARE(committed.takeFirst(), (QVariantList{0, 1}));
+            }
+            lists.first.item(0, 1)->setText({});
+        }
+        lists.type(1, u"abc"_s);
+        QTest::mouseClick(lists.second.viewport(), Qt::LeftButton, {}, lists.cell(4, 1));
+        QCOMPARE(lists.text(1), u"abc"_s);
+        QCOMPARE(lists.edit()->text(), u"4/1"_s);
+        QCOMPARE(committed.count(), 1);
     }
-    m_lists->editor.commit();
-    QCOMPARE(QList<QVariantList>(committed), (QList<QVariantList>{{0, 1}, {0, 1}}));
-}
 
-void TestCellEditor::clickOnTheOtherListCommitsIntoTheFirst()
-{
-    type(1, "abc");
-    click(m_lists->second, 4, 2);
-    QCOMPARE(text(1), QStringLiteral("abc"));
-    QVERIFY(!edit());
-    QCOMPARE(openEdit(m_lists->second)->text(), QStringLiteral("4/2"));
-}
-
-void TestCellEditor::whatElseHappensLeavesTheEditorOpen_data()
-{
-    QTest::addColumn<std::function<void(Lists&)>>("event");
-    const auto key = [](Qt::Key code) {
-        return [code](Lists& lists) { QTest::keyClick(openEdit(lists.first), code); };
-    };
-    const auto row = [](const char* name, const std::function<void(Lists&)>& event) {
-        QTest::newRow(name) << event;
-    };
-    row("Return", key(Qt::Key_Return));
-    row("Enter", key(Qt::Key_Enter));
-    row("Escape", key(Qt::Key_Escape));
-    row("Tab", key(Qt::Key_Tab));
-    row("focus", [](Lists& lists) { lists.ok.setFocus(); });
-    row("right click", [](Lists& lists) { click(lists.first, 1, 0, Qt::RightButton); });
-    row("another row", [](Lists& lists) {
+    void whatElseHappensLeavesTheEditorOpen()
+    {
+        Lists lists;
+        const QSignalSpy pressed(&lists.ok, &QPushButton::clicked);
+        lists.type(0, u"12"_s);
+        const auto isAsTyped = [&] {
+            return lists.edit() && lists.edit()->text() == u"12" && lists.text(0) == u"0/1" &&
+                   lists.isVisible() && pressed.isEmpty();
+        };
+        for (const auto key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Escape, Qt::Key_Tab}) {
+            QTest::keyClick(lists.edit(), key);
+            QVERIFY2(isAsTyped(), qPrintable(QKeySequence(key).toString()));
+        }
+        lists.ok.setFocus();
+        lists.click(lists.cell(1, 0), Qt::RightButton);
+        QVERIFY(isAsTyped());
         lists.first.setFocus();
         QTest::keyClick(&lists.first, Qt::Key_Down);
-    });
-}
+        QVERIFY(isAsTyped());
+    }
 
-void TestCellEditor::whatElseHappensLeavesTheEditorOpen()
-{
-    QFETCH(std::function<void(Lists&)>, event);
-    const QSignalSpy pressed(&m_lists->ok, &QPushButton::clicked);
-    type(0, "12");
-    event(*m_lists);
-    QCOMPARE(edit()->text(), QStringLiteral("12"));
-    QCOMPARE(text(0), QStringLiteral("0/1"));
-    QVERIFY(m_lists->isVisible() && pressed.isEmpty());
-}
+    void keysOpenTheCurrentRowAndTheOnesAboveAndBelow()
+    {
+        Lists lists;
+        lists.first.setFocus();
+        lists.first.setCurrentCell(4, 0);
+        QTest::keyClick(&lists.first, Qt::Key_X); // opens nothing
+        QVERIFY(!lists.edit());
+        QTest::keyClick(&lists.first, Qt::Key_F2);
+        QCOMPARE(lists.edit()->text(), u"4/1"_s);
+        QTest::keyClicks(lists.edit(), u"four"_s);
+        QTest::keyClick(lists.edit(), Qt::Key_Up); // row 3 cannot be edited
+        QCOMPARE(lists.edit()->text(), u"four"_s);
+        QTest::keyClick(lists.edit(), Qt::Key_Down);
+        QCOMPARE(lists.text(4), u"four"_s);
+        QCOMPARE(lists.edit()->selectedText(), u"5/1"_s);
+        QTest::keyClick(lists.edit(), Qt::Key_Up);
+        QCOMPARE(lists.edit()->selectedText(), u"four"_s);
+        QTest::keyClicks(lists.edit(), u"9"_s);
+        QTest::keyClick(lists.edit(), Qt::Key_F2);
+        QVERIFY(!lists.edit() && lists.first.hasFocus());
+        QCOMPARE(lists.text(4), u"9"_s);
+        lists.first.setCurrentCell(2, 0);
+        QTest::keyClick(&lists.first, Qt::Key_F2);
+        QVERIFY(!lists.edit());
+    }
 
-void TestCellEditor::f2CommitsAndOpensTheValueOfTheCurrentRow()
-{
-    list().setFocus();
-    list().setCurrentCell(4, 0);
-    QTest::keyClick(&list(), Qt::Key_X); // opens nothing
-    QVERIFY(!edit());
-    QTest::keyClick(&list(), Qt::Key_F2);
-    QCOMPARE(edit()->text(), QStringLiteral("4/1"));
-    QTest::keyClicks(edit(), QStringLiteral("9"));
-    QTest::keyClick(edit(), Qt::Key_F2);
-    QVERIFY(!edit() && list().hasFocus());
-    QCOMPARE(text(4), QStringLiteral("9"));
+    void cellThatChangesMeanwhileLosesNothingThatWasTyped()
+    {
+        Lists lists;
+        const QSignalSpy committed(&lists.editor, &CellEditor::committed);
+        lists.type(1, {});
+        lists.first.item(1, 1)->setText(u"FACTORY1"_s);
+        QCOMPARE(lists.edit()->selectedText(), u"FACTORY1"_s);
+        QTest::keyClicks(lists.edit(), u"25.3"_s);
+        lists.first.item(1, 1)->setText(u"20.0"_s);
+        QCOMPARE(lists.edit()->text(), u"25.3"_s);
+        lists.first.removeRow(1);
+        QVERIFY(!lists.edit() && !lists.editor.isOpen());
+        lists.editor.commit();
 
-    list().setCurrentCell(2, 0);
-    QTest::keyClick(&list(), Qt::Key_F2);
-    QVERIFY(!edit());
-}
-
-void TestCellEditor::arrowsGoOnToTheNextEditableRow()
-{
-    type(5, "five");
-    QTest::keyClick(edit(), Qt::Key_Up);
-    QCOMPARE(text(5), QStringLiteral("five"));
-    QCOMPARE(edit()->selectedText(), QStringLiteral("4/1"));
-    QTest::keyClick(edit(), Qt::Key_Up); // row 3 cannot be edited
-    QCOMPARE(edit()->text(), QStringLiteral("4/1"));
-    QTest::keyClick(edit(), Qt::Key_Down);
-    QCOMPARE(edit()->text(), QStringLiteral("five"));
-}
-
-void TestCellEditor::filledCellShowsUnlessTheUserHasTyped()
-{
-    click(list(), 1, 1);
-    list().item(1, 1)->setText(QStringLiteral("FACTORY1"));
-    QCOMPARE(edit()->selectedText(), QStringLiteral("FACTORY1"));
-    QTest::keyClicks(edit(), QStringLiteral("25.3"));
-    list().item(1, 1)->setText(QStringLiteral("20.0"));
-    QCOMPARE(edit()->text(), QStringLiteral("25.3"));
-}
-
-void TestCellEditor::cellThatIsGoneOrFixedIsNotCommitted()
-{
-    const QSignalSpy committed(&m_lists->editor, &CellEditor::committed);
-    type(1, "gone");
-    list().removeRow(1);
-    QVERIFY(!edit() && !m_lists->editor.isOpen());
-    m_lists->editor.commit();
-
-    type(0, "fixed");
-    list().item(0, 1)->setFlags(Qt::ItemIsEnabled);
-    m_lists->editor.commit();
-    QVERIFY(!edit() && !m_lists->editor.isOpen());
-    QCOMPARE(text(0), QStringLiteral("0/1"));
-    QVERIFY(committed.isEmpty());
-}
+        lists.type(0, u"fixed"_s);
+        lists.first.item(0, 1)->setFlags(Qt::ItemIsEnabled); // no longer to be edited
+        lists.editor.commit();
+        QVERIFY(!lists.edit() && !lists.editor.isOpen());
+        QCOMPARE(lists.text(0), u"0/1"_s);
+        QVERIFY(committed.isEmpty());
+    }
+};
 
 QTEST_MAIN(TestCellEditor)
 #include "TestCellEditor.moc"
