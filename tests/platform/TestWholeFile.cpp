@@ -6,9 +6,8 @@
 #include "sensor/BackupFile.h"
 #include "sensor/LookupTableFile.h"
 #include "support/FileSizeLimit.h"
+#include "support/Rows.h"
 #include "support/TestFolder.h"
-
-#include <QTest>
 
 #include <cerrno>
 
@@ -16,23 +15,22 @@
 
 using namespace pelorin;
 using namespace pelorin::test;
+using namespace Qt::StringLiterals;
 
 using Outcome = WholeFile::Outcome;
 using Failure = Outcome::Failure;
-using Write = std::function<Outcome(const QString& path)>;
-using Read = std::function<QString(const QString& path)>; ///< why it failed
 
 namespace {
 
-const QString kOlder = QStringLiteral("older");
-const QString kNew = QStringLiteral("new %1 \u00E4");
+const QString kOlder = u"older"_s;
+const QString kNew = u"new %1 \u00E4"_s;
 const QByteArray kOlderText = "[Setup]\nCOMPort=7\n";
 
 Outcome writeLog(const QString& path)
 {
     CommLog log; // is written in several pieces
     for (int line = 0; line < 50'000; ++line)
-        log.append(QStringLiteral("RX: [%1]").arg(line));
+        log.append(u"RX: [%1]"_s.arg(line));
     return saveCommLog(path, log.snapshot());
 }
 
@@ -51,128 +49,104 @@ class TestWholeFile : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
-    void whatCannotBeSavedLeavesAllAsItWas_data();
-    void whatCannotBeSavedLeavesAllAsItWas();
-    void linksAndDevicesStayWhatTheyAre();
-    void preparedFileIsEmptyUntilItIsSavedAndGoneIfItCannotBe();
-    void whatIsNoFitFileIsRefusedWithTheReason_data();
-    void whatIsNoFitFileIsRefusedWithTheReason();
-
-private:
-    [[nodiscard]] QString path(const QString& name) const { return m_folder->path(name); }
-
-    std::unique_ptr<TestFolder> m_folder;
-};
-
-void TestWholeFile::init()
-{
-    m_folder = std::make_unique<TestFolder>();
-    QVERIFY(m_folder->put(kOlder, kOlderText));
-}
-
-void TestWholeFile::whatCannotBeSavedLeavesAllAsItWas_data()
-{
-    QTest::addColumn<Write>("write");
-    const auto row = [](const char* name, const Write& write) { QTest::newRow(name) << write; };
-    row("log", writeLog);
-    row("backup", writeBackup);
-    row("table", [](const QString& path) { return writeLookupTableFile(path, {{1, 2}}); });
-    row("profile", [](const QString& path) { return Profile(path).write({{kOlder, 4711}}); });
-}
-
-void TestWholeFile::whatCannotBeSavedLeavesAllAsItWas()
-{
-    QFETCH(Write, write);
-    const auto fails = [&](const QString& name, int error) {
-        const Outcome outcome = write(path(name));
-        const bool full = error == EFBIG;
-        return (!full || outcome.failure == Failure::Writing) && outcome.path == path(name) &&
-               outcome.systemError == error && outcome.reason() == qt_error_string(error);
-    };
-    QVERIFY(write(path(kNew)).isDone());
-    const QByteArray whole = m_folder->content(kNew);
-    QVERIFY(QFile::remove(path(kNew)));
-    for (const qsizetype room : {qsizetype{0}, whole.size() / 2, whole.size() - 1}) {
-        const FileSizeLimit limit(static_cast<rlim_t>(room));
-        QVERIFY(fails(kNew, EFBIG));
-        QVERIFY(fails(kOlder, EFBIG));
-    }
-    QVERIFY(fails(kOlder + QStringLiteral("/below"), ENOTDIR));
-    QVERIFY(fails(QString(), EISDIR));
-    QCOMPARE(m_folder->names(), kOlder);
-    QCOMPARE(m_folder->content(kOlder), kOlderText);
-
-    QCOMPARE(mkfifo(QFile::encodeName(path(kNew)).constData(), 0600), 0);
-    QVERIFY(fails(kNew, EINVAL)); // and does not wait
-    QVERIFY(!QFileInfo(path(kNew)).isFile());
-
-    QVERIFY(write(path(kOlder)).isDone());
-    QVERIFY(m_folder->content(kOlder) != kOlderText);
-}
-
-void TestWholeFile::linksAndDevicesStayWhatTheyAre()
-{
-    QVERIFY(QFile::link(path(kOlder), path(kNew)));
-    QVERIFY(WholeFile(path(kNew)).save("linked").isDone());
-    QVERIFY(QFileInfo(path(kNew)).isSymLink());
-    QCOMPARE(m_folder->content(kOlder), QByteArray("linked"));
-
-    QVERIFY(QFile::remove(path(kOlder))); // the link leads nowhere now
-    QVERIFY(WholeFile(path(kNew)).save("again").isDone());
-    QCOMPARE(m_folder->content(kOlder), QByteArray("again"));
-
-    const QFileInfo device(QStringLiteral("/dev/full"));
-    const Outcome full = WholeFile(device.filePath()).save("text");
-    QCOMPARE(full.failure, Failure::Writing);
-    QCOMPARE(full.systemError, ENOSPC);
-    QVERIFY(device.exists() && !device.isFile());
-}
-
-void TestWholeFile::preparedFileIsEmptyUntilItIsSavedAndGoneIfItCannotBe()
-{
-    for (const QString& name : {kNew, kOlder}) {
-        const bool older = name == kOlder;
-        WholeFile file(path(name));
-        QVERIFY(file.prepareSaving().isDone());
-        QCOMPARE(m_folder->content(name), older ? kOlderText : QByteArray());
-        QVERIFY(QFileInfo::exists(path(name)));
+    void whatCannotBeSavedLeavesAllAsItWas()
+    {
+        struct Row
         {
-            const FileSizeLimit limit(3);
-            QVERIFY(!file.save("text").isDone());
-        }
-        QCOMPARE(QFileInfo::exists(path(name)), older);
-        QVERIFY(file.save("text").isDone());
-        QCOMPARE(m_folder->content(name), QByteArray("text"));
+            const char* name;
+            std::function<Outcome(const QString& path)> write;
+        };
+        const std::vector<Row> writers{{"log", writeLog},
+                                       {"backup", writeBackup},
+                                       {"table",
+                                        [](const QString& path) {
+                                            return writeLookupTableFile(path, {{1, 2}});
+                                        }},
+                                       {"profile", [](const QString& path) {
+                                            return Profile(path).write({{kOlder, 1}});
+                                        }}};
+        forEachRow(writers, [](const Row& row) {
+            const TestFolder folder;
+            const auto fails = [&](const QString& name, int error) {
+                const QString path = folder.path(name);
+                const Outcome outcome = row.write(path);
+                return (error != EFBIG || outcome.failure == Failure::Writing) &&
+                       outcome.path == path && outcome.systemError == error;
+            };
+            QVERIFY(row.write(folder.path(kNew)).isDone());
+            const auto whole = folder.content(kNew).size();
+            QVERIFY(QFile::remove(folder.path(kNew)) && folder.put(kOlder, kOlderText));
+            for (const auto room : {qsizetype{0}, whole / 2, whole - 1}) {
+                const FileSizeLimit limit(static_cast<rlim_t>(room));
+                QVERIFY(fails(kNew, EFBIG) && fails(kOlder, EFBIG));
+            }
+            QVERIFY(fails(kOlder + u"/below"_s, ENOTDIR) && fails({}, EISDIR));
+            QCOMPARE(folder.names(), kOlder);
+            QCOMPARE(folder.content(kOlder), kOlderText);
+
+            QCOMPARE(mkfifo(QFile::encodeName(folder.path(kNew)).constData(), 0600), 0);
+            QVERIFY(fails(kNew, EINVAL)); // and does not wait
+            QVERIFY(!QFileInfo(folder.path(kNew)).isFile());
+            QVERIFY(row.write(folder.path(kOlder)).isDone());
+            QVERIFY(folder.content(kOlder) != kOlderText);
+        });
     }
-}
 
-void TestWholeFile::whatIsNoFitFileIsRefusedWithTheReason_data()
-{
-    QTest::addColumn<Read>("read");
-    const auto row = [](const char* name, const Read& read) { QTest::newRow(name) << read; };
-    row("backup", [](const QString& path) { return BackupFile(path).read().reason(); });
-    row("table", [](const QString& path) { return readLookupTableFile(path).outcome.reason(); });
-    row("profile", [](const QString& path) { return Profile(path).unreadable().reason(); });
-    row("settings", [](const QString& path) {
-        return RegistryFile::read(path).damage().value_or(RegistryFile::Damage()).reason;
-    });
-}
+    void linksAndDevicesStayWhatTheyAre()
+    {
+        const TestFolder folder;
+        QVERIFY(QFile::link(folder.path(kOlder), folder.path(kNew)));
+        for (const char* text : {"made", "replaced"}) { // the link leads nowhere at first
+            QVERIFY(WholeFile(folder.path(kNew)).save(text).isDone());
+            QVERIFY(QFileInfo(folder.path(kNew)).isSymLink());
+            QCOMPARE(folder.content(kOlder), QByteArray(text));
+        }
+        const QFileInfo device(u"/dev/full"_s);
+        const Outcome full = WholeFile(device.filePath()).save("text");
+        QCOMPARE(full.failure, Failure::Writing);
+        QCOMPARE(full.systemError, ENOSPC);
+        QVERIFY(device.exists() && !device.isFile());
+    }
 
-void TestWholeFile::whatIsNoFitFileIsRefusedWithTheReason()
-{
-    QFETCH(Read, read);
-    const QString pipe = path(QStringLiteral("pipe"));
-    QCOMPARE(mkfifo(qPrintable(pipe), 0600), 0);
-    QVERIFY(QFile::resize(path(kOlder), 100'000'000));
-    for (const auto& [name, error] : std::initializer_list<std::pair<QString, int>>{
-             {path({}), EISDIR},
-             {pipe, EINVAL}, // and does not wait
-             {QStringLiteral("/dev/zero"), EINVAL},
-             {QStringLiteral("/proc/self/mem"), EIO}, // opens, has no byte 0
-             {path(kOlder), EFBIG}})
-        QCOMPARE(read(name), qt_error_string(error));
-}
+    void preparedFileIsEmptyUntilItIsSavedAndGoneIfItCannotBe()
+    {
+        const TestFolder folder;
+        QVERIFY(folder.put(kOlder, kOlderText));
+        for (const QString& name : {kNew, kOlder}) {
+            const bool older = name == kOlder;
+            WholeFile file(folder.path(name));
+            QVERIFY(file.prepareSaving().isDone());
+            QCOMPARE(folder.content(name), older ? kOlderText : QByteArray());
+            QVERIFY(QFileInfo::exists(folder.path(name)));
+            {
+                const FileSizeLimit limit(3);
+                QVERIFY(!file.save("text").isDone());
+            }
+            QCOMPARE(QFileInfo::exists(folder.path(name)), older);
+            QVERIFY(file.save("text").isDone());
+            QCOMPARE(folder.content(name), QByteArray("text"));
+        }
+    }
+
+    void whatIsNoFitFileIsRefusedWithTheReason()
+    {
+        const TestFolder folder;
+        const QString pipe = folder.path(u"pipe"_s);
+        const QString huge = folder.path(u"huge"_s);
+        QCOMPARE(mkfifo(qPrintable(pipe), 0600), 0);
+        QVERIFY(folder.put(u"huge"_s, {}) && QFile::resize(huge, 100'000'000));
+        for (const auto& [path, error] :
+             {std::pair(folder.path({}), EISDIR), std::pair(pipe, EINVAL), // and does not wait
+              std::pair(u"/dev/zero"_s, EINVAL), std::pair(huge, EFBIG),
+              std::pair(u"/proc/self/mem"_s, EIO)}) { // opens, has no byte 0
+            const auto damage = RegistryFile::read(path).damage().value_or(RegistryFile::Damage());
+            const QStringList reasons{BackupFile(path).read().reason(),
+                                      readLookupTableFile(path).outcome.reason(),
+                                      Profile(path).unreadable().reason(), damage.reason};
+            QCOMPARE(reasons, QStringList(4, qt_error_string(error)));
+        }
+    }
+};
 
 QTEST_GUILESS_MAIN(TestWholeFile)
 #include "TestWholeFile.moc"
