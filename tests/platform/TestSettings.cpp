@@ -1,0 +1,291 @@
+#include "platform/core/Profile.h"
+#include "platform/core/RegistryConfig.h"
+#include "platform/core/SettingsLocation.h"
+#include "support/Rows.h"
+#include "support/TestFolder.h"
+
+#include <QStringEncoder>
+
+#include <cerrno>
+#include <ctime>
+#include <memory>
+
+using namespace pelorin;
+using namespace pelorin::test;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString kPort = u"COMPort"_s;
+const QString kProfile = u"Korvex Systems/Pelorin.ini"_s;
+const QString kCopy = kProfile + u".damaged"_s;
+
+const QByteArray kHeader = "Windows Registry Editor Version 5.00\r\n";
+const QByteArray kSite = kHeader + "[HKEY_LOCAL_MACHINE\\SOFTWARE\\Site]\r\n";
+const QString kSoftware = u"\\HKEY_LOCAL_MACHINE\\SOFTWARE\\"_s;
+const QString kKey = kSoftware + u"Site"_s;
+
+struct Row
+{
+    const char* name;
+    QByteArray content;
+    QByteArray expected;
+};
+
+} // namespace
+
+/// The user's profile and the settings files.
+class TestSettings : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init()
+    {
+        m_folder = std::make_unique<TestFolder>();
+        QVERIFY(qputenv("XDG_CONFIG_HOME", m_folder->path({}).toUtf8()));
+        QVERIFY(qunsetenv("PELORIN_REGISTRY"));
+    }
+
+    void storedNumbersAreReadByTheNextRun()
+    {
+        Profile profile;
+        QCOMPARE(profile.fileName(), m_folder->path(kProfile));
+        QVERIFY(!profile.isDamaged() && profile.unreadable().isDone());
+        QCOMPARE(profile.readInt(kPort, 1), 1);
+        QVERIFY(profile.write({}).isDone());
+        QVERIFY(!QFileInfo::exists(profile.fileName()));
+        QVERIFY(profile.write({{u"Language"_s, 16}, {kPort, 97}}).isDone());
+        QCOMPARE(Profile().readInt(kPort, 1), 97);
+        QCOMPARE(m_folder->content(kProfile), QByteArray("[Setup]\nCOMPort=97\nLanguage=16\n"));
+
+        for (const char* value : {"", "COM7", "7.0", "7, 8", "99999999999", "@Variant(x)"}) {
+            const QByteArray text = QByteArray("[Setup]\nCOMPort=") + value + "\nLanguage=2\n";
+            QVERIFY(m_folder->put(kProfile, text));
+            QVERIFY2(!Profile().isDamaged() && Profile().readInt(kPort, 1) == 1, value);
+            QCOMPARE(Profile().readInt(u"Language"_s, 1), 2);
+        }
+    }
+
+    void allElseInTheProfileIsKept()
+    {
+        const std::vector<Row> rows{
+            {"comments, blanks, other sections",
+             "; mine\r\n\r\n[Setup]\r\n Language = \"2\" \r\na "
+             "text\r\nZoom=1\r\n[Other]\r\nCOMPort=9",
+             "; mine\r\n\r\n[Setup]\r\nCOMPort=3\r\n Language = \"2\" \r\na text\r\nZoom=1\r\n"
+             "[Other]\r\nCOMPort=9\n"},
+            {"no such section", "[Other]\nA=1\n", "[Other]\nA=1\n\n[Setup]\nCOMPort=3\n"},
+            {"twice", "[Setup]\nCOMPort=1\nCOMPort=2\n", "[Setup]\nCOMPort=1\nCOMPort=3\n"},
+            {"mark", "\xEF\xBB\xBF[Setup]\nB=1\n", "\xEF\xBB\xBF[Setup]\nB=1\nCOMPort=3\n"}};
+        forEachRow(rows, [this](const Row& row) {
+            QVERIFY(m_folder->put(kProfile, row.content));
+            QVERIFY(Profile().write({{kPort, 3}}).isDone());
+            QCOMPARE(m_folder->content(kProfile), row.expected);
+            QCOMPARE(Profile().readInt(kPort, 1), 3);
+        });
+    }
+
+    void unfitProfileCountsAsMissingAndIsKept()
+    {
+        for (const QByteArray& content : {QByteArray("[Setup\nCOMPort=7\n"), QByteArray(100, '\0'),
+                                          QByteArray("COM7 is the sensor's port")}) {
+            QVERIFY(m_folder->put(kProfile, content));
+            QVERIFY(m_folder->put(kCopy, "from an earlier damage"));
+            Profile profile;
+            QVERIFY(profile.isDamaged());
+            QCOMPARE(profile.readInt(kPort, 1), 1);
+            QCOMPARE(m_folder->content(kProfile), content);
+            QVERIFY(profile.write({{kPort, 3}}).isDone());
+            QCOMPARE(m_folder->content(kCopy), content);
+            QCOMPARE(m_folder->content(kProfile), QByteArray("[Setup]\nCOMPort=3\n"));
+        }
+        // What cannot be kept or read is not overwritten.
+        QVERIFY(QFile::remove(m_folder->path(kCopy)) && QDir().mkpath(m_folder->path(kCopy)));
+        const QByteArray huge(2'000'000, '\n');
+        for (const auto& [content, error] :
+             {std::pair(QByteArray("[Setup\n"), EISDIR), std::pair(huge, EFBIG)}) {
+            QVERIFY(m_folder->put(kProfile, content));
+            QCOMPARE(Profile().isDamaged(), error == EISDIR);
+            QCOMPARE(Profile().write({{kPort, 3}}).systemError, error);
+            QVERIFY(m_folder->content(kProfile) == content);
+        }
+    }
+
+    void exportOfAnotherMachineIsReadInEveryEncoding()
+    {
+        // Quotes are single ones here, which the meta-object compiler does not stumble over.
+        const QString content = QString::fromUtf8(R"(
+; exported
+[HKEY_LOCAL_MACHINE\SOFTWARE\Site]
+@='default'
+'Quoted \'name\''='\'Größe\'; no comment'
+'Path'='C:\\Site\\'
+'Twice'='1'
+'Low'=dword:0000001f
+'All'=dword:FFFFFFFF ; a comment
+'Blob'=hex:01,02,\
+  03,04
+'Expand'=hex(2):25,00,\
+  00,00
+[HKEY_LOCAL_MACHINE\SOFTWARE\Other\Package0]
+'Other'='1'
+  [hkey_local_machine\software\site]
+  'tWICE' = ''   ; and a comment
+'Minus'='-1'
+'Padded'=' 16 '
+'Hex'='1F'
+'Point'='50.8'
+)")
+                                    .replace(u'\'', u'"');
+        const QByteArray utf8 = kHeader + content.toUtf8();
+        QStringEncoder wide(QStringConverter::Utf16LE, QStringConverter::Flag::WriteBom);
+        const std::vector<Row> rows{
+            {"UTF-8, no line end at the end", utf8.trimmed(), {}},
+            {"UTF-8 with byte order mark", "\xEF\xBB\xBF" + utf8, {}},
+            {"UTF-16, CRLF", wide(QString::fromUtf8(utf8).replace(u"\n"_s, u"\r\n"_s)), {}},
+            {"older header", "REGEDIT4" + content.toUtf8(), {}}};
+        forEachRow(rows, [this](const Row& row) {
+            QVERIFY(use(row.content));
+            RegistryConfig config;
+            QCOMPARE(config.setStorage(kKey.toUpper(), 0), 1);
+            for (const auto& [name, text, number] :
+                 {std::tuple(u""_s, u"default"_s, -7),
+                  std::tuple(u"qUOTED \"name\""_s, u"\"Größe\"; no comment"_s, -7),
+                  std::tuple(u"Path"_s, u"C:\\Site\\"_s, -7), std::tuple(u"Low"_s, u"31"_s, 31),
+                  std::tuple(u"All"_s, u"4294967295"_s, -1), std::tuple(u"Twice"_s, u""_s, -7),
+                  std::tuple(u"Minus"_s, u"-1"_s, -1), std::tuple(u"Padded"_s, u" 16 "_s, 16),
+                  std::tuple(u"Hex"_s, u"1F"_s, -7), std::tuple(u"Point"_s, u"50.8"_s, -7),
+                  std::tuple(u"Blob"_s, u"none"_s, -7), std::tuple(u"Expand"_s, u"none"_s, -7),
+                  std::tuple(u"Other"_s, u"none"_s, -7)}) {
+                QCOMPARE(config.getValue(name, u"none"_s), text);
+                QCOMPARE(config.getValue(name, -7), number);
+            }
+            for (const QString& key : {u"Other\\package0"_s, u"other"_s})
+                QVERIFY2(config.setStorage(kSoftware + key) == 1, qPrintable(key));
+            for (const QString& key : {u"Othe"_s, u"Other\\Package"_s, u"Other\\Package0\\Other"_s})
+                QVERIFY2(config.setStorage(kSoftware + key) != 1, qPrintable(key));
+            QCOMPARE(config.getValue(u"Low"_s, 5), 5);
+            QStringList names;
+            for (const auto& entry : RegistryFile::read(settingsPath()).entries(kKey))
+                names << entry.name;
+            QCOMPARE(names.join(u' '),
+                     u" Quoted \"name\" Path Low All tWICE Minus Padded Hex Point"_s);
+        });
+    }
+
+    /// A search through all of them for each takes ten seconds.
+    void manyValuesAndKeysTakeNoTime()
+    {
+        QByteArray content = kSite;
+        for (int i = 0; i < 20'000; ++i)
+            content += "\"Value" + QByteArray::number(i % 15'000) + "\"=dword:0\n";
+        for (int i = 0; i < 5'000; ++i)
+            content += "[Package" + QByteArray::number(i) + "]\n";
+        const std::clock_t start = std::clock(); // of this process alone
+        QVERIFY(use(content));
+        RegistryConfig config;
+        QCOMPARE(RegistryFile::read(settingsPath()).entries(kKey).size(), 15'000);
+        for (int i = 0; i < 5'000; ++i)
+            QCOMPARE(config.setStorage(u"\\Package%1"_s.arg(i)), 1);
+        QVERIFY(std::clock() - start < 2 * CLOCKS_PER_SEC);
+    }
+
+    void damagedLineIsNamedAndNothingOfTheFileIsUsed()
+    {
+        const auto faultyLine = [this](const QByteArray& content) {
+            const bool isUsed = !use(content) || RegistryConfig().setStorage(kKey) == 1;
+            const auto damage = RegistryFile::read(settingsPath()).damage();
+            return isUsed || !damage || damage->path != settingsPath() ? -1 : damage->line;
+        };
+        for (const auto& [content, line] :
+             {std::pair("", 1), std::pair("\n\n", 3), std::pair("; text\n[Key]\n", 2),
+              std::pair("Windows Registry Editor Version 6.00\n", 1),
+              std::pair("REGEDIT4\n\"A\"=\"1\"\n", 2)})
+            QVERIFY2(faultyLine(content) == line, content);
+        for (const char* text :
+             {"[Key", "[]", "B=\"1\"", "\"B=1", "\"B\"", "\"B\"=1", "\"B\"=\"1", "\"B\"=\"1\\",
+              "\"B\"=\"C:\\Site\"", "\"B\"=\"1\"2", "\"B\"=dword:", "\"B\"=dword:0000001g",
+              "\"B\"=dword:000000001", "\"B\"=float:1.0", "\"B\"=hex:0x", "\"B\"=\"\xF6\""})
+            QVERIFY2(faultyLine(kSite + text + "\n\"A\"=\"1\"\r\n") == 3, text);
+        QCOMPARE(faultyLine(kSite + "\"B\"=hex:01,\\"), 3);
+        QCOMPARE(faultyLine(kSite + "\"B\"=hex:01,\\\r\n  0x,\r\n"), 4);
+        QCOMPARE(faultyLine(kSite + QByteArray(512, '\0')), 3); // of a lost block
+        QCOMPARE(RegistryFile::read(m_folder->path({})).damage()->line, 0);
+        QVERIFY(!RegistryFile::read(u"/nowhere/none.reg"_s).damage());
+    }
+
+    void settingsFileIsTheNearestAndReadOnceForAUse()
+    {
+        if (!QFileInfo::exists(u"/etc/pelorin/pelorin.reg"_s))
+            QCOMPARE(registryFilePath(), programFolder() + u"/pelorin.reg"_s);
+        QVERIFY(m_folder->put(u"pelorin/pelorin.reg"_s, kSite));
+        QCOMPARE(registryFilePath(), m_folder->path(u"pelorin/pelorin.reg"_s));
+        RegistryConfig config;
+        // A file that is named but missing is not silently replaced by another one.
+        QVERIFY(qputenv("PELORIN_REGISTRY", "/srv/site/test.reg"));
+        QCOMPARE(registryFilePath(), u"/srv/site/test.reg"_s);
+        QCOMPARE(config.setStorage(kKey), 1);
+
+        for (const auto& [path, folder] :
+             {std::pair(u"..\\share\\pelorin\\"_s, u"/srv/share/pelorin"_s),
+              std::pair(u"../share/pelorin\\"_s, u"/srv/share/pelorin"_s),
+              std::pair(u".\\"_s, u"/srv/site"_s),
+              std::pair(u"/usr/share/p\\"_s, u"/usr/share/p"_s),
+              std::pair(u"C:\\Pelorin\\"_s, programFolder()),
+              std::pair(u"d:/Pelorin\\"_s, programFolder()),
+              std::pair(u"\\\\server\\P\\"_s, programFolder())})
+            QCOMPARE(installationFolder(path), folder);
+    }
+
+    void installedSettingsHoldWhatTheirCommentsPromise()
+    {
+        const QByteArray leftToTheSite = contentOf(programFolder() + u"/pelorin.reg"_s);
+        QByteArray turnedOn = leftToTheSite;
+        turnedOn.replace("\n;\"", "\n\"").replace("\n;[", "\n[");
+        const QByteArray demo = contentOf(programFolder() + u"/demo.reg"_s);
+        const std::vector<Row> rows{
+            {"as installed", leftToTheSite, "- - - - - - - - - - -"},
+            {"every default turned on", turnedOn, "COM2 1 1 0 16 31 32 47 48 63 50.8"},
+            {"demonstration", demo, "COM96 1 1 0 16 31 32 47 48 63 50.8"}};
+        forEachRow(rows, [this](const Row& row) {
+            QVERIFY(use(row.content)); // a copy, as one that is to be edited
+            RegistryConfig config;
+            QStringList values;
+            const auto read = [&](const QString& key, const QString& names) {
+                (void)config.setStorage(productKey(key));
+                for (const QString& name : names.split(u' '))
+                    values << config.getValue(name, u"-"_s);
+            };
+            read({}, u"QDL3Comport EnableQDL3 EnableTempComp ManualPowerMode"_s);
+            read(u"Firmware Rev Bounds"_s,
+                 u"Type0Low Type0High Type1Low Type1High Type2Low Type2High"_s);
+            read(u"Package Parameters\\Package0"_s, u"SEDistance"_s);
+            QCOMPARE(values.join(u' '), QString::fromLatin1(row.expected));
+
+            (void)config.setStorage(productKey());
+            const QString folder = installationFolder(config.getValue(u"Path"_s, QString()));
+            (void)config.setStorage(productKey(u"Help Files"_s));
+            for (const int code : {1, 2, 4, 8, 16}) {
+                QVERIFY(QFileInfo::exists(
+                    u"%1/languages/pelorin_%2.qm"_s.arg(folder, QString::number(code))));
+                QCOMPARE(config.getValue(u"Lang%1"_s.arg(code), QString()),
+                         u"help\\pelorin_%1.html"_s.arg(code));
+            }
+        });
+    }
+
+private:
+    [[nodiscard]] QString settingsPath() const { return m_folder->path(u"site/test.reg"_s); }
+    /// Makes a content the one of the settings file that is used.
+    [[nodiscard]] bool use(const QByteArray& content) const
+    {
+        return putContent(settingsPath(), content) &&
+               qputenv("PELORIN_REGISTRY", settingsPath().toUtf8());
+    }
+
+    std::unique_ptr<TestFolder> m_folder;
+};
+
+QTEST_GUILESS_MAIN(TestSettings)
+#include "TestSettings.moc"
