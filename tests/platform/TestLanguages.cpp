@@ -2,20 +2,18 @@
 #include "platform/core/SettingsLocation.h"
 #include "platform/ui/HelpWindow.h"
 #include "support/Languages.h"
-#include "support/Rows.h"
 #include "support/TestFolder.h"
 #include "support/WaitFor.h"
 
 #include <QLibraryInfo>
-#include <QMap>
 #include <QRegularExpression>
 #include <QScrollBar>
+#include <QTest>
 #include <QTextBlock>
 #include <QTextBrowser>
-#include <QXmlStreamReader>
 
 #include <cerrno>
-#include <memory>
+#include <tuple>
 
 #include <sys/resource.h>
 
@@ -26,8 +24,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 const QList<int> kLanguages{1, 2, 4, 8, 16};
-const QString kSource = QString::fromUtf8(PELORIN_SOURCE_DIR);
-const QString kChecksum = u".sha256"_s;
 
 const QString kChapters =
     u"connect port information position output offset factory backup log manual "
@@ -44,23 +40,6 @@ QStringList captures(const QString& text, const QString& pattern)
     for (auto match = QRegularExpression(pattern).globalMatch(text); match.hasNext();)
         found << match.next().captured(1);
     return found;
-}
-
-/// The finished texts of a language module's source by number, all that stand there for one.
-QMultiMap<QString, QString> textsOf(int code)
-{
-    QMultiMap<QString, QString> texts;
-    QXmlStreamReader xml(contentOf(kSource + u"/resources/languages/pelorin_%1.ts"_s.arg(code)));
-    QString number;
-    while (!xml.atEnd()) {
-        if (xml.readNext() != QXmlStreamReader::StartElement)
-            continue;
-        if (xml.name() == u"message")
-            number = xml.attributes().value(u"id"_s).toString();
-        else if (xml.name() == u"translation" && !xml.attributes().hasAttribute(u"type"_s))
-            texts.insert(number, xml.readElementText());
-    }
-    return texts;
 }
 
 QString moduleOf(int code)
@@ -81,128 +60,115 @@ class TestLanguages : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void init()
-    {
-        m_installation = std::make_unique<TestFolder>();
-        for (const int code : {1, 2})
-            QVERIFY(m_installation->put(moduleOf(code), installedModule(code)));
-        m_manager = std::make_unique<LanguageManager>();
-        m_manager->init(m_installation->path({}) + u'\\', u"Pelorin"_s);
-    }
-
     void everyTextIsThereOnceInEveryLanguageWithItsArguments()
     {
-        const auto names =
-            QString::fromUtf8(contentOf(kSource + u"/src/platform/core/Strings.h"_s));
+        const QString source = QString::fromUtf8(PELORIN_SOURCE_DIR);
+        const auto names = QString::fromUtf8(contentOf(source + u"/src/platform/core/Strings.h"_s));
         QStringList numbers = captures(names, u"inline constexpr int k\\w+ = (\\d+);"_s);
         numbers.sort();
         QVERIFY(numbers.size() > 100 && numbers.size() == names.count(u" = "_s));
-        const auto english = textsOf(1);
-        const auto argumentsOf = [](const QString& text) {
-            const QStringList found = captures(text, u"(%[1-9])"_s);
-            return QSet<QString>(found.begin(), found.end());
-        };
+        QStringList english;
         for (const int code : kLanguages) {
-            const auto texts = textsOf(code);
-            QCOMPARE(texts.keys(), numbers);
+            const Languages languages(code);
+            const QString path = source + u"/resources/languages/pelorin_%1.ts"_s.arg(code);
+            QStringList found =
+                captures(QString::fromUtf8(contentOf(path)), u"<message id=\"(\\d+)\""_s);
+            found.sort();
+            QCOMPARE(found, numbers);
+            QStringList arguments;
             QStringList marked;
-            for (auto text = texts.cbegin(); text != texts.cend(); ++text) {
-                QVERIFY2(!text->trimmed().isEmpty() && captures(*text, u"(%[^1-9])"_s).isEmpty(),
-                         qPrintable(*text));
-                QVERIFY2(argumentsOf(*text) == argumentsOf(english.value(text.key())),
-                         qPrintable(*text));
-                if (!captures(*text, u"&(\\S)"_s).isEmpty())
-                    marked << text.key();
+            for (const QString& number : numbers) {
+                const QString text = languageString(number.toInt());
+                QVERIFY2(!text.trimmed().isEmpty() && captures(text, u"(%[^1-9])"_s).isEmpty(),
+                         qPrintable(number));
+                QStringList inText = captures(text, u"(%.)"_s);
+                inText.sort();
+                inText.removeDuplicates();
+                arguments << number + inText.join(QString());
+                if (text.contains(QRegularExpression(u"&\\S"_s)))
+                    marked << number;
             }
+            english = code == 1 ? arguments : english;
+            QCOMPARE(arguments, english);
             QCOMPARE(marked.join(u' '), kMarked);
             for (const auto& [number, extension] :
-                 {std::pair("191", "txt"), std::pair("212", "dat"), std::pair("257", "csv")}) {
-                const QString filter =
-                    u"[^;] \\(\\*\\.%1\\);;[^;]+ \\(\\*\\)$"_s.arg(QLatin1String(extension));
-                QVERIFY2(texts.value(QLatin1String(number)).contains(QRegularExpression(filter)),
-                         extension);
+                 {std::pair(191, "txt"), std::pair(212, "dat"), std::pair(257, "csv")}) {
+                const QRegularExpression filter(
+                    u"[^;] \\(\\*\\.%1\\);;[^;]+ \\(\\*\\)$"_s.arg(QLatin1String(extension)));
+                QVERIFY2(languageString(number).contains(filter), extension);
             }
         }
     }
 
     void everyLanguageSpeaksForProgramAndToolkit()
     {
-        m_manager->init(u"C:\\Program Files\\Pelorin\\"_s, u"Pelorin"_s);
+        LanguageManager manager;
+        manager.init(u"C:\\Program Files\\Pelorin\\"_s, u"Pelorin"_s);
         for (const auto& [code, value, cancel] :
              {std::tuple(2, "Wert", "Abbrechen"), std::tuple(4, "Valeur", "Annuler"),
               std::tuple(8, "Valor", "Cancelar"), std::tuple(16, "Valore", "Annulla"),
               std::tuple(1, "Value", "Cancel")}) { // nothing of the former one is left
-            QCOMPARE(m_manager->loadLanguage(code), 1);
-            QCOMPARE(m_manager->getCurrentLanguage(), code);
+            QCOMPARE(manager.loadLanguage(code), 1);
+            QCOMPARE(manager.getCurrentLanguage(), code);
             QCOMPARE(languageString(112), QLatin1String(value));
             QCOMPARE(QCoreApplication::translate("QPlatformTheme", "Cancel"),
                      QLatin1String(cancel));
         }
         for (const int number : {0, -1, 1, 199, 1011, 99999})
             QVERIFY2(languageString(number).isNull(), qPrintable(languageString(number)));
-        m_manager->shutDown();
-        QCOMPARE(m_manager->getCurrentLanguage(), 0);
+        manager.shutDown();
+        QCOMPARE(manager.getCurrentLanguage(), 0);
         QVERIFY(languageString(112).isNull());
     }
 
-    void unusableModuleLeavesTheLanguageAsItWas()
+    void onlyWholeModulesAreAvailableAndLoaded()
     {
-        struct Row
-        {
-            const char* name;
-            QByteArray content;
-            QByteArray checksum;
-        };
+        const TestFolder installation;
         const QByteArray whole = installedModule(2);
-        const QByteArray sum = contentOf(programFolder() + u'/' + moduleOf(2) + kChecksum);
-        QByteArray oneByteOff = whole;
-        oneByteOff[oneByteOff.size() / 2] ^= 1;
-        QByteArray damagedInside = whole;
-        damagedInside.replace(100, 64, QByteArray(64, '\0')); // in the index of the texts
-        const QString toolkits = QLibraryInfo::path(QLibraryInfo::TranslationsPath);
-        const std::vector<Row> rows{
-            {"not a module", QByteArray(1000, 'x'), {}},
-            {"cut short", whole.left(whole.size() / 2), {}},
-            {"damaged inside", damagedInside, {}},
-            {"another program's", contentOf(toolkits + u"/qtbase_de.qm"_s), {}},
-            {"one byte off", oneByteOff, sum},
-            {"checksum lost", whole, ""}};
-        QVERIFY(m_installation->put(moduleOf(3), whole));
-        QCOMPARE(m_manager->loadLanguage(1), 1);
-        for (const int code : {3, 4}) // none, one without a module
-            QCOMPARE(m_manager->loadLanguage(code), 0);
-        forEachRow(rows, [this](const Row& row) {
-            QVERIFY(m_installation->put(moduleOf(2), row.content));
-            if (!row.checksum.isNull())
-                QVERIFY(m_installation->put(moduleOf(2) + kChecksum, row.checksum));
-            QCOMPARE(m_manager->loadLanguage(2), 0);
-            QCOMPARE(m_manager->getCurrentLanguage(), 1);
-            QCOMPARE(languageString(112), u"Value"_s);
-        });
-    }
+        LanguageManager manager;
+        const auto available = [&] {
+            manager.init(installation.path({}) + u'\\', u"Pelorin"_s);
+            return manager.getAvailLanguages();
+        };
+        QCOMPARE(available(), 0);
+        for (const int code : {1, 2, 3, 16})
+            QVERIFY(installation.put(moduleOf(code), installedModule(qMax(code & ~1, 1))));
+        QCOMPARE(manager.getAvailLanguages(), 0); // looked for once
+        QCOMPARE(available(), 1 | 2 | 16);
+        QCOMPARE(manager.loadLanguage(1), 1);
+        for (const int code : {3, 4}) // no language, one without a module
+            QCOMPARE(manager.loadLanguage(code), 0);
 
-    void availableLanguagesAreThoseThatLoad()
-    {
-        QCOMPARE(m_manager->getAvailLanguages(), 1 | 2);
-        QVERIFY(m_installation->put(moduleOf(2), "x"));
-        QVERIFY(m_installation->put(moduleOf(16), installedModule(16)));
-        QCOMPARE(m_manager->getAvailLanguages(), 1 | 2); // looked for once
-        m_manager->init(m_installation->path({}) + u'\\', u"Pelorin"_s);
-        QCOMPARE(m_manager->getAvailLanguages(), 1 | 16);
-        m_manager->init(u"/nowhere\\"_s, u"Pelorin"_s);
-        QCOMPARE(m_manager->getAvailLanguages(), 0);
+        const auto isRefused = [&](const QByteArray& content) {
+            return installation.put(moduleOf(2), content) && available() == (1 | 16) &&
+                   manager.loadLanguage(2) == 0 && manager.getCurrentLanguage() == 1 &&
+                   languageString(112) == u"Value";
+        };
+        QVERIFY(isRefused(QByteArray(1000, 'x')));
+        QVERIFY(isRefused(whole.left(whole.size() / 2)));
+        QVERIFY(isRefused(QByteArray(whole).replace(100, 64, QByteArray(64, '\0')))); // lost texts
+        const QString toolkits = QLibraryInfo::path(QLibraryInfo::TranslationsPath);
+        QVERIFY(isRefused(contentOf(toolkits + u"/qtbase_de.qm"_s)));
+
+        const QString checksum = moduleOf(2) + u".sha256"_s;
+        QVERIFY(installation.put(checksum, contentOf(programFolder() + u'/' + checksum)));
+        QVERIFY(isRefused(QByteArray(whole).replace(whole.size() - 1, 1, "x")));
+        QVERIFY(installation.put(checksum, {}));
+        QVERIFY(isRefused(whole));
     }
 
     void helpFileIsFoundInTheInstallation()
     {
-        const QString help = m_installation->path(u"help/"_s);
+        LanguageManager manager;
+        manager.init(u"/srv/pelorin\\"_s, u"Pelorin"_s);
+        const QString installed = u"/srv/pelorin/help/pelorin_4.html"_s;
         for (const auto& [set, found] :
-             {std::pair(QString(), QString()), std::pair(u"help\\own.html"_s, help + u"own.html"_s),
-              std::pair(u"/srv/own.html"_s, u"/srv/own.html"_s),
-              std::pair(u"C:\\Help\\Pelorin.hlp"_s, help + u"pelorin_4.html"_s),
-              std::pair(u"\\\\server\\Pelorin.hlp"_s, help + u"pelorin_4.html"_s)}) {
-            m_manager->setHelpFile(4, set);
-            QCOMPARE(m_manager->helpFile(4), found);
+             {std::pair(QString(), QString()), std::pair(u"/own.html"_s, u"/own.html"_s),
+              std::pair(u"help\\own.html"_s, u"/srv/pelorin/help/own.html"_s),
+              std::pair(u"C:\\Help\\Pelorin.hlp"_s, installed),
+              std::pair(u"\\\\server\\Pelorin.hlp"_s, installed)}) {
+            manager.setHelpFile(4, set);
+            QCOMPARE(manager.helpFile(4), found);
         }
     }
 
@@ -266,27 +232,23 @@ private Q_SLOTS:
 
     void helpThatCannotBeShownIsReportedAndLeavesTheWindow()
     {
-        const QString file = m_installation->path(moduleOf(1));
+        const QString file = programFolder() + u'/' + moduleOf(1);
         HelpWindow window;
-        for (const QString& path : {QString(), m_installation->path({}), file + u"/below"_s}) {
-            const HelpWindow::Failure missing = window.showHelp(path);
-            QCOMPARE(missing.error, 1);
-            QCOMPARE(missing.detail, ENOENT);
-        }
+        const auto failure = [&window](const QString& path) {
+            const auto [error, detail] = window.showHelp(path);
+            return std::pair(error, detail);
+        };
+        for (const QString& path : {QString(), programFolder(), file + u"/below"_s})
+            QCOMPARE(failure(path), std::pair(1, ENOENT));
         rlimit before{};
         QCOMPARE(getrlimit(RLIMIT_NOFILE, &before), 0);
         const rlimit none{0, before.rlim_max};
         QCOMPARE(setrlimit(RLIMIT_NOFILE, &none), 0);
-        const HelpWindow::Failure unreadable = window.showHelp(file);
+        const auto unreadable = failure(file);
         QCOMPARE(setrlimit(RLIMIT_NOFILE, &before), 0);
-        QCOMPARE(unreadable.error, 2);
-        QCOMPARE(unreadable.detail, EMFILE);
+        QCOMPARE(unreadable, std::pair(2, EMFILE));
         QVERIFY(!window.isVisible());
     }
-
-private:
-    std::unique_ptr<TestFolder> m_installation; ///< with English and German
-    std::unique_ptr<LanguageManager> m_manager;
 };
 
 QTEST_MAIN(TestLanguages)
