@@ -87,7 +87,7 @@ private Q_SLOTS:
              {Row("", 0, false), Row("  ", 0, false), Row("\t0d ", 13, true),
               Row("0x4f", 0x4F, true), Row("0X4F", 0x4F, true), Row("0x", 0, false),
               Row("0xG", 0, false), Row("FFFFFFEC", 0xFFFFFFEC, true), Row("000000000001", 1, true),
-              Row("123456789", 0x23456789, false), Row("5G", 5, false), Row("G5", 0, false),
+              Row("123456789", 0x23456789, false), Row("5g", 5, false), Row("G5", 0, false),
               Row("-1", 0, false), Row("12 34", 0x12, false),
               Row("\uFF11", 0, false)}) { // a digit of full width
             QVERIFY2(hexToInt(QString::fromUtf8(text)) == value, text);

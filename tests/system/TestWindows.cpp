@@ -203,7 +203,7 @@ QString entriesOf(const QWidget& window)
 QStringList textsOfLanguage()
 {
     QStringList texts;
-    for (int number = 100; number < 400; ++number)
+    for (int number = 100; number < 2000; ++number)
         texts << languageString(number);
     return texts;
 }
@@ -218,22 +218,14 @@ class TestWindows : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase()
-    {
-        m_rig = std::make_unique<MainWindowRig>(
-            SimulatedSensor::Options{.type = 2},
-            "[HKEY_LOCAL_MACHINE\\SOFTWARE\\Korvex Systems\\Pelorin]\r\n"
-            "\"EnableQDL3\"=dword:00000001\r\n\"EnableTempComp\"=dword:00000001\r\n"
-            "\"QDL3Comport\"=\"simulator:display\"\r\n");
-        QVERIFY(m_rig->startConnected());
-    }
+    void initTestCase() { QVERIFY(m_rig.startConnected()); }
 
     void everyPageCanBeUsedInEveryLanguage()
     {
-        PelorinMainWindow& window = m_rig->window();
-        QCOMPARE(m_rig->pageList().count(), 6);
+        PelorinMainWindow& window = m_rig.window();
+        QCOMPARE(m_rig.pageList().count(), 6);
         for (int row = 0; row < 6; ++row) {
-            QVERIFY(window.currentPage() == row || m_rig->choosePage(row));
+            QVERIFY(window.currentPage() == row || m_rig.choosePage(row));
             fill(window);
             for (const int language : {2, 4, 8, 16, 1})
                 changeLanguage(window, language);
@@ -247,13 +239,13 @@ private Q_SLOTS:
             const char* name;
             std::function<QDialog*()> make;
         };
-        QWidget* const window = &m_rig->window();
-        SequenceRunner& runner = m_rig->runner();
+        QWidget* const window = &m_rig.window();
+        SequenceRunner& runner = m_rig.runner();
         BackupFile file{QString()}; // neither opened nor saved
-        const FormatRestore formats{runner, m_rig->formats()};
-        const auto makeDisplay = [&] { return new DisplayUnitDialog(window, m_rig->factory(), 7); };
+        const FormatRestore formats{runner, m_rig.formats()};
+        const auto makeDisplay = [&] { return new DisplayUnitDialog(window, m_rig.factory(), 7); };
         const auto makeBackup = [&] {
-            m_rig->sensor().setFault({SimulatedFault::Kind::Silent}); // it stays for a while
+            m_rig.sensor().setFault({SimulatedFault::Kind::Silent}); // it stays for a while
             constexpr auto kBackup = BackupProgressDialog::Mode::Backup;
             return new BackupProgressDialog(window, runner, formats, file, kBackup);
         };
@@ -267,7 +259,7 @@ private Q_SLOTS:
             {"backup", makeBackup}};
         forEachRow(rows, [this](const Row& row) {
             for (const int language : {2, 4, 8, 16, 1}) {
-                QVERIFY(m_rig->waitIdle()); // of the dialog before
+                QVERIFY(m_rig.waitIdle()); // of the dialog before
                 const std::unique_ptr<QDialog> dialog(row.make());
                 dialog->show();
                 QVERIFY(QTest::qWaitForWindowActive(dialog.get()));
@@ -284,6 +276,7 @@ private Q_SLOTS:
     {
         AboutDialog dialog(nullptr);
         dialog.show();
+        QCOMPARE(dialog.windowTitle(), u"About Pelorin"_s);
         const auto* version = dialog.getControl<QLineEdit>(1039);
         QCOMPARE(dialog.getControl<QLineEdit>(1038)->text(), u"Pelorin"_s);
         QCOMPARE(version->text(), u"1.06"_s);
@@ -297,7 +290,7 @@ private:
     {
         QStringList foreign = textsOfLanguage();
         const QString entries = entriesOf(window);
-        QCOMPARE(m_rig->languages().loadLanguage(language), 1);
+        QCOMPARE(m_rig.languages().loadLanguage(language), 1);
         for (int pass = 0; pass < 4; ++pass) // status and layout follow the texts
             QCoreApplication::processEvents();
         for (const QString& text : textsOfLanguage())
@@ -306,7 +299,10 @@ private:
         QCOMPARE(faultsOf(window, foreign), QString());
     }
 
-    std::unique_ptr<MainWindowRig> m_rig;
+    MainWindowRig m_rig{{.type = 2},
+                        "[HKEY_LOCAL_MACHINE\\SOFTWARE\\Korvex Systems\\Pelorin]\r\n"
+                        "\"EnableQDL3\"=\"1\"\r\n\"EnableTempComp\"=\"1\"\r\n"
+                        "\"QDL3Comport\"=\"simulator:display\"\r\n"};
 };
 
 QTEST_MAIN(TestWindows)
