@@ -205,12 +205,11 @@ private Q_SLOTS:
             for (const QString& chapter : chapters) {
                 QCOMPARE(window.showHelp(path, chapter).error, 0);
                 const QString heading =
-                    captures(content, u"name=\"%1\"></a>([^<]+)<"_s.arg(chapter)).value(0);
+                    captures(content, u"name=\"%1\"></a>([^<]+)<"_s.arg(chapter)).value(0, u"-"_s);
                 const auto top = [&] {
                     return browser->cursorForPosition({20, 12}).block().text();
                 };
-                QVERIFY2(!heading.isEmpty() && waitFor([&] { return top() == heading; }),
-                         qPrintable(chapter));
+                QVERIFY2(waitFor([&] { return top() == heading; }), qPrintable(heading));
                 browser->verticalScrollBar()->setValue(10);
                 (void)window.showHelp(path, chapter);
                 QCOMPARE(top(), heading);

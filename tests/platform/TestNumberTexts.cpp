@@ -54,7 +54,7 @@ private Q_SLOTS:
         QLocale::setDefault(QLocale::system());
     }
 
-    void devicesDecimalsAreReadUpToTheFirstOddCharacter()
+    void devicesNumbersAreReadAsFarAsTheyAreNumbers()
     {
         using Row = std::tuple<const char*, double, qint32>;
         for (const auto& [text, number, integer] :
@@ -67,10 +67,8 @@ private Q_SLOTS:
             QVERIFY2(decimalPrefix(text) == number, text);
             QVERIFY2(integerPrefix(text) == integer, text);
         }
-    }
 
-    void devicesHexIsTheTrailingRunOfDigits()
-    {
+        // Of hexadecimal digits the run at the end counts.
         for (const auto& [text, value] :
              {std::pair("", 0), std::pair("1a", 26), std::pair("G1A", 26), std::pair("1AG", 0),
               std::pair("12 34", 0x34), std::pair("FFFFF6", 16777206), std::pair("FFFFFFFF", -1),

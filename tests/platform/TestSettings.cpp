@@ -53,8 +53,7 @@ private Q_SLOTS:
         QCOMPARE(profile.fileName(), m_folder->path(kProfile));
         QVERIFY(!profile.isDamaged() && profile.unreadable().isDone());
         QCOMPARE(profile.readInt(kPort, 1), 1);
-        QVERIFY(profile.write({}).isDone());
-        QVERIFY(!QFileInfo::exists(profile.fileName()));
+        QVERIFY(profile.write({}).isDone() && !QFileInfo::exists(profile.fileName()));
         QVERIFY(Profile().write({{u"Language"_s, 16}}).isDone()); // of another run meanwhile
         QVERIFY(profile.write({{kPort, 97}}).isDone());
         QCOMPARE(Profile().readInt(kPort, 1), 97);
@@ -72,10 +71,9 @@ private Q_SLOTS:
     {
         const std::vector<Row> rows{
             {"comments, blanks, other sections",
-             "; mine\r\n\r\n[Setup]\r\n Language = \"2\" \r\na "
-             "text\r\nZoom=1\r\n[Other]\r\nCOMPort=9",
-             "; mine\r\n\r\n[Setup]\r\nCOMPort=3\r\n Language = \"2\" \r\na text\r\nZoom=1\r\n"
-             "[Other]\r\nCOMPort=9\n"},
+             "; mine\r\n\r\n[Setup]\r\n Language = \"2\" \r\na text\r\n[Other]\r\nCOMPort=9",
+             "; mine\r\n\r\n[Setup]\r\nCOMPort=3\r\n Language = \"2\" \r\na "
+             "text\r\n[Other]\r\nCOMPort=9\n"},
             {"no such section", "[Other]\nA=1\n", "[Other]\nA=1\n\n[Setup]\nCOMPort=3\n"},
             {"twice", "[Setup]\nCOMPort=1\nCOMPort=2\n", "[Setup]\nCOMPort=1\nCOMPort=3\n"},
             {"mark", "\xEF\xBB\xBF[Setup]\nB=1\n", "\xEF\xBB\xBF[Setup]\nB=1\nCOMPort=3\n"}};
@@ -92,11 +90,9 @@ private Q_SLOTS:
         for (const QByteArray& content :
              {QByteArray("[Setup\nCOMPort=7\n"), "[Setup]\nCOMPort=7\n" + QByteArray(9, '\0'),
               QByteArray("COM7 is the sensor's port")}) {
-            QVERIFY(m_folder->put(kProfile, content));
-            QVERIFY(m_folder->put(kCopy, "from an earlier damage"));
+            QVERIFY(m_folder->put(kProfile, content) && m_folder->put(kCopy, "earlier damage"));
             Profile profile;
-            QVERIFY(profile.isDamaged());
-            QCOMPARE(profile.readInt(kPort, 1), 1);
+            QVERIFY(profile.isDamaged() && profile.readInt(kPort, 1) == 1);
             QCOMPARE(m_folder->content(kProfile), content);
             QVERIFY(profile.write({{kPort, 3}}).isDone());
             QCOMPARE(m_folder->content(kCopy), content);
@@ -164,8 +160,7 @@ private Q_SLOTS:
                 QVERIFY2(config.setStorage(kSoftware + key) == 1, qPrintable(key));
             for (const QString& key : {u"Othe"_s, u"Other\\Package"_s, u"Other\\Package0\\Other"_s})
                 QVERIFY2(config.setStorage(kSoftware + key) != 1, qPrintable(key));
-            QCOMPARE(config.getValue(u"Low"_s, 5), 5);
-            QCOMPARE(config.getValue(u"Low"_s, u"none"_s), u"none"_s);
+            QVERIFY(config.getValue(u"Low"_s, 5) == 5 && config.getValue(u"Low"_s, u"-"_s) == u"-");
         });
     }
 
@@ -219,11 +214,9 @@ private Q_SLOTS:
 
         for (const auto& [path, folder] :
              {std::pair(u"..\\share\\pelorin\\"_s, u"/srv/share/pelorin"_s),
-              std::pair(u"../share/pelorin\\"_s, u"/srv/share/pelorin"_s),
               std::pair(u".\\"_s, u"/srv/site"_s),
               std::pair(u"/usr/share/p\\"_s, u"/usr/share/p"_s),
               std::pair(u"C:\\Pelorin\\"_s, programFolder()),
-              std::pair(u"d:/Pelorin\\"_s, programFolder()),
               std::pair(u"\\\\server\\P\\"_s, programFolder())})
             QCOMPARE(installationFolder(path), folder);
     }

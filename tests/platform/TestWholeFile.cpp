@@ -6,8 +6,9 @@
 #include "sensor/BackupFile.h"
 #include "sensor/LookupTableFile.h"
 #include "support/FileSizeLimit.h"
-#include "support/Rows.h"
 #include "support/TestFolder.h"
+
+#include <QTest>
 
 #include <cerrno>
 
@@ -52,41 +53,34 @@ class TestWholeFile : public QObject
 private Q_SLOTS:
     void whatCannotBeSavedLeavesAllAsItWas()
     {
-        struct Row
-        {
-            const char* name;
-            std::function<Outcome(Path)> write;
-        };
+        using Writer = std::pair<const char*, std::function<Outcome(Path)>>;
         const auto writeTable = [](Path path) { return writeLookupTableFile(path, {{1, 2}}); };
         const auto writeProfile = [](Path path) { return Profile(path).write({{kOlder, 1}}); };
-        const std::vector<Row> writers{{"log", writeLog},
-                                       {"backup", writeBackup},
-                                       {"table", writeTable},
-                                       {"profile", writeProfile}};
-        forEachRow(writers, [](const Row& row) {
+        for (const auto& [name, write] :
+             {Writer("log", writeLog), Writer("backup", writeBackup), Writer("table", writeTable),
+              Writer("profile", writeProfile)}) {
             const TestFolder folder;
-            const auto fails = [&](const QString& name, int error) {
-                const QString path = folder.path(name);
-                const Outcome outcome = row.write(path);
+            const auto fails = [&folder, &save = write](const QString& file, int error) {
+                const Outcome outcome = save(folder.path(file));
                 return (error != EFBIG || outcome.failure == Failure::Writing) &&
-                       outcome.path == path && outcome.systemError == error;
+                       outcome.path == folder.path(file) && outcome.systemError == error;
             };
-            QVERIFY(row.write(folder.path(kNew)).isDone());
+            QVERIFY2(write(folder.path(kNew)).isDone(), name);
             const auto whole = folder.content(kNew).size();
             QVERIFY(QFile::remove(folder.path(kNew)) && folder.put(kOlder, kOlderText));
             for (const auto room : {qsizetype{0}, whole / 2, whole - 1}) {
                 const FileSizeLimit limit(static_cast<rlim_t>(room));
-                QVERIFY(fails(kNew, EFBIG) && fails(kOlder, EFBIG));
+                QVERIFY2(fails(kNew, EFBIG) && fails(kOlder, EFBIG), name);
             }
-            QVERIFY(fails(kOlder + u"/below"_s, ENOTDIR) && fails({}, EISDIR));
-            QCOMPARE(folder.names(), kOlder);
-            QCOMPARE(folder.content(kOlder), kOlderText);
+            QVERIFY2(fails(kOlder + u"/below"_s, ENOTDIR) && fails({}, EISDIR), name);
+            QVERIFY2(folder.names() == kOlder && folder.content(kOlder) == kOlderText, name);
 
             QCOMPARE(mkfifo(folder.path(kNew).toUtf8().constData(), 0600), 0);
-            QVERIFY(fails(kNew, EINVAL) && !QFileInfo(folder.path(kNew)).isFile()); // nor waits
-            QVERIFY(row.write(folder.path(kOlder)).isDone());
-            QVERIFY(folder.content(kOlder) != kOlderText);
-        });
+            QVERIFY2(fails(kNew, EINVAL), name); // and does not wait
+            QVERIFY2(!QFileInfo(folder.path(kNew)).isFile(), name);
+            QVERIFY2(write(folder.path(kOlder)).isDone(), name);
+            QVERIFY2(folder.content(kOlder) != kOlderText, name);
+        }
     }
 
     void linksAndDevicesStayAndPreparedFilesGoUnlessSaved()
@@ -117,10 +111,10 @@ private Q_SLOTS:
     void whatIsNoFitFileIsRefusedWithTheReason()
     {
         const TestFolder folder;
-        const QString pipe = folder.path(u"pipe"_s);
-        const QString huge = folder.path(u"huge"_s);
-        QCOMPARE(mkfifo(qPrintable(pipe), 0600), 0);
-        QVERIFY(folder.put(u"huge"_s, {}) && QFile::resize(huge, 100'000'000));
+        const QString pipe = folder.path(kNew);
+        const QString huge = folder.path(kOlder);
+        QCOMPARE(mkfifo(pipe.toUtf8().constData(), 0600), 0);
+        QVERIFY(folder.put(kOlder, {}) && QFile::resize(huge, 100'000'000));
         for (const auto& [path, error] :
              {std::pair(folder.path({}), EISDIR), std::pair(pipe, EINVAL), // and does not wait
               std::pair(u"/dev/zero"_s, EINVAL), std::pair(huge, EFBIG),

@@ -8,7 +8,6 @@
 #include "platform/core/LanguageStrings.h"
 #include "sensor/BackupFile.h"
 #include "support/MainWindowRig.h"
-#include "support/Rows.h"
 
 #include <QAbstractButton>
 #include <QAccessible>
@@ -24,6 +23,7 @@
 #include <QStyleOptionComboBox>
 #include <QTabBar>
 #include <QTableWidget>
+#include <QTest>
 
 #include <set>
 #include <tuple>
@@ -100,9 +100,8 @@ QStringList doubledMnemonics(const QStringList& captions)
 /// Presses Tab until all that it leads to has had the focus.
 std::set<const QWidget*> reachedByTab(QWidget& window)
 {
-    constexpr int kMostControls = 60;
     std::set<const QWidget*> reached;
-    for (int key = 0; key < kMostControls && window.focusWidget(); ++key) {
+    for (int key = 0; key < 60 && window.focusWidget(); ++key) {
         reached.insert(window.focusWidget());
         QTest::keyClick(window.focusWidget(), Qt::Key_Tab);
     }
@@ -132,7 +131,7 @@ QString faultsOf(QWidget& window, const QStringList& foreign)
     for (QWidget* widget : widgets) {
         const auto require = [&](bool holds, const QString& fault) {
             if (!holds)
-                faults << widget->objectName() + u": "_s + fault;
+                faults << window.objectName() + u' ' + widget->objectName() + u": "_s + fault;
         };
         QStringList items;
         for (const QAction* action : widget->actions())
@@ -234,11 +233,6 @@ private Q_SLOTS:
 
     void everyDialogCanBeUsedInEveryLanguage()
     {
-        struct Row
-        {
-            const char* name;
-            std::function<QDialog*()> make;
-        };
         QWidget* const window = &m_rig.window();
         SequenceRunner& runner = m_rig.runner();
         BackupFile file{QString()}; // neither opened nor saved
@@ -249,18 +243,18 @@ private Q_SLOTS:
             constexpr auto kBackup = BackupProgressDialog::Mode::Backup;
             return new BackupProgressDialog(window, runner, formats, file, kBackup);
         };
-        const std::vector<Row> rows{
-            {"about", [&] { return new AboutDialog(window); }},
-            {"offset", [&] { return new CalculateOffsetDialog(window, true, 1250); }},
-            {"password", [&] { return new PasswordDialog(window, 240); }},
-            {"port", [&] { return new SelectPortDialog(window, 7); }},
-            {"manual communications", [&] { return new ManualCommDialog(window, runner); }},
-            {"display unit", makeDisplay},
-            {"backup", makeBackup}};
-        forEachRow(rows, [this](const Row& row) {
+        const std::vector<std::function<QDialog*()>> makers{
+            [&] { return new AboutDialog(window); },
+            [&] { return new CalculateOffsetDialog(window, true, 1250); },
+            [&] { return new PasswordDialog(window, 240); },
+            [&] { return new SelectPortDialog(window, 7); },
+            [&] { return new ManualCommDialog(window, runner); },
+            makeDisplay,
+            makeBackup};
+        for (const auto& make : makers) {
             for (const int language : {2, 4, 8, 16, 1}) {
                 QVERIFY(m_rig.waitIdle()); // of the dialog before
-                const std::unique_ptr<QDialog> dialog(row.make());
+                const std::unique_ptr<QDialog> dialog(make());
                 dialog->show();
                 QVERIFY(QTest::qWaitForWindowActive(dialog.get()));
                 QCOMPARE(faultsOf(*dialog, {}), QString());
@@ -269,18 +263,15 @@ private Q_SLOTS:
                 fill(*dialog);
                 changeLanguage(*dialog, language);
             }
-        });
+        }
     }
 
-    void aboutShowsNameVersionAndIcon()
+    void aboutShowsVersionAndIcon()
     {
         AboutDialog dialog(nullptr);
         dialog.show();
         QCOMPARE(dialog.windowTitle(), u"About Pelorin"_s);
-        const auto* version = dialog.getControl<QLineEdit>(1039);
-        QCOMPARE(dialog.getControl<QLineEdit>(1038)->text(), u"Pelorin"_s);
-        QCOMPARE(version->text(), u"1.06"_s);
-        QVERIFY(version->isReadOnly());
+        QCOMPARE(dialog.getControl<QLineEdit>(1039)->text(), u"1.06"_s);
         QVERIFY(!dialog.getControl<QLabel>(1040)->pixmap(Qt::ReturnByValue).isNull());
     }
 
