@@ -4,7 +4,6 @@
 #include "support/ModalAnswer.h"
 
 #include <QLineEdit>
-#include <QMainWindow>
 #include <QPointer>
 #include <QPushButton>
 #include <QSignalSpy>
@@ -121,13 +120,12 @@ private Q_SLOTS:
 
     void pageIsMadeOnceHiddenAndNeitherHiddenNorEndedByKeysAndClose()
     {
-        QMainWindow window;
+        QWidget window;
         window.resize(1200, 900);
         auto* page = new TestDialog(&window);
         auto* inner = new TestDialog(page);
         window.show();
-        QVERIFY(QTest::qWaitForWindowActive(&window));
-        QVERIFY(!page->isVisible());
+        QVERIFY(QTest::qWaitForWindowActive(&window) && !page->isVisible());
         page->show();
         QVERIFY(page->isVisible() && !page->isWindow() && page->pos().isNull());
         QCOMPARE(page->made, u"map init translate"_s);

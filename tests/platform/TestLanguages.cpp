@@ -71,8 +71,7 @@ private Q_SLOTS:
         for (const int code : kLanguages) {
             const Languages languages(code);
             const QString path = source + u"/resources/languages/pelorin_%1.ts"_s.arg(code);
-            QStringList found =
-                captures(QString::fromUtf8(contentOf(path)), u"<message id=\"(\\d+)\""_s);
+            QStringList found = captures(QString::fromUtf8(contentOf(path)), u" id=\"(\\d+)\""_s);
             found.sort();
             QCOMPARE(found, numbers);
             QStringList arguments;
@@ -111,14 +110,12 @@ private Q_SLOTS:
             QCOMPARE(manager.loadLanguage(code), 1);
             QCOMPARE(manager.getCurrentLanguage(), code);
             QCOMPARE(languageString(112), QLatin1String(value));
-            QCOMPARE(QCoreApplication::translate("QPlatformTheme", "Cancel"),
-                     QLatin1String(cancel));
+            QCOMPARE(qApp->translate("QPlatformTheme", "Cancel"), QLatin1String(cancel));
         }
         for (const int number : {0, -1, 1, 199, 1011, 99999})
             QVERIFY2(languageString(number).isNull(), qPrintable(languageString(number)));
         manager.shutDown();
-        QCOMPARE(manager.getCurrentLanguage(), 0);
-        QVERIFY(languageString(112).isNull());
+        QVERIFY(manager.getCurrentLanguage() == 0 && languageString(112).isNull());
     }
 
     void onlyWholeModulesAreAvailableAndLoaded()
@@ -184,13 +181,12 @@ private Q_SLOTS:
             QCOMPARE(chapters.join(u' '), kChapters);
             const QStringList anchors = captures(content, u"name=\"([^\"]*)\""_s);
             const QStringList links = captures(content, u"href=\"([^\"]*)\""_s);
-            QVERIFY(links.size() > 14);
             for (const QString& link : links)
                 QVERIFY2(link.startsWith(u'#') && anchors.contains(link.mid(1)), qPrintable(link));
 
             const QStringList numbers = captures(content, u"<a name=\"message-([0-9]+)\">"_s);
             messages = code == 1 ? numbers : messages;
-            QVERIFY(numbers.size() > 20);
+            QVERIFY(links.size() > 14 && numbers.size() > 20);
             QCOMPARE(numbers, messages);
             for (const QString& number : numbers) {
                 QString text = languageString(number.toInt()).toHtmlEscaped();
@@ -233,20 +229,19 @@ private Q_SLOTS:
     {
         const QString file = programFolder() + u'/' + moduleOf(1);
         HelpWindow window;
-        const auto failure = [&window](const QString& path) {
-            const auto [error, detail] = window.showHelp(path);
-            return std::pair(error, detail);
+        const auto fails = [&window](const QString& path, int error, int detail) {
+            const HelpWindow::Failure failure = window.showHelp(path);
+            return failure.error == error && failure.detail == detail;
         };
         for (const QString& path : {QString(), programFolder(), file + u"/below"_s})
-            QCOMPARE(failure(path), std::pair(1, ENOENT));
+            QVERIFY2(fails(path, 1, ENOENT), qPrintable(path));
         rlimit before{};
         QCOMPARE(getrlimit(RLIMIT_NOFILE, &before), 0);
         const rlimit none{0, before.rlim_max};
         QCOMPARE(setrlimit(RLIMIT_NOFILE, &none), 0);
-        const auto unreadable = failure(file);
+        const bool isReported = fails(file, 2, EMFILE);
         QCOMPARE(setrlimit(RLIMIT_NOFILE, &before), 0);
-        QCOMPARE(unreadable, std::pair(2, EMFILE));
-        QVERIFY(!window.isVisible());
+        QVERIFY(isReported && !window.isVisible());
     }
 };
 

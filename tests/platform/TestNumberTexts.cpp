@@ -29,10 +29,9 @@ private Q_SLOTS:
         using Numbers = std::vector<std::pair<const char*, double>>;
         using Texts = std::vector<const char*>; // that are no numbers
         const QByteArray tooLarge(400, '9');
-        const Numbers numbers{std::pair("0.050", 0.05),  std::pair("1.234", 1.234),
-                              std::pair("1000", 1000.0), std::pair(" -50.8\t", -50.8),
-                              std::pair("+7", 7.0),      std::pair(".5", 0.5),
-                              std::pair("5.", 5.0),      std::pair("-16384.0", -16384.0)};
+        const Numbers numbers{std::pair("0.050", 0.05),     std::pair("1.234", 1.234),
+                              std::pair(" -50.8\t", -50.8), std::pair("+7", 7.0),
+                              std::pair(".5", 0.5),         std::pair("5.", 5.0)};
         const Texts refused{
             "",    "  ",  ".",   "-",   "--1",  "12mm",    "1 2",     "1.234.5",
             "1e3", "1E3", "inf", "nan", "0x10", "1.234,5", "1,234.5", tooLarge.constData()};

@@ -52,8 +52,8 @@ private Q_SLOTS:
         Profile profile;
         QCOMPARE(profile.fileName(), m_folder->path(kProfile));
         QVERIFY(!profile.isDamaged() && profile.unreadable().isDone());
-        QCOMPARE(profile.readInt(kPort, 1), 1);
-        QVERIFY(profile.write({}).isDone() && !QFileInfo::exists(profile.fileName()));
+        QVERIFY(profile.readInt(kPort, 1) == 1 && profile.write({}).isDone() &&
+                !QFileInfo::exists(profile.fileName()));
         QVERIFY(Profile().write({{u"Language"_s, 16}}).isDone()); // of another run meanwhile
         QVERIFY(profile.write({{kPort, 97}}).isDone());
         QCOMPARE(Profile().readInt(kPort, 1), 97);
@@ -78,8 +78,7 @@ private Q_SLOTS:
             {"twice", "[Setup]\nCOMPort=1\nCOMPort=2\n", "[Setup]\nCOMPort=1\nCOMPort=3\n"},
             {"mark", "\xEF\xBB\xBF[Setup]\nB=1\n", "\xEF\xBB\xBF[Setup]\nB=1\nCOMPort=3\n"}};
         forEachRow(rows, [this](const Row& row) {
-            QVERIFY(m_folder->put(kProfile, row.content));
-            QVERIFY(Profile().write({{kPort, 3}}).isDone());
+            QVERIFY(m_folder->put(kProfile, row.content) && Profile().write({{kPort, 3}}).isDone());
             QCOMPARE(m_folder->content(kProfile), row.expected);
             QCOMPARE(Profile().readInt(kPort, 1), 3);
         });
@@ -100,9 +99,8 @@ private Q_SLOTS:
         }
         // What cannot be kept or read is not overwritten.
         QVERIFY(QFile::remove(m_folder->path(kCopy)) && QDir().mkpath(m_folder->path(kCopy)));
-        const QByteArray huge(2'000'000, '\n');
-        for (const auto& [content, error] :
-             {std::pair(QByteArray("[Setup\n"), EISDIR), std::pair(huge, EFBIG)}) {
+        for (const auto& [content, error] : {std::pair(QByteArray("[Setup\n"), EISDIR),
+                                             std::pair(QByteArray(2'000'000, '\n'), EFBIG)}) {
             QVERIFY(m_folder->put(kProfile, content));
             QCOMPARE(Profile().isDamaged(), error == EISDIR);
             QCOMPARE(Profile().write({{kPort, 3}}).systemError, error);
@@ -185,8 +183,7 @@ private Q_SLOTS:
         };
         for (const auto& [content, line] :
              {std::pair("", 1), std::pair("\n\n", 3), std::pair("; text\n[Key]\n", 2),
-              std::pair("Windows Registry Editor Version 6.00\n", 1),
-              std::pair("REGEDIT4\n\"A\"=\"1\"\n", 2)})
+              std::pair("REGEDIT5\n", 1), std::pair("REGEDIT4\n\"A\"=\"1\"\n", 2)})
             QVERIFY2(faultyLine(content) == line, content);
         for (const char* text :
              {"[Key", "[]", "B=\"1\"", "\"B=1", "\"B\"", "\"B\"=1", "\"B\"=\"1", "\"B\"=\"1\\",
@@ -213,9 +210,8 @@ private Q_SLOTS:
         QCOMPARE(config.setStorage(kKey), 1);
 
         for (const auto& [path, folder] :
-             {std::pair(u"..\\share\\pelorin\\"_s, u"/srv/share/pelorin"_s),
-              std::pair(u".\\"_s, u"/srv/site"_s),
-              std::pair(u"/usr/share/p\\"_s, u"/usr/share/p"_s),
+             {std::pair(u"..\\share\\"_s, u"/srv/share"_s), std::pair(u".\\"_s, u"/srv/site"_s),
+              std::pair(u"/usr/share\\"_s, u"/usr/share"_s),
               std::pair(u"C:\\Pelorin\\"_s, programFolder()),
               std::pair(u"\\\\server\\P\\"_s, programFolder())})
             QCOMPARE(installationFolder(path), folder);
@@ -227,12 +223,15 @@ private Q_SLOTS:
         QByteArray turnedOn = leftToTheSite;
         turnedOn.replace("\n;\"", "\n\"").replace("\n;[", "\n[");
         const QByteArray demo = contentOf(programFolder() + u"/demo.reg"_s);
+        const QByteArray always =
+            "help\\pelorin_1.html help\\pelorin_2.html help\\pelorin_4.html help\\pelorin_8.html "
+            "help\\pelorin_16.html C:\\Program Files\\Korvex Systems\\Pelorin ";
         const std::vector<Row> rows{
-            {"as installed", leftToTheSite, "- - - - - - - - - - -"},
-            {"every default turned on", turnedOn, "COM2 1 1 0 16 31 32 47 48 63 50.8"},
-            {"demonstration", demo, "COM96 1 1 0 16 31 32 47 48 63 50.8"}};
+            {"as installed", leftToTheSite, always + "- - - - - - - - - - -"},
+            {"every default turned on", turnedOn, always + "COM2 1 1 0 16 31 32 47 48 63 50.8"},
+            {"demonstration", demo, always + "COM96 1 1 0 16 31 32 47 48 63 50.8"}};
         forEachRow(rows, [this](const Row& row) {
-            QVERIFY(use(row.content)); // a copy, as one that is to be edited
+            QVERIFY(use(row.content));
             RegistryConfig config;
             QStringList values;
             const auto read = [&](const QString& key, const QString& names) {
@@ -240,18 +239,12 @@ private Q_SLOTS:
                 for (const QString& name : names.split(u' '))
                     values << config.getValue(name, u"-"_s);
             };
-            read({}, u"QDL3Comport EnableQDL3 EnableTempComp ManualPowerMode"_s);
+            read(u"Help Files"_s, u"Lang1 Lang2 Lang4 Lang8 Lang16"_s);
+            read({}, u"Path QDL3Comport EnableQDL3 EnableTempComp ManualPowerMode"_s);
             read(u"Firmware Rev Bounds"_s,
                  u"Type0Low Type0High Type1Low Type1High Type2Low Type2High"_s);
             read(u"Package Parameters\\Package0"_s, u"SEDistance"_s);
             QCOMPARE(values.join(u' '), QString::fromLatin1(row.expected));
-
-            (void)config.setStorage(productKey());
-            QCOMPARE(installationFolder(config.getValue(u"Path"_s, QString())), programFolder());
-            (void)config.setStorage(productKey(u"Help Files"_s));
-            for (const int code : {1, 2, 4, 8, 16})
-                QCOMPARE(config.getValue(u"Lang%1"_s.arg(code), QString()),
-                         u"help\\pelorin_%1.html"_s.arg(code));
         });
     }
 
