@@ -272,13 +272,15 @@ void ConnectionSupervisor::onReconnectTimer()
     }
     const CommandGate::Scope scope(m_gate);
     m_reconnectTimer.stop();
-    m_reconnectAttempts = 0;
+    m_reconnectBusy = true; // the losses of more than one frame may be told during the question
     const auto answer = messageBox(
         &m_window,
         QStringLiteral("Serial communications port COM%1 no longer exists, please check the "
                        "connection and retry.")
             .arg(m_link.portNumber()),
         QMessageBox::Retry | QMessageBox::Cancel, QMessageBox::Question);
+    m_reconnectBusy = false;
+    m_reconnectAttempts = 0;
     if (answer == QMessageBox::Retry) {
         onLinkLost();
     } else {
