@@ -58,6 +58,7 @@ private Q_SLOTS:
     {
         const int portWidth = label("portPane").width();
         m_bar->setPort(0);
+        m_bar->setLinkState(1);
         m_bar->showString(117);
         QCOMPARE(m_languages.loadLanguage(2), 1);
         m_bar->translate();
