@@ -241,7 +241,7 @@ private Q_SLOTS:
             QCOMPARE(lists.open(), QLatin1String(open));
             QCOMPARE(lists.text(4), QLatin1String(committed));
         }
-        QVERIFY(lists.first.hasFocus());
+        QCOMPARE(lists.focusWidget(), &lists.first);
         lists.first.setCurrentCell(2, 0);
         QTest::keyClick(&lists.first, Qt::Key_F2);
         QCOMPARE(lists.open(), u"none"_s);

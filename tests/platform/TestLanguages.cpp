@@ -219,7 +219,7 @@ private Q_SLOTS:
                 QCOMPARE(window.showHelp(path, anchor).error, 0);
                 QCOMPARE(browser->verticalScrollBar()->value(), 0);
             }
-            QVERIFY(QTest::qWaitForWindowActive(&window));
+            QVERIFY(waitFor([&window] { return window.isActiveWindow(); }));
             QTest::keyClick(&window, Qt::Key_Escape);
             QVERIFY(!window.isVisible());
         }

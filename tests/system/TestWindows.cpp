@@ -8,6 +8,7 @@
 #include "platform/core/LanguageStrings.h"
 #include "sensor/BackupFile.h"
 #include "support/MainWindowRig.h"
+#include "support/WaitFor.h"
 
 #include <QAbstractButton>
 #include <QAccessible>
@@ -253,7 +254,7 @@ private Q_SLOTS:
                 QVERIFY(m_rig.waitIdle()); // of the dialog before
                 const std::unique_ptr<QDialog> dialog(make());
                 dialog->show();
-                QVERIFY(QTest::qWaitForWindowActive(dialog.get()));
+                QVERIFY(waitFor([&] { return dialog->isActiveWindow() && dialog->focusWidget(); }));
                 QCOMPARE(faultsOf(*dialog, {}), QString());
                 QVERIFY(QRect(0, 0, 1280, 720).contains(QRect({}, dialog->frameGeometry().size())));
                 fill(*dialog);
