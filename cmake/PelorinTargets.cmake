@@ -22,7 +22,7 @@ function(pelorin_layer name)
 endfunction()
 
 # pelorin_test(<Name> [USES <libraries>] [TIMEOUT <seconds>] [DECIMAL_COMMA])
-# One test program from <Name>.cpp, run offscreen with a profile folder of its own. With
+# One test program from <Name>.cpp, run offscreen with folders of its own. With
 # DECIMAL_COMMA it runs once more, with a decimal comma in the C library and in the default locale.
 function(pelorin_test name)
     cmake_parse_arguments(ARG "DECIMAL_COMMA" "TIMEOUT" "USES" ${ARGN})
@@ -51,6 +51,7 @@ function(pelorin_test_run run program timeout locale)
     set(environment
         "QT_QPA_PLATFORM=${platform}"
         "XDG_CONFIG_HOME=${CMAKE_BINARY_DIR}/tests/config/${run}"
+        "XDG_DATA_HOME=${CMAKE_BINARY_DIR}/tests/data/${run}"
         "LC_ALL=${locale}"
         "LANGUAGE="
         "TSAN_OPTIONS=suppressions='${CMAKE_SOURCE_DIR}/tests/support/tsan.supp'"

@@ -1134,5 +1134,399 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <extracomment>%1 value</extracomment>
         <translation>The value QDL3NodeID of the settings is %1. The display unit needs a node from 0 to 9.</translation>
     </message>
+    <message id="1700">
+        <source>Reading what the sensor has ...</source>
+        <translation>Reading what the sensor has ...</translation>
+    </message>
+    <message id="1701">
+        <source>Restarting the sensor ...</source>
+        <translation>Restarting the sensor ...</translation>
+    </message>
+    <message id="1702">
+        <source>Comparing what the sensor has with what was written ...</source>
+        <translation>Comparing what the sensor has with what was written ...</translation>
+    </message>
+    <message id="1703">
+        <source>Verified: after a restart the sensor has all that was written.</source>
+        <translation>Verified: after a restart the sensor has all that was written.</translation>
+    </message>
+    <message id="1704">
+        <source>Differs: the sensor does not have all that was written.</source>
+        <translation>Differs: the sensor does not have all that was written.</translation>
+    </message>
+    <message id="1705">
+        <source>Not checked: it is not known what the sensor has.</source>
+        <translation>Not checked: it is not known what the sensor has.</translation>
+    </message>
+    <message id="1706">
+        <source>Nothing was written.</source>
+        <translation>Nothing was written.</translation>
+    </message>
+    <message id="1707">
+        <source>Differs: nothing was changed, the sensor has all that it had before.</source>
+        <translation>Differs: nothing was changed, the sensor has all that it had before.</translation>
+    </message>
+    <message id="1708">
+        <source>%1: written %2; the sensor has %3</source>
+        <extracomment>%1 parameter, %2 and %3 values</extracomment>
+        <translation>%1: written %2; the sensor has %3</translation>
+    </message>
+    <message id="1709">
+        <source>No usable answer: %1</source>
+        <extracomment>%1 parameters</extracomment>
+        <translation>No usable answer: %1</translation>
+    </message>
+    <message id="1710">
+        <source>The sensor answers what was written, but it was not restarted and may not have stored it.</source>
+        <translation>The sensor answers what was written, but it was not restarted and may not have stored it.</translation>
+    </message>
+    <message id="1711">
+        <source>The sensor did not answer afterwards.</source>
+        <translation>The sensor did not answer afterwards.</translation>
+    </message>
+    <message id="1712">
+        <source>Another sensor has answered after the restart.</source>
+        <translation>Another sensor has answered after the restart.</translation>
+    </message>
+    <message id="1713">
+        <source>The program was closed before the sensor could be read.</source>
+        <translation>The program was closed before the sensor could be read.</translation>
+    </message>
+    <message id="1714">
+        <source>Safe writes are switched off.</source>
+        <translation>Safe writes are switched off.</translation>
+    </message>
+    <message id="1715">
+        <source>It is compared when this sensor is connected again.</source>
+        <translation>It is compared when this sensor is connected again.</translation>
+    </message>
+    <message id="1716">
+        <source>The offset has come back as it was before it was multiplied: the sensor may divide it.</source>
+        <translation>The offset has come back as it was before it was multiplied: the sensor may divide it.</translation>
+    </message>
+    <message id="1717">
+        <source>The sensor no longer has what is shown: %1. Click Refresh, then enter your changes again.</source>
+        <extracomment>%1 parameters</extracomment>
+        <translation>The sensor no longer has what is shown: %1. Click Refresh, then enter your changes again.</translation>
+    </message>
+    <message id="1718">
+        <source>What the sensor has now could not be kept:
+%1
+Without that it cannot be put back. Write all the same?</source>
+        <extracomment>%1 what failed</extracomment>
+        <translation>What the sensor has now could not be kept:
+%1
+Without that it cannot be put back. Write all the same?</translation>
+    </message>
+    <message id="1719">
+        <source>These parameters of the sensor could not be read, so that they cannot be put back: %1. Write all the same?</source>
+        <extracomment>%1 parameters</extracomment>
+        <translation>These parameters of the sensor could not be read, so that they cannot be put back: %1. Write all the same?</translation>
+    </message>
+    <message id="1720">
+        <source>Write All the Same</source>
+        <translation>Write All the Same</translation>
+    </message>
+    <message id="1721">
+        <source>Do Not Write</source>
+        <translation>Do Not Write</translation>
+    </message>
+    <message id="1722">
+        <source>Write Again</source>
+        <translation>Write Again</translation>
+    </message>
+    <message id="1723">
+        <source>Put Back ...</source>
+        <translation>Put Back ...</translation>
+    </message>
+    <message id="1724">
+        <source>%1 counts</source>
+        <extracomment>%1 number</extracomment>
+        <translation>%1 counts</translation>
+    </message>
+    <message id="1725">
+        <source>Notice</source>
+        <translation>Notice</translation>
+    </message>
+    <message id="1730">
+        <source>&amp;Compare with Backup…</source>
+        <extracomment>Menu item</extracomment>
+        <translation>&amp;Compare with Backup…</translation>
+    </message>
+    <message id="1731">
+        <source>Compare with Backup</source>
+        <translation>Compare with Backup</translation>
+    </message>
+    <message id="1732">
+        <source>The sensor no longer has what the review showed: %1. Read it again.</source>
+        <extracomment>%1 parameters</extracomment>
+        <translation>The sensor no longer has what the review showed: %1. Read it again.</translation>
+    </message>
+    <message id="1733">
+        <source>Review Before Writing</source>
+        <translation>Review Before Writing</translation>
+    </message>
+    <message id="1734">
+        <source>Put Back</source>
+        <extracomment>Title</extracomment>
+        <translation>Put Back</translation>
+    </message>
+    <message id="1735">
+        <source>Sensor</source>
+        <extracomment>Column heading</extracomment>
+        <translation>Sensor</translation>
+    </message>
+    <message id="1736">
+        <source>File</source>
+        <extracomment>Column heading</extracomment>
+        <translation>File</translation>
+    </message>
+    <message id="1737">
+        <source>Earlier</source>
+        <extracomment>Column heading: the value that the sensor had</extracomment>
+        <translation>Earlier</translation>
+    </message>
+    <message id="1738">
+        <source>%1, in words</source>
+        <extracomment>Column heading; %1 whose value</extracomment>
+        <translation>%1, in words</translation>
+    </message>
+    <message id="1739">
+        <source>Comparison</source>
+        <extracomment>Window title and column heading</extracomment>
+        <translation>Comparison</translation>
+    </message>
+    <message id="1740">
+        <source>differs</source>
+        <extracomment>Of two values</extracomment>
+        <translation>differs</translation>
+    </message>
+    <message id="1741">
+        <source>equal</source>
+        <extracomment>Of two values</extracomment>
+        <translation>equal</translation>
+    </message>
+    <message id="1742">
+        <source>Name</source>
+        <extracomment>Column heading</extracomment>
+        <translation>Name</translation>
+    </message>
+    <message id="1743">
+        <source>To Be Written</source>
+        <extracomment>Column heading</extracomment>
+        <translation>To Be Written</translation>
+    </message>
+    <message id="1744">
+        <source>stays as it is</source>
+        <translation>stays as it is</translation>
+    </message>
+    <message id="1745">
+        <source>with this sensor's own multiplier</source>
+        <translation>with this sensor's own multiplier</translation>
+    </message>
+    <message id="1746">
+        <source>The saved data format asks for the position stream. That is never written.</source>
+        <translation>The saved data format asks for the position stream. That is never written.</translation>
+    </message>
+    <message id="1747">
+        <source>computed from this sensor's own pulse velocity</source>
+        <translation>computed from this sensor's own pulse velocity</translation>
+    </message>
+    <message id="1748">
+        <source>this sensor's own length; the saved offset belongs to another stroke length or multiplier</source>
+        <translation>this sensor's own length; the saved offset belongs to another stroke length or multiplier</translation>
+    </message>
+    <message id="1749">
+        <source>The calibration is the saved one: it looks like the same sensor. Suggested: all parameters.</source>
+        <translation>The calibration is the saved one: it looks like the same sensor. Suggested: all parameters.</translation>
+    </message>
+    <message id="1750">
+        <source>The calibration is not the saved one (%1): this may be another sensor. Choose what is to be written.</source>
+        <extracomment>%1 parameters</extracomment>
+        <translation>The calibration is not the saved one (%1): this may be another sensor. Choose what is to be written.</translation>
+    </message>
+    <message id="1751">
+        <source>All parameters: the sensor becomes what was saved, its calibration included</source>
+        <translation>All parameters: the sensor becomes what was saved, its calibration included</translation>
+    </message>
+    <message id="1752">
+        <source>Output settings only, for a replaced sensor: this sensor's calibration stays</source>
+        <translation>Output settings only, for a replaced sensor: this sensor's calibration stays</translation>
+    </message>
+    <message id="1753">
+        <source>Write</source>
+        <extracomment>Button</extracomment>
+        <translation>Write</translation>
+    </message>
+    <message id="1754">
+        <source>Comparisons (*.csv);;All files (*)</source>
+        <extracomment>File filter</extracomment>
+        <translation>Comparisons (*.csv);;All files (*)</translation>
+    </message>
+    <message id="1755">
+        <source>A backup does not hold: %1</source>
+        <extracomment>%1 parameters</extracomment>
+        <translation>A backup does not hold: %1</translation>
+    </message>
+    <message id="1756">
+        <source>Not as it was then: %1. This may be another sensor than the one whose state was kept.</source>
+        <extracomment>%1 parameters</extracomment>
+        <translation>Not as it was then: %1. This may be another sensor than the one whose state was kept.</translation>
+    </message>
+    <message id="1757">
+        <source>The measurement direction differs, and the saved offset cannot be taken over: it is to be calculated on the page Output Setup.</source>
+        <translation>The measurement direction differs, and the saved offset cannot be taken over: it is to be calculated on the page Output Setup.</translation>
+    </message>
+    <message id="1758">
+        <source>Nothing differs: the sensor already has all that would be written. Nothing was written.</source>
+        <translation>Nothing differs: the sensor already has all that would be written. Nothing was written.</translation>
+    </message>
+    <message id="1759">
+        <source>This state was kept of a sensor of another type. Nothing was written.</source>
+        <translation>This state was kept of a sensor of another type. Nothing was written.</translation>
+    </message>
+    <message id="1760">
+        <source>E&amp;arlier States…</source>
+        <translation>E&amp;arlier States…</translation>
+    </message>
+    <message id="1761">
+        <source>Earlier States</source>
+        <translation>Earlier States</translation>
+    </message>
+    <message id="1762">
+        <source>Only of the connected sensor</source>
+        <translation>Only of the connected sensor</translation>
+    </message>
+    <message id="1763">
+        <source>Time</source>
+        <translation>Time</translation>
+    </message>
+    <message id="1764">
+        <source>Port and Device</source>
+        <translation>Port and Device</translation>
+    </message>
+    <message id="1765">
+        <source>Revision</source>
+        <translation>Revision</translation>
+    </message>
+    <message id="1766">
+        <source>Written by</source>
+        <translation>Written by</translation>
+    </message>
+    <message id="1767">
+        <source>Written</source>
+        <translation>Written</translation>
+    </message>
+    <message id="1768">
+        <source>Outcome</source>
+        <translation>Outcome</translation>
+    </message>
+    <message id="1769">
+        <source>Before</source>
+        <translation>Before</translation>
+    </message>
+    <message id="1770">
+        <source>%1 (raw)</source>
+        <extracomment>%1: Before, or Written</extracomment>
+        <translation>%1 (raw)</translation>
+    </message>
+    <message id="1771">
+        <source>Unfinished: it is not known how much of it was written.</source>
+        <translation>Unfinished: it is not known how much of it was written.</translation>
+    </message>
+    <message id="1772">
+        <source>Files in %1 that could not be read: %2</source>
+        <extracomment>%1: folder, %2: how many</extracomment>
+        <translation>Files in %1 that could not be read: %2</translation>
+    </message>
+    <message id="1773">
+        <source>Delete ...</source>
+        <translation>Delete ...</translation>
+    </message>
+    <message id="1774">
+        <source>Delete the state of %1? It can then not be put back any more.</source>
+        <extracomment>%1: time</extracomment>
+        <translation>Delete the state of %1? It can then not be put back any more.</translation>
+    </message>
+    <message id="1775">
+        <source>Close</source>
+        <translation>Close</translation>
+    </message>
+    <message id="1776">
+        <source>A write to this sensor (%1, %2) on %3 was not finished: the sensor may have all of it, a part of it or nothing.</source>
+        <extracomment>%1: device, %2: version answer, %3: time</extracomment>
+        <translation>A write to this sensor (%1, %2) on %3 was not finished: the sensor may have all of it, a part of it or nothing.</translation>
+    </message>
+    <message id="1777">
+        <source>Show ...</source>
+        <translation>Show ...</translation>
+    </message>
+    <message id="1778">
+        <source>Earlier state put back</source>
+        <translation>Earlier state put back</translation>
+    </message>
+    <message id="1779">
+        <source>Command line</source>
+        <translation>Command line</translation>
+    </message>
+    <message id="1780">
+        <source>Changes not applied: %1</source>
+        <extracomment>%1 number, from 1 on</extracomment>
+        <translation>Changes not applied: %1</translation>
+    </message>
+    <message id="1781">
+        <source>Changes on this page that have not been applied: %1. Discard them?</source>
+        <extracomment>%1 number, from 1 on</extracomment>
+        <translation>Changes on this page that have not been applied: %1. Discard them?</translation>
+    </message>
+    <message id="1782">
+        <source>Stay</source>
+        <translation>Stay</translation>
+    </message>
+    <message id="1783">
+        <source>Discard</source>
+        <translation>Discard</translation>
+    </message>
+    <message id="1784">
+        <source>Read: %1</source>
+        <extracomment>%1 value</extracomment>
+        <translation>Read: %1</translation>
+    </message>
+    <message id="1785">
+        <source>Nothing was read that can be shown here.</source>
+        <translation>Nothing was read that can be shown here.</translation>
+    </message>
+    <message id="1786">
+        <source>Nothing was changed. Write the values all the same?</source>
+        <translation>Nothing was changed. Write the values all the same?</translation>
+    </message>
+    <message id="1800">
+        <source>The data format has the multiplier %1, and the offset was not entered anew. What shall be written?</source>
+        <extracomment>%1 multiplier</extracomment>
+        <translation>The data format has the multiplier %1, and the offset was not entered anew. What shall be written?</translation>
+    </message>
+    <message id="1801">
+        <source>Offset so far: %1</source>
+        <extracomment>%1: counts and length</extracomment>
+        <translation>Offset so far: %1</translation>
+    </message>
+    <message id="1802">
+        <source>Keep the length: %1</source>
+        <extracomment>%1 counts and length</extracomment>
+        <translation>Keep the length: %1</translation>
+    </message>
+    <message id="1803">
+        <source>Write it multiplied: %1</source>
+        <extracomment>%1 counts and length</extracomment>
+        <translation>Write it multiplied: %1</translation>
+    </message>
+    <message id="1804">
+        <source>Keep the Length</source>
+        <translation>Keep the Length</translation>
+    </message>
+    <message id="1805">
+        <source>Write It Multiplied</source>
+        <translation>Write It Multiplied</translation>
+    </message>
 </context>
 </TS>

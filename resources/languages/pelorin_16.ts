@@ -1134,5 +1134,399 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <extracomment>%1 value</extracomment>
         <translation>Il valore QDL3NodeID delle impostazioni è %1. Il visualizzatore ha bisogno di un nodo da 0 a 9.</translation>
     </message>
+    <message id="1700">
+        <source>Reading what the sensor has ...</source>
+        <translation>Lettura dello stato del sensore ...</translation>
+    </message>
+    <message id="1701">
+        <source>Restarting the sensor ...</source>
+        <translation>Riavvio del sensore ...</translation>
+    </message>
+    <message id="1702">
+        <source>Comparing what the sensor has with what was written ...</source>
+        <translation>Confronto dello stato del sensore con quanto scritto ...</translation>
+    </message>
+    <message id="1703">
+        <source>Verified: after a restart the sensor has all that was written.</source>
+        <translation>Verificato: dopo un riavvio il sensore ha tutto ciò che è stato scritto.</translation>
+    </message>
+    <message id="1704">
+        <source>Differs: the sensor does not have all that was written.</source>
+        <translation>Differenza: il sensore non ha tutto ciò che è stato scritto.</translation>
+    </message>
+    <message id="1705">
+        <source>Not checked: it is not known what the sensor has.</source>
+        <translation>Non controllato: non si sa che cosa abbia il sensore.</translation>
+    </message>
+    <message id="1706">
+        <source>Nothing was written.</source>
+        <translation>Non è stato scritto nulla.</translation>
+    </message>
+    <message id="1707">
+        <source>Differs: nothing was changed, the sensor has all that it had before.</source>
+        <translation>Differenza: non è cambiato nulla, il sensore ha tutto ciò che aveva prima.</translation>
+    </message>
+    <message id="1708">
+        <source>%1: written %2; the sensor has %3</source>
+        <extracomment>%1 parameter, %2 and %3 values</extracomment>
+        <translation>%1: scritto %2; il sensore ha %3</translation>
+    </message>
+    <message id="1709">
+        <source>No usable answer: %1</source>
+        <extracomment>%1 parameters</extracomment>
+        <translation>Nessuna risposta utilizzabile: %1</translation>
+    </message>
+    <message id="1710">
+        <source>The sensor answers what was written, but it was not restarted and may not have stored it.</source>
+        <translation>Il sensore risponde quanto scritto, ma non è stato riavviato e forse non l'ha memorizzato.</translation>
+    </message>
+    <message id="1711">
+        <source>The sensor did not answer afterwards.</source>
+        <translation>Il sensore non ha risposto in seguito.</translation>
+    </message>
+    <message id="1712">
+        <source>Another sensor has answered after the restart.</source>
+        <translation>Dopo il riavvio ha risposto un altro sensore.</translation>
+    </message>
+    <message id="1713">
+        <source>The program was closed before the sensor could be read.</source>
+        <translation>Il programma è stato chiuso prima di poter leggere il sensore.</translation>
+    </message>
+    <message id="1714">
+        <source>Safe writes are switched off.</source>
+        <translation>La scrittura sicura è disattivata.</translation>
+    </message>
+    <message id="1715">
+        <source>It is compared when this sensor is connected again.</source>
+        <translation>Il confronto avverrà quando questo sensore sarà ricollegato.</translation>
+    </message>
+    <message id="1716">
+        <source>The offset has come back as it was before it was multiplied: the sensor may divide it.</source>
+        <translation>L'offset è tornato com'era prima della moltiplicazione: forse il sensore lo divide.</translation>
+    </message>
+    <message id="1717">
+        <source>The sensor no longer has what is shown: %1. Click Refresh, then enter your changes again.</source>
+        <extracomment>%1 parameters</extracomment>
+        <translation>Il sensore non ha più ciò che è mostrato: %1. Fare clic su Aggiorna e inserire di nuovo le modifiche.</translation>
+    </message>
+    <message id="1718">
+        <source>What the sensor has now could not be kept:
+%1
+Without that it cannot be put back. Write all the same?</source>
+        <extracomment>%1 what failed</extracomment>
+        <translation>Non è stato possibile conservare ciò che il sensore ha ora:
+%1
+Senza di ciò non può essere ripristinato. Scrivere comunque?</translation>
+    </message>
+    <message id="1719">
+        <source>These parameters of the sensor could not be read, so that they cannot be put back: %1. Write all the same?</source>
+        <extracomment>%1 parameters</extracomment>
+        <translation>Questi parametri del sensore non sono stati letti e quindi non potranno essere ripristinati: %1. Scrivere comunque?</translation>
+    </message>
+    <message id="1720">
+        <source>Write All the Same</source>
+        <translation>Scrivi comunque</translation>
+    </message>
+    <message id="1721">
+        <source>Do Not Write</source>
+        <translation>Non scrivere</translation>
+    </message>
+    <message id="1722">
+        <source>Write Again</source>
+        <translation>Scrivi di nuovo</translation>
+    </message>
+    <message id="1723">
+        <source>Put Back ...</source>
+        <translation>Ripristina ...</translation>
+    </message>
+    <message id="1724">
+        <source>%1 counts</source>
+        <extracomment>%1 number</extracomment>
+        <translation>%1 passi</translation>
+    </message>
+    <message id="1725">
+        <source>Notice</source>
+        <translation>Avviso</translation>
+    </message>
+    <message id="1730">
+        <source>&amp;Compare with Backup…</source>
+        <extracomment>Menu item</extracomment>
+        <translation>&amp;Confronta con backup…</translation>
+    </message>
+    <message id="1731">
+        <source>Compare with Backup</source>
+        <translation>Confronta con backup</translation>
+    </message>
+    <message id="1732">
+        <source>The sensor no longer has what the review showed: %1. Read it again.</source>
+        <extracomment>%1 parameters</extracomment>
+        <translation>Il sensore non ha più quanto mostrato dalla verifica: %1. Rileggerlo.</translation>
+    </message>
+    <message id="1733">
+        <source>Review Before Writing</source>
+        <translation>Verifica prima della scrittura</translation>
+    </message>
+    <message id="1734">
+        <source>Put Back</source>
+        <extracomment>Title</extracomment>
+        <translation>Ripristina uno stato precedente</translation>
+    </message>
+    <message id="1735">
+        <source>Sensor</source>
+        <extracomment>Column heading</extracomment>
+        <translation>Sensore</translation>
+    </message>
+    <message id="1736">
+        <source>File</source>
+        <extracomment>Column heading</extracomment>
+        <translation>File</translation>
+    </message>
+    <message id="1737">
+        <source>Earlier</source>
+        <extracomment>Column heading: the value that the sensor had</extracomment>
+        <translation>Prima</translation>
+    </message>
+    <message id="1738">
+        <source>%1, in words</source>
+        <extracomment>Column heading; %1 whose value</extracomment>
+        <translation>%1, in parole</translation>
+    </message>
+    <message id="1739">
+        <source>Comparison</source>
+        <extracomment>Window title and column heading</extracomment>
+        <translation>Confronto</translation>
+    </message>
+    <message id="1740">
+        <source>differs</source>
+        <extracomment>Of two values</extracomment>
+        <translation>diverso</translation>
+    </message>
+    <message id="1741">
+        <source>equal</source>
+        <extracomment>Of two values</extracomment>
+        <translation>uguale</translation>
+    </message>
+    <message id="1742">
+        <source>Name</source>
+        <extracomment>Column heading</extracomment>
+        <translation>Nome</translation>
+    </message>
+    <message id="1743">
+        <source>To Be Written</source>
+        <extracomment>Column heading</extracomment>
+        <translation>Da scrivere</translation>
+    </message>
+    <message id="1744">
+        <source>stays as it is</source>
+        <translation>resta com'è</translation>
+    </message>
+    <message id="1745">
+        <source>with this sensor's own multiplier</source>
+        <translation>con il moltiplicatore proprio di questo sensore</translation>
+    </message>
+    <message id="1746">
+        <source>The saved data format asks for the position stream. That is never written.</source>
+        <translation>Il formato dati salvato richiede il flusso di posizioni. Questo non viene mai scritto.</translation>
+    </message>
+    <message id="1747">
+        <source>computed from this sensor's own pulse velocity</source>
+        <translation>calcolato dalla velocità dell'impulso propria di questo sensore</translation>
+    </message>
+    <message id="1748">
+        <source>this sensor's own length; the saved offset belongs to another stroke length or multiplier</source>
+        <translation>lunghezza propria di questo sensore; l'offset salvato appartiene a un'altra lunghezza corsa o a un altro moltiplicatore</translation>
+    </message>
+    <message id="1749">
+        <source>The calibration is the saved one: it looks like the same sensor. Suggested: all parameters.</source>
+        <translation>La calibrazione è quella salvata: sembra lo stesso sensore. Proposta: tutti i parametri.</translation>
+    </message>
+    <message id="1750">
+        <source>The calibration is not the saved one (%1): this may be another sensor. Choose what is to be written.</source>
+        <extracomment>%1 parameters</extracomment>
+        <translation>La calibrazione non è quella salvata (%1): può essere un altro sensore. Scegliere che cosa scrivere.</translation>
+    </message>
+    <message id="1751">
+        <source>All parameters: the sensor becomes what was saved, its calibration included</source>
+        <translation>Tutti i parametri: il sensore diventa ciò che è stato salvato, calibrazione compresa</translation>
+    </message>
+    <message id="1752">
+        <source>Output settings only, for a replaced sensor: this sensor's calibration stays</source>
+        <translation>Solo le impostazioni uscita, per un sensore sostituito: la calibrazione di questo sensore resta</translation>
+    </message>
+    <message id="1753">
+        <source>Write</source>
+        <extracomment>Button</extracomment>
+        <translation>Scrivi</translation>
+    </message>
+    <message id="1754">
+        <source>Comparisons (*.csv);;All files (*)</source>
+        <extracomment>File filter</extracomment>
+        <translation>Confronti (*.csv);;Tutti i file (*)</translation>
+    </message>
+    <message id="1755">
+        <source>A backup does not hold: %1</source>
+        <extracomment>%1 parameters</extracomment>
+        <translation>Un backup non contiene: %1</translation>
+    </message>
+    <message id="1756">
+        <source>Not as it was then: %1. This may be another sensor than the one whose state was kept.</source>
+        <extracomment>%1 parameters</extracomment>
+        <translation>Non come allora: %1. Può essere un sensore diverso da quello il cui stato è stato conservato.</translation>
+    </message>
+    <message id="1757">
+        <source>The measurement direction differs, and the saved offset cannot be taken over: it is to be calculated on the page Output Setup.</source>
+        <translation>La direzione di misura è diversa e l'offset salvato non può essere ripreso: va calcolato nella pagina Impostazioni uscita.</translation>
+    </message>
+    <message id="1758">
+        <source>Nothing differs: the sensor already has all that would be written. Nothing was written.</source>
+        <translation>Nessuna differenza: il sensore ha già tutto ciò che verrebbe scritto. Non è stato scritto nulla.</translation>
+    </message>
+    <message id="1759">
+        <source>This state was kept of a sensor of another type. Nothing was written.</source>
+        <translation>Questo stato è di un sensore di un altro tipo. Non è stato scritto nulla.</translation>
+    </message>
+    <message id="1760">
+        <source>E&amp;arlier States…</source>
+        <translation>Stati &amp;precedenti…</translation>
+    </message>
+    <message id="1761">
+        <source>Earlier States</source>
+        <translation>Stati precedenti</translation>
+    </message>
+    <message id="1762">
+        <source>Only of the connected sensor</source>
+        <translation>Solo del sensore connesso</translation>
+    </message>
+    <message id="1763">
+        <source>Time</source>
+        <translation>Ora</translation>
+    </message>
+    <message id="1764">
+        <source>Port and Device</source>
+        <translation>Porta e dispositivo</translation>
+    </message>
+    <message id="1765">
+        <source>Revision</source>
+        <translation>Revisione</translation>
+    </message>
+    <message id="1766">
+        <source>Written by</source>
+        <translation>Scritto da</translation>
+    </message>
+    <message id="1767">
+        <source>Written</source>
+        <translation>Scritto</translation>
+    </message>
+    <message id="1768">
+        <source>Outcome</source>
+        <translation>Esito</translation>
+    </message>
+    <message id="1769">
+        <source>Before</source>
+        <translation>Prima</translation>
+    </message>
+    <message id="1770">
+        <source>%1 (raw)</source>
+        <extracomment>%1: Before, or Written</extracomment>
+        <translation>%1 (grezzo)</translation>
+    </message>
+    <message id="1771">
+        <source>Unfinished: it is not known how much of it was written.</source>
+        <translation>Non terminato: non si sa quanto ne sia stato scritto.</translation>
+    </message>
+    <message id="1772">
+        <source>Files in %1 that could not be read: %2</source>
+        <extracomment>%1: folder, %2: how many</extracomment>
+        <translation>File in %1 che non è stato possibile leggere: %2</translation>
+    </message>
+    <message id="1773">
+        <source>Delete ...</source>
+        <translation>Elimina ...</translation>
+    </message>
+    <message id="1774">
+        <source>Delete the state of %1? It can then not be put back any more.</source>
+        <extracomment>%1: time</extracomment>
+        <translation>Eliminare lo stato del %1? Non potrà quindi più essere ripristinato.</translation>
+    </message>
+    <message id="1775">
+        <source>Close</source>
+        <translation>Chiudi</translation>
+    </message>
+    <message id="1776">
+        <source>A write to this sensor (%1, %2) on %3 was not finished: the sensor may have all of it, a part of it or nothing.</source>
+        <extracomment>%1: device, %2: version answer, %3: time</extracomment>
+        <translation>Una scrittura in questo sensore (%1, %2) del %3 non è stata terminata: il sensore può averne tutto, una parte o nulla.</translation>
+    </message>
+    <message id="1777">
+        <source>Show ...</source>
+        <translation>Mostra ...</translation>
+    </message>
+    <message id="1778">
+        <source>Earlier state put back</source>
+        <translation>Stato precedente ripristinato</translation>
+    </message>
+    <message id="1779">
+        <source>Command line</source>
+        <translation>Riga di comando</translation>
+    </message>
+    <message id="1780">
+        <source>Changes not applied: %1</source>
+        <extracomment>%1 number, from 1 on</extracomment>
+        <translation>Modifiche non applicate: %1</translation>
+    </message>
+    <message id="1781">
+        <source>Changes on this page that have not been applied: %1. Discard them?</source>
+        <extracomment>%1 number, from 1 on</extracomment>
+        <translation>Modifiche di questa pagina non ancora applicate: %1. Eliminarle?</translation>
+    </message>
+    <message id="1782">
+        <source>Stay</source>
+        <translation>Rimani</translation>
+    </message>
+    <message id="1783">
+        <source>Discard</source>
+        <translation>Elimina</translation>
+    </message>
+    <message id="1784">
+        <source>Read: %1</source>
+        <extracomment>%1 value</extracomment>
+        <translation>Letto: %1</translation>
+    </message>
+    <message id="1785">
+        <source>Nothing was read that can be shown here.</source>
+        <translation>Non è stato letto nulla che possa essere mostrato qui.</translation>
+    </message>
+    <message id="1786">
+        <source>Nothing was changed. Write the values all the same?</source>
+        <translation>Non è stato modificato nulla. Scrivere comunque i valori?</translation>
+    </message>
+    <message id="1800">
+        <source>The data format has the multiplier %1, and the offset was not entered anew. What shall be written?</source>
+        <extracomment>%1 multiplier</extracomment>
+        <translation>Il formato dati ha il moltiplicatore %1 e l'offset non è stato reinserito. Che cosa deve essere scritto?</translation>
+    </message>
+    <message id="1801">
+        <source>Offset so far: %1</source>
+        <extracomment>%1: counts and length</extracomment>
+        <translation>Offset finora: %1</translation>
+    </message>
+    <message id="1802">
+        <source>Keep the length: %1</source>
+        <extracomment>%1 counts and length</extracomment>
+        <translation>Mantenere la lunghezza: %1</translation>
+    </message>
+    <message id="1803">
+        <source>Write it multiplied: %1</source>
+        <extracomment>%1 counts and length</extracomment>
+        <translation>Scrivere moltiplicato: %1</translation>
+    </message>
+    <message id="1804">
+        <source>Keep the Length</source>
+        <translation>Mantieni la lunghezza</translation>
+    </message>
+    <message id="1805">
+        <source>Write It Multiplied</source>
+        <translation>Scrivi moltiplicato</translation>
+    </message>
 </context>
 </TS>

@@ -1134,5 +1134,399 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <extracomment>%1 value</extracomment>
         <translation>Der Wert QDL3NodeID der Einstellungen ist %1. Das Anzeigegerät braucht einen Knoten von 0 bis 9.</translation>
     </message>
+    <message id="1700">
+        <source>Reading what the sensor has ...</source>
+        <translation>Der Stand des Sensors wird gelesen ...</translation>
+    </message>
+    <message id="1701">
+        <source>Restarting the sensor ...</source>
+        <translation>Der Sensor wird neu gestartet ...</translation>
+    </message>
+    <message id="1702">
+        <source>Comparing what the sensor has with what was written ...</source>
+        <translation>Der Stand des Sensors wird mit dem Geschriebenen verglichen ...</translation>
+    </message>
+    <message id="1703">
+        <source>Verified: after a restart the sensor has all that was written.</source>
+        <translation>Geprüft: nach einem Neustart hat der Sensor alles Geschriebene.</translation>
+    </message>
+    <message id="1704">
+        <source>Differs: the sensor does not have all that was written.</source>
+        <translation>Abweichung: der Sensor hat nicht alles Geschriebene.</translation>
+    </message>
+    <message id="1705">
+        <source>Not checked: it is not known what the sensor has.</source>
+        <translation>Nicht geprüft: was der Sensor hat, ist nicht bekannt.</translation>
+    </message>
+    <message id="1706">
+        <source>Nothing was written.</source>
+        <translation>Es wurde nichts geschrieben.</translation>
+    </message>
+    <message id="1707">
+        <source>Differs: nothing was changed, the sensor has all that it had before.</source>
+        <translation>Abweichung: es wurde nichts geändert, der Sensor hat alles wie zuvor.</translation>
+    </message>
+    <message id="1708">
+        <source>%1: written %2; the sensor has %3</source>
+        <extracomment>%1 parameter, %2 and %3 values</extracomment>
+        <translation>%1: geschrieben %2; der Sensor hat %3</translation>
+    </message>
+    <message id="1709">
+        <source>No usable answer: %1</source>
+        <extracomment>%1 parameters</extracomment>
+        <translation>Keine brauchbare Antwort: %1</translation>
+    </message>
+    <message id="1710">
+        <source>The sensor answers what was written, but it was not restarted and may not have stored it.</source>
+        <translation>Der Sensor antwortet das Geschriebene, wurde aber nicht neu gestartet und hat es vielleicht nicht gespeichert.</translation>
+    </message>
+    <message id="1711">
+        <source>The sensor did not answer afterwards.</source>
+        <translation>Der Sensor hat danach nicht geantwortet.</translation>
+    </message>
+    <message id="1712">
+        <source>Another sensor has answered after the restart.</source>
+        <translation>Nach dem Neustart hat ein anderer Sensor geantwortet.</translation>
+    </message>
+    <message id="1713">
+        <source>The program was closed before the sensor could be read.</source>
+        <translation>Das Programm wurde beendet, bevor der Sensor gelesen werden konnte.</translation>
+    </message>
+    <message id="1714">
+        <source>Safe writes are switched off.</source>
+        <translation>Sicheres Schreiben ist ausgeschaltet.</translation>
+    </message>
+    <message id="1715">
+        <source>It is compared when this sensor is connected again.</source>
+        <translation>Verglichen wird, wenn dieser Sensor wieder verbunden ist.</translation>
+    </message>
+    <message id="1716">
+        <source>The offset has come back as it was before it was multiplied: the sensor may divide it.</source>
+        <translation>Der Offset kam so zurück, wie er vor der Multiplikation war: der Sensor teilt ihn vielleicht.</translation>
+    </message>
+    <message id="1717">
+        <source>The sensor no longer has what is shown: %1. Click Refresh, then enter your changes again.</source>
+        <extracomment>%1 parameters</extracomment>
+        <translation>Der Sensor hat nicht mehr, was angezeigt wird: %1. Klicken Sie auf Aktualisieren und geben Sie die Änderungen erneut ein.</translation>
+    </message>
+    <message id="1718">
+        <source>What the sensor has now could not be kept:
+%1
+Without that it cannot be put back. Write all the same?</source>
+        <extracomment>%1 what failed</extracomment>
+        <translation>Was der Sensor jetzt hat, konnte nicht aufbewahrt werden:
+%1
+Ohne das kann es nicht zurückgeschrieben werden. Trotzdem schreiben?</translation>
+    </message>
+    <message id="1719">
+        <source>These parameters of the sensor could not be read, so that they cannot be put back: %1. Write all the same?</source>
+        <extracomment>%1 parameters</extracomment>
+        <translation>Diese Parameter des Sensors konnten nicht gelesen werden und lassen sich deshalb nicht zurückschreiben: %1. Trotzdem schreiben?</translation>
+    </message>
+    <message id="1720">
+        <source>Write All the Same</source>
+        <translation>Trotzdem schreiben</translation>
+    </message>
+    <message id="1721">
+        <source>Do Not Write</source>
+        <translation>Nicht schreiben</translation>
+    </message>
+    <message id="1722">
+        <source>Write Again</source>
+        <translation>Erneut schreiben</translation>
+    </message>
+    <message id="1723">
+        <source>Put Back ...</source>
+        <translation>Zurückschreiben ...</translation>
+    </message>
+    <message id="1724">
+        <source>%1 counts</source>
+        <extracomment>%1 number</extracomment>
+        <translation>%1 Schritte</translation>
+    </message>
+    <message id="1725">
+        <source>Notice</source>
+        <translation>Hinweis</translation>
+    </message>
+    <message id="1730">
+        <source>&amp;Compare with Backup…</source>
+        <extracomment>Menu item</extracomment>
+        <translation>Mit Sicherung &amp;vergleichen …</translation>
+    </message>
+    <message id="1731">
+        <source>Compare with Backup</source>
+        <translation>Mit Sicherung vergleichen</translation>
+    </message>
+    <message id="1732">
+        <source>The sensor no longer has what the review showed: %1. Read it again.</source>
+        <extracomment>%1 parameters</extracomment>
+        <translation>Der Sensor hat nicht mehr, was die Durchsicht gezeigt hat: %1. Lesen Sie ihn erneut.</translation>
+    </message>
+    <message id="1733">
+        <source>Review Before Writing</source>
+        <translation>Durchsicht vor dem Schreiben</translation>
+    </message>
+    <message id="1734">
+        <source>Put Back</source>
+        <extracomment>Title</extracomment>
+        <translation>Früheren Stand zurückschreiben</translation>
+    </message>
+    <message id="1735">
+        <source>Sensor</source>
+        <extracomment>Column heading</extracomment>
+        <translation>Sensor</translation>
+    </message>
+    <message id="1736">
+        <source>File</source>
+        <extracomment>Column heading</extracomment>
+        <translation>Datei</translation>
+    </message>
+    <message id="1737">
+        <source>Earlier</source>
+        <extracomment>Column heading: the value that the sensor had</extracomment>
+        <translation>Früher</translation>
+    </message>
+    <message id="1738">
+        <source>%1, in words</source>
+        <extracomment>Column heading; %1 whose value</extracomment>
+        <translation>%1, in Worten</translation>
+    </message>
+    <message id="1739">
+        <source>Comparison</source>
+        <extracomment>Window title and column heading</extracomment>
+        <translation>Vergleich</translation>
+    </message>
+    <message id="1740">
+        <source>differs</source>
+        <extracomment>Of two values</extracomment>
+        <translation>verschieden</translation>
+    </message>
+    <message id="1741">
+        <source>equal</source>
+        <extracomment>Of two values</extracomment>
+        <translation>gleich</translation>
+    </message>
+    <message id="1742">
+        <source>Name</source>
+        <extracomment>Column heading</extracomment>
+        <translation>Name</translation>
+    </message>
+    <message id="1743">
+        <source>To Be Written</source>
+        <extracomment>Column heading</extracomment>
+        <translation>Wird geschrieben</translation>
+    </message>
+    <message id="1744">
+        <source>stays as it is</source>
+        <translation>bleibt, wie es ist</translation>
+    </message>
+    <message id="1745">
+        <source>with this sensor's own multiplier</source>
+        <translation>mit dem eigenen Multiplikator dieses Sensors</translation>
+    </message>
+    <message id="1746">
+        <source>The saved data format asks for the position stream. That is never written.</source>
+        <translation>Das gesicherte Datenformat verlangt die laufende Positionsausgabe. Diese wird nie geschrieben.</translation>
+    </message>
+    <message id="1747">
+        <source>computed from this sensor's own pulse velocity</source>
+        <translation>berechnet aus der eigenen Impulsgeschwindigkeit dieses Sensors</translation>
+    </message>
+    <message id="1748">
+        <source>this sensor's own length; the saved offset belongs to another stroke length or multiplier</source>
+        <translation>eigene Länge dieses Sensors; der gesicherte Offset gehört zu einer anderen Messlänge oder einem anderen Multiplikator</translation>
+    </message>
+    <message id="1749">
+        <source>The calibration is the saved one: it looks like the same sensor. Suggested: all parameters.</source>
+        <translation>Die Kalibrierung ist die gesicherte: Es sieht nach demselben Sensor aus. Vorschlag: alle Parameter.</translation>
+    </message>
+    <message id="1750">
+        <source>The calibration is not the saved one (%1): this may be another sensor. Choose what is to be written.</source>
+        <extracomment>%1 parameters</extracomment>
+        <translation>Die Kalibrierung ist nicht die gesicherte (%1): Dies kann ein anderer Sensor sein. Wählen Sie, was geschrieben werden soll.</translation>
+    </message>
+    <message id="1751">
+        <source>All parameters: the sensor becomes what was saved, its calibration included</source>
+        <translation>Alle Parameter: Der Sensor wird, was gesichert wurde, einschließlich seiner Kalibrierung</translation>
+    </message>
+    <message id="1752">
+        <source>Output settings only, for a replaced sensor: this sensor's calibration stays</source>
+        <translation>Nur Ausgabeeinstellungen, für einen ausgetauschten Sensor: Die Kalibrierung dieses Sensors bleibt</translation>
+    </message>
+    <message id="1753">
+        <source>Write</source>
+        <extracomment>Button</extracomment>
+        <translation>Schreiben</translation>
+    </message>
+    <message id="1754">
+        <source>Comparisons (*.csv);;All files (*)</source>
+        <extracomment>File filter</extracomment>
+        <translation>Vergleiche (*.csv);;Alle Dateien (*)</translation>
+    </message>
+    <message id="1755">
+        <source>A backup does not hold: %1</source>
+        <extracomment>%1 parameters</extracomment>
+        <translation>Eine Sicherung enthält nicht: %1</translation>
+    </message>
+    <message id="1756">
+        <source>Not as it was then: %1. This may be another sensor than the one whose state was kept.</source>
+        <extracomment>%1 parameters</extracomment>
+        <translation>Nicht wie damals: %1. Dies kann ein anderer Sensor sein als der, dessen Stand aufbewahrt wurde.</translation>
+    </message>
+    <message id="1757">
+        <source>The measurement direction differs, and the saved offset cannot be taken over: it is to be calculated on the page Output Setup.</source>
+        <translation>Die Messrichtung ist verschieden, und der gesicherte Offset kann nicht übernommen werden: Er ist auf der Seite Ausgabeeinstellungen zu berechnen.</translation>
+    </message>
+    <message id="1758">
+        <source>Nothing differs: the sensor already has all that would be written. Nothing was written.</source>
+        <translation>Es gibt keine Abweichung: Der Sensor hat schon alles, was geschrieben würde. Es wurde nichts geschrieben.</translation>
+    </message>
+    <message id="1759">
+        <source>This state was kept of a sensor of another type. Nothing was written.</source>
+        <translation>Dieser Stand stammt von einem Sensor eines anderen Typs. Es wurde nichts geschrieben.</translation>
+    </message>
+    <message id="1760">
+        <source>E&amp;arlier States…</source>
+        <translation>&amp;Frühere Stände…</translation>
+    </message>
+    <message id="1761">
+        <source>Earlier States</source>
+        <translation>Frühere Stände</translation>
+    </message>
+    <message id="1762">
+        <source>Only of the connected sensor</source>
+        <translation>Nur des verbundenen Sensors</translation>
+    </message>
+    <message id="1763">
+        <source>Time</source>
+        <translation>Zeit</translation>
+    </message>
+    <message id="1764">
+        <source>Port and Device</source>
+        <translation>Anschluss und Gerät</translation>
+    </message>
+    <message id="1765">
+        <source>Revision</source>
+        <translation>Revision</translation>
+    </message>
+    <message id="1766">
+        <source>Written by</source>
+        <translation>Geschrieben von</translation>
+    </message>
+    <message id="1767">
+        <source>Written</source>
+        <translation>Geschrieben</translation>
+    </message>
+    <message id="1768">
+        <source>Outcome</source>
+        <translation>Ergebnis</translation>
+    </message>
+    <message id="1769">
+        <source>Before</source>
+        <translation>Zuvor</translation>
+    </message>
+    <message id="1770">
+        <source>%1 (raw)</source>
+        <extracomment>%1: Before, or Written</extracomment>
+        <translation>%1 (roh)</translation>
+    </message>
+    <message id="1771">
+        <source>Unfinished: it is not known how much of it was written.</source>
+        <translation>Nicht beendet: es ist nicht bekannt, wie viel davon geschrieben wurde.</translation>
+    </message>
+    <message id="1772">
+        <source>Files in %1 that could not be read: %2</source>
+        <extracomment>%1: folder, %2: how many</extracomment>
+        <translation>Dateien in %1, die nicht gelesen werden konnten: %2</translation>
+    </message>
+    <message id="1773">
+        <source>Delete ...</source>
+        <translation>Löschen ...</translation>
+    </message>
+    <message id="1774">
+        <source>Delete the state of %1? It can then not be put back any more.</source>
+        <extracomment>%1: time</extracomment>
+        <translation>Den Stand vom %1 löschen? Er kann dann nicht mehr zurückgeschrieben werden.</translation>
+    </message>
+    <message id="1775">
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+    <message id="1776">
+        <source>A write to this sensor (%1, %2) on %3 was not finished: the sensor may have all of it, a part of it or nothing.</source>
+        <extracomment>%1: device, %2: version answer, %3: time</extracomment>
+        <translation>Das Schreiben in diesen Sensor (%1, %2) vom %3 wurde nicht beendet: der Sensor hat vielleicht alles davon, einen Teil oder nichts.</translation>
+    </message>
+    <message id="1777">
+        <source>Show ...</source>
+        <translation>Anzeigen ...</translation>
+    </message>
+    <message id="1778">
+        <source>Earlier state put back</source>
+        <translation>Zurückgeschriebener früherer Stand</translation>
+    </message>
+    <message id="1779">
+        <source>Command line</source>
+        <translation>Befehlszeile</translation>
+    </message>
+    <message id="1780">
+        <source>Changes not applied: %1</source>
+        <extracomment>%1 number, from 1 on</extracomment>
+        <translation>Nicht übernommene Änderungen: %1</translation>
+    </message>
+    <message id="1781">
+        <source>Changes on this page that have not been applied: %1. Discard them?</source>
+        <extracomment>%1 number, from 1 on</extracomment>
+        <translation>Änderungen auf dieser Seite, die nicht übernommen sind: %1. Sollen sie verworfen werden?</translation>
+    </message>
+    <message id="1782">
+        <source>Stay</source>
+        <translation>Bleiben</translation>
+    </message>
+    <message id="1783">
+        <source>Discard</source>
+        <translation>Verwerfen</translation>
+    </message>
+    <message id="1784">
+        <source>Read: %1</source>
+        <extracomment>%1 value</extracomment>
+        <translation>Gelesen: %1</translation>
+    </message>
+    <message id="1785">
+        <source>Nothing was read that can be shown here.</source>
+        <translation>Es wurde nichts gelesen, was hier angezeigt werden kann.</translation>
+    </message>
+    <message id="1786">
+        <source>Nothing was changed. Write the values all the same?</source>
+        <translation>Es wurde nichts geändert. Sollen die Werte trotzdem geschrieben werden?</translation>
+    </message>
+    <message id="1800">
+        <source>The data format has the multiplier %1, and the offset was not entered anew. What shall be written?</source>
+        <extracomment>%1 multiplier</extracomment>
+        <translation>Das Datenformat hat den Multiplikator %1, und der Offset wurde nicht neu eingegeben. Was soll geschrieben werden?</translation>
+    </message>
+    <message id="1801">
+        <source>Offset so far: %1</source>
+        <extracomment>%1: counts and length</extracomment>
+        <translation>Offset bisher: %1</translation>
+    </message>
+    <message id="1802">
+        <source>Keep the length: %1</source>
+        <extracomment>%1 counts and length</extracomment>
+        <translation>Länge beibehalten: %1</translation>
+    </message>
+    <message id="1803">
+        <source>Write it multiplied: %1</source>
+        <extracomment>%1 counts and length</extracomment>
+        <translation>Multipliziert schreiben: %1</translation>
+    </message>
+    <message id="1804">
+        <source>Keep the Length</source>
+        <translation>Länge beibehalten</translation>
+    </message>
+    <message id="1805">
+        <source>Write It Multiplied</source>
+        <translation>Multipliziert schreiben</translation>
+    </message>
 </context>
 </TS>

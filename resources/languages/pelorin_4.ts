@@ -1134,5 +1134,399 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <extracomment>%1 value</extracomment>
         <translation>La valeur QDL3NodeID des réglages est %1. L'afficheur a besoin d'un nœud de 0 à 9.</translation>
     </message>
+    <message id="1700">
+        <source>Reading what the sensor has ...</source>
+        <translation>Lecture de l'état du capteur ...</translation>
+    </message>
+    <message id="1701">
+        <source>Restarting the sensor ...</source>
+        <translation>Redémarrage du capteur ...</translation>
+    </message>
+    <message id="1702">
+        <source>Comparing what the sensor has with what was written ...</source>
+        <translation>Comparaison de l'état du capteur avec ce qui a été écrit ...</translation>
+    </message>
+    <message id="1703">
+        <source>Verified: after a restart the sensor has all that was written.</source>
+        <translation>Vérifié : après un redémarrage, le capteur a tout ce qui a été écrit.</translation>
+    </message>
+    <message id="1704">
+        <source>Differs: the sensor does not have all that was written.</source>
+        <translation>Différence : le capteur n'a pas tout ce qui a été écrit.</translation>
+    </message>
+    <message id="1705">
+        <source>Not checked: it is not known what the sensor has.</source>
+        <translation>Non vérifié : on ne sait pas ce que le capteur contient.</translation>
+    </message>
+    <message id="1706">
+        <source>Nothing was written.</source>
+        <translation>Rien n'a été écrit.</translation>
+    </message>
+    <message id="1707">
+        <source>Differs: nothing was changed, the sensor has all that it had before.</source>
+        <translation>Différence : rien n'a changé, le capteur a tout ce qu'il avait auparavant.</translation>
+    </message>
+    <message id="1708">
+        <source>%1: written %2; the sensor has %3</source>
+        <extracomment>%1 parameter, %2 and %3 values</extracomment>
+        <translation>%1 : écrit %2 ; le capteur a %3</translation>
+    </message>
+    <message id="1709">
+        <source>No usable answer: %1</source>
+        <extracomment>%1 parameters</extracomment>
+        <translation>Pas de réponse exploitable : %1</translation>
+    </message>
+    <message id="1710">
+        <source>The sensor answers what was written, but it was not restarted and may not have stored it.</source>
+        <translation>Le capteur répond ce qui a été écrit, mais il n'a pas été redémarré et ne l'a peut-être pas enregistré.</translation>
+    </message>
+    <message id="1711">
+        <source>The sensor did not answer afterwards.</source>
+        <translation>Le capteur n'a pas répondu ensuite.</translation>
+    </message>
+    <message id="1712">
+        <source>Another sensor has answered after the restart.</source>
+        <translation>Un autre capteur a répondu après le redémarrage.</translation>
+    </message>
+    <message id="1713">
+        <source>The program was closed before the sensor could be read.</source>
+        <translation>Le programme a été fermé avant que le capteur puisse être lu.</translation>
+    </message>
+    <message id="1714">
+        <source>Safe writes are switched off.</source>
+        <translation>L'écriture sûre est désactivée.</translation>
+    </message>
+    <message id="1715">
+        <source>It is compared when this sensor is connected again.</source>
+        <translation>La comparaison aura lieu quand ce capteur sera reconnecté.</translation>
+    </message>
+    <message id="1716">
+        <source>The offset has come back as it was before it was multiplied: the sensor may divide it.</source>
+        <translation>L'offset est revenu tel qu'il était avant la multiplication : le capteur le divise peut-être.</translation>
+    </message>
+    <message id="1717">
+        <source>The sensor no longer has what is shown: %1. Click Refresh, then enter your changes again.</source>
+        <extracomment>%1 parameters</extracomment>
+        <translation>Le capteur n'a plus ce qui est affiché : %1. Cliquez sur Actualiser, puis saisissez à nouveau vos modifications.</translation>
+    </message>
+    <message id="1718">
+        <source>What the sensor has now could not be kept:
+%1
+Without that it cannot be put back. Write all the same?</source>
+        <extracomment>%1 what failed</extracomment>
+        <translation>L'état actuel du capteur n'a pas pu être conservé :
+%1
+Sans cela, il ne peut pas être rétabli. Écrire malgré tout ?</translation>
+    </message>
+    <message id="1719">
+        <source>These parameters of the sensor could not be read, so that they cannot be put back: %1. Write all the same?</source>
+        <extracomment>%1 parameters</extracomment>
+        <translation>Ces paramètres du capteur n'ont pas pu être lus et ne pourront donc pas être rétablis : %1. Écrire malgré tout ?</translation>
+    </message>
+    <message id="1720">
+        <source>Write All the Same</source>
+        <translation>Écrire malgré tout</translation>
+    </message>
+    <message id="1721">
+        <source>Do Not Write</source>
+        <translation>Ne pas écrire</translation>
+    </message>
+    <message id="1722">
+        <source>Write Again</source>
+        <translation>Réécrire</translation>
+    </message>
+    <message id="1723">
+        <source>Put Back ...</source>
+        <translation>Rétablir ...</translation>
+    </message>
+    <message id="1724">
+        <source>%1 counts</source>
+        <extracomment>%1 number</extracomment>
+        <translation>%1 pas</translation>
+    </message>
+    <message id="1725">
+        <source>Notice</source>
+        <translation>Avis</translation>
+    </message>
+    <message id="1730">
+        <source>&amp;Compare with Backup…</source>
+        <extracomment>Menu item</extracomment>
+        <translation>&amp;Comparer avec une sauvegarde…</translation>
+    </message>
+    <message id="1731">
+        <source>Compare with Backup</source>
+        <translation>Comparer avec une sauvegarde</translation>
+    </message>
+    <message id="1732">
+        <source>The sensor no longer has what the review showed: %1. Read it again.</source>
+        <extracomment>%1 parameters</extracomment>
+        <translation>Le capteur n'a plus ce que la vérification a montré : %1. Relisez-le.</translation>
+    </message>
+    <message id="1733">
+        <source>Review Before Writing</source>
+        <translation>Vérification avant l'écriture</translation>
+    </message>
+    <message id="1734">
+        <source>Put Back</source>
+        <extracomment>Title</extracomment>
+        <translation>Rétablir un état antérieur</translation>
+    </message>
+    <message id="1735">
+        <source>Sensor</source>
+        <extracomment>Column heading</extracomment>
+        <translation>Capteur</translation>
+    </message>
+    <message id="1736">
+        <source>File</source>
+        <extracomment>Column heading</extracomment>
+        <translation>Fichier</translation>
+    </message>
+    <message id="1737">
+        <source>Earlier</source>
+        <extracomment>Column heading: the value that the sensor had</extracomment>
+        <translation>Avant</translation>
+    </message>
+    <message id="1738">
+        <source>%1, in words</source>
+        <extracomment>Column heading; %1 whose value</extracomment>
+        <translation>%1, en clair</translation>
+    </message>
+    <message id="1739">
+        <source>Comparison</source>
+        <extracomment>Window title and column heading</extracomment>
+        <translation>Comparaison</translation>
+    </message>
+    <message id="1740">
+        <source>differs</source>
+        <extracomment>Of two values</extracomment>
+        <translation>différent</translation>
+    </message>
+    <message id="1741">
+        <source>equal</source>
+        <extracomment>Of two values</extracomment>
+        <translation>égal</translation>
+    </message>
+    <message id="1742">
+        <source>Name</source>
+        <extracomment>Column heading</extracomment>
+        <translation>Nom</translation>
+    </message>
+    <message id="1743">
+        <source>To Be Written</source>
+        <extracomment>Column heading</extracomment>
+        <translation>À écrire</translation>
+    </message>
+    <message id="1744">
+        <source>stays as it is</source>
+        <translation>reste inchangé</translation>
+    </message>
+    <message id="1745">
+        <source>with this sensor's own multiplier</source>
+        <translation>avec le multiplicateur propre à ce capteur</translation>
+    </message>
+    <message id="1746">
+        <source>The saved data format asks for the position stream. That is never written.</source>
+        <translation>Le format des données sauvegardé demande le flux de positions. Celui-ci n'est jamais écrit.</translation>
+    </message>
+    <message id="1747">
+        <source>computed from this sensor's own pulse velocity</source>
+        <translation>calculé avec la vitesse d'impulsion propre à ce capteur</translation>
+    </message>
+    <message id="1748">
+        <source>this sensor's own length; the saved offset belongs to another stroke length or multiplier</source>
+        <translation>longueur propre à ce capteur ; le décalage sauvegardé appartient à une autre longueur de course ou à un autre multiplicateur</translation>
+    </message>
+    <message id="1749">
+        <source>The calibration is the saved one: it looks like the same sensor. Suggested: all parameters.</source>
+        <translation>L'étalonnage est celui qui a été sauvegardé : il semble que ce soit le même capteur. Proposé : tous les paramètres.</translation>
+    </message>
+    <message id="1750">
+        <source>The calibration is not the saved one (%1): this may be another sensor. Choose what is to be written.</source>
+        <extracomment>%1 parameters</extracomment>
+        <translation>L'étalonnage n'est pas celui qui a été sauvegardé (%1) : c'est peut-être un autre capteur. Choisissez ce qui doit être écrit.</translation>
+    </message>
+    <message id="1751">
+        <source>All parameters: the sensor becomes what was saved, its calibration included</source>
+        <translation>Tous les paramètres : le capteur devient ce qui a été sauvegardé, étalonnage compris</translation>
+    </message>
+    <message id="1752">
+        <source>Output settings only, for a replaced sensor: this sensor's calibration stays</source>
+        <translation>Réglages de sortie seuls, pour un capteur remplacé : l'étalonnage de ce capteur reste</translation>
+    </message>
+    <message id="1753">
+        <source>Write</source>
+        <extracomment>Button</extracomment>
+        <translation>Écrire</translation>
+    </message>
+    <message id="1754">
+        <source>Comparisons (*.csv);;All files (*)</source>
+        <extracomment>File filter</extracomment>
+        <translation>Comparaisons (*.csv);;Tous les fichiers (*)</translation>
+    </message>
+    <message id="1755">
+        <source>A backup does not hold: %1</source>
+        <extracomment>%1 parameters</extracomment>
+        <translation>Une sauvegarde ne contient pas : %1</translation>
+    </message>
+    <message id="1756">
+        <source>Not as it was then: %1. This may be another sensor than the one whose state was kept.</source>
+        <extracomment>%1 parameters</extracomment>
+        <translation>Pas comme alors : %1. C'est peut-être un autre capteur que celui dont l'état a été conservé.</translation>
+    </message>
+    <message id="1757">
+        <source>The measurement direction differs, and the saved offset cannot be taken over: it is to be calculated on the page Output Setup.</source>
+        <translation>Le sens de mesure est différent et le décalage sauvegardé ne peut pas être repris : il est à calculer dans la page Réglage de la sortie.</translation>
+    </message>
+    <message id="1758">
+        <source>Nothing differs: the sensor already has all that would be written. Nothing was written.</source>
+        <translation>Aucune différence : le capteur a déjà tout ce qui serait écrit. Rien n'a été écrit.</translation>
+    </message>
+    <message id="1759">
+        <source>This state was kept of a sensor of another type. Nothing was written.</source>
+        <translation>Cet état provient d'un capteur d'un autre type. Rien n'a été écrit.</translation>
+    </message>
+    <message id="1760">
+        <source>E&amp;arlier States…</source>
+        <translation>États &amp;antérieurs…</translation>
+    </message>
+    <message id="1761">
+        <source>Earlier States</source>
+        <translation>États antérieurs</translation>
+    </message>
+    <message id="1762">
+        <source>Only of the connected sensor</source>
+        <translation>Seulement du capteur connecté</translation>
+    </message>
+    <message id="1763">
+        <source>Time</source>
+        <translation>Heure</translation>
+    </message>
+    <message id="1764">
+        <source>Port and Device</source>
+        <translation>Port et périphérique</translation>
+    </message>
+    <message id="1765">
+        <source>Revision</source>
+        <translation>Révision</translation>
+    </message>
+    <message id="1766">
+        <source>Written by</source>
+        <translation>Écrit par</translation>
+    </message>
+    <message id="1767">
+        <source>Written</source>
+        <translation>Écrit</translation>
+    </message>
+    <message id="1768">
+        <source>Outcome</source>
+        <translation>Résultat</translation>
+    </message>
+    <message id="1769">
+        <source>Before</source>
+        <translation>Auparavant</translation>
+    </message>
+    <message id="1770">
+        <source>%1 (raw)</source>
+        <extracomment>%1: Before, or Written</extracomment>
+        <translation>%1 (brut)</translation>
+    </message>
+    <message id="1771">
+        <source>Unfinished: it is not known how much of it was written.</source>
+        <translation>Inachevé : on ne sait pas ce qui en a été écrit.</translation>
+    </message>
+    <message id="1772">
+        <source>Files in %1 that could not be read: %2</source>
+        <extracomment>%1: folder, %2: how many</extracomment>
+        <translation>Fichiers de %1 qui n'ont pas pu être lus : %2</translation>
+    </message>
+    <message id="1773">
+        <source>Delete ...</source>
+        <translation>Supprimer ...</translation>
+    </message>
+    <message id="1774">
+        <source>Delete the state of %1? It can then not be put back any more.</source>
+        <extracomment>%1: time</extracomment>
+        <translation>Supprimer l'état du %1 ? Il ne pourra alors plus être rétabli.</translation>
+    </message>
+    <message id="1775">
+        <source>Close</source>
+        <translation>Fermer</translation>
+    </message>
+    <message id="1776">
+        <source>A write to this sensor (%1, %2) on %3 was not finished: the sensor may have all of it, a part of it or nothing.</source>
+        <extracomment>%1: device, %2: version answer, %3: time</extracomment>
+        <translation>Une écriture dans ce capteur (%1, %2) du %3 est restée inachevée : le capteur en a peut-être tout, une partie ou rien.</translation>
+    </message>
+    <message id="1777">
+        <source>Show ...</source>
+        <translation>Afficher ...</translation>
+    </message>
+    <message id="1778">
+        <source>Earlier state put back</source>
+        <translation>État antérieur rétabli</translation>
+    </message>
+    <message id="1779">
+        <source>Command line</source>
+        <translation>Ligne de commande</translation>
+    </message>
+    <message id="1780">
+        <source>Changes not applied: %1</source>
+        <extracomment>%1 number, from 1 on</extracomment>
+        <translation>Modifications non appliquées : %1</translation>
+    </message>
+    <message id="1781">
+        <source>Changes on this page that have not been applied: %1. Discard them?</source>
+        <extracomment>%1 number, from 1 on</extracomment>
+        <translation>Modifications de cette page qui ne sont pas appliquées : %1. Les abandonner ?</translation>
+    </message>
+    <message id="1782">
+        <source>Stay</source>
+        <translation>Rester</translation>
+    </message>
+    <message id="1783">
+        <source>Discard</source>
+        <translation>Abandonner</translation>
+    </message>
+    <message id="1784">
+        <source>Read: %1</source>
+        <extracomment>%1 value</extracomment>
+        <translation>Lu : %1</translation>
+    </message>
+    <message id="1785">
+        <source>Nothing was read that can be shown here.</source>
+        <translation>Rien n'a été lu qui puisse être affiché ici.</translation>
+    </message>
+    <message id="1786">
+        <source>Nothing was changed. Write the values all the same?</source>
+        <translation>Rien n'a été modifié. Écrire les valeurs quand même ?</translation>
+    </message>
+    <message id="1800">
+        <source>The data format has the multiplier %1, and the offset was not entered anew. What shall be written?</source>
+        <extracomment>%1 multiplier</extracomment>
+        <translation>Le format de données a le multiplicateur %1 et l'offset n'a pas été ressaisi. Que faut-il écrire ?</translation>
+    </message>
+    <message id="1801">
+        <source>Offset so far: %1</source>
+        <extracomment>%1: counts and length</extracomment>
+        <translation>Offset jusqu'à présent : %1</translation>
+    </message>
+    <message id="1802">
+        <source>Keep the length: %1</source>
+        <extracomment>%1 counts and length</extracomment>
+        <translation>Conserver la longueur : %1</translation>
+    </message>
+    <message id="1803">
+        <source>Write it multiplied: %1</source>
+        <extracomment>%1 counts and length</extracomment>
+        <translation>Écrire multiplié : %1</translation>
+    </message>
+    <message id="1804">
+        <source>Keep the Length</source>
+        <translation>Conserver la longueur</translation>
+    </message>
+    <message id="1805">
+        <source>Write It Multiplied</source>
+        <translation>Écrire multiplié</translation>
+    </message>
 </context>
 </TS>

@@ -1134,5 +1134,399 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <extracomment>%1 value</extracomment>
         <translation>El valor QDL3NodeID de los ajustes es %1. El visualizador necesita un nodo de 0 a 9.</translation>
     </message>
+    <message id="1700">
+        <source>Reading what the sensor has ...</source>
+        <translation>Leyendo el estado del sensor ...</translation>
+    </message>
+    <message id="1701">
+        <source>Restarting the sensor ...</source>
+        <translation>Reiniciando el sensor ...</translation>
+    </message>
+    <message id="1702">
+        <source>Comparing what the sensor has with what was written ...</source>
+        <translation>Comparando el estado del sensor con lo escrito ...</translation>
+    </message>
+    <message id="1703">
+        <source>Verified: after a restart the sensor has all that was written.</source>
+        <translation>Verificado: tras un reinicio, el sensor tiene todo lo escrito.</translation>
+    </message>
+    <message id="1704">
+        <source>Differs: the sensor does not have all that was written.</source>
+        <translation>Diferencia: el sensor no tiene todo lo escrito.</translation>
+    </message>
+    <message id="1705">
+        <source>Not checked: it is not known what the sensor has.</source>
+        <translation>No comprobado: no se sabe qué tiene el sensor.</translation>
+    </message>
+    <message id="1706">
+        <source>Nothing was written.</source>
+        <translation>No se ha escrito nada.</translation>
+    </message>
+    <message id="1707">
+        <source>Differs: nothing was changed, the sensor has all that it had before.</source>
+        <translation>Diferencia: no ha cambiado nada, el sensor tiene todo lo que tenía antes.</translation>
+    </message>
+    <message id="1708">
+        <source>%1: written %2; the sensor has %3</source>
+        <extracomment>%1 parameter, %2 and %3 values</extracomment>
+        <translation>%1: escrito %2; el sensor tiene %3</translation>
+    </message>
+    <message id="1709">
+        <source>No usable answer: %1</source>
+        <extracomment>%1 parameters</extracomment>
+        <translation>Sin respuesta utilizable: %1</translation>
+    </message>
+    <message id="1710">
+        <source>The sensor answers what was written, but it was not restarted and may not have stored it.</source>
+        <translation>El sensor responde lo escrito, pero no se ha reiniciado y quizá no lo haya guardado.</translation>
+    </message>
+    <message id="1711">
+        <source>The sensor did not answer afterwards.</source>
+        <translation>El sensor no ha respondido después.</translation>
+    </message>
+    <message id="1712">
+        <source>Another sensor has answered after the restart.</source>
+        <translation>Tras el reinicio ha respondido otro sensor.</translation>
+    </message>
+    <message id="1713">
+        <source>The program was closed before the sensor could be read.</source>
+        <translation>El programa se cerró antes de poder leer el sensor.</translation>
+    </message>
+    <message id="1714">
+        <source>Safe writes are switched off.</source>
+        <translation>La escritura segura está desactivada.</translation>
+    </message>
+    <message id="1715">
+        <source>It is compared when this sensor is connected again.</source>
+        <translation>Se comparará cuando este sensor vuelva a conectarse.</translation>
+    </message>
+    <message id="1716">
+        <source>The offset has come back as it was before it was multiplied: the sensor may divide it.</source>
+        <translation>El offset ha vuelto como era antes de multiplicarse: quizá el sensor lo divida.</translation>
+    </message>
+    <message id="1717">
+        <source>The sensor no longer has what is shown: %1. Click Refresh, then enter your changes again.</source>
+        <extracomment>%1 parameters</extracomment>
+        <translation>El sensor ya no tiene lo que se muestra: %1. Pulse Actualizar y vuelva a introducir los cambios.</translation>
+    </message>
+    <message id="1718">
+        <source>What the sensor has now could not be kept:
+%1
+Without that it cannot be put back. Write all the same?</source>
+        <extracomment>%1 what failed</extracomment>
+        <translation>No se ha podido conservar lo que el sensor tiene ahora:
+%1
+Sin eso no se puede restablecer. ¿Escribir de todos modos?</translation>
+    </message>
+    <message id="1719">
+        <source>These parameters of the sensor could not be read, so that they cannot be put back: %1. Write all the same?</source>
+        <extracomment>%1 parameters</extracomment>
+        <translation>Estos parámetros del sensor no se han podido leer y no podrán restablecerse: %1. ¿Escribir de todos modos?</translation>
+    </message>
+    <message id="1720">
+        <source>Write All the Same</source>
+        <translation>Escribir de todos modos</translation>
+    </message>
+    <message id="1721">
+        <source>Do Not Write</source>
+        <translation>No escribir</translation>
+    </message>
+    <message id="1722">
+        <source>Write Again</source>
+        <translation>Escribir de nuevo</translation>
+    </message>
+    <message id="1723">
+        <source>Put Back ...</source>
+        <translation>Restablecer ...</translation>
+    </message>
+    <message id="1724">
+        <source>%1 counts</source>
+        <extracomment>%1 number</extracomment>
+        <translation>%1 pasos</translation>
+    </message>
+    <message id="1725">
+        <source>Notice</source>
+        <translation>Aviso</translation>
+    </message>
+    <message id="1730">
+        <source>&amp;Compare with Backup…</source>
+        <extracomment>Menu item</extracomment>
+        <translation>&amp;Comparar con copia de seguridad…</translation>
+    </message>
+    <message id="1731">
+        <source>Compare with Backup</source>
+        <translation>Comparar con copia de seguridad</translation>
+    </message>
+    <message id="1732">
+        <source>The sensor no longer has what the review showed: %1. Read it again.</source>
+        <extracomment>%1 parameters</extracomment>
+        <translation>El sensor ya no tiene lo que mostró la revisión: %1. Vuelva a leerlo.</translation>
+    </message>
+    <message id="1733">
+        <source>Review Before Writing</source>
+        <translation>Revisión antes de escribir</translation>
+    </message>
+    <message id="1734">
+        <source>Put Back</source>
+        <extracomment>Title</extracomment>
+        <translation>Restablecer un estado anterior</translation>
+    </message>
+    <message id="1735">
+        <source>Sensor</source>
+        <extracomment>Column heading</extracomment>
+        <translation>Sensor</translation>
+    </message>
+    <message id="1736">
+        <source>File</source>
+        <extracomment>Column heading</extracomment>
+        <translation>Archivo</translation>
+    </message>
+    <message id="1737">
+        <source>Earlier</source>
+        <extracomment>Column heading: the value that the sensor had</extracomment>
+        <translation>Antes</translation>
+    </message>
+    <message id="1738">
+        <source>%1, in words</source>
+        <extracomment>Column heading; %1 whose value</extracomment>
+        <translation>%1, en palabras</translation>
+    </message>
+    <message id="1739">
+        <source>Comparison</source>
+        <extracomment>Window title and column heading</extracomment>
+        <translation>Comparación</translation>
+    </message>
+    <message id="1740">
+        <source>differs</source>
+        <extracomment>Of two values</extracomment>
+        <translation>distinto</translation>
+    </message>
+    <message id="1741">
+        <source>equal</source>
+        <extracomment>Of two values</extracomment>
+        <translation>igual</translation>
+    </message>
+    <message id="1742">
+        <source>Name</source>
+        <extracomment>Column heading</extracomment>
+        <translation>Nombre</translation>
+    </message>
+    <message id="1743">
+        <source>To Be Written</source>
+        <extracomment>Column heading</extracomment>
+        <translation>Se escribirá</translation>
+    </message>
+    <message id="1744">
+        <source>stays as it is</source>
+        <translation>queda como está</translation>
+    </message>
+    <message id="1745">
+        <source>with this sensor's own multiplier</source>
+        <translation>con el multiplicador propio de este sensor</translation>
+    </message>
+    <message id="1746">
+        <source>The saved data format asks for the position stream. That is never written.</source>
+        <translation>El formato de datos guardado pide el flujo de posiciones. Este no se escribe nunca.</translation>
+    </message>
+    <message id="1747">
+        <source>computed from this sensor's own pulse velocity</source>
+        <translation>calculado con la velocidad del impulso propia de este sensor</translation>
+    </message>
+    <message id="1748">
+        <source>this sensor's own length; the saved offset belongs to another stroke length or multiplier</source>
+        <translation>longitud propia de este sensor; el offset guardado pertenece a otra longitud de carrera o a otro multiplicador</translation>
+    </message>
+    <message id="1749">
+        <source>The calibration is the saved one: it looks like the same sensor. Suggested: all parameters.</source>
+        <translation>La calibración es la guardada: parece el mismo sensor. Propuesta: todos los parámetros.</translation>
+    </message>
+    <message id="1750">
+        <source>The calibration is not the saved one (%1): this may be another sensor. Choose what is to be written.</source>
+        <extracomment>%1 parameters</extracomment>
+        <translation>La calibración no es la guardada (%1): puede ser otro sensor. Elija qué se debe escribir.</translation>
+    </message>
+    <message id="1751">
+        <source>All parameters: the sensor becomes what was saved, its calibration included</source>
+        <translation>Todos los parámetros: el sensor pasa a ser lo que se guardó, incluida su calibración</translation>
+    </message>
+    <message id="1752">
+        <source>Output settings only, for a replaced sensor: this sensor's calibration stays</source>
+        <translation>Solo la configuración de salida, para un sensor sustituido: la calibración de este sensor queda</translation>
+    </message>
+    <message id="1753">
+        <source>Write</source>
+        <extracomment>Button</extracomment>
+        <translation>Escribir</translation>
+    </message>
+    <message id="1754">
+        <source>Comparisons (*.csv);;All files (*)</source>
+        <extracomment>File filter</extracomment>
+        <translation>Comparaciones (*.csv);;Todos los archivos (*)</translation>
+    </message>
+    <message id="1755">
+        <source>A backup does not hold: %1</source>
+        <extracomment>%1 parameters</extracomment>
+        <translation>Una copia de seguridad no contiene: %1</translation>
+    </message>
+    <message id="1756">
+        <source>Not as it was then: %1. This may be another sensor than the one whose state was kept.</source>
+        <extracomment>%1 parameters</extracomment>
+        <translation>No es como entonces: %1. Puede ser otro sensor que aquel cuyo estado se conservó.</translation>
+    </message>
+    <message id="1757">
+        <source>The measurement direction differs, and the saved offset cannot be taken over: it is to be calculated on the page Output Setup.</source>
+        <translation>El sentido de medición es distinto y el offset guardado no se puede tomar: debe calcularse en la página Configuración de salida.</translation>
+    </message>
+    <message id="1758">
+        <source>Nothing differs: the sensor already has all that would be written. Nothing was written.</source>
+        <translation>No hay diferencias: el sensor ya tiene todo lo que se escribiría. No se escribió nada.</translation>
+    </message>
+    <message id="1759">
+        <source>This state was kept of a sensor of another type. Nothing was written.</source>
+        <translation>Este estado es de un sensor de otro tipo. No se escribió nada.</translation>
+    </message>
+    <message id="1760">
+        <source>E&amp;arlier States…</source>
+        <translation>Estados &amp;anteriores…</translation>
+    </message>
+    <message id="1761">
+        <source>Earlier States</source>
+        <translation>Estados anteriores</translation>
+    </message>
+    <message id="1762">
+        <source>Only of the connected sensor</source>
+        <translation>Solo del sensor conectado</translation>
+    </message>
+    <message id="1763">
+        <source>Time</source>
+        <translation>Hora</translation>
+    </message>
+    <message id="1764">
+        <source>Port and Device</source>
+        <translation>Puerto y dispositivo</translation>
+    </message>
+    <message id="1765">
+        <source>Revision</source>
+        <translation>Revisión</translation>
+    </message>
+    <message id="1766">
+        <source>Written by</source>
+        <translation>Escrito por</translation>
+    </message>
+    <message id="1767">
+        <source>Written</source>
+        <translation>Escrito</translation>
+    </message>
+    <message id="1768">
+        <source>Outcome</source>
+        <translation>Resultado</translation>
+    </message>
+    <message id="1769">
+        <source>Before</source>
+        <translation>Antes</translation>
+    </message>
+    <message id="1770">
+        <source>%1 (raw)</source>
+        <extracomment>%1: Before, or Written</extracomment>
+        <translation>%1 (sin formato)</translation>
+    </message>
+    <message id="1771">
+        <source>Unfinished: it is not known how much of it was written.</source>
+        <translation>Sin terminar: no se sabe cuánto de ello se ha escrito.</translation>
+    </message>
+    <message id="1772">
+        <source>Files in %1 that could not be read: %2</source>
+        <extracomment>%1: folder, %2: how many</extracomment>
+        <translation>Archivos de %1 que no se han podido leer: %2</translation>
+    </message>
+    <message id="1773">
+        <source>Delete ...</source>
+        <translation>Eliminar ...</translation>
+    </message>
+    <message id="1774">
+        <source>Delete the state of %1? It can then not be put back any more.</source>
+        <extracomment>%1: time</extracomment>
+        <translation>¿Eliminar el estado del %1? Entonces ya no se podrá restablecer.</translation>
+    </message>
+    <message id="1775">
+        <source>Close</source>
+        <translation>Cerrar</translation>
+    </message>
+    <message id="1776">
+        <source>A write to this sensor (%1, %2) on %3 was not finished: the sensor may have all of it, a part of it or nothing.</source>
+        <extracomment>%1: device, %2: version answer, %3: time</extracomment>
+        <translation>Una escritura en este sensor (%1, %2) del %3 quedó sin terminar: el sensor puede tenerlo todo, una parte o nada.</translation>
+    </message>
+    <message id="1777">
+        <source>Show ...</source>
+        <translation>Mostrar ...</translation>
+    </message>
+    <message id="1778">
+        <source>Earlier state put back</source>
+        <translation>Estado anterior restablecido</translation>
+    </message>
+    <message id="1779">
+        <source>Command line</source>
+        <translation>Línea de comandos</translation>
+    </message>
+    <message id="1780">
+        <source>Changes not applied: %1</source>
+        <extracomment>%1 number, from 1 on</extracomment>
+        <translation>Cambios sin aplicar: %1</translation>
+    </message>
+    <message id="1781">
+        <source>Changes on this page that have not been applied: %1. Discard them?</source>
+        <extracomment>%1 number, from 1 on</extracomment>
+        <translation>Cambios de esta página que no se han aplicado: %1. ¿Desea descartarlos?</translation>
+    </message>
+    <message id="1782">
+        <source>Stay</source>
+        <translation>Permanecer</translation>
+    </message>
+    <message id="1783">
+        <source>Discard</source>
+        <translation>Descartar</translation>
+    </message>
+    <message id="1784">
+        <source>Read: %1</source>
+        <extracomment>%1 value</extracomment>
+        <translation>Leído: %1</translation>
+    </message>
+    <message id="1785">
+        <source>Nothing was read that can be shown here.</source>
+        <translation>No se ha leído nada que pueda mostrarse aquí.</translation>
+    </message>
+    <message id="1786">
+        <source>Nothing was changed. Write the values all the same?</source>
+        <translation>No se ha cambiado nada. ¿Desea escribir los valores de todos modos?</translation>
+    </message>
+    <message id="1800">
+        <source>The data format has the multiplier %1, and the offset was not entered anew. What shall be written?</source>
+        <extracomment>%1 multiplier</extracomment>
+        <translation>El formato de datos tiene el multiplicador %1 y el offset no se ha introducido de nuevo. ¿Qué debe escribirse?</translation>
+    </message>
+    <message id="1801">
+        <source>Offset so far: %1</source>
+        <extracomment>%1: counts and length</extracomment>
+        <translation>Offset hasta ahora: %1</translation>
+    </message>
+    <message id="1802">
+        <source>Keep the length: %1</source>
+        <extracomment>%1 counts and length</extracomment>
+        <translation>Conservar la longitud: %1</translation>
+    </message>
+    <message id="1803">
+        <source>Write it multiplied: %1</source>
+        <extracomment>%1 counts and length</extracomment>
+        <translation>Escribir multiplicado: %1</translation>
+    </message>
+    <message id="1804">
+        <source>Keep the Length</source>
+        <translation>Conservar la longitud</translation>
+    </message>
+    <message id="1805">
+        <source>Write It Multiplied</source>
+        <translation>Escribir multiplicado</translation>
+    </message>
 </context>
 </TS>

@@ -17,12 +17,32 @@ enum Command : int {
     kManualCommCommand = 1051,
     kHelpCommand = 1053,
     kAboutCommand = 1054,
-    kExitCommand = 1055
+    kExitCommand = 1055,
+    kEarlierStatesCommand = 1056,
+    kCompareCommand = 1057
 };
 
 [[nodiscard]] constexpr bool isLanguageCommand(int command)
 {
     return command >= kFirstLanguageCommand && command <= kLastLanguageCommand;
+}
+
+/// Whether a command gives up what is entered on the shown page: it reads anew, leads to a Connect
+/// or to another port, or ends the program.
+[[nodiscard]] constexpr bool losesEntries(int command)
+{
+    switch (command) {
+    case kSelectPortCommand:
+    case kConnectCommand:
+    case kRefreshCommand:
+    case kRestoreBackupCommand:
+    case kWriteECommand:
+    case kWriteQCommand:
+    case kExitCommand:
+        return true;
+    default:
+        return false;
+    }
 }
 
 /// The code of a language item, 0 for any other command.

@@ -9,6 +9,7 @@
 #include "platform/core/Strings.h"
 #include "platform/ui/MessageBox.h"
 #include "sensor/FailureText.h"
+#include "sensor/SafeWriter.h"
 #include "sensor/SequenceRunner.h"
 
 #include <utility>
@@ -30,7 +31,7 @@ constexpr auto kCommandStoreTime = 500ms;
 ConnectionSupervisor::ConnectionSupervisor(QWidget& window, const Shared& shared, bool manualPower)
     : QObject(&window), m_window(window), m_gate(shared.gate), m_statusBar(shared.statusBar),
       m_runner(shared.runner), m_link(shared.runner.link()), m_formats(shared.formats),
-      m_restore(shared.restore), m_manualPower(manualPower)
+      m_restore(shared.restore), m_writer(shared.writer), m_manualPower(manualPower)
 {
     m_statusBar.setPort(m_link.portNumber());
     m_reconnectTimer.setInterval(Pacing::pause(kReconnectPeriod));
@@ -126,7 +127,14 @@ void ConnectionSupervisor::onConnected(const Outcome& outcome)
     if (m_manualPower)
         (void)m_link.identifyFromLastReply();
     const int losses = m_link.lossCount();
-    m_restore.begin(*this, [this, losses](FormatRestore::Result format) {
+    m_restore.begin(
+        *this, [this, losses](FormatRestore::Result format) { onFormatRestored(format, losses); });
+}
+
+/// What was being written when the link was lost comes next, before any page is shown.
+void ConnectionSupervisor::onFormatRestored(FormatRestore::Result format, int losses)
+{
+    m_writer.compareAfterConnect([this, format, losses] {
         if (m_link.lossCount() == losses) {
             finishConnect(true, format);
         } else {

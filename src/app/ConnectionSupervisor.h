@@ -13,6 +13,7 @@ namespace pelorin {
 
 class CommandGate;
 class LinkStatusBar;
+class SafeWriter;
 class SensorLink;
 class SequenceRunner;
 
@@ -33,6 +34,7 @@ public:
         SequenceRunner& runner;
         KeptFormats& formats;
         FormatRestore& restore;
+        SafeWriter& writer;
     };
 
     /// @param window owns the supervisor, and is under its message boxes
@@ -74,6 +76,7 @@ private:
     void beginConnect();
     [[nodiscard]] bool askForSupply();
     void onConnected(const Outcome& outcome);
+    void onFormatRestored(FormatRestore::Result format, int losses);
     void finishConnect(bool success, FormatRestore::Result format);
     void explainIdentification();
     void tellKeptFormats(const QList<KeptFormat>& formats);
@@ -88,6 +91,7 @@ private:
     SensorLink& m_link;
     KeptFormats& m_formats;
     FormatRestore& m_restore;
+    SafeWriter& m_writer;
     const bool m_manualPower;
 
     Operation m_pendingOperation = Operation::None;

@@ -46,7 +46,8 @@ LinkStatusBar::LinkStatusBar(QWidget* parent)
       m_grayLight(lightPicture(QLatin1String("BMP_PELORIN_GRAYLED"))),
       m_linkLight(makePane(this, QStringLiteral("linkLight"))),
       m_message(makePane(this, QStringLiteral("messagePane"))),
-      m_portText(makePane(this, QStringLiteral("portPane")))
+      m_portText(makePane(this, QStringLiteral("portPane"))),
+      m_entries(makePane(m_message, QStringLiteral("entriesText")))
 {
     m_linkLight->setAlignment(Qt::AlignCenter);
     addWidget(m_linkLight, kLightPercent);
@@ -79,6 +80,22 @@ void LinkStatusBar::showString(int number)
 QString LinkStatusBar::text() const
 {
     return m_message->text();
+}
+
+void LinkStatusBar::setEntryCount(int count)
+{
+    m_entryCount = count;
+    m_entries->setText(count == 0 ? QString() : languageString(strings::kEntryCount).arg(count));
+    placeEntries();
+}
+
+/// The message is cut where it would run into the number.
+void LinkStatusBar::placeEntries()
+{
+    const int width = m_entryCount == 0 ? 0 : m_entries->sizeHint().width();
+    m_entries->setVisible(m_entryCount != 0);
+    m_entries->setGeometry(m_message->width() - width, 0, width, m_message->height());
+    m_message->setContentsMargins(0, 0, width, 0);
 }
 
 void LinkStatusBar::setExplanation(std::function<QString()> explanation)
@@ -116,6 +133,7 @@ void LinkStatusBar::setLinkState(int state)
 void LinkStatusBar::translate()
 {
     setPort(m_port);
+    setEntryCount(m_entryCount);
     if (m_messageString != 0)
         showString(m_messageString);
     showExplanation();
@@ -136,6 +154,7 @@ void LinkStatusBar::resizeEvent(QResizeEvent* event)
 {
     setLinkState(m_linkState); // the light has no picture before the first time
     QStatusBar::resizeEvent(event);
+    placeEntries();
 }
 
 void LinkStatusBar::blink()

@@ -11,7 +11,7 @@ class QLabel;
 namespace pelorin {
 
 /// The status bar of the main window: a light for the state of the sensor link, the message of
-/// the program and its pages, and the port in use.
+/// the program and its pages with the number of changes that are not applied, and the port in use.
 class LinkStatusBar final : public QStatusBar
 {
     Q_OBJECT
@@ -26,6 +26,8 @@ public:
     /// Shows a string of the language module, from now on in the current language.
     void showString(int number);
     [[nodiscard]] QString text() const;
+    /// @param count changes that are not applied; of none nothing is said
+    void setEntryCount(int count);
     /// A longer explanation behind the messages, until another one is set; null for none.
     /// @param explanation gives its text in the current language
     void setExplanation(std::function<QString()> explanation);
@@ -39,11 +41,13 @@ protected:
 
 private:
     void blink();
+    void placeEntries();
     void describeLight();
     void showExplanation();
     void showLight(const QPixmap& light);
 
     int m_port = 0;
+    int m_entryCount = 0;
     std::function<QString()> m_explanation;
     int m_messageString = 0; ///< 0 while a text is shown as it stands
     int m_linkState = -1;
@@ -55,6 +59,7 @@ private:
     QLabel* m_linkLight;
     QLabel* m_message;
     QLabel* m_portText;
+    QLabel* m_entries; ///< at the right end of the message's pane
 };
 
 } // namespace pelorin

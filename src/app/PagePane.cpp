@@ -1,5 +1,6 @@
 #include "app/PagePane.h"
 
+#include "app/NoticeStrip.h"
 #include "pages/CommLogPage.h"
 #include "pages/FactoryParamsPage.h"
 #include "pages/MagnetPositionPage.h"
@@ -9,6 +10,7 @@
 #include "platform/core/LanguageStrings.h"
 #include "platform/core/Strings.h"
 #include "platform/ui/Pictures.h"
+#include "sensor/SafeWriter.h"
 #include "tempcomp/TempCompPage.h"
 
 #include <QKeyEvent>
@@ -30,10 +32,10 @@ constexpr int kButtonPoints = 18;
 
 } // namespace
 
-PagePane::PagePane(QWidget* window, SequenceRunner& runner, PositionStream& stream,
+PagePane::PagePane(QWidget* window, SafeWriter& writer, PositionStream& stream,
                    const FormatRestore& formats, bool tempCompEnabled)
-    : QWidget(window), m_runner(runner), m_pageList(new QListWidget(this)),
-      m_refreshButton(new QPushButton(this))
+    : QWidget(window), m_runner(writer.runner()), m_strip(new NoticeStrip(this)),
+      m_pageList(new QListWidget(this)), m_refreshButton(new QPushButton(this))
 {
     m_pageList->setObjectName(QStringLiteral("pageList"));
     m_pageList->setIconSize(kIconSize);
@@ -56,9 +58,10 @@ PagePane::PagePane(QWidget* window, SequenceRunner& runner, PositionStream& stre
     constexpr const char* kWrench = "BMP_PELORIN_WRENCH";
     addPage({new SensorInfoPage, strings::kSensorInformation, "information"}, kInfo);
     addPage({new MagnetPositionPage(stream), strings::kMagnetPosition, "position"}, kInfo);
-    addPage({new OutputSetupPage, strings::kOutputSetup, "output"}, kWrench);
+    addPage({new OutputSetupPage(writer), strings::kOutputSetup, "output"}, kWrench);
     addPage({new CommLogPage, strings::kCommLog, "log"}, kInfo);
-    addPage({new FactoryParamsPage(formats), strings::kFactoryParameters, "factory"}, kWrench);
+    addPage({new FactoryParamsPage(formats, writer), strings::kFactoryParameters, "factory"},
+            kWrench);
     if (tempCompEnabled)
         addPage({new TempCompPage, strings::kTemperatureCompensation, "compensation"}, kWrench);
     translate();
@@ -69,6 +72,7 @@ void PagePane::addPage(const Page& page, const char* icon)
     const int row = m_pageList->count();
     page.widget->makeDialog(this, m_runner);
     connect(page.widget, &SensorPage::noticed, this, &PagePane::noticed);
+    connect(page.widget, &SensorPage::entriesChanged, this, &PagePane::entriesChanged);
     m_pages.push_back(page);
     m_pageList->addItem(new QListWidgetItem(picture(QLatin1String(icon)), QString()));
     auto* shortcut = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key(Qt::Key_1 + row)), this);
@@ -99,6 +103,7 @@ void PagePane::switchPage(int row)
     layOut();
     shownPage()->show();
     shownPage()->getCurrentValues();
+    Q_EMIT entriesChanged();
 }
 
 /// The selected row is always that of the shown page, whatever the list makes of drags and clicks.
@@ -113,6 +118,7 @@ void PagePane::markShownPage()
 void PagePane::translate()
 {
     m_refreshButton->setText(languageString(strings::kRefresh));
+    m_strip->translate();
     m_pageList->setAccessibleName(languageString(strings::kPageListName));
     for (std::size_t row = 0; row < m_pages.size(); ++row)
         m_pageList->item(static_cast<int>(row))->setText(languageString(m_pages[row].caption));
@@ -176,8 +182,9 @@ void PagePane::layOut()
     const QRect pageArea(split, 0, width() - split, bottom);
     m_pageList->setGeometry(0, 0, split, height());
     m_refreshButton->setGeometry(split, bottom, width() - split, height() - bottom);
+    m_strip->setGeometry(split, 0, width() - split, m_strip->height());
     if (SensorPage* page = shownPage())
-        page->setGeometry(pageArea);
+        page->setGeometry(pageArea.adjusted(0, m_strip->height(), 0, 0));
 }
 
 } // namespace pelorin

@@ -12,6 +12,8 @@ namespace pelorin {
 class FormatRestore;
 class PositionStream;
 class SensorPage;
+class NoticeStrip;
+class SafeWriter;
 class SequenceRunner;
 
 /// What the main window shows: the list of pages on the left, the shown page beside it, and the
@@ -24,7 +26,7 @@ public:
     /// Creates all pages, hidden.
     /// @param window the main window, which gets the pages' messages
     /// @param tempCompEnabled whether the page for the temperature compensation exists
-    PagePane(QWidget* window, SequenceRunner& runner, PositionStream& stream,
+    PagePane(QWidget* window, SafeWriter& writer, PositionStream& stream,
              const FormatRestore& formats, bool tempCompEnabled);
 
     /// Row of the shown page, -1 without one.
@@ -40,7 +42,12 @@ public:
 
     void translate();
 
+    /// Above the page.
+    [[nodiscard]] NoticeStrip& strip() const { return *m_strip; }
+
 Q_SIGNALS:
+    /// What the shown page has of changes that are not applied may have become another number.
+    void entriesChanged();
     /// The user has chosen a row, perhaps that of the shown page.
     void pageChosen(int row);
     void refreshChosen();
@@ -66,6 +73,7 @@ private:
     void layOut();
 
     SequenceRunner& m_runner;
+    NoticeStrip* m_strip;
     QListWidget* m_pageList;
     QPushButton* m_refreshButton;
     std::vector<Page> m_pages;

@@ -4,9 +4,12 @@
 #include "app/BusyFilter.h"
 #include "app/Commands.h"
 #include "app/ConnectionSupervisor.h"
+#include "app/EarlierStatesCommand.h"
 #include "app/LinkStatusBar.h"
 #include "app/MainMenu.h"
+#include "app/NoticeStrip.h"
 #include "app/PagePane.h"
+#include "app/WriteReport.h"
 #include "display/DisplayUnitDialog.h"
 #include "link/SensorLink.h"
 #include "pages/AboutDialog.h"
@@ -21,13 +24,16 @@
 #include "platform/core/Strings.h"
 #include "platform/core/WindowMessage.h"
 #include "platform/ui/HelpWindow.h"
+#include "platform/ui/MessageBox.h"
 #include "platform/ui/Pictures.h"
 #include "sensor/FormatRestore.h"
 #include "sensor/PositionStream.h"
+#include "sensor/SafeWriter.h"
 #include "sensor/SequenceRunner.h"
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QKeyEvent>
 #include <QMenuBar>
 
 #include <utility>
@@ -36,11 +42,12 @@ namespace pelorin {
 
 namespace {
 
-/// A switch of the product's settings; off if they cannot be read.
-bool isSwitchedOn(const QString& name)
+/// A switch of the product's settings; as it is without a value if they cannot be read.
+bool isSwitchedOn(const QString& name, bool otherwise = false)
 {
     RegistryConfig config;
-    return config.setStorage(productKey(), 0) == 1 && config.getValue(name, qint32{0}) == 1;
+    const qint32 unset = otherwise ? 1 : 0;
+    return (config.setStorage(productKey(), 0) == 1 ? config.getValue(name, unset) : unset) == 1;
 }
 
 } // namespace
@@ -53,15 +60,20 @@ PelorinMainWindow::PelorinMainWindow(const ComPortFactory& factory,
       m_displayUnitEnabled(isSwitchedOn(QStringLiteral("EnableQDL3"))),
       m_tempCompEnabled(isSwitchedOn(QStringLiteral("EnableTempComp"))), m_gate(*this),
       m_busy(new BusyFilter([this] { return isBusy(); }, this)),
+      m_writer(new SafeWriter(m_runner, m_journal,
+                              {.enabled = isSwitchedOn(QStringLiteral("SafeWrites"), true),
+                               .manualPower = m_manualPowerMode})),
       m_statusBar(new LinkStatusBar(this)),
       m_stream(new PositionStream(m_runner, conversation.formats, m_restore, m_manualPowerMode)),
       m_menu(new MainMenu(*menuBar(), m_displayUnitEnabled, m_link, languages)),
       m_connection(new ConnectionSupervisor(
-          *this, {m_gate, *m_statusBar, m_runner, conversation.formats, m_restore},
+          *this, {m_gate, *m_statusBar, m_runner, conversation.formats, m_restore, *m_writer},
           m_manualPowerMode)),
-      m_pages(new PagePane(this, m_runner, *m_stream, m_restore, m_tempCompEnabled))
+      m_pages(new PagePane(this, *m_writer, *m_stream, m_restore, m_tempCompEnabled)),
+      m_report(new WriteReport(*this, {*m_writer, m_gate, m_pages->strip(), *m_statusBar}))
 {
     m_stream->setParent(this);
+    m_writer->setParent(this);
     setWindowIcon(programIcon());
     setCentralWidget(m_pages);
     setStatusBar(m_statusBar);
@@ -93,7 +105,7 @@ int PelorinMainWindow::currentPage() const
 
 bool PelorinMainWindow::isBusy() const
 {
-    return m_runner.isBusy();
+    return m_runner.isBusy() || m_writer->isRunning();
 }
 
 void PelorinMainWindow::connectParts()
@@ -105,15 +117,29 @@ void PelorinMainWindow::connectParts()
             &ConnectionSupervisor::tellKeptFormat);
     connect(m_pages, &PagePane::noticed, &m_gate,
             [this](const QString& text) { m_gate.addNotice(text); });
+    connect(m_pages, &PagePane::entriesChanged, m_statusBar,
+            [this] { m_statusBar->setEntryCount(entryCount()); });
     connect(&m_gate, &CommandGate::freed, this, &PelorinMainWindow::runDeferred);
 
     connect(m_connection, &ConnectionSupervisor::connectWanted, this,
             &PelorinMainWindow::wantConnect);
     connect(m_connection, &ConnectionSupervisor::connected, this, &PelorinMainWindow::onConnected);
     connect(m_connection, &ConnectionSupervisor::givenUp, this, &PelorinMainWindow::close);
-    connect(&m_runner, &SequenceRunner::busyChanged, this, [this] {
+    const auto onBusyChanged = [this] {
         m_busy->update();
         m_gate.wake();
+    };
+    connect(&m_runner, &SequenceRunner::busyChanged, this, onBusyChanged);
+    connect(m_writer, &SafeWriter::ended, this, onBusyChanged);
+    connect(m_report, &WriteReport::putBackWanted, this, &PelorinMainWindow::putBack,
+            Qt::QueuedConnection);
+    connect(m_report, &WriteReport::refreshWanted, this, [this] {
+        if (entryCount() == 0)
+            refresh();
+    });
+    connect(m_report, &WriteReport::showWanted, this, [this](const QString& entry) {
+        m_entryToShow = entry;
+        chooseCommand(kEarlierStatesCommand);
     });
 }
 
@@ -136,10 +162,32 @@ void PelorinMainWindow::showTitle()
     setWindowTitle(title);
 }
 
+int PelorinMainWindow::entryCount() const
+{
+    const SensorPage* page = m_pages->shownPage();
+    return page ? page->entryCount() : 0;
+}
+
+/// What the user has entered and not applied is discarded by nobody else.
+/// @return whether there is nothing of that (any more)
+bool PelorinMainWindow::mayDiscard()
+{
+    if (entryCount() == 0)
+        return true;
+    const CommandGate::Scope scope(m_gate);
+    const int answer =
+        askWithButtons(this, languageString(strings::kAskToDiscard).arg(entryCount()),
+                       {languageString(strings::kStay), languageString(strings::kDiscard)}, 0);
+    if (answer != 1 || m_gate.isCloseWanted())
+        return false;
+    m_pages->shownPage()->discardEntries();
+    return true;
+}
+
 /// A page is left only when what it does with the sensor has ended.
 void PelorinMainWindow::choosePage(int index)
 {
-    if (index == currentPage() || isBusy() || !m_gate.isFree())
+    if (index == currentPage() || isBusy() || !m_gate.isFree() || !mayDiscard())
         return;
     (void)m_runner.endStream(*this, [this, index](bool /*restored*/) {
         if (!m_gate.isCloseWanted())
@@ -155,8 +203,11 @@ void PelorinMainWindow::switchPage(int index)
 
 void PelorinMainWindow::chooseCommand(int command)
 {
-    if (!isBusy())
-        postCommand(command);
+    if (isBusy())
+        return;
+    if (losesEntries(command) && entryCount() != 0 && (!m_gate.isFree() || !mayDiscard()))
+        return;
+    postCommand(command);
 }
 
 /// Commands run from the event loop, never from inside the menu or the button.
@@ -193,6 +244,11 @@ void PelorinMainWindow::runCommand(int command)
         return runBackup(BackupProgressDialog::Mode::Backup);
     case kRestoreBackupCommand:
         return runBackup(BackupProgressDialog::Mode::Restore);
+    case kCompareCommand:
+        return runBackup(BackupProgressDialog::Mode::Compare);
+    case kEarlierStatesCommand:
+        return finishBackup(
+            runEarlierStates(*this, *m_writer, m_restore, std::exchange(m_entryToShow, {})));
     case kDisplayUnitCommand:
         return showDisplayUnit();
     case kWriteECommand:
@@ -255,13 +311,33 @@ void PelorinMainWindow::selectPort()
     });
 }
 
-/// After a restore the sensor is connected and read afresh, which shows page 0.
 void PelorinMainWindow::runBackup(BackupProgressDialog::Mode mode)
 {
-    const BackupResult result = runBackupCommand(*this, m_runner, m_restore, mode);
+    finishBackup(runBackupCommand(*this, *m_writer, m_restore, mode));
+}
+
+/// An entry that is not there any more is told as what was not written.
+void PelorinMainWindow::putBack(const QString& entryId)
+{
+    if (m_closing != Closing::No || isBusy() || !m_gate.isFree())
+        return;
+    const CommandGate::Scope scope(m_gate);
+    for (const JournalEntry& entry : m_journal.entries()) {
+        if (entry.id == entryId)
+            return finishBackup(putBackEntry(*this, *m_writer, m_restore, entry));
+    }
+    m_gate.addNotice(languageString(strings::kNothingWritten));
+}
+
+/// What was written to is read afresh, which shows page 0; a Connect does so, too.
+void PelorinMainWindow::finishBackup(const BackupResult& result)
+{
     m_gate.addNotice(result.message);
-    if (result.restored)
+    if (result.restored) {
         wantConnect();
+    } else if (result.written && !m_gate.isCloseWanted()) {
+        switchPage(0);
+    }
 }
 
 void PelorinMainWindow::communicateManually()
@@ -329,9 +405,11 @@ void PelorinMainWindow::customEvent(QEvent* event)
     }
 }
 
+/// Not over entries: their page is refreshed by the user.
 void PelorinMainWindow::onConnected(bool success)
 {
-    if (success)
+    m_offerDue = success;
+    if (success && entryCount() == 0)
         switchPage(0);
 }
 
@@ -353,13 +431,18 @@ void PelorinMainWindow::runDeferred()
         return; // its end comes back here
     } else if (std::exchange(m_connectWanted, false)) {
         wantConnect();
-    } else if (SensorPage* page = m_pages->shownPage(); page && !m_runner.isConnectWanted()) {
-        page->resume();
+    } else if (!m_runner.isConnectWanted()) {
+        if (SensorPage* page = m_pages->shownPage())
+            page->resume();
+        if (std::exchange(m_offerDue, false))
+            m_report->offerUnfinished();
     }
 }
 
 bool PelorinMainWindow::event(QEvent* event)
 {
+    if (event->type() == QEvent::Show)
+        m_report->tellUntold();
     if (event->type() == QEvent::WindowUnblocked)
         m_gate.wake();
     // A box may be on its way when the close comes, or a session's end runs above a command.
@@ -369,6 +452,14 @@ bool PelorinMainWindow::event(QEvent* event)
     return QMainWindow::event(event);
 }
 
+/// Escape that nobody else has a use for closes the notice.
+void PelorinMainWindow::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Escape)
+        m_pages->strip().clear();
+    QMainWindow::keyPressEvent(event);
+}
+
 void PelorinMainWindow::changeEvent(QEvent* event)
 {
     QMainWindow::changeEvent(event);
@@ -376,8 +467,9 @@ void PelorinMainWindow::changeEvent(QEvent* event)
         translate();
 }
 
-/// Dialogs that are open are ended first; the window then closes when their command has returned,
-/// what is being written has ended and the display unit has answered.
+/// Only who closes by hand is asked about entries. Dialogs that are open are ended first; the
+/// window then closes when their command has returned, what is being written has ended and the
+/// display unit has answered.
 void PelorinMainWindow::closeEvent(QCloseEvent* event)
 {
     if (m_closing == Closing::Done) {
@@ -387,6 +479,8 @@ void PelorinMainWindow::closeEvent(QCloseEvent* event)
         return;
     }
     event->ignore();
+    if (event->spontaneous() && !m_gate.isCloseWanted() && !mayDiscard())
+        return;
     m_gate.requestClose();
     if (m_displayUnit)
         m_displayUnit->close();

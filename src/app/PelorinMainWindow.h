@@ -2,12 +2,14 @@
 
 #include "app/CommandGate.h"
 #include "backup/BackupProgressDialog.h"
+#include "sensor/Journal.h"
 
 #include <QMainWindow>
 #include <QPointer>
 
 namespace pelorin {
 
+struct BackupResult;
 class BusyFilter;
 class ComPortFactory;
 class ConnectionSupervisor;
@@ -21,7 +23,9 @@ class MainMenu;
 class PagePane;
 class PositionStream;
 class SensorLink;
+class SafeWriter;
 class SequenceRunner;
+class WriteReport;
 
 /// The frame window: menu, pages and status bar. It runs the commands, one at a time, holds back
 /// what must wait for the end of a command, a plan or a dialog, and closes in an orderly way.
@@ -59,6 +63,7 @@ Q_SIGNALS:
 
 protected:
     void customEvent(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
     void changeEvent(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     bool event(QEvent* event) override;
@@ -78,6 +83,8 @@ private:
     void translate();
     void showTitle();
 
+    [[nodiscard]] bool mayDiscard();
+    [[nodiscard]] int entryCount() const;
     void choosePage(int index);
     void chooseCommand(int command);
     void postCommand(int command);
@@ -88,6 +95,8 @@ private:
     void connectSensor();
     void selectPort();
     void runBackup(BackupProgressDialog::Mode mode);
+    void putBack(const QString& entryId);
+    void finishBackup(const BackupResult& result);
     void communicateManually();
     void showDisplayUnit();
     void showHelp();
@@ -111,16 +120,21 @@ private:
 
     CommandGate m_gate;
     BusyFilter* m_busy;
+    const Journal m_journal;
+    SafeWriter* m_writer;
     LinkStatusBar* m_statusBar;
     PositionStream* m_stream;
     MainMenu* m_menu;
     ConnectionSupervisor* m_connection;
     PagePane* m_pages;
+    WriteReport* m_report;
     HelpWindow* m_help = nullptr;              ///< null until it is asked for
     QPointer<DisplayUnitDialog> m_displayUnit; ///< null while it is closed
     QString m_pageStatus;                      ///< the last status text of a page
+    QString m_entryToShow;                     ///< of the journal; empty for the newest
 
     bool m_connectWanted = false; ///< a Connect waits
+    bool m_offerDue = false;      ///< of what was not finished; the sensor has to be read before
     Closing m_closing = Closing::No;
     bool m_closedTold = false;
 };

@@ -2,34 +2,28 @@
 
 #include "platform/ui/BaseDialog.h"
 #include "sensor/Outcome.h"
-#include "sensor/SensorValues.h"
+#include "sensor/Plan.h"
 
-#include <string_view>
+#include <functional>
 
 class QProgressBar;
 
 namespace pelorin {
 
-class BackupFile;
 class FormatRestore;
 class SequenceRunner;
 
-/// Saves the sensor's parameters to a file, or writes those of a file to the sensor, and shows how
-/// far it is. The work begins when the dialog is shown, and the dialog ends by itself: accepted
-/// when all is done, rejected otherwise. Nothing else ends it while it uses the sensor: one with
-/// half of its parameters is of no use to anybody. User-interface thread.
-class BackupProgressDialog final : public BaseDialog
+/// Does something with the sensor's parameters and shows how far it is. The work begins when the
+/// dialog is shown, and the dialog ends by itself: accepted when all is done, rejected otherwise.
+/// Nothing else ends it while it uses the sensor: one with half of its parameters is of no use to
+/// anybody. User-interface thread.
+class BackupProgressDialog : public BaseDialog
 {
     Q_OBJECT
 
 public:
-    enum class Mode { Backup, Restore };
-
-    /// All outlive the dialog.
-    /// @param file can be saved; read in the mode that restores
-    /// @param formats knows whether the sensor carries a format that is not its own
-    BackupProgressDialog(QWidget* parent, SequenceRunner& runner, const FormatRestore& formats,
-                         BackupFile& file, Mode mode);
+    /// What the user has asked for.
+    enum class Mode { Backup, Restore, Compare, PutBack };
 
     /// What the user has to be told of how it ended; empty for nothing.
     [[nodiscard]] const QString& message() const { return m_message; }
@@ -38,26 +32,41 @@ public:
     void reject() override;
 
 protected:
+    /// All outlive the dialog.
+    /// @param formats knows whether the sensor carries a format that is not its own
+    BackupProgressDialog(QWidget* parent, SequenceRunner& runner, const FormatRestore& formats,
+                         Mode mode);
+
+    /// Begins what is to be done; the sensor is connected and nothing else uses it.
+    virtual void work() = 0;
+
+    [[nodiscard]] SequenceRunner& runner() const { return m_runner; }
+    [[nodiscard]] const FormatRestore& formats() const { return m_formats; }
+
+    /// Goes on if the sensor carries its own data format, else ends.
+    void checkFormat(std::function<void()> then);
+    /// Runs a plan and shows its progress; ends the dialog if it cannot begin.
+    void run(Plan plan, std::function<void(const Reply&)> reply,
+             std::function<void(const Outcome&)> ended);
+
+    void showText(int stringNumber);
+    void showProgress(int stepsDone, int steps);
+    void finish(const QString& failure);
+    /// All is done.
+    /// @param message what the user has to be told all the same
+    void succeed(const QString& message = {});
+
     void setupTranslationMap() override;
     void onInitDialog() override;
 
 private:
     void begin();
-    void transfer();
-    void checkFormat();
-    [[nodiscard]] bool readFile();
-    [[nodiscard]] bool confirmValues();
-    void takeReply(const Reply& reply);
-    void onTransferred(const Outcome& outcome);
-    void finish(const QString& failure);
 
     SequenceRunner& m_runner;
     const FormatRestore& m_formats;
-    BackupFile& m_file;
     const Mode m_mode;
     QProgressBar* m_progress = nullptr;
-    std::string_view m_parameters; ///< those of the connected type
-    SensorValues m_values;         ///< of the sensor, or of the file
+    bool m_working = false;
     QString m_message;
 };
 

@@ -44,8 +44,10 @@ int rowsOf(const SensorType& type)
 
 } // namespace
 
-FactoryParamsPage::FactoryParamsPage(const FormatRestore& formats)
-    : WritingPage(QStringLiteral("DLG_PELORIN_FACTORYPARAMS"), kApplyControl), m_formats(formats)
+FactoryParamsPage::FactoryParamsPage(const FormatRestore& formats, SafeWriter& writer)
+    : WritingPage(QStringLiteral("DLG_PELORIN_FACTORYPARAMS"), kApplyControl, writer,
+                  WriteRequest::By::FactoryParameters),
+      m_formats(formats)
 {
 }
 
@@ -63,13 +65,18 @@ void FactoryParamsPage::onInitDialog()
     m_list = getControl<QTableWidget>(kListControl);
     m_table.attach(*m_list, kRows);
     m_editor.attach(m_list);
-    connect(&m_editor, &CellEditor::committed, this, [this] { enableApply(true); });
+    const auto onEdited = [this] {
+        enableApply(true);
+        updateEntries();
+    };
+    connect(&m_editor, &CellEditor::typed, this, onEdited);
+    connect(&m_editor, &CellEditor::committed, this, onEdited);
 }
 
 void FactoryParamsPage::translate()
 {
-    SensorPage::translate();
     m_table.translate();
+    WritingPage::translate();
 }
 
 void FactoryParamsPage::getCurrentValues()
@@ -99,19 +106,64 @@ void FactoryParamsPage::showReadValue(const Reply& reply)
     }
 }
 
+std::vector<WritingPage::Field> FactoryParamsPage::fields() const
+{
+    std::vector<Field> fields;
+    for (int row = 0; row < m_table.rowCount(); ++row) {
+        const QString& read = m_table.original(row);
+        fields.push_back(
+            {.id = FactoryParameters::parameterOf(row),
+             .caption = m_table.label(row),
+             .read = read,
+             .changed = m_editor.text(*m_list, row, ParameterTable::kValueColumn) != read});
+    }
+    return fields;
+}
+
+QStringList FactoryParamsPage::fieldTexts(const SensorValues& values) const
+{
+    FactoryParameters parameters;
+    for (const auto& [id, value] : values)
+        parameters.take(id, value);
+    QStringList texts;
+    for (int row = 0; row < m_table.rowCount(); ++row)
+        texts << parameters.text(row);
+    return texts;
+}
+
+void FactoryParamsPage::mark(int field, const FieldMark& mark)
+{
+    m_table.mark(field, mark);
+}
+
+void FactoryParamsPage::acceptEntries()
+{
+    m_table.acceptValues();
+}
+
+void FactoryParamsPage::restoreRead()
+{
+    m_editor.revert();
+    m_table.restoreValues();
+}
+
 /// What a type does not have is not written either: nothing was read for it.
 void FactoryParamsPage::apply()
 {
-    if (runner().isBusy())
+    if (isBusy())
         return;
     m_editor.commit();
     const FactoryParameters::Texts texts = entries();
     if (!validateForApply(texts))
         return;
+    const auto choice = m_parameters.offsetToChoose(texts);
+    const auto offset = choice ? askForOffset(*choice) : std::nullopt;
+    if (choice && (!offset || !isLinkKept()))
+        return;
     const auto order = sensorType(link().ssiType()).factoryWrite;
     SensorValues values;
     for (const char id : order)
-        values[id] = m_parameters.composeWriteValue(id, texts);
+        values[id] = id == 'N' && offset ? *offset : m_parameters.composeWriteValue(id, texts);
     write(order, values);
 }
 

@@ -20,7 +20,8 @@ class FactoryParamsPage final : public WritingPage
 public:
     /// @param formats knows whether the sensor carries a format that is not its own; outlives the
     ///        page
-    explicit FactoryParamsPage(const FormatRestore& formats);
+    /// @param writer outlives the page, too
+    FactoryParamsPage(const FormatRestore& formats, SafeWriter& writer);
 
     void getCurrentValues() override;
 
@@ -29,6 +30,11 @@ protected:
     void onInitDialog() override;
     void translate() override;
     void showReadValue(const Reply& reply) override;
+    [[nodiscard]] std::vector<Field> fields() const override;
+    [[nodiscard]] QStringList fieldTexts(const SensorValues& values) const override;
+    void mark(int field, const FieldMark& mark) override;
+    void acceptEntries() override;
+    void restoreRead() override;
 
 private:
     void startEditing(int rowCount);

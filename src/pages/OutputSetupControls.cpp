@@ -6,6 +6,7 @@
 
 #include <QComboBox>
 #include <QGroupBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <QRadioButton>
 #include <QRegularExpressionValidator>
@@ -27,6 +28,30 @@ constexpr int kAdvancedGroup = 1015;
 constexpr std::array kMagnetRadios = {1017, 1018};
 constexpr std::array kExtensionRadios = {1021, 1022, 1023};
 constexpr std::array kModeRadios = {1025, 1026, 1027};
+
+struct FieldControls
+{
+    int caption;
+    int control;
+    char parameter;
+};
+
+constexpr std::array<FieldControls, OutputSetupControls::kFieldCount> kFields = {{
+    {1003, kDataBitsCombo, 'D'},
+    {1005, kFormatCombo, 'D'},
+    {1007, kDirectionCombo, 'D'},
+    {1009, kModeCombo, 'D'},
+    {1011, kResolutionCombo, 'A'},
+    {1013, kSkipCountEdit, 'D'},
+    {1016, 1016, 'K'},
+    {1020, 1020, 'K'},
+    {1024, 1024, 'K'},
+}};
+
+const FieldControls& controlsOf(int field)
+{
+    return kFields[static_cast<std::size_t>(field)];
+}
 
 constexpr std::array kDataBits = {24, 25};
 // Of item data 0 and 1.
@@ -84,6 +109,24 @@ int checkedIndex(const std::array<QRadioButton*, count>& buttons)
 }
 
 template <std::size_t count>
+QString textOf(const std::array<QRadioButton*, count>& buttons, int value)
+{
+    const bool known = value >= 0 && value < static_cast<int>(count);
+    return known ? buttons[static_cast<std::size_t>(value)]->text() : QString();
+}
+
+/// The captions of a group's buttons stay plain where its own is bold.
+template <std::size_t count>
+void keepPlain(const std::array<QRadioButton*, count>& buttons)
+{
+    for (QRadioButton* button : buttons) {
+        QFont font = button->font();
+        font.setBold(false);
+        button->setFont(font);
+    }
+}
+
+template <std::size_t count>
 void check(const std::array<QRadioButton*, count>& buttons, qint32 value)
 {
     if (value >= 0 && value < static_cast<qint32>(count))
@@ -119,6 +162,15 @@ OutputSetupControls::OutputSetupControls(SensorPage& page)
     m_skipCount->setValidator(
         new QRegularExpressionValidator(QRegularExpression(QStringLiteral("[0-9]*")), m_skipCount));
     connectControls();
+    keepPlain(m_magnets);
+    keepPlain(m_extensions);
+    keepPlain(m_modes);
+    m_original.fill(-1);
+}
+
+std::array<QComboBox*, 5> OutputSetupControls::lists() const
+{
+    return {m_dataBits, m_format, m_direction, m_mode, m_resolution};
 }
 
 void OutputSetupControls::fillLists()
@@ -136,7 +188,7 @@ void OutputSetupControls::fillLists()
 /// assistive technology toggles one without a click.
 void OutputSetupControls::connectControls()
 {
-    for (QComboBox* list : {m_dataBits, m_format, m_direction, m_mode, m_resolution})
+    for (QComboBox* list : lists())
         connect(list, &QComboBox::activated, this, &OutputSetupControls::settingChanged);
     for (QRadioButton* button : m_magnets)
         connectRadio(button, &OutputSetupControls::settingChanged);
@@ -165,6 +217,43 @@ void OutputSetupControls::translate()
         m_resolution->setItemText(index, QString::asprintf("%01.03f ", micrometres * 0.001) +
                                              languageString(strings::kResolutionUnit));
     }
+    keepRoomForMarks();
+}
+
+/// Nothing moves when a caption is marked.
+void OutputSetupControls::keepRoomForMarks()
+{
+    const FieldMark most{.changed = true, .differs = true};
+    for (int field = 0; field < kFieldCount; ++field) {
+        if (auto* label = m_page.getControl<QLabel>(controlsOf(field).caption)) {
+            const QFontMetrics metrics(most.font(label->font()));
+            label->setMinimumWidth(metrics.horizontalAdvance(most.caption(caption(field))));
+        }
+    }
+}
+
+QString OutputSetupControls::caption(int field) const
+{
+    return languageString(m_page.translationMap().value(controlsOf(field).caption));
+}
+
+char OutputSetupControls::parameterOf(int field)
+{
+    return controlsOf(field).parameter;
+}
+
+void OutputSetupControls::mark(int field, const FieldMark& mark)
+{
+    auto* shown = m_page.getControl<QWidget>(controlsOf(field).caption);
+    if (auto* label = qobject_cast<QLabel*>(shown)) {
+        label->setText(mark.caption(caption(field)));
+    } else if (auto* group = qobject_cast<QGroupBox*>(shown)) {
+        group->setTitle(mark.caption(caption(field)));
+    }
+    shown->setFont(mark.font(shown->font()));
+    auto* control = m_page.getControl<QWidget>(controlsOf(field).control);
+    control->setToolTip(mark.explanation);
+    control->setAccessibleDescription(mark.explanation);
 }
 
 void OutputSetupControls::setAdvanced(bool shown)
@@ -175,7 +264,7 @@ void OutputSetupControls::setAdvanced(bool shown)
 void OutputSetupControls::clear()
 {
     const QScopedValueRollback showing(m_showing, true);
-    for (QComboBox* list : {m_dataBits, m_format, m_direction, m_mode, m_resolution})
+    for (QComboBox* list : lists())
         list->setCurrentIndex(-1);
     m_skipCount->clear();
     uncheck(m_magnets);
@@ -183,11 +272,39 @@ void OutputSetupControls::clear()
     uncheck(m_modes);
     for (QRadioButton* button : m_magnets)
         button->setEnabled(true);
+    acceptValues();
+}
+
+void OutputSetupControls::restoreValues()
+{
+    const Values original = m_original;
+    clear();
+    const QScopedValueRollback showing(m_showing, true);
+    const auto lists = this->lists();
+    for (std::size_t field = 0; field < lists.size(); ++field)
+        select(*lists[field], original[field]);
+    m_skipCount->setText(text(SkipCount, original[SkipCount]));
+    check(m_extensions, original[ExtensionKind]);
+    check(m_modes, original[Output]);
+    if (original[Output] >= 0)
+        setMagnets(original[Output] == kDifferential);
+    check(m_magnets, original[Magnets]);
+    acceptValues();
 }
 
 void OutputSetupControls::show(char id, const OutputSettings& read)
 {
     const QScopedValueRollback showing(m_showing, true);
+    showParameter(id, read);
+    const Values now = values();
+    for (std::size_t field = 0; field < now.size(); ++field) {
+        if (kFields[field].parameter == id)
+            m_original[field] = now[field];
+    }
+}
+
+void OutputSetupControls::showParameter(char id, const OutputSettings& read)
+{
     if (id == 'D') {
         showFormat(read.format);
     } else if (id == 'A') {
@@ -231,7 +348,7 @@ void OutputSetupControls::setMagnets(bool two)
 
 QWidget* OutputSetupControls::firstMissing(bool advanced) const
 {
-    for (QComboBox* list : {m_dataBits, m_format, m_direction, m_mode, m_resolution}) {
+    for (QComboBox* list : lists()) {
         if (list->currentIndex() < 0)
             return list;
     }
@@ -258,6 +375,51 @@ OutputSettings OutputSetupControls::chosen(const OutputSettings& read) const
     chosen.extension = {checkedIndex(m_extensions), checkedIndex(m_modes),
                         checkedIndex(m_magnets) + 1};
     return chosen;
+}
+
+OutputSetupControls::Values OutputSetupControls::values() const
+{
+    return {SensorPage::comboSelectedData(*m_dataBits),
+            SensorPage::comboSelectedData(*m_format),
+            SensorPage::comboSelectedData(*m_direction),
+            SensorPage::comboSelectedData(*m_mode),
+            SensorPage::comboSelectedData(*m_resolution),
+            m_skipCount->text().isEmpty() ? -1 : skipCount(),
+            checkedIndex(m_magnets),
+            checkedIndex(m_extensions),
+            checkedIndex(m_modes)};
+}
+
+OutputSetupControls::Values OutputSetupControls::valuesOf(const OutputSettings& settings)
+{
+    const DataFormat& format = settings.format;
+    return {format.dataBits,
+            format.has(DataFormat::kGray),
+            format.has(DataFormat::kReverse),
+            format.has(DataFormat::kModeOne),
+            settings.micrometres,
+            format.errorSkipCount,
+            settings.extension.magnets - 1,
+            settings.extension.extension,
+            settings.extension.mode};
+}
+
+QString OutputSetupControls::text(int field, int value) const
+{
+    switch (field) {
+    case SkipCount:
+        return value < 0 ? QString() : QString::asprintf("%02d", value);
+    case Magnets:
+        return textOf(m_magnets, value);
+    case ExtensionKind:
+        return textOf(m_extensions, value);
+    case Output:
+        return textOf(m_modes, value);
+    default: {
+        const QComboBox* list = lists()[static_cast<std::size_t>(field)];
+        return list->itemText(list->findData(value));
+    }
+    }
 }
 
 int OutputSetupControls::skipCount() const

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "pages/FieldMark.h"
 #include "sensor/OutputSettings.h"
 
 #include <QObject>
@@ -21,6 +22,22 @@ class OutputSetupControls : public QObject
     Q_OBJECT
 
 public:
+    /// What can be set, in the order of the page: the lists, the number, the groups of buttons.
+    enum Field {
+        DataBits,
+        Format,
+        Direction,
+        Mode,
+        Resolution,
+        SkipCount,
+        Magnets,
+        ExtensionKind,
+        Output
+    };
+    static constexpr int kFieldCount = 9;
+    /// By field, as the sensor counts them; -1 where nothing is selected.
+    using Values = std::array<int, kFieldCount>;
+
     /// @param page has its form already, and outlives this
     explicit OutputSetupControls(SensorPage& page);
 
@@ -33,6 +50,22 @@ public:
     void clear();
     /// Shows what a parameter says. A value that no control carries changes nothing.
     void show(char id, const OutputSettings& read);
+
+    [[nodiscard]] Values values() const;
+    /// What was shown by the program, whatever the user has made of it.
+    [[nodiscard]] const Values& original() const { return m_original; }
+    /// What is selected counts as shown by the program.
+    void acceptValues() { m_original = values(); }
+    void restoreValues();
+
+    /// What the sensor's settings are in the fields, also what no control carries.
+    [[nodiscard]] static Values valuesOf(const OutputSettings& settings);
+    /// A value as the field shows it; empty if it carries none such.
+    [[nodiscard]] QString text(int field, int value) const;
+    [[nodiscard]] QString caption(int field) const;
+    /// The parameter that carries a field.
+    [[nodiscard]] static char parameterOf(int field);
+    void mark(int field, const FieldMark& mark);
 
     /// The first control of the page that lacks an entry; null if none does.
     [[nodiscard]] QWidget* firstMissing(bool advanced) const;
@@ -51,9 +84,12 @@ Q_SIGNALS:
     void skipCountChanged();
 
 private:
+    [[nodiscard]] std::array<QComboBox*, 5> lists() const;
     void fillLists();
+    void keepRoomForMarks();
     void connectControls();
     void connectRadio(QRadioButton* button, void (OutputSetupControls::*changed)());
+    void showParameter(char id, const OutputSettings& read);
     void showFormat(const DataFormat& format);
     void showExtension(const Extension& extension);
     void onModeRadio();
@@ -69,6 +105,7 @@ private:
     std::array<QRadioButton*, 2> m_magnets;
     std::array<QRadioButton*, 3> m_extensions; ///< by the sensor's value, as the modes
     std::array<QRadioButton*, 3> m_modes;
+    Values m_original;
     bool m_showing = false; ///< what changes now is not the user's doing
 };
 

@@ -7,6 +7,7 @@
 #include "platform/core/LanguageStrings.h"
 #include "platform/core/Strings.h"
 #include "platform/ui/MessageBox.h"
+#include "sensor/OffsetChoice.h"
 #include "sensor/SensorTypes.h"
 #include "sensor/SequenceRunner.h"
 
@@ -58,8 +59,9 @@ QLatin1String storedPassword()
 
 } // namespace
 
-OutputSetupPage::OutputSetupPage()
-    : WritingPage(QStringLiteral("DLG_PELORIN_OUTPUT_SETUP"), kApplyButton)
+OutputSetupPage::OutputSetupPage(SafeWriter& writer)
+    : WritingPage(QStringLiteral("DLG_PELORIN_OUTPUT_SETUP"), kApplyButton, writer,
+                  WriteRequest::By::OutputSetup)
 {
 }
 
@@ -73,10 +75,14 @@ void OutputSetupPage::onInitDialog()
 {
     m_controls = new OutputSetupControls(*this);
     m_controls->skipCountEdit()->setEnabled(m_unlocked);
-    connect(m_controls, &OutputSetupControls::settingChanged, this, [this] { enableApply(true); });
+    connect(m_controls, &OutputSetupControls::settingChanged, this, [this] {
+        enableApply(true);
+        updateEntries();
+    });
     connect(m_controls, &OutputSetupControls::skipCountChanged, this, [this] {
         if (isRead())
             enableApply(true);
+        updateEntries();
     });
     connect(getControl<QPushButton>(kUnlockButton), &QPushButton::clicked, this,
             &OutputSetupPage::unlock);
@@ -86,8 +92,8 @@ void OutputSetupPage::onInitDialog()
 
 void OutputSetupPage::translate()
 {
-    SensorPage::translate();
     m_controls->translate();
+    WritingPage::translate();
 }
 
 bool OutputSetupPage::hasExtension() const
@@ -120,9 +126,51 @@ void OutputSetupPage::showWritten()
         m_controls->show(id, m_read);
 }
 
+std::vector<WritingPage::Field> OutputSetupPage::fields() const
+{
+    const auto& read = m_controls->original();
+    const auto now = m_controls->values();
+    std::vector<Field> fields;
+    for (int field = 0; field < OutputSetupControls::kFieldCount; ++field) {
+        const auto at = static_cast<std::size_t>(field);
+        fields.push_back({.id = OutputSetupControls::parameterOf(field),
+                          .caption = m_controls->caption(field),
+                          .read = m_controls->text(field, read[at]),
+                          .changed = now[at] != read[at]});
+    }
+    return fields;
+}
+
+QStringList OutputSetupPage::fieldTexts(const SensorValues& values) const
+{
+    OutputSettings settings;
+    for (const auto& [id, value] : values)
+        settings.decode(id, value);
+    const auto fields = OutputSetupControls::valuesOf(settings);
+    QStringList texts;
+    for (int field = 0; field < OutputSetupControls::kFieldCount; ++field)
+        texts << m_controls->text(field, fields[static_cast<std::size_t>(field)]);
+    return texts;
+}
+
+void OutputSetupPage::mark(int field, const FieldMark& mark)
+{
+    m_controls->mark(field, mark);
+}
+
+void OutputSetupPage::acceptEntries()
+{
+    m_controls->acceptValues();
+}
+
+void OutputSetupPage::restoreRead()
+{
+    m_controls->restoreValues();
+}
+
 void OutputSetupPage::unlock()
 {
-    if (runner().isBusy())
+    if (isBusy())
         return;
     PasswordDialog dialog(window(), strings::kPasswordPrompt);
     if (dialog.exec() != QDialog::Accepted)
@@ -137,7 +185,7 @@ void OutputSetupPage::unlock()
 
 void OutputSetupPage::apply()
 {
-    if (!runner().isBusy() && validateForApply())
+    if (!isBusy() && validateForApply())
         write(sensorType(link().ssiType()).outputWrite, m_writes);
 }
 
@@ -152,7 +200,7 @@ bool OutputSetupPage::validateForApply()
     if (m_controls->skipCount() > kLargestSkipCount)
         return refuse(strings::kSkipCountRange, m_controls->skipCountEdit());
     m_chosen = m_controls->chosen(m_read);
-    return entriesAreAllowed() && askForOffset() && confirmChanges() && composeWriteValues();
+    return entriesAreAllowed() && calculateOffset() && confirmChanges() && composeWriteValues();
 }
 
 bool OutputSetupPage::valuesAreUsable()
@@ -182,16 +230,28 @@ bool OutputSetupPage::entriesAreAllowed()
 }
 
 /// Another direction needs another offset.
-bool OutputSetupPage::askForOffset()
+bool OutputSetupPage::calculateOffset()
 {
+    m_offset.reset();
     const bool reverse = m_chosen.format.has(DataFormat::kReverse);
     if (reverse == m_read.format.has(DataFormat::kReverse))
-        return true;
+        return chooseOffset();
     CalculateOffsetDialog dialog(window(), reverse, m_read.strokeMm);
     if (dialog.exec() != QDialog::Accepted)
         return false;
     m_chosen.offsetMm = dialog.offset();
     return isLinkKept();
+}
+
+/// An offset that was only read would become another one with each Apply.
+bool OutputSetupPage::chooseOffset()
+{
+    const auto choice = offsetChoice(m_read.offsetMm, m_read.resolutionMm(),
+                                     m_chosen.resolutionMm(), m_chosen.format.multiplier());
+    if (!choice)
+        return true;
+    m_offset = askForOffset(*choice);
+    return m_offset && isLinkKept();
 }
 
 /// Asks only about what the sensor does not do already.
@@ -209,7 +269,8 @@ bool OutputSetupPage::composeWriteValues()
 {
     m_writes.clear();
     for (const char id : sensorType(link().ssiType()).outputWrite) {
-        const auto valueText = m_chosen.composeWriteValue(id);
+        const bool asked = id == 'N' && m_offset;
+        const auto valueText = asked ? m_offset : m_chosen.composeWriteValue(id);
         if (!valueText)
             return refuse(strings::kDoesNotFit, m_controls->resolutionList());
         m_writes[id] = *valueText;
@@ -222,12 +283,6 @@ bool OutputSetupPage::confirm(int question)
     return messageBox(window(), languageString(question), QMessageBox::Yes | QMessageBox::No,
                       QMessageBox::Question) == QMessageBox::Yes &&
            isLinkKept();
-}
-
-/// After a dialog: whether the sensor that was read is still connected.
-bool OutputSetupPage::isLinkKept()
-{
-    return isCurrent() || refuse(strings::kLinkLost);
 }
 
 bool OutputSetupPage::refuse(int message, QWidget* focus)

@@ -16,7 +16,8 @@ class OutputSetupPage final : public WritingPage
     Q_OBJECT
 
 public:
-    OutputSetupPage();
+    /// @param writer outlives the page
+    explicit OutputSetupPage(SafeWriter& writer);
 
     void getCurrentValues() override;
 
@@ -26,6 +27,11 @@ protected:
     void translate() override;
     void showReadValue(const Reply& reply) override;
     void showWritten() override;
+    [[nodiscard]] std::vector<Field> fields() const override;
+    [[nodiscard]] QStringList fieldTexts(const SensorValues& values) const override;
+    void mark(int field, const FieldMark& mark) override;
+    void acceptEntries() override;
+    void restoreRead() override;
 
 private:
     void unlock();
@@ -34,11 +40,11 @@ private:
     [[nodiscard]] bool validateForApply();
     [[nodiscard]] bool valuesAreUsable();
     [[nodiscard]] bool entriesAreAllowed();
-    [[nodiscard]] bool askForOffset();
+    [[nodiscard]] bool calculateOffset();
+    [[nodiscard]] bool chooseOffset();
     [[nodiscard]] bool confirmChanges();
     [[nodiscard]] bool composeWriteValues();
     [[nodiscard]] bool confirm(int question);
-    [[nodiscard]] bool isLinkKept();
     [[nodiscard]] bool refuse(int message, QWidget* focus = nullptr);
     [[nodiscard]] bool refuse(const QString& text, QWidget* focus = nullptr);
     [[nodiscard]] bool hasExtension() const;
@@ -46,9 +52,10 @@ private:
     OutputSetupControls* m_controls = nullptr;
     bool m_unlocked = false;
     OutputSettings m_read;
-    std::optional<Reply> m_misread; ///< the first that was no value of its parameter
-    OutputSettings m_chosen;        ///< what Apply writes
-    SensorValues m_writes;          ///< the same as it is written
+    std::optional<Reply> m_misread;     ///< the first that was no value of its parameter
+    OutputSettings m_chosen;            ///< what Apply writes
+    SensorValues m_writes;              ///< the same as it is written
+    std::optional<QByteArray> m_offset; ///< as the user wants it written; nothing: as it follows
 };
 
 } // namespace pelorin

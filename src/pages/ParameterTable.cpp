@@ -13,7 +13,7 @@ namespace pelorin {
 namespace {
 
 constexpr int kNameColumn = 0;
-constexpr int kValueColumn = 1;
+constexpr int kValueColumn = ParameterTable::kValueColumn;
 constexpr int kUnitColumn = 2;
 constexpr std::array kHeaderTexts = {strings::kParameterHeader, strings::kValueHeader,
                                      strings::kUnitHeader}; // by column
@@ -28,7 +28,9 @@ QString textOf(int stringNumber)
 void ParameterTable::attach(QTableWidget& list, std::span<const Row> rows)
 {
     m_list = &list;
-    m_rows.assign(rows.begin(), rows.end());
+    m_rows.clear();
+    for (const Row& row : rows)
+        m_rows.push_back({row});
     list.setRowCount(rowCount());
     list.setColumnCount(static_cast<int>(kHeaderTexts.size()));
     for (int row = 0; row < rowCount(); ++row) {
@@ -51,10 +53,19 @@ void ParameterTable::translate()
     m_list->setHorizontalHeaderLabels(headers);
     m_list->horizontalHeaderItem(kNameColumn)->setTextAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     for (int row = 0; row < rowCount(); ++row) {
-        const auto& [label, unit] = m_rows[static_cast<std::size_t>(row)];
-        m_list->item(row, kNameColumn)->setText(textOf(label));
-        m_list->item(row, kUnitColumn)->setText(textOf(unit));
+        showLabel(row);
+        m_list->item(row, kUnitColumn)->setText(textOf(at(row).texts.unit));
     }
+}
+
+QString ParameterTable::label(int row) const
+{
+    return textOf(at(row).texts.label);
+}
+
+void ParameterTable::showLabel(int row)
+{
+    m_list->item(row, kNameColumn)->setText(at(row).mark.caption(label(row)));
 }
 
 QString ParameterTable::value(int row) const
@@ -64,7 +75,32 @@ QString ParameterTable::value(int row) const
 
 void ParameterTable::setValue(int row, const QString& text)
 {
+    m_rows[static_cast<std::size_t>(row)].original = text;
     m_list->item(row, kValueColumn)->setText(text);
+}
+
+void ParameterTable::acceptValues()
+{
+    for (int row = 0; row < rowCount(); ++row)
+        setValue(row, value(row));
+}
+
+void ParameterTable::restoreValues()
+{
+    for (int row = 0; row < rowCount(); ++row)
+        setValue(row, original(row));
+}
+
+void ParameterTable::mark(int row, const FieldMark& mark)
+{
+    m_rows[static_cast<std::size_t>(row)].mark = mark;
+    showLabel(row);
+    for (const int column : {kNameColumn, kValueColumn}) {
+        QTableWidgetItem* item = m_list->item(row, column);
+        item->setFont(mark.font(m_list->font()));
+        item->setToolTip(mark.explanation);
+        item->setData(Qt::AccessibleDescriptionRole, mark.explanation);
+    }
 }
 
 void ParameterTable::setEditable(int row, bool editable)

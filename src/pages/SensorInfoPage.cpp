@@ -1,10 +1,10 @@
 #include "pages/SensorInfoPage.h"
 
 #include "link/SensorLink.h"
-#include "platform/core/HexText.h"
 #include "platform/core/LanguageStrings.h"
 #include "platform/core/Strings.h"
 #include "sensor/ParameterCodec.h"
+#include "sensor/ParameterWords.h"
 #include "sensor/SensorTypes.h"
 
 #include <QTableWidget>
@@ -55,84 +55,6 @@ constexpr int kSkipCountRow = 5;
 int labelOf(const Row& row)
 {
     return row.label != 0 ? row.label : parameterName(row.parameter);
-}
-
-QString formatText(const DataFormat& format)
-{
-    return languageString(format.has(DataFormat::kGray) ? strings::kBitsGray : strings::kBitsBinary)
-        .arg(format.dataBits);
-}
-
-QString modeText(const DataFormat& format)
-{
-    const int direction = format.has(DataFormat::kReverse) ? strings::kReverse : strings::kForward;
-    const int mode = format.has(DataFormat::kModeOne)  ? strings::kSynchronous
-                     : format.has(DataFormat::kStream) ? strings::kPositionStream
-                                                       : strings::kAsynchronous;
-    return languageString(direction) + QStringLiteral(", ") + languageString(mode);
-}
-
-QString multiplierText(const DataFormat& format)
-{
-    constexpr std::array kTexts = {strings::kTimesOne, strings::kTimesTwo, strings::kTimesFour,
-                                   strings::kTimesEight};
-    return languageString(kTexts[(format.flags & DataFormat::kMultiplierMask) / std::size_t{0x40}]);
-}
-
-QString gradientText(const QByteArray& reply)
-{
-    const double gradient = decodeGradient(reply);
-    QString text = QString::asprintf("%01.02f", gradient);
-    if (gradient > 0)
-        text += QString::asprintf(" (%01.05f)", 25400 / gradient);
-    return text;
-}
-
-/// The text of a value 0, 1 or 2, or the one for any other.
-QString choiceText(qint32 value, const std::array<int, 3>& texts, int otherText)
-{
-    const bool known = value >= 0 && value < static_cast<qint32>(texts.size());
-    return languageString(known ? texts[static_cast<std::size_t>(value)] : otherText);
-}
-
-QString extensionText(const QByteArray& reply)
-{
-    const Extension extension = Extension::decode(reply);
-    return QStringList{
-        choiceText(extension.magnets,
-                   {strings::kUnknownMagnets, strings::kOneMagnet, strings::kTwoMagnets},
-                   strings::kUnknownMagnets),
-        choiceText(extension.mode,
-                   {strings::kNormalOutput, strings::kDifferentialPosition, strings::kVelocity},
-                   strings::kUnknownOutput),
-        choiceText(extension.extension,
-                   {strings::kNoExtension, strings::kParity, strings::kTemperature},
-                   strings::kUnknownExtension)}
-        .join(QStringLiteral(", "));
-}
-
-/// The value shown for a parameter that fills one row.
-QString shownText(char id, const QByteArray& reply)
-{
-    switch (id) {
-    case 'A':
-        return QString::asprintf("%01.03f", decodeResolutionMm(reply));
-    case 'L':
-        return QString::asprintf("%01.0f", decodeStrokeMm(reply));
-    case 'F':
-        return QString::fromLatin1(reply);
-    case 'V':
-        return QString::number(hexToLong(reply));
-    case 'U':
-        return gradientText(reply);
-    case 'K':
-        return extensionText(reply);
-    case 'Z':
-    case 'M':
-        return QString::fromLatin1(reply.left(4).toUpper());
-    default:
-        return QString::fromLatin1(reply.toUpper());
-    }
 }
 
 /// The row of a parameter that fills only one.
@@ -204,7 +126,7 @@ void SensorInfoPage::renderValue(char id)
 {
     const QByteArray reply = m_replies.value(id);
     if (id != 'D') {
-        m_table.setValue(rowOf(id), shownText(id, reply));
+        m_table.setValue(rowOf(id), parameterText(id, reply));
         return;
     }
     const DataFormat format = DataFormat::decode(reply);

@@ -33,6 +33,11 @@ public:
     /// Nothing else uses the sensor any more: takes up again what another one's plan has ended.
     virtual void resume() {}
 
+    /// How many changes the user has made that are not applied.
+    [[nodiscard]] virtual int entryCount() const { return 0; }
+    /// Shows again what was read instead.
+    virtual void discardEntries() {}
+
     /// Posts the page's current status text again, for example in another language.
     void postStatusText();
 
@@ -44,6 +49,8 @@ public:
 Q_SIGNALS:
     /// The page has something to say that the user must not miss.
     void noticed(const QString& text);
+    /// entryCount may have changed.
+    void entriesChanged();
 
 protected:
     /// @param formName the page's form, without its ending

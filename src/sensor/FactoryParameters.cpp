@@ -190,7 +190,9 @@ QString FactoryParameters::faultOf(int row, const Texts& entries) const
     case Multiplier:
         return multiplierBits(text) ? QString() : languageString(strings::kMultiplierValues);
     case Offset:
-        return offsetFault(text, resolutionMm(), multiplierOf(at(entries, Multiplier)));
+        // One that was only read need not be multiplied.
+        return offsetFault(text, resolutionMm(),
+                           text == this->text(Offset) ? 1 : multiplierOf(at(entries, Multiplier)));
     case CycleSuffix:
         return hexFault(text, kSuffixMaximum);
     case FactoryJ:
@@ -198,6 +200,14 @@ QString FactoryParameters::faultOf(int row, const Texts& entries) const
     default:
         return hexFault(text, kOMaximum);
     }
+}
+
+std::optional<OffsetChoice> FactoryParameters::offsetToChoose(const Texts& entries) const
+{
+    if (at(entries, Offset) != text(Offset))
+        return std::nullopt;
+    return offsetChoice(decodeOffsetCounts(m_replies.value('N')) * resolutionMm(), resolutionMm(),
+                        resolutionMm(), multiplierOf(at(entries, Multiplier)));
 }
 
 QByteArray FactoryParameters::composeWriteValue(char id, const Texts& entries) const

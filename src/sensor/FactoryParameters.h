@@ -1,10 +1,13 @@
 #pragma once
 
+#include "sensor/OffsetChoice.h"
+
 #include <QByteArray>
 #include <QHash>
 #include <QString>
 
 #include <array>
+#include <optional>
 
 namespace pelorin {
 
@@ -54,6 +57,9 @@ public:
     /// it was, a row without a value, a value that its parameter cannot hold.
     /// @param rowCount rows that the sensor has
     [[nodiscard]] Fault findFault(const Texts& entries, int rowCount) const;
+
+    /// What the offset can become, if it is as it was read.
+    [[nodiscard]] std::optional<OffsetChoice> offsetToChoose(const Texts& entries) const;
 
     /// The data text that is written for a parameter; of rows without a fault.
     [[nodiscard]] QByteArray composeWriteValue(char id, const Texts& entries) const;

@@ -2,7 +2,7 @@
 
 #include "platform/core/LanguageStrings.h"
 #include "platform/core/Strings.h"
-#include "sensor/SensorTypes.h"
+#include "sensor/ParameterWords.h"
 
 #include <QStringList>
 
@@ -25,21 +25,6 @@ QStringList reasons(const Outcome& outcome, int failedText)
 QString parameterArgument(char id)
 {
     return QString::number(static_cast<unsigned char>(id));
-}
-
-QString parameterInWords(char id)
-{
-    const QString letter(QLatin1Char{id});
-    const int name = parameterName(id);
-    return name == 0 ? letter : QStringLiteral("%1 (%2)").arg(languageString(name), letter);
-}
-
-QString parametersInWords(const QByteArray& ids)
-{
-    QStringList names;
-    for (const char id : ids)
-        names << parameterInWords(id);
-    return names.join(QStringLiteral(", "));
 }
 
 QString writingFailure(const Outcome& outcome)

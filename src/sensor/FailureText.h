@@ -9,10 +9,6 @@ namespace pelorin {
 /// A parameter as the argument of a message: the byte value of its identifier.
 [[nodiscard]] QString parameterArgument(char id);
 
-/// A parameter for the user: its name in the current language and its identifier.
-[[nodiscard]] QString parameterInWords(char id);
-[[nodiscard]] QString parametersInWords(const QByteArray& ids);
-
 /// What the user is told of a plan that was to write to the sensor and has not come to its end:
 /// where it ended, why, and what had been written by then.
 [[nodiscard]] QString writingFailure(const Outcome& outcome);

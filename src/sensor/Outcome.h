@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QList>
 
 namespace pelorin {
 
@@ -11,6 +12,16 @@ struct Reply
     QByteArray text;
     bool wellFormed = false; ///< wholly a value of its parameter; from what is not nothing follows
                              ///< that may be written, kept or saved
+};
+
+/// A parameter that was written and is not what the sensor has.
+struct Difference
+{
+    char id = 0;
+    QByteArray written;
+    QByteArray has;
+
+    bool operator==(const Difference&) const = default;
 };
 
 /// How a plan has ended.
@@ -27,6 +38,8 @@ struct Outcome
     Kind kind = Kind::Done;
     char parameter = 0;   ///< at which it ended, unless it is done; 0 where that is none
     QByteArray written{}; ///< the parameters that had been written by then, in their order
+    QList<Difference> differences{}; ///< found by its Verify steps
+    QByteArray unanswered{};         ///< the parameters that these have no usable answer to
 
     [[nodiscard]] bool isDone() const { return kind == Kind::Done; }
 

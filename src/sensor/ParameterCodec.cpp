@@ -50,6 +50,15 @@ bool isCodeAndNumber(QByteArrayView text)
            isBlanksAndDigits(text.sliced(kCodeWidth));
 }
 
+/// A number as a text of its own, without the blanks and zeros in front.
+QByteArray significant(const QByteArray& number)
+{
+    qsizetype zeros = 0;
+    while (zeros + 1 < number.size() && (number[zeros] == ' ' || number[zeros] == '0'))
+        ++zeros;
+    return number.mid(zeros);
+}
+
 struct ReplyForm
 {
     std::string_view ids;
@@ -79,6 +88,29 @@ bool isWellFormed(char id, const QByteArray& reply)
             return reply.size() >= shortest && reply.size() <= longest && isOfForm(reply);
     }
     return false;
+}
+
+bool isSameValue(char id, const QByteArray& one, const QByteArray& other)
+{
+    if (one == other)
+        return true;
+    if (!isWellFormed(id, one) || !isWellFormed(id, other))
+        return false;
+    switch (id) {
+    case 'A':
+    case 'U':
+        return significant(one) == significant(other);
+    case 'L':
+        return one.left(2) == other.left(2) && significant(one.mid(2)) == significant(other.mid(2));
+    case 'N':
+        return decodeOffsetCounts(one) == decodeOffsetCounts(other);
+    case 'F':
+    case 'P':
+    case 'V':
+        return false; // texts
+    default:
+        return significant(one.toUpper()) == significant(other.toUpper());
+    }
 }
 
 QByteArray padValueText(const QByteArray& text, int width)

@@ -18,6 +18,10 @@ namespace pelorin {
 /// still be decoded, to another value: nothing that follows from it may be written.
 [[nodiscard]] bool isWellFormed(char id, const QByteArray& reply);
 
+/// Whether two texts of a parameter mean the same; texts that are no values, only if they are
+/// equal.
+[[nodiscard]] bool isSameValue(char id, const QByteArray& one, const QByteArray& other);
+
 /// Fixes a value text to a width: drops leading characters, or puts zeros in front.
 [[nodiscard]] QByteArray padValueText(const QByteArray& text, int width);
 

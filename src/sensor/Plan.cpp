@@ -1,5 +1,7 @@
 #include "sensor/Plan.h"
 
+#include <algorithm>
+
 namespace pelorin {
 
 Plan readPlan(std::string_view ids, bool confirmed)
@@ -24,6 +26,30 @@ Plan writePlan(std::string_view order, const SensorValues& values, char closing,
     }
     plan.push_back({.kind = Step::Kind::Close, .id = closing, .pauseAfter = storePause});
     return plan;
+}
+
+Plan verifyPlan(std::string_view order, const SensorValues& values)
+{
+    Plan plan = tolerantReadPlan(order);
+    for (Step& step : plan)
+        step.value = values.at(step.id);
+    return plan;
+}
+
+Plan tolerantReadPlan(std::string_view ids)
+{
+    Plan plan = readPlan(ids);
+    for (Step& step : plan)
+        step.kind = Step::Kind::Verify;
+    return plan;
+}
+
+Plan joined(Plan first, const Plan& second)
+{
+    if (!first.empty() && !second.empty())
+        first.back().pauseAfter = std::max(first.back().pauseAfter, kPauseBetweenRequests);
+    first.insert(first.end(), second.begin(), second.end());
+    return first;
 }
 
 Plan connectPlan()

@@ -16,6 +16,7 @@ struct Step
     enum class Kind {
         Connect,   ///< supply cycle, programming mode, version, identification
         Read,      ///< of parameter id
+        Verify,    ///< the same, compared with value where there is one; goes on without an answer
         Write,     ///< of value to parameter id
         Close,     ///< the command id, which takes the values written into effect
         Raw,       ///< exchanges the bytes of value as they are
@@ -41,6 +42,8 @@ struct Step
         return kind == Kind::Write || kind == Kind::Close || kind == Kind::Raw;
     }
 
+    [[nodiscard]] bool reads() const { return kind == Kind::Read || kind == Kind::Verify; }
+
     bool operator==(const Step&) const = default;
 };
 
@@ -55,6 +58,16 @@ inline constexpr std::chrono::milliseconds kStoreTime{2000};
 /// Reads parameters one after the other.
 /// @param confirmed has answers that are no values read once more
 [[nodiscard]] Plan readPlan(std::string_view ids, bool confirmed = false);
+
+/// Reads parameters that were written, one after the other, and compares them. What differs, or
+/// has no answer, is in the outcome; only the second silence in a row ends it.
+[[nodiscard]] Plan verifyPlan(std::string_view order, const SensorValues& values);
+
+/// The same for parameters that need not be known.
+[[nodiscard]] Plan tolerantReadPlan(std::string_view ids);
+
+/// One plan behind the other.
+[[nodiscard]] Plan joined(Plan first, const Plan& second);
 
 /// Writes parameters one after the other, and has the sensor take them into effect.
 /// @param order the parameters; each has a value

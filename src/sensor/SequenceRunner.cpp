@@ -140,8 +140,7 @@ void SequenceRunner::doStep()
     if (run.abandoned && !run.wrote)
         return end(Outcome::Kind::Abandoned);
     // Only what has begun to be written is brought to its end.
-    for (; run.abandoned && run.at < run.plan.size() && run.plan[run.at].kind == Kind::Read;
-         ++run.at)
+    for (; run.abandoned && run.at < run.plan.size() && run.plan[run.at].reads(); ++run.at)
         run.skipped = true;
     if (run.at == run.plan.size())
         return end(run.skipped ? Outcome::Kind::Abandoned : Outcome::Kind::Done);
@@ -172,6 +171,7 @@ RequestId SequenceRunner::request(const Step& step)
         noteChange();
         return m_link.requestConnect();
     case Kind::Read:
+    case Kind::Verify:
         return m_link.requestRead(step.id);
     case Kind::Write:
     case Kind::Close:
@@ -227,9 +227,10 @@ void SequenceRunner::takeResult(int result)
     const bool unasked = asked && (m_link.linkFailed() == 1 || !m_link.isOpen());
     if (m_link.lossCount() != run.losses || unasked)
         return end(Outcome::Kind::Lost);
-    if (result != 1 || m_link.cutFrames() != run.cutFrames)
+    const bool failed = result != 1 || m_link.cutFrames() != run.cutFrames;
+    if (failed && (step.kind != Kind::Verify || run.abandoned))
         return end(run.abandoned ? Outcome::Kind::Abandoned : Outcome::Kind::Failed);
-    if (step.kind == Kind::Read && !takeReply(step))
+    if (step.reads() && !(failed ? takeSilence(step) : takeReply(step)))
         return;
     if (!m_run || m_run->serial != serial)
         return;
@@ -254,23 +255,52 @@ bool SequenceRunner::takeReply(const Step& step)
 {
     const Reply reply{step.id, m_link.lastReply(), isWellFormed(step.id, m_link.lastReply())};
     Run& run = *m_run;
-    if (!reply.wellFormed && step.confirmed) {
-        if (!run.doubted) {
-            run.doubted = reply.text;
-            m_pause.start(Pacing::pause(kPauseBetweenRequests));
-            return false;
-        }
-        if (*run.doubted != reply.text || !isPrintable(reply.text)) {
-            end(Outcome::Kind::Failed);
-            return false;
-        }
+    const bool verifies = step.kind == Kind::Verify;
+    const bool differs =
+        verifies && !step.value.isNull() && !isSameValue(step.id, step.value, reply.text);
+    const bool unclear = !reply.wellFormed && (step.confirmed || verifies);
+    if ((differs || unclear) && readOnceMore(reply.text))
+        return false;
+    const auto doubted = std::exchange(run.doubted, std::nullopt);
+    if (unclear && !(doubted == reply.text && isPrintable(reply.text))) {
+        if (verifies)
+            return takeSilence(step); // an answer, but nobody knows which
+        end(Outcome::Kind::Failed);
+        return false;
     }
-    run.doubted.reset();
+    if (differs)
+        run.differences.append({step.id, step.value, reply.text});
+    run.silent = false;
     m_known[step.id] = reply.text;
     tell([listener = run.listener.reply, owner = run.owner, reply] {
         if (listener && owner)
             listener(reply);
     });
+    return true;
+}
+
+/// @return false if the step is not over: what was heard once may have been disturbed
+bool SequenceRunner::readOnceMore(const QByteArray& text)
+{
+    if (m_run->doubted)
+        return false;
+    m_run->doubted = text;
+    m_pause.start(Pacing::pause(kPauseBetweenRequests));
+    return true;
+}
+
+/// A Verify step has no answer that can be used; a sensor that is silent twice in a row is gone.
+/// @return false if the plan has ended
+bool SequenceRunner::takeSilence(const Step& step)
+{
+    Run& run = *m_run;
+    run.cutFrames = m_link.cutFrames();
+    run.doubted.reset();
+    run.unanswered.append(step.id);
+    if (std::exchange(run.silent, true)) {
+        end(Outcome::Kind::Failed);
+        return false;
+    }
     return true;
 }
 
@@ -281,7 +311,10 @@ void SequenceRunner::end(Outcome::Kind kind)
     m_outstanding = 0;
     m_pause.stop();
     disconnect(run.watch);
-    Outcome outcome{.kind = kind, .written = run.written};
+    Outcome outcome{.kind = kind,
+                    .written = run.written,
+                    .differences = run.differences,
+                    .unanswered = run.unanswered};
     if (run.at < run.plan.size()) {
         outcome.parameter = run.plan[run.at].id;
     } else if (kind == Outcome::Kind::Lost) {

@@ -133,6 +133,9 @@ private:
         bool wrote = false;
         bool skipped = false; ///< a part of it, since it was abandoned
         QByteArray written{};
+        QList<Difference> differences{}; ///< found by Verify steps, as the next
+        QByteArray unanswered{};
+        bool silent = false;                 ///< the last Verify step had no answer
         std::optional<QByteArray> doubted{}; ///< an answer that is read once more
         quint64 serial = 0;
         QMetaObject::Connection watch{}; ///< for the end of the owner
@@ -171,6 +174,8 @@ private:
     [[nodiscard]] RequestId request(const Step& step);
     void takeResult(int result);
     [[nodiscard]] bool takeReply(const Step& step);
+    [[nodiscard]] bool takeSilence(const Step& step);
+    [[nodiscard]] bool readOnceMore(const QByteArray& text);
     void end(Outcome::Kind kind);
     void tell(const std::function<void()>& call);
     void stopStream();

@@ -251,7 +251,8 @@ void SimulatedDevice::handleReceived(const std::string& frame, TimePoint now)
 {
     if (const auto fault = takeFault(commandOf(frame), true)) {
         const auto pause = std::chrono::milliseconds(fault->amount);
-        disappear(fault->amount > 0 ? std::optional(now + pause) : std::nullopt, now);
+        if (fault->kind == SimulatedFault::Kind::Vanish)
+            disappear(fault->amount > 0 ? std::optional(now + pause) : std::nullopt, now);
         return;
     }
     handleFrame(frame, now);
@@ -282,12 +283,12 @@ void SimulatedDevice::reappear(TimePoint now)
     changed();
 }
 
-std::optional<SimulatedFault> SimulatedDevice::takeFault(std::string_view command, bool vanishing)
+std::optional<SimulatedFault> SimulatedDevice::takeFault(std::string_view command, bool received)
 {
     auto best = m_faults.end();
     for (auto rule = m_faults.begin(); rule != m_faults.end(); ++rule) {
-        const bool fits = command.starts_with(rule->first) &&
-                          (rule->second.kind == SimulatedFault::Kind::Vanish) == vanishing;
+        const bool fits =
+            command.starts_with(rule->first) && rule->second.strikesCommand() == received;
         if (fits && (best == m_faults.end() || rule->first.size() > best->first.size()))
             best = rule;
     }

@@ -121,7 +121,7 @@ private:
     void handleReceived(const std::string& frame, TimePoint now);
     void disappear(std::optional<TimePoint> backAt, TimePoint now);
     void reappear(TimePoint now);
-    [[nodiscard]] std::optional<SimulatedFault> takeFault(std::string_view command, bool vanishing);
+    [[nodiscard]] std::optional<SimulatedFault> takeFault(std::string_view command, bool received);
     [[nodiscard]] bool isInTune() const;
 
     mutable std::mutex m_mutex; ///< guards everything below, and the fields of derived classes

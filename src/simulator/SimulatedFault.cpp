@@ -20,9 +20,13 @@ struct KindName
 
 // A read gives up after 501 ms and takes 10 bytes at most: the usual amounts go just beyond.
 constexpr std::array kKindNames{
-    KindName{"silent", Kind::Silent, 0},        KindName{"late", Kind::Late, 700},
-    KindName{"short", Kind::Short, 3},          KindName{"long", Kind::Long, 10},
-    KindName{"wrong-byte", Kind::WrongByte, 0}, KindName{"no-cr", Kind::NoTerminator, 0},
+    KindName{"silent", Kind::Silent, 0},
+    KindName{"late", Kind::Late, 700},
+    KindName{"short", Kind::Short, 3},
+    KindName{"long", Kind::Long, 10},
+    KindName{"wrong-byte", Kind::WrongByte, 0},
+    KindName{"no-cr", Kind::NoTerminator, 0},
+    KindName{"deaf", Kind::Deaf, 0},
     KindName{"vanish", Kind::Vanish, 3000},
 };
 
@@ -52,6 +56,7 @@ std::string SimulatedFault::spoil(std::string answer) const
     case Kind::None:
     case Kind::Silent:
     case Kind::Late:
+    case Kind::Deaf:
     case Kind::Vanish:
         break;
     }

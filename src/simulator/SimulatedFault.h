@@ -17,6 +17,7 @@ struct SimulatedFault
         Long,         ///< amount bytes without a CR come instead of the answer
         WrongByte,    ///< the byte at position amount of the answer is disturbed
         NoTerminator, ///< the answer comes without its CR
+        Deaf,         ///< the command does not reach it
         Vanish        ///< the port vanishes; it is back after amount milliseconds, 0: not by itself
     };
 
@@ -26,7 +27,9 @@ struct SimulatedFault
 
     bool operator==(const SimulatedFault&) const = default;
 
-    /// What the fault makes of an answer. Silent, Late and Vanish leave it as it is.
+    /// Whether it strikes the command, not the answer.
+    [[nodiscard]] bool strikesCommand() const { return kind == Kind::Deaf || kind == Kind::Vanish; }
+    /// What the fault makes of an answer. Silent, Late and what strikes commands leave it as it is.
     [[nodiscard]] std::string spoil(std::string answer) const;
 };
 
@@ -39,8 +42,8 @@ struct SimulatedFaultRule
     bool operator==(const SimulatedFaultRule&) const = default;
 
     /// Reads "kind", "kind:amount", either with "@command" behind it: "silent", "late:800",
-    /// "short:5@V". Kinds: silent, late, short, long, wrong-byte, no-cr, vanish. Nothing if the
-    /// text is none of these.
+    /// "short:5@V". Kinds: silent, late, short, long, wrong-byte, no-cr, deaf, vanish. Nothing if
+    /// the text is none of these.
     [[nodiscard]] static std::optional<SimulatedFaultRule> parse(std::string_view text);
 };
 

@@ -45,7 +45,7 @@ void addOptions(QCommandLineParser& parser)
                       QStringLiteral("path")});
     parser.addOption({QStringLiteral("fault"),
                       QStringLiteral("A fault of all devices, kind[:amount][@command]. Kinds: "
-                                     "silent, late, short, long, wrong-byte, no-cr, vanish."),
+                                     "silent, late, short, long, wrong-byte, no-cr, deaf, vanish."),
                       QStringLiteral("rule")});
 }
 

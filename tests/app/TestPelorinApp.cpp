@@ -54,6 +54,7 @@ struct Run
         : settings(settingsText), talk(expected)
     {
         qputenv("XDG_CONFIG_HOME", folder.path({}).toUtf8());
+        qputenv("XDG_DATA_HOME", folder.path({}).toUtf8());
         QObject::connect(&poll, &QTimer::timeout, &poll, [this] { look(); });
         poll.start(5);
     }

@@ -10,13 +10,35 @@
 
 namespace pelorin::test {
 
+/// Gives an answer, or where there is none like it the one that goes on: Yes, Write It Multiplied,
+/// Discard.
+inline void agree(QMessageBox& box, int answer)
+{
+    QAbstractButton* button = box.button(QMessageBox::StandardButton(answer));
+    if (!button)
+        button = box.button(QMessageBox::Yes);
+    if (!button)
+        button = box.findChild<QAbstractButton*>(QStringLiteral("answer1"));
+    if (!button)
+        button = box.button(QMessageBox::Ok);
+    QTest::mouseClick(button, Qt::LeftButton);
+}
+
+/// Keeps the first words of a message; a question that is only agreed to is no message.
+inline void note(const QMessageBox& box, int answer, QStringList& words)
+{
+    if (box.button(QMessageBox::StandardButton(answer)) || box.button(QMessageBox::Ok))
+        words = box.text().split(u' ').mid(0, 6);
+}
+
 /// A page that is shown in the real main window and has read its values from a simulated sensor,
 /// used as a user uses it.
 template <class Page, int kRow, int kApplyButton = 0>
 struct PageRig : MainWindowRig
 {
     /// @param holding what the sensor holds that is not usual for its type, as "D020519 K000001"
-    explicit PageRig(int type = 2, const char* holding = "") : MainWindowRig({.type = type})
+    explicit PageRig(int type = 2, const char* holding = "", const QByteArray& settings = {})
+        : MainWindowRig({.type = type}, settings)
     {
         hold(holding);
         if (!startConnected() || !choosePage(kRow))
@@ -41,6 +63,8 @@ struct PageRig : MainWindowRig
     /// Clicks Refresh and waits until the page has read its values. @return the frames
     QString refresh()
     {
+        const ModalAnswer<QMessageBox> discard(
+            [](QMessageBox& box) { agree(box, QMessageBox::Ok); });
         (void)frames();
         clickRefresh();
         return waitIdle() ? frames() : QStringLiteral("busy");
@@ -55,13 +79,13 @@ struct PageRig : MainWindowRig
         QStringList words;
         std::optional<ModalAnswer<QMessageBox>> next; // a question may be followed by a message
         const ModalAnswer<QMessageBox> reader([&](QMessageBox& box) {
-            words = box.text().split(u' ').mid(0, 6);
+            note(box, answer, words);
             inDialog();
-            next.emplace([&words](QMessageBox& message) {
-                words = message.text().split(u' ').mid(0, 6);
-                message.accept();
+            next.emplace([&words, answer](QMessageBox& message) {
+                note(message, answer, words);
+                agree(message, answer);
             });
-            QTest::mouseClick(box.button(QMessageBox::StandardButton(answer)), Qt::LeftButton);
+            agree(box, answer);
         });
         QTest::mouseClick(control(id), Qt::LeftButton);
         const bool idle = waitIdle() && waitFor([] { return !QApplication::activeModalWidget(); });

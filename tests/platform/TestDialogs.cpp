@@ -193,8 +193,12 @@ private Q_SLOTS:
         QCOMPARE(lists.edit()->accessibleName(), u"name 0, Value"_s);
         QCOMPARE(lists.edit()->geometry(), lists.first.visualItemRect(lists.first.item(0, 1)));
 
+        QTest::keyClick(lists.focusWidget(), Qt::Key_7);
+        QTest::keyClick(lists.focusWidget(), Qt::Key_Escape); // puts back what was there
+        QCOMPARE(lists.edit()->text(), u"value 0"_s);
+        lists.edit()->selectAll();
         QTest::keyClick(lists.focusWidget(), Qt::Key_1);
-        for (const auto key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Escape, Qt::Key_Tab})
+        for (const auto key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Tab})
             QTest::keyClick(lists.focusWidget(), key);
         lists.ok.setFocus();
         Lists::click(lists.first, 3, 1, Qt::RightButton);

@@ -26,7 +26,7 @@ public:
                       QTest::mouseClick(button, Qt::LeftButton);
                   else
                       QTest::keyClick(&box, Qt::Key_Escape); // a question with buttons of its own
-                  if (answer == QMessageBox::No)
+                  if (answer == QMessageBox::No && qobject_cast<QDialog*>(box.parentWidget()))
                       QMetaObject::invokeMethod(box.parentWidget(), "reject", Qt::QueuedConnection);
               },
               false),

@@ -42,7 +42,7 @@ public:
     /// @param settings what the settings file holds besides the revision bounds
     explicit MainWindowRig(const SimulatedSensor::Options& options = {.type = 2},
                            const QByteArray& settings = {})
-        : m_settings(kSimulatedBounds + settings),
+        : m_settings(kSimulatedBounds + kPlainWrites + settings),
           m_sensor(std::make_shared<SimulatedSensor>(options))
     {
         Pacing::setSpeeds({100, 200, 1}); // a loaded machine must not miss a time limit
@@ -168,8 +168,9 @@ private:
         return m_wrapper ? m_wrapper(std::move(port)) : std::move(port);
     }
 
-    /// Of an earlier test; before the kept formats are read.
-    const bool m_emptied = QDir(keptFormatsFolder()).removeRecursively();
+    /// Of an earlier test; before kept formats and journal are read.
+    const bool m_emptied =
+        QDir(keptFormatsFolder()).removeRecursively() && QDir(journalFolder()).removeRecursively();
     TestRegistry m_settings;
     Languages m_languages{1};
     std::shared_ptr<SimulatedSensor> m_sensor;

@@ -43,4 +43,10 @@ inline const QByteArray kSimulatedBounds =
     "\"Type1Low\"=dword:00000020\r\n\"Type1High\"=dword:0000002f\r\n"
     "\"Type2Low\"=dword:00000030\r\n\"Type2High\"=dword:0000003f\r\n";
 
+/// Writes without reading before and after, which most tests do not need; and with it.
+inline const QByteArray kPlainWrites = "[HKEY_LOCAL_MACHINE\\SOFTWARE\\Korvex Systems\\Pelorin]\r\n"
+                                       "\"SafeWrites\"=dword:00000000\r\n";
+inline const QByteArray kSafeWrites = "[HKEY_LOCAL_MACHINE\\SOFTWARE\\Korvex Systems\\Pelorin]\r\n"
+                                      "\"SafeWrites\"=dword:00000001\r\n";
+
 } // namespace pelorin

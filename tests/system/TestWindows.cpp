@@ -1,4 +1,5 @@
-#include "backup/BackupProgressDialog.h"
+#include "backup/ReviewDialog.h"
+#include "backup/SaveBackupDialog.h"
 #include "display/DisplayUnitDialog.h"
 #include "pages/AboutDialog.h"
 #include "pages/CalculateOffsetDialog.h"
@@ -8,6 +9,7 @@
 #include "platform/core/LanguageStrings.h"
 #include "sensor/BackupFile.h"
 #include "support/MainWindowRig.h"
+#include "support/ModalAnswer.h"
 #include "support/WaitFor.h"
 
 #include <QAbstractButton>
@@ -19,6 +21,7 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMenuBar>
+#include <QMessageBox>
 #include <QPlainTextEdit>
 #include <QScrollBar>
 #include <QStyleOptionComboBox>
@@ -37,6 +40,18 @@ namespace {
 
 /// A text, and the pixels that it needs and has.
 using Shown = std::tuple<QString, int, int>;
+
+/// The width that a cell's text needs, of its longest word where its row grows with it.
+int neededWidth(const QAbstractItemView& view, const QModelIndex& index, int given)
+{
+    constexpr int kMargins = 8;
+    const auto* table = qobject_cast<const QTableView*>(&view);
+    if (!table || table->verticalHeader()->sectionResizeMode(0) != QHeaderView::ResizeToContents)
+        return view.sizeHintForIndex(index).width();
+    const QFontMetrics metrics(index.data(Qt::FontRole).value<QFont>());
+    const QRect area(0, 0, given - kMargins, QWIDGETSIZE_MAX);
+    return metrics.boundingRect(area, Qt::TextWordWrap, index.data().toString()).width() + kMargins;
+}
 
 QList<Shown> textsOf(const QWidget& widget)
 {
@@ -74,7 +89,7 @@ QList<Shown> textsOf(const QWidget& widget)
         for (int cell = 0; cell < qMin(view->model()->rowCount(), 100) * columns; ++cell) {
             const auto index = view->model()->index(cell / columns, cell % columns);
             const int given = qMin(view->visualRect(index).width(), view->viewport()->width());
-            texts.append({index.data().toString(), view->sizeHintForIndex(index).width(), given});
+            texts.append({index.data().toString(), neededWidth(*view, index, given), given});
         }
     } else if (const auto* note = qobject_cast<const QPlainTextEdit*>(&widget)) {
         texts.append({note->toPlainText(), note->verticalScrollBar()->maximum(), 0});
@@ -222,6 +237,9 @@ private Q_SLOTS:
         PelorinMainWindow& window = m_rig.window();
         QCOMPARE(m_rig.pageList().count(), 6);
         for (int row = 0; row < 6; ++row) {
+            const ModalAnswer<QMessageBox> discard([](QMessageBox& box) {
+                QTest::mouseClick(box.findChild<QAbstractButton*>(u"answer1"_s), Qt::LeftButton);
+            });
             QVERIFY(window.currentPage() == row || m_rig.choosePage(row));
             fill(window);
             for (const int language : {2, 4, 8, 16, 1})
@@ -238,8 +256,14 @@ private Q_SLOTS:
         const auto makeDisplay = [&] { return new DisplayUnitDialog(window, m_rig.factory(), 7); };
         const auto makeBackup = [&] {
             m_rig.sensor().setFault({SimulatedFault::Kind::Silent}); // it stays for a while
-            constexpr auto kBackup = BackupProgressDialog::Mode::Backup;
-            return new BackupProgressDialog(window, runner, formats, file, kBackup);
+            return new SaveBackupDialog(window, runner, formats, file);
+        };
+        const auto makeReview = [&] {
+            return new ReviewDialog(window, {ReviewDialog::Purpose::Restore,
+                                             u"backup.dat"_s,
+                                             2,
+                                             {{'D', "4A0519"}, {'U', "283000"}},
+                                             {{'D', "4E0519"}, {'U', "256000"}}});
         };
         const std::vector<std::function<QDialog*()>> makers{
             [&] { return new AboutDialog(window); },
@@ -248,6 +272,7 @@ private Q_SLOTS:
             [&] { return new SelectPortDialog(window, 7); },
             [&] { return new ManualCommDialog(window, runner); },
             makeDisplay,
+            makeReview,
             makeBackup};
         for (const auto& make : makers) {
             for (const int language : {2, 4, 8, 16, 1}) {

@@ -37,6 +37,15 @@ bool isHalfDone()
     return bar && bar->value() > bar->maximum() / 2;
 }
 
+/// Whether a window that is on top of the main window has the control.
+std::function<bool()> isShown(const char* control)
+{
+    return [control] {
+        const QWidget* dialog = QApplication::activeModalWidget();
+        return dialog && dialog->findChild<QWidget*>(QLatin1String(control)) != nullptr;
+    };
+}
+
 QString textOf(const SimulatedDisplayUnit::Settings& settings)
 {
     return QString::fromStdString(settings.mode + ", " + settings.dataBits + " bits, " +
@@ -60,8 +69,10 @@ std::vector<Tour::Step> script(Tour& tour, SimulatedPorts& simulators, int langu
                 .arg(QString::fromStdString(sensor->parameter(parameter)));
         });
     };
+    const auto isAsking = [] { return QApplication::activeModalWidget() != nullptr; };
     const auto noDialog = [] { return QApplication::activeModalWidget() == nullptr; };
-    for (const char* name : {"log.txt", "backup.dat", "lookup-table.csv"}) // of an earlier tour
+    for (const char* name :
+         {"log.txt", "backup.dat", "comparison.csv", "lookup-table.csv"}) // of an earlier tour
         (void)QFile::remove(tour.path(QLatin1String(name)));
 
     std::vector<Tour::Step> steps = {
@@ -91,16 +102,33 @@ std::vector<Tour::Step> script(Tour& tour, SimulatedPorts& simulators, int langu
         tour.key("packageCombo", Qt::Key_Home),
         tour.picture("offset"),
         tour.click("cancelButton"),
-        tour.page(kInformation),
-        tour.page(kOutputSetup),
+        tour.picture("changes-marked"),
+        tour.click("refreshButton"), // asks about the changes
+        tour.picture("discard"),
+        tour.click("answer1"),
         tour.click("unlockButton"),
         tour.type("passwordEdit", QStringLiteral("SteadyNow")),
         tour.picture("password"),
         tour.click("okButton"),
         tour.type("errorSkipCountEdit", QStringLiteral("10")),
+        tour.print([sensor] {
+            sensor->setFault({SimulatedFault::Kind::Deaf}, "DN");
+            return QStringLiteral("the sensor does not hear the data format");
+        }),
+        tour.click("applyButton"), // asks about the offset, which the multiplier would change
+        Tour::when(isAsking, tour.picture("offset-question")),
+        tour.answer(0),
+        Tour::when(noDialog, tour.picture("differs-marked")),
+        tour.print([sensor] {
+            sensor->clearFaults();
+            return QStringLiteral("the sensor hears all again");
+        }),
+        tour.type("errorSkipCountEdit", QStringLiteral("10")),
         tour.click("applyButton"),
-        printHeld('D'),
-        holds('D', "4A0A19"),
+        Tour::when(isAsking, tour.answer(0)),
+        Tour::when([sensor] { return sensor->parameter('D') == "4A0A19"; }, printHeld('D')),
+        holds('N', "00000A"),
+        tour.picture("output-setup-verified"),
 
         Tour::print(QStringLiteral("Communications log, its first lines")),
         tour.page(kLog),
@@ -136,8 +164,22 @@ std::vector<Tour::Step> script(Tour& tour, SimulatedPorts& simulators, int langu
         holds('N', "FFFFE7"),
         tour.picture("factory"),
 
+        Tour::print(QStringLiteral("Earlier states")),
+        tour.command(kEarlierStatesCommand),
+        Tour::when([] { return QApplication::activeModalWidget() != nullptr; },
+                   tour.printList("entryList", 2)),
+        Tour::expect(
+            "what was written last is the newest entry",
+            [&tour] {
+                constexpr int kWritten = 6;
+                return tour.textAt("entryList", 0, kWritten).contains(QLatin1String("(N)"));
+            }),
+        tour.printList("detailList"),
+        tour.picture("earlier-states"),
+        tour.click("closeButton"),
+
         Tour::print(QStringLiteral("Backup")),
-        tour.command(kSaveBackupCommand),
+        Tour::when(noDialog, tour.command(kSaveBackupCommand)),
         tour.file(QStringLiteral("backup.dat")),
         Tour::when(isHalfDone, tour.picture("backup")),
         Tour::when(noDialog, tour.print([&tour] {
@@ -149,9 +191,41 @@ std::vector<Tour::Step> script(Tour& tour, SimulatedPorts& simulators, int langu
         }),
         tour.command(kRestoreBackupCommand),
         tour.file(QStringLiteral("backup.dat")),
+        Tour::when(isShown("parameterTable"), tour.printList("parameterTable")),
+        tour.picture("restore-review"),
+        tour.click("writeButton"),
         Tour::when(isHalfDone, tour.picture("restore")),
         Tour::when(noDialog, printHeld('N')),
         holds('N', "FFFFE7"),
+        tour.picture("restore-verified"),
+        tour.print([sensor] {
+            sensor->setParameter('N', "000123");
+            sensor->setParameter('U', "281500");
+            return QStringLiteral("another sensor is connected");
+        }),
+        tour.command(kRestoreBackupCommand),
+        tour.file(QStringLiteral("backup.dat")),
+        Tour::when(isShown("parameterTable"), tour.printList("parameterTable", 1)),
+        tour.picture("restore-review-open"),
+        tour.click("outputRadio"),
+        tour.picture("restore-review-replaced"),
+        tour.click("cancelButton"),
+
+        Tour::print(QStringLiteral("Comparison with the backup")),
+        Tour::when(noDialog, tour.command(kCompareCommand)),
+        tour.file(QStringLiteral("backup.dat")),
+        Tour::when(isShown("parameterTable"), tour.picture("comparison")),
+        tour.click("saveButton"),
+        tour.file(QStringLiteral("comparison.csv")),
+        Tour::when(isShown("parameterTable"), tour.print([&tour] {
+            return QString::fromUtf8(contentOf(tour.path(QStringLiteral("comparison.csv"))));
+        })),
+        tour.click("cancelButton"),
+        Tour::when(noDialog, tour.print([sensor] {
+            sensor->setParameter('N', "FFFFE7");
+            sensor->setParameter('U', "283000");
+            return QStringLiteral("the first sensor is connected again");
+        })),
 
         Tour::print(QStringLiteral("Temperature compensation, saved and read back")),
         tour.page(kTempComp),

@@ -184,6 +184,18 @@ Tour::Step Tour::box()
             }};
 }
 
+Tour::Step Tour::answer(int button)
+{
+    const auto box = [] { return qobject_cast<QMessageBox*>(QApplication::activeModalWidget()); };
+    return {QStringLiteral("answer %1").arg(button), [box] { return box() != nullptr; },
+            [box, button] {
+                say(QStringLiteral("  ") + box()->text());
+                auto buttons = box()->buttons();
+                buttons.removeIf([](const auto* one) { return !one->isVisible(); });
+                QTest::mouseClick(buttons.at(button), Qt::LeftButton);
+            }};
+}
+
 Tour::Step Tour::picture(const char* name)
 {
     return step(QStringLiteral("picture %1").arg(QLatin1String(name)), [this, name] {

@@ -49,6 +49,8 @@ public:
     [[nodiscard]] Step file(const QString& name);
     /// Prints the text of a message box and closes it.
     [[nodiscard]] Step box();
+    /// Prints the text of a question and clicks one of its buttons, counted from 0.
+    [[nodiscard]] Step answer(int button);
     /// Saves a picture of the window on top.
     [[nodiscard]] Step picture(const char* name);
     [[nodiscard]] static Step print(const QString& text);

@@ -24,6 +24,12 @@ QString keptFormatsFolder()
     return pathOf(QStringLiteral("formats"));
 }
 
+QString journalFolder()
+{
+    return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) +
+           QStringLiteral("/pelorin/journal");
+}
+
 QString formerFormatsPath()
 {
     return pathOf(QStringLiteral("PelorinFormats.ini"));

@@ -5,13 +5,16 @@
 namespace pelorin {
 
 /// Where the program keeps what it remembers for its user: below "Korvex Systems" in the user's
-/// configuration folder.
+/// configuration folder, and what it keeps of sensors in the user's data folder.
 
 /// "Pelorin.ini".
 [[nodiscard]] QString profilePath();
 
 /// "formats", a folder.
 [[nodiscard]] QString keptFormatsFolder();
+
+/// "pelorin/journal" in the data folder: the states that sensors had before they were changed.
+[[nodiscard]] QString journalFolder();
 
 /// "PelorinFormats.ini", in which earlier versions kept all formats.
 [[nodiscard]] QString formerFormatsPath();

@@ -4,6 +4,7 @@
 #include "platform/ui/ColorableTextBox.h"
 
 #include <QAbstractButton>
+#include <QComboBox>
 #include <QEvent>
 #include <QFile>
 #include <QMetaObject>
@@ -26,6 +27,23 @@ void setCaption(QWidget* control, const QString& text)
         }
     }
 }
+
+/// Keeps the wheel from lists that do not have the focus.
+class WheelFilter : public QObject
+{
+public:
+    using QObject::QObject;
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        const auto* list = qobject_cast<QComboBox*>(watched);
+        if (event->type() != QEvent::Wheel || !list || list->hasFocus())
+            return false;
+        event->ignore(); // goes on to the parent
+        return true;
+    }
+};
 
 } // namespace
 
@@ -82,6 +100,11 @@ void BaseDialog::loadForm()
         const QVariant id = control->property("controlId");
         if (id.isValid())
             m_controls.insert(id.toInt(), control);
+    }
+    auto* wheel = new WheelFilter(this);
+    for (auto* list : findChildren<QComboBox*>()) {
+        list->setFocusPolicy(Qt::StrongFocus); // the wheel itself would give it the focus
+        list->installEventFilter(wheel);
     }
     if (auto* ok = getControl<QAbstractButton>(kOkButton))
         connect(ok, &QAbstractButton::clicked, this, &QDialog::accept);

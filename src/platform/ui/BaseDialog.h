@@ -15,6 +15,9 @@ namespace pelorin {
 /// property "controlId", and a caption with a leading "*" waits for its translation. The buttons
 /// numbered 1 and 2 accept and reject.
 ///
+/// A list that does not have the focus leaves the wheel to what it stands on: who scrolls past it
+/// does not change it.
+///
 /// A page is no window: Enter, Escape and close() neither hide nor end it.
 class BaseDialog : public QDialog
 {

@@ -80,6 +80,7 @@ void CellEditor::begin(QTableView* view, int row, int column)
     m_cell = index;
     view->openPersistentEditor(index);
     edit()->installEventFilter(this);
+    connect(edit(), &QLineEdit::textEdited, this, &CellEditor::typed);
     edit()->setFocus();
     edit()->selectAll();
 }
@@ -96,6 +97,21 @@ void CellEditor::commit()
         return; // no longer: another sensor has no such value
     view->model()->setData(cell, text, Qt::EditRole);
     Q_EMIT committed(cell.row(), cell.column());
+}
+
+void CellEditor::revert()
+{
+    if (!isOpen() || !edit()->isModified())
+        return;
+    edit()->setText(m_cell.data(Qt::EditRole).toString());
+    edit()->selectAll();
+    Q_EMIT typed();
+}
+
+QString CellEditor::text(const QTableView& view, int row, int column) const
+{
+    const QModelIndex cell = view.model()->index(row, column);
+    return isOpen() && m_cell == cell ? edit()->text() : cell.data(Qt::EditRole).toString();
 }
 
 bool CellEditor::eventFilter(QObject* watched, QEvent* event)
@@ -130,8 +146,10 @@ bool CellEditor::editKey(int key)
     switch (key) {
     case Qt::Key_Return:
     case Qt::Key_Enter:
+        return true; // would press a button of the dialog
     case Qt::Key_Escape:
-        return true; // would press a button of the dialog or close it
+        revert();
+        return true; // would close the dialog
     case Qt::Key_F2:
         commit();
         return true;

@@ -15,10 +15,10 @@ namespace pelorin {
 /// A click on a list first commits the open cell, then opens the clicked one if its item is
 /// editable (Qt::ItemIsEditable). F2 opens the list's current cell, or else the first editable
 /// one of its row; in the editor it commits, and Up and Down go on to the cell above or below.
-/// Enter, Escape and the loss of the focus leave the editor open. A cell that is filled while it
-/// is open shows its new text if the user has not typed; what the user has typed stays. Removing
-/// the row or resetting the list discards the editor; so does committing a cell that can no
-/// longer be edited.
+/// Escape puts the cell's text back. Enter, Escape and the loss of the focus leave the editor open.
+/// A cell that is filled while it is open shows its new text if the user has not typed; what the
+/// user has typed stays. Removing the row or resetting the list discards the editor; so does
+/// committing a cell that can no longer be edited.
 class CellEditor : public QObject
 {
     Q_OBJECT
@@ -36,9 +36,16 @@ public:
     /// Ends editing and puts the text, unaltered, into the cell; does nothing if none is open.
     void commit();
 
+    /// Puts the open cell's own text back in the place of what was typed.
+    void revert();
+
     [[nodiscard]] bool isOpen() const { return m_cell.isValid(); }
+    /// The text of a cell; of the open one that is what has been typed so far.
+    [[nodiscard]] QString text(const QTableView& view, int row, int column) const;
 
 Q_SIGNALS:
+    /// The text of the open cell has become another one, by the user.
+    void typed();
     /// A cell has been committed, whether its text has changed or not.
     void committed(int row, int column);
 

@@ -37,7 +37,8 @@ QMessageBox* makeBox(QWidget* parent, const QString& text, QMessageBox::Standard
 } // namespace
 
 QMessageBox::StandardButton messageBox(QWidget* parent, const QString& text,
-                                       QMessageBox::StandardButtons buttons, QMessageBox::Icon icon)
+                                       QMessageBox::StandardButtons buttons, QMessageBox::Icon icon,
+                                       QMessageBox::StandardButton enter)
 {
     const Button escape = firstOf(
         {QMessageBox::Cancel, QMessageBox::No, QMessageBox::Abort, QMessageBox::Ok}, buttons);
@@ -45,7 +46,7 @@ QMessageBox::StandardButton messageBox(QWidget* parent, const QString& text,
     // On the heap, because a parent that ends meanwhile takes its box with it.
     const QPointer<QMessageBox> box = makeBox(parent, text, buttons, icon);
     box->setDefaultButton(
-        firstOf({QMessageBox::Ok, QMessageBox::Yes, QMessageBox::Retry}, buttons));
+        firstOf({enter, QMessageBox::Ok, QMessageBox::Yes, QMessageBox::Retry}, buttons));
     box->setEscapeButton(escape);
     const int answer = box->exec();
     if (!box)
@@ -59,7 +60,7 @@ void warn(QWidget* parent, const QString& text)
     (void)messageBox(parent, text, QMessageBox::Ok, QMessageBox::Warning);
 }
 
-int askWithButtons(QWidget* parent, const QString& text, const QStringList& captions)
+int askWithButtons(QWidget* parent, const QString& text, const QStringList& captions, int enter)
 {
     const QPointer<QMessageBox> box =
         makeBox(parent, text, QMessageBox::NoButton, QMessageBox::Question);
@@ -67,7 +68,10 @@ int askWithButtons(QWidget* parent, const QString& text, const QStringList& capt
     for (const QString& caption : captions) {
         QPushButton* button = box->addButton(caption, QMessageBox::ActionRole);
         button->setAutoDefault(false);
+        button->setObjectName(QStringLiteral("answer%1").arg(buttons.size()));
         buttons << button;
+        if (buttons.size() == enter + 1)
+            box->setDefaultButton(button);
     }
     // Closing the box means none of them, which takes a button that nobody sees.
     QPushButton* escape = box->addButton(QMessageBox::Cancel);

@@ -1,0 +1,116 @@
+#include "app/NoticeStrip.h"
+
+#include "platform/core/LanguageStrings.h"
+#include "platform/core/Strings.h"
+#include "platform/ui/Pictures.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QScrollArea>
+
+#include <algorithm>
+#include <utility>
+
+namespace pelorin {
+
+namespace {
+
+constexpr int kLines = 2;
+constexpr int kMargin = 4; ///< logical pixels
+constexpr QSize kLightSize(13, 13);
+
+QLatin1String pictureOf(NoticeStrip::Light light)
+{
+    switch (light) {
+    case NoticeStrip::Light::Green:
+        return QLatin1String("BMP_PELORIN_GREENLED");
+    case NoticeStrip::Light::Red:
+        return QLatin1String("BMP_PELORIN_REDLED");
+    case NoticeStrip::Light::Gray:
+        break;
+    }
+    return QLatin1String("BMP_PELORIN_GRAYLED");
+}
+
+} // namespace
+
+NoticeStrip::NoticeStrip(QWidget* parent)
+    : QFrame(parent), m_light(new QLabel(this)), m_text(new QLabel(this))
+{
+    setObjectName(QStringLiteral("noticeStrip"));
+    m_text->setObjectName(QStringLiteral("noticeText"));
+    m_text->setTextFormat(Qt::PlainText);
+    m_text->setWordWrap(true);
+    m_text->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+
+    auto* area = new QScrollArea(this);
+    area->setFrameShape(QFrame::NoFrame);
+    area->setWidgetResizable(true);
+    area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    area->setFocusPolicy(Qt::NoFocus);
+    area->setWidget(m_text);
+
+    auto* layout = new QHBoxLayout(this);
+    layout->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
+    layout->addWidget(m_light);
+    layout->addWidget(area, 1);
+    for (std::size_t index = 0; index < m_buttons.size(); ++index) {
+        auto* button = new QPushButton(this);
+        button->setObjectName(QStringLiteral("noticeButton%1").arg(index + 1));
+        button->setAutoDefault(false);
+        layout->addWidget(button);
+        connect(button, &QPushButton::clicked, this, [this, index] {
+            if (index >= m_notice.buttons.size())
+                return;
+            const auto clicked = m_notice.buttons[index].clicked; // may show another notice
+            clicked();
+        });
+        m_buttons[index] = button;
+    }
+    const int lines = kLines * fontMetrics().lineSpacing();
+    setFixedHeight(std::max(lines, m_buttons[0]->sizeHint().height()) + 2 * kMargin);
+    render();
+}
+
+void NoticeStrip::show(Notice notice)
+{
+    m_notice = std::move(notice);
+    render();
+}
+
+void NoticeStrip::clear()
+{
+    const bool shown = !isEmpty();
+    show({});
+    if (shown)
+        Q_EMIT emptied();
+}
+
+QString NoticeStrip::text() const
+{
+    return m_text->text();
+}
+
+void NoticeStrip::translate()
+{
+    render();
+}
+
+void NoticeStrip::render()
+{
+    const bool shown = !isEmpty();
+    m_light->setPixmap(shown ? picture(pictureOf(m_notice.light)).pixmap(kLightSize) : QPixmap());
+    m_text->setText(shown ? m_notice.text() : QString());
+    m_text->setVisible(shown);
+    m_text->setFocusPolicy(shown ? Qt::StrongFocus : Qt::NoFocus);
+    setAccessibleName(languageString(strings::kNoticeName));
+    for (std::size_t index = 0; index < m_buttons.size(); ++index) {
+        const bool used = index < m_notice.buttons.size();
+        m_buttons[index]->setVisible(used);
+        if (used)
+            m_buttons[index]->setText(languageString(m_notice.buttons[index].caption));
+    }
+}
+
+} // namespace pelorin

@@ -1,0 +1,191 @@
+#include "app/WriteReport.h"
+
+#include "app/CommandGate.h"
+#include "app/LinkStatusBar.h"
+#include "link/SensorLink.h"
+#include "platform/core/LanguageStrings.h"
+#include "platform/core/Strings.h"
+#include "platform/ui/MessageBox.h"
+#include "sensor/FailureText.h"
+#include "sensor/Journal.h"
+#include "sensor/JournalWords.h"
+#include "sensor/SafeWriter.h"
+#include "sensor/SequenceRunner.h"
+
+#include <QApplication>
+
+#include <algorithm>
+#include <utility>
+
+namespace pelorin {
+
+namespace {
+
+using Kind = WriteResult::Kind;
+using Light = NoticeStrip::Light;
+
+Light lightOf(const WriteResult& result)
+{
+    switch (result.kind) {
+    case Kind::Verified:
+        return Light::Green;
+    case Kind::Differs:
+        return Light::Red;
+    case Kind::NotChecked:
+    case Kind::NotWritten:
+        break;
+    }
+    return Light::Gray;
+}
+
+} // namespace
+
+WriteReport::WriteReport(QWidget& window, const Shared& shared)
+    : QObject(&window), m_window(window), m_writer(shared.writer), m_gate(shared.gate),
+      m_strip(shared.strip), m_statusBar(shared.statusBar)
+{
+    connect(&m_writer, &SafeWriter::ended, this, &WriteReport::tell);
+    connect(&m_writer, &SafeWriter::began, &m_strip, &NoticeStrip::clear);
+    connect(&m_strip, &NoticeStrip::emptied, this, &WriteReport::showWaiting);
+    m_writer.setQuestion([this](const QString& reason, const std::function<void(bool)>& answer) {
+        if (m_gate.isCloseWanted())
+            return answer(false);
+        const CommandGate::Scope scope(m_gate);
+        QWidget* dialog = QApplication::activeModalWidget(); // that shows how far it is
+        answer(askWithButtons(dialog ? dialog : &m_window, reason,
+                              {languageString(strings::kWriteAllTheSame),
+                               languageString(strings::kDoNotWrite)}) == 0);
+    });
+}
+
+/// A failure that the user must not miss is told in a box, too.
+void WriteReport::tell(const WriteResult& result)
+{
+    using Ended = Outcome::Kind;
+    if (result.kind == Kind::NotWritten) {
+        m_gate.addNotice(result.problem);
+    } else if (result.outcome.kind == Ended::Lost || result.outcome.kind == Ended::Failed) {
+        m_gate.addNotice(writingFailure(result.outcome));
+    }
+    NoticeStrip::Notice notice{[result] { return textOf(result); }, lightOf(result)};
+    if (result.kind == Kind::Differs) {
+        notice.buttons.push_back({strings::kWriteAgain, [this, result] { writeAgain(result); }});
+        if (!result.entry.isEmpty()) {
+            notice.buttons.push_back(
+                {strings::kPutBack, [this, entry = result.entry] { Q_EMIT putBackWanted(entry); }});
+        }
+    }
+    m_strip.show(std::move(notice));
+}
+
+/// The same texts once more, to the same sensor, as it was read back.
+void WriteReport::writeAgain(const WriteResult& result)
+{
+    WriteRequest request = result.request;
+    request.base = result.before; // by which it is known
+    for (const char id : request.order)
+        request.base.erase(id);
+    for (const auto& [id, value] : result.has)
+        request.base[id] = value;
+    const bool begun = m_writer.write(
+        *this, std::move(request),
+        {.phase = [this](SafeWriter::Phase phase) { m_statusBar.showString(textNumberOf(phase)); },
+         .ended =
+             [this](const WriteResult& ended) {
+                 m_statusBar.showString(headlineOf(ended));
+                 Q_EMIT refreshWanted();
+             }});
+    if (!begun)
+        m_gate.addNotice(languageString(strings::kBeingConnected));
+}
+
+/// Nobody was there to be told when they ended: all of them in one notice.
+void WriteReport::tellUntold()
+{
+    if (std::exchange(m_untoldTold, true))
+        return;
+    const Journal& journal = m_writer.journal();
+    QList<JournalEntry> untold = journal.entries();
+    untold.removeIf([](const JournalEntry& entry) { return !entry.end || entry.end->told; });
+    if (untold.isEmpty())
+        return;
+    const bool differs = std::any_of(untold.begin(), untold.end(), [](const JournalEntry& entry) {
+        return entry.end->kind == Kind::Differs;
+    });
+    const auto text = [untold] {
+        QStringList lines;
+        for (const JournalEntry& entry : untold) {
+            const QStringList of{timeInWords(entry), entry.device,
+                                 QString::fromLatin1(entry.version)};
+            lines << of.join(QStringLiteral(", ")) + QStringLiteral(": ") + outcomeInWords(entry);
+        }
+        return lines.join(QLatin1Char('\n'));
+    };
+    showLater({text,
+               differs ? Light::Red : Light::Gray,
+               {{strings::kShow, [this, id = untold.constFirst().id] {
+                     m_strip.clear();
+                     Q_EMIT showWanted(id);
+                 }}}});
+    for (const JournalEntry& entry : untold) {
+        JournalEntry::End told = *entry.end;
+        told.told = true;
+        (void)journal.setEnd(entry, told); // told once more otherwise
+    }
+}
+
+void WriteReport::offerUnfinished()
+{
+    for (const JournalEntry& entry : m_writer.journal().unfinished()) {
+        if (m_offered.contains(entry.id) || !isOfConnectedSensor(entry))
+            continue;
+        m_offered << entry.id;
+        showLater({[entry] {
+                       return languageString(strings::kUnfinishedWrite)
+                           .arg(entry.device, QString::fromLatin1(entry.version),
+                                timeInWords(entry));
+                   },
+                   Light::Red,
+                   {{strings::kShow, [this, id = entry.id] { Q_EMIT showWanted(id); }},
+                    {strings::kForget, [this, entry] { forget(entry); }}}});
+    }
+}
+
+/// Two sensors of one firmware differ in their factory text, where both are known.
+bool WriteReport::isOfConnectedSensor(const JournalEntry& entry) const
+{
+    const SequenceRunner& runner = m_writer.runner();
+    if (!runner.link().isIdentified() || !m_writer.isConnected(entry))
+        return false;
+    const auto has = runner.known().find('F');
+    const auto had = entry.values.find('F');
+    if (has == runner.known().end() || had == entry.values.end())
+        return true;
+    const auto written = entry.written.find('F');
+    return has->second == had->second ||
+           (written != entry.written.end() && has->second == written->second);
+}
+
+void WriteReport::forget(const JournalEntry& entry)
+{
+    m_gate.addNotice(m_writer.journal().giveUp(entry).message());
+    m_strip.clear();
+}
+
+/// Nothing takes the place of what the user has still to read.
+void WriteReport::showLater(NoticeStrip::Notice notice)
+{
+    m_waiting.push_back(std::move(notice));
+    showWaiting();
+}
+
+void WriteReport::showWaiting()
+{
+    if (m_waiting.empty() || !m_strip.isEmpty() || m_writer.isRunning())
+        return;
+    NoticeStrip::Notice notice = std::move(m_waiting.front());
+    m_waiting.erase(m_waiting.begin());
+    m_strip.show(std::move(notice));
+}
+
+} // namespace pelorin

@@ -1,0 +1,70 @@
+#pragma once
+
+#include "app/NoticeStrip.h"
+#include "sensor/WriteResult.h"
+
+#include <QObject>
+#include <QStringList>
+
+#include <vector>
+
+namespace pelorin {
+
+class CommandGate;
+class LinkStatusBar;
+class SafeWriter;
+struct JournalEntry;
+
+/// Tells the user how what was written to the sensor has ended, and offers what can be done about
+/// it. User-interface thread.
+class WriteReport final : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// What it uses; all outlive it.
+    struct Shared
+    {
+        SafeWriter& writer;
+        CommandGate& gate;
+        NoticeStrip& strip;
+        LinkStatusBar& statusBar;
+    };
+
+    /// @param window owns the report, and is under its questions
+    WriteReport(QWidget& window, const Shared& shared);
+
+    /// Tells what earlier runs of the program could not tell, once.
+    void tellUntold();
+
+    /// The sensor has been connected and read: offers what can be done about writes to it that were
+    /// not finished, each once in a run.
+    void offerUnfinished();
+
+Q_SIGNALS:
+    /// The user wants an entry of the journal put back.
+    void putBackWanted(const QString& entry);
+    /// The user wants to see an entry of the journal.
+    void showWanted(const QString& entry);
+    /// What the shown page shows is not what the sensor has.
+    void refreshWanted();
+
+private:
+    void tell(const WriteResult& result);
+    void writeAgain(const WriteResult& result);
+    [[nodiscard]] bool isOfConnectedSensor(const JournalEntry& entry) const;
+    void forget(const JournalEntry& entry);
+    void showLater(NoticeStrip::Notice notice);
+    void showWaiting();
+
+    QWidget& m_window;
+    SafeWriter& m_writer;
+    CommandGate& m_gate;
+    NoticeStrip& m_strip;
+    LinkStatusBar& m_statusBar;
+    std::vector<NoticeStrip::Notice> m_waiting; ///< for the strip to be empty
+    bool m_untoldTold = false;
+    QStringList m_offered; ///< entries
+};
+
+} // namespace pelorin

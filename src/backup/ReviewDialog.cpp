@@ -1,0 +1,245 @@
+#include "backup/ReviewDialog.h"
+
+#include "platform/core/LanguageStrings.h"
+#include "platform/core/Strings.h"
+#include "platform/core/WholeFile.h"
+#include "platform/ui/ColumnWidths.h"
+#include "platform/ui/FileChooser.h"
+#include "platform/ui/MessageBox.h"
+#include "sensor/Comparison.h"
+#include "sensor/ParameterWords.h"
+#include "sensor/SensorTypes.h"
+
+#include <QHeaderView>
+#include <QLabel>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTableWidget>
+
+#include <array>
+#include <utility>
+#include <vector>
+
+namespace pelorin {
+
+namespace {
+
+using Origin = RestoreChoice::Origin;
+using Refusal = RestoreChoice::Refusal;
+using State = ComparedParameter::State;
+
+constexpr int kWriteControl = 1;
+constexpr int kCancelControl = 2;
+constexpr int kSourceControl = 1060;
+constexpr int kTableControl = 1061;
+constexpr int kSuggestionControl = 1062;
+constexpr int kAllControl = 1063;
+constexpr int kOutputControl = 1064;
+constexpr int kRefusalControl = 1065;
+constexpr int kNoteControl = 1066;
+constexpr int kSaveControl = 1067;
+
+enum Column { kName, kSensor, kSaved, kSensorWords, kSavedWords, kState, kWritten, kColumns };
+const std::vector<double> kShares = {0.16, 0.08, 0.08, 0.2, 0.2, 0.1, 0.18};
+const std::vector<double> kSharesWithoutWritten = {0.2, 0.1, 0.1, 0.25, 0.25, 0.1, 0.0};
+
+int textNumberOf(Origin origin)
+{
+    switch (origin) {
+    case Origin::OwnMultiplier:
+        return strings::kOwnMultiplier;
+    case Origin::OwnVelocity:
+        return strings::kOwnVelocity;
+    case Origin::OwnLength:
+        return strings::kOwnLength;
+    case Origin::Saved:
+        break;
+    }
+    return 0;
+}
+
+SensorValues overlaid(SensorValues values, const SensorValues& newer)
+{
+    for (const auto& [id, value] : newer)
+        values[id] = value;
+    return values;
+}
+
+std::vector<ComparedParameter> rowsOf(const ReviewDialog::Review& review)
+{
+    return compare(sensorType(review.ssiType).information, review.sensor, review.saved);
+}
+
+} // namespace
+
+ReviewDialog::ReviewDialog(QWidget* parent, Review review)
+    : BaseDialog(QStringLiteral("126_Review"), parent), m_review(std::move(review)),
+      m_all(chooseAll(m_review.ssiType, m_review.sensor, m_review.saved,
+                      m_review.purpose == Purpose::PutBack)),
+      m_outputSettings(chooseOutputSettings(m_review.ssiType, m_review.sensor, m_review.saved)),
+      m_unlike(unlikeSaved(m_review.ssiType, m_review.sensor, m_review.saved))
+{
+}
+
+const RestoreChoice& ReviewDialog::choice() const
+{
+    static const RestoreChoice kNothing{.refusal = Refusal::NotSaved};
+    if (m_review.purpose == Purpose::PutBack || m_allRadio->isChecked())
+        return m_all;
+    return m_outputRadio->isChecked() ? m_outputSettings : kNothing;
+}
+
+void ReviewDialog::setupTranslationMap()
+{
+    const bool compares = m_review.purpose == Purpose::Compare;
+    setTitleString(compares ? strings::kComparison : strings::kReviewTitle);
+    addToTranslationMap(kWriteControl, strings::kWriteButton);
+    addToTranslationMap(kCancelControl, compares ? strings::kOk : strings::kCancel);
+    addToTranslationMap(kAllControl, strings::kAllParameters);
+    addToTranslationMap(kOutputControl, strings::kOutputSettingsOnly);
+    addToTranslationMap(kSaveControl, strings::kSaveToDisk);
+    addAccessibleName(kTableControl, strings::kComparison);
+}
+
+void ReviewDialog::onInitDialog()
+{
+    const bool compares = m_review.purpose == Purpose::Compare;
+    m_table = getControl<QTableWidget>(kTableControl);
+    m_allRadio = getControl<QRadioButton>(kAllControl);
+    m_outputRadio = getControl<QRadioButton>(kOutputControl);
+    m_table->setRowCount(static_cast<int>(rowsOf(m_review).size()));
+    m_table->setColumnCount(kColumns);
+    m_table->setColumnHidden(kWritten, compares);
+    m_table->verticalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
+    new ColumnWidths(*m_table, compares ? kSharesWithoutWritten : kShares);
+    for (QRadioButton* radio : {m_allRadio, m_outputRadio}) {
+        radio->setVisible(isRestore());
+        connect(radio, &QRadioButton::toggled, this, &ReviewDialog::onChosen);
+    }
+    auto* save = getControl<QPushButton>(kSaveControl);
+    save->setVisible(compares);
+    connect(save, &QPushButton::clicked, this, &ReviewDialog::saveComparison);
+    getControl<QPushButton>(kWriteControl)->setVisible(!compares);
+    suggest();
+}
+
+/// All parameters belong to the sensor that they were saved of; another one is asked about.
+void ReviewDialog::suggest()
+{
+    m_outputRadio->setEnabled(m_outputSettings.refusal == Refusal::None);
+    m_allRadio->setChecked(isRestore() && m_unlike.isEmpty());
+}
+
+void ReviewDialog::translate()
+{
+    BaseDialog::translate();
+    renderHeadings();
+    renderTexts();
+    onChosen();
+}
+
+void ReviewDialog::onChosen()
+{
+    getControl<QPushButton>(kWriteControl)->setEnabled(choice().refusal == Refusal::None);
+    renderRows();
+}
+
+void ReviewDialog::renderHeadings()
+{
+    const QString sensor = languageString(strings::kSensorHeader);
+    const QString saved = languageString(
+        m_review.purpose == Purpose::PutBack ? strings::kEarlierHeader : strings::kFileHeader);
+    const QString inWords = languageString(strings::kInWords);
+    m_table->setHorizontalHeaderLabels({languageString(strings::kParameterHeader), sensor, saved,
+                                        inWords.arg(sensor), inWords.arg(saved),
+                                        languageString(strings::kComparison),
+                                        languageString(strings::kToBeWritten)});
+}
+
+/// What differs says so in a word, and stands out.
+void ReviewDialog::renderRows()
+{
+    int row = 0;
+    for (const ComparedParameter& parameter : rowsOf(m_review)) {
+        const QStringList texts = {parameterInWords(parameter.id),
+                                   QString::fromLatin1(parameter.sensor),
+                                   QString::fromLatin1(parameter.saved),
+                                   parameter.sensorInWords,
+                                   parameter.savedInWords,
+                                   stateText(parameter.state),
+                                   writtenText(parameter.id)};
+        QFont font = m_table->font();
+        font.setBold(parameter.state == State::Differs);
+        for (int column = 0; column < kColumns; ++column) {
+            auto* item = new QTableWidgetItem(texts[column]);
+            item->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable);
+            item->setFont(font);
+            item->setToolTip(texts[column]);
+            m_table->setItem(row, column, item);
+        }
+        ++row;
+    }
+}
+
+QString ReviewDialog::writtenText(char id) const
+{
+    const RestoreChoice& chosen = choice();
+    if (chosen.refusal != Refusal::None)
+        return {};
+    const auto value = chosen.values.find(id);
+    QString text = languageString(strings::kStays);
+    if (value != chosen.values.end()) {
+        text = QString::fromLatin1(value->second);
+        text += QStringLiteral(" = ");
+        text += valueInWords(id, value->second, overlaid(m_review.sensor, chosen.values));
+    }
+    if (const auto origin = chosen.origins.find(id); origin != chosen.origins.end())
+        text += QStringLiteral(": ") + languageString(textNumberOf(origin->second));
+    return text;
+}
+
+void ReviewDialog::renderTexts()
+{
+    const auto show = [this](int control, const QString& text) {
+        auto* label = getControl<QLabel>(control);
+        label->setText(text);
+        label->setVisible(!text.isEmpty());
+    };
+    QStringList notes;
+    if (m_review.purpose != Purpose::PutBack)
+        notes << languageString(strings::kNotInBackup).arg(parametersInWords("FV"));
+    if (m_review.purpose != Purpose::Compare && asksForStream(m_review.saved))
+        notes << languageString(strings::kStreamNotWritten);
+    show(kSourceControl, m_review.source);
+    show(kNoteControl, notes.join(QLatin1Char('\n')));
+    show(kSuggestionControl, suggestionText());
+    show(kRefusalControl, isRestore() ? refusalText(m_outputSettings) : QString());
+}
+
+QString ReviewDialog::suggestionText() const
+{
+    const QString unlike = parametersInWords(m_unlike);
+    switch (m_review.purpose) {
+    case Purpose::Restore:
+        return unlike.isEmpty() ? languageString(strings::kSameSensor)
+                                : languageString(strings::kPerhapsAnotherSensor).arg(unlike);
+    case Purpose::PutBack:
+        return unlike.isEmpty() ? QString() : languageString(strings::kNotAsThen).arg(unlike);
+    case Purpose::Compare:
+        break;
+    }
+    return {};
+}
+
+void ReviewDialog::saveComparison()
+{
+    const QString path =
+        chooseFile(this, QFileDialog::AcceptSave, languageString(strings::kSaveToDisk),
+                   languageString(strings::kComparisonFilter), QStringLiteral("csv"));
+    if (path.isNull())
+        return;
+    if (const auto saved = WholeFile(path).save(csvOf(rowsOf(m_review))); !saved.isDone())
+        warn(this, saved.message());
+}
+
+} // namespace pelorin

@@ -1,0 +1,105 @@
+#pragma once
+
+#include "platform/core/FileLock.h"
+#include "platform/core/UserFolders.h"
+#include "platform/core/WholeFile.h"
+#include "sensor/SensorValues.h"
+#include "sensor/WriteResult.h"
+
+#include <QDateTime>
+#include <QList>
+#include <QString>
+
+#include <memory>
+#include <optional>
+
+namespace pelorin {
+
+/// The state that a sensor had before something was written to it, and what became of that.
+struct JournalEntry
+{
+    /// How the writing has ended, as far as the file tells.
+    struct End
+    {
+        WriteResult::Kind kind = WriteResult::Kind::NotWritten;
+        WriteResult::Reason reason = WriteResult::Reason::None;
+        bool told = true; ///< whether the user was told
+
+        bool operator==(const End&) const = default;
+    };
+
+    QString id{};         ///< the files' name; made by the journal
+    QDateTime time{};     ///< UTC
+    QString device{};     ///< where the sensor was connected: by-id path, else path
+    int port = 0;         ///< its COM number then
+    QByteArray version{}; ///< the sensor's version answer
+    int ssiType = 0;
+    SensorValues values{};  ///< what the sensor had, the factory text 'F' included if it is known
+    SensorValues written{}; ///< what was about to be written
+    WriteRequest::By by = WriteRequest::By::OutputSetup;
+    std::optional<End> end{}; ///< nothing while the writing is not known to have ended
+
+    bool operator==(const JournalEntry&) const = default;
+};
+
+/// Earlier states of sensors, a backup file with a file of circumstances beside it for each, so
+/// that several runs of the program never rewrite each other's. Whatever happens to the program or
+/// the computer, an entry is there as a whole or not at all. Only the user removes entries.
+/// Every question reads the folder anew.
+class Journal
+{
+public:
+    explicit Journal(QString folder = journalFolder()) : m_folder(std::move(folder)) {}
+
+    /// An entry whose writing is under way. What is not finished when it goes stays unfinished.
+    class Writing
+    {
+    public:
+        Writing(const Journal& journal, JournalEntry entry);
+
+        [[nodiscard]] const JournalEntry& entry() const { return m_entry; }
+        /// Notes how it has ended.
+        [[nodiscard]] WholeFile::Outcome finish(const JournalEntry::End& end);
+
+    private:
+        const Journal& m_journal;
+        JournalEntry m_entry;
+        FileLock m_lock;
+    };
+
+    /// Stores an entry before the first write.
+    struct Begun
+    {
+        WholeFile::Outcome outcome;
+        std::unique_ptr<Writing> writing; ///< null after a failure
+    };
+    [[nodiscard]] Begun begin(JournalEntry entry) const;
+
+    /// What the folder has.
+    struct Contents
+    {
+        QList<JournalEntry> entries; ///< all that can be read as a whole, the newest first
+        int unreadable = 0;          ///< entries that are damaged; their files stay
+    };
+    [[nodiscard]] Contents contents() const;
+    [[nodiscard]] QList<JournalEntry> entries() const { return contents().entries; }
+    [[nodiscard]] const QString& folder() const { return m_folder; }
+    /// Those whose writing has not ended and is nobody's any more.
+    [[nodiscard]] QList<JournalEntry> unfinished() const;
+
+    /// Notes another end of an entry; one that was removed meanwhile stays so.
+    [[nodiscard]] WholeFile::Outcome setEnd(JournalEntry entry, const JournalEntry::End& end) const;
+    /// Notes of an unfinished entry that nobody will find out any more how its writing has ended.
+    [[nodiscard]] WholeFile::Outcome giveUp(const JournalEntry& entry) const;
+    /// Removes an entry, unless somebody is still writing.
+    [[nodiscard]] WholeFile::Outcome remove(const JournalEntry& entry) const;
+
+private:
+    [[nodiscard]] QString path(const QString& id, const char* suffix) const;
+    [[nodiscard]] std::optional<JournalEntry> read(const QString& id) const;
+    [[nodiscard]] WholeFile::Outcome saveCircumstances(const JournalEntry& entry) const;
+
+    QString m_folder;
+};
+
+} // namespace pelorin

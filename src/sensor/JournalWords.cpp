@@ -1,0 +1,54 @@
+#include "sensor/JournalWords.h"
+
+#include "platform/core/LanguageStrings.h"
+#include "platform/core/Strings.h"
+#include "sensor/Journal.h"
+
+#include <QLocale>
+
+namespace pelorin {
+
+QString timeInWords(const JournalEntry& entry)
+{
+    const QLocale locale;
+    QString format = locale.dateTimeFormat(QLocale::ShortFormat);
+    if (!format.contains(QLatin1String("ss")))
+        format.replace(QLatin1String("mm"), QLatin1String("mm:ss"));
+    return locale.toString(entry.time.toLocalTime(), format);
+}
+
+QString deviceInWords(const JournalEntry& entry)
+{
+    return languageString(strings::kPort).arg(entry.port) + QStringLiteral(", ") + entry.device;
+}
+
+QString writerInWords(WriteRequest::By by)
+{
+    switch (by) {
+    case WriteRequest::By::OutputSetup:
+        return languageString(strings::kOutputSetup);
+    case WriteRequest::By::FactoryParameters:
+        return languageString(strings::kFactoryParameters);
+    case WriteRequest::By::Restore:
+        return languageString(strings::kRestoreBackupTitle);
+    case WriteRequest::By::PutBack:
+        return languageString(strings::kStatePutBack);
+    case WriteRequest::By::CommandLine:
+        break;
+    }
+    return languageString(strings::kCommandLine);
+}
+
+QString outcomeInWords(const JournalEntry& entry)
+{
+    if (!entry.end)
+        return languageString(strings::kUnfinished);
+    const WriteResult result{.kind = entry.end->kind, .reason = entry.end->reason};
+    if (result.reason != WriteResult::Reason::LinkLost)
+        return textOf(result);
+    // A later run does not compare it any more.
+    return languageString(headlineOf(result)) + QLatin1Char('\n') +
+           languageString(strings::kLinkLost);
+}
+
+} // namespace pelorin

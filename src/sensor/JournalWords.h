@@ -1,0 +1,25 @@
+#pragma once
+
+#include "sensor/WriteResult.h"
+
+#include <QString>
+
+namespace pelorin {
+
+struct JournalEntry;
+
+/// What the user is shown of entries of the journal, in the current language.
+
+/// When an entry was made: local time, to the second, as the user's locale has it.
+[[nodiscard]] QString timeInWords(const JournalEntry& entry);
+
+/// Where the sensor was connected then.
+[[nodiscard]] QString deviceInWords(const JournalEntry& entry);
+
+/// What has written, or was about to.
+[[nodiscard]] QString writerInWords(WriteRequest::By by);
+
+/// How the writing has ended, in one or more lines.
+[[nodiscard]] QString outcomeInWords(const JournalEntry& entry);
+
+} // namespace pelorin

@@ -1,0 +1,165 @@
+#include "sensor/ParameterWords.h"
+
+#include "platform/core/HexText.h"
+#include "platform/core/LanguageStrings.h"
+#include "platform/core/Strings.h"
+#include "sensor/ParameterCodec.h"
+#include "sensor/SensorTypes.h"
+
+#include <QStringList>
+
+#include <array>
+
+namespace pelorin {
+
+namespace {
+
+QString gradientText(const QByteArray& reply)
+{
+    const double gradient = decodeGradient(reply);
+    QString text = QString::asprintf("%01.02f", gradient);
+    if (gradient > 0)
+        text += QString::asprintf(" (%01.05f)", 25400 / gradient);
+    return text;
+}
+
+/// The text of a value 0, 1 or 2, or the one for any other.
+QString choiceText(qint32 value, const std::array<int, 3>& texts, int otherText)
+{
+    const bool known = value >= 0 && value < static_cast<qint32>(texts.size());
+    return languageString(known ? texts[static_cast<std::size_t>(value)] : otherText);
+}
+
+QString extensionText(const QByteArray& reply)
+{
+    const Extension extension = Extension::decode(reply);
+    return QStringList{
+        choiceText(extension.magnets,
+                   {strings::kUnknownMagnets, strings::kOneMagnet, strings::kTwoMagnets},
+                   strings::kUnknownMagnets),
+        choiceText(extension.mode,
+                   {strings::kNormalOutput, strings::kDifferentialPosition, strings::kVelocity},
+                   strings::kUnknownOutput),
+        choiceText(extension.extension,
+                   {strings::kNoExtension, strings::kParity, strings::kTemperature},
+                   strings::kUnknownExtension)}
+        .join(QStringLiteral(", "));
+}
+
+QString withUnit(const QString& text, int unit)
+{
+    return text + QLatin1Char(' ') + languageString(unit);
+}
+
+QString offsetText(const QByteArray& text, const SensorValues& values)
+{
+    const auto resolution = values.find('A');
+    const double millimetres =
+        resolution == values.end() ? 0.0 : decodeResolutionMm(resolution->second);
+    const QString counts = languageString(strings::kCounts).arg(decodeOffsetCounts(text));
+    if (millimetres <= 0)
+        return counts;
+    const QString length = QString::number(decodeOffsetCounts(text) * millimetres, 'f', 3);
+    return counts + QStringLiteral(", ") + withUnit(length, strings::kMillimetres);
+}
+
+} // namespace
+
+QString formatText(const DataFormat& format)
+{
+    return languageString(format.has(DataFormat::kGray) ? strings::kBitsGray : strings::kBitsBinary)
+        .arg(format.dataBits);
+}
+
+QString modeText(const DataFormat& format)
+{
+    const int direction = format.has(DataFormat::kReverse) ? strings::kReverse : strings::kForward;
+    const int mode = format.has(DataFormat::kModeOne)  ? strings::kSynchronous
+                     : format.has(DataFormat::kStream) ? strings::kPositionStream
+                                                       : strings::kAsynchronous;
+    return languageString(direction) + QStringLiteral(", ") + languageString(mode);
+}
+
+QString multiplierText(const DataFormat& format)
+{
+    constexpr std::array kTexts = {strings::kTimesOne, strings::kTimesTwo, strings::kTimesFour,
+                                   strings::kTimesEight};
+    return languageString(kTexts[(format.flags & DataFormat::kMultiplierMask) / std::size_t{0x40}]);
+}
+
+QString parameterText(char id, const QByteArray& reply)
+{
+    switch (id) {
+    case 'A':
+        return QString::asprintf("%01.03f", decodeResolutionMm(reply));
+    case 'L':
+        return QString::asprintf("%01.0f", decodeStrokeMm(reply));
+    case 'F':
+        return QString::fromLatin1(reply);
+    case 'V':
+        return QString::number(hexToLong(reply));
+    case 'U':
+        return gradientText(reply);
+    case 'K':
+        return extensionText(reply);
+    case 'Z':
+    case 'M':
+        return QString::fromLatin1(reply.left(4).toUpper());
+    default:
+        return QString::fromLatin1(reply.toUpper());
+    }
+}
+
+QString parameterInWords(char id)
+{
+    const QString letter(QLatin1Char{id});
+    const int name = parameterName(id);
+    return name == 0 ? letter : QStringLiteral("%1 (%2)").arg(languageString(name), letter);
+}
+
+QString textInWords(char id, const QByteArray& text)
+{
+    return QStringLiteral("%1: \"%2\"").arg(parameterInWords(id), QString::fromLatin1(text));
+}
+
+QString parametersInWords(const QByteArray& ids)
+{
+    QStringList names;
+    for (const char id : ids)
+        names << parameterInWords(id);
+    return names.join(QStringLiteral(", "));
+}
+
+QString valueInWords(char id, const QByteArray& text, const SensorValues& values)
+{
+    if (!isWellFormed(id, text))
+        return QStringLiteral("\"%1\"").arg(QString::fromLatin1(text));
+    switch (id) {
+    case 'D': {
+        const DataFormat format = DataFormat::decode(text);
+        const QString skip = QStringLiteral("%1 %2")
+                                 .arg(languageString(strings::kErrorSkipCount))
+                                 .arg(format.errorSkipCount);
+        return QStringList{formatText(format), modeText(format), multiplierText(format), skip}.join(
+            QStringLiteral(", "));
+    }
+    case 'A':
+        return withUnit(parameterText(id, text), strings::kMillimetres);
+    case 'L':
+        return QString::fromLatin1(text.left(2)) + QStringLiteral(", ") +
+               withUnit(parameterText(id, text), strings::kMillimetres);
+    case 'U':
+        return withUnit(parameterText(id, text), strings::kVelocityUnit);
+    case 'N':
+        return offsetText(text, values);
+    case 'F':
+    case 'P':
+        return QString::fromLatin1(text);
+    case 'K':
+        return parameterText(id, text);
+    default:
+        return withUnit(QString::fromLatin1(text.toUpper()), strings::kHexadecimal);
+    }
+}
+
+} // namespace pelorin

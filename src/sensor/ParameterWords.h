@@ -1,0 +1,33 @@
+#pragma once
+
+#include "sensor/SensorValues.h"
+
+#include <QByteArray>
+#include <QString>
+
+namespace pelorin {
+
+struct DataFormat;
+
+/// What the user is shown of parameters, in the current language.
+
+/// A parameter: its name and its identifier.
+[[nodiscard]] QString parameterInWords(char id);
+[[nodiscard]] QString parametersInWords(const QByteArray& ids);
+
+/// A parameter and its text as it stands, which may be no value.
+[[nodiscard]] QString textInWords(char id, const QByteArray& text);
+
+/// The parts of the data format.
+[[nodiscard]] QString formatText(const DataFormat& format);
+[[nodiscard]] QString modeText(const DataFormat& format);
+[[nodiscard]] QString multiplierText(const DataFormat& format);
+
+/// The value of any other parameter, as it stands in a list that has a column for the unit.
+[[nodiscard]] QString parameterText(char id, const QByteArray& reply);
+
+/// The value of a parameter with its unit, all of it; a text that is no value is quoted.
+/// @param values of the same sensor: an offset becomes a length by its resolution
+[[nodiscard]] QString valueInWords(char id, const QByteArray& text, const SensorValues& values);
+
+} // namespace pelorin

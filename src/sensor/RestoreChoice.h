@@ -1,0 +1,65 @@
+#pragma once
+
+#include "sensor/SensorValues.h"
+
+#include <QString>
+
+#include <map>
+
+namespace pelorin {
+
+/// What of saved values is to be written to a sensor: what differs, in the order of writing. The
+/// position stream that a saved data format may ask for is never written.
+struct RestoreChoice
+{
+    enum class Refusal {
+        None,
+        NotSaved, ///< parameters that it needs, as the next
+        NoValue,
+        NoResolution,
+        ResolutionTooFine, ///< for the sensor's type, as the next
+        ModeNotOffered,
+        ModeNotInReverse,
+        OffsetUnknown, ///< the direction changes, and the saved offset does not fit the sensor
+        DoesNotFit
+    };
+
+    /// What a value comes from.
+    enum class Origin {
+        Saved,
+        OwnMultiplier, ///< saved, with the sensor's multiplier
+        OwnVelocity,   ///< computed from the sensor's pulse velocity
+        OwnLength      ///< the sensor's own offset, counted in the resolution to be written
+    };
+
+    Refusal refusal = Refusal::None; ///< nothing is to be written then
+    QByteArray refused{};            ///< the parameters that are the reason
+    QByteArray order{};
+    SensorValues values{};
+    std::map<char, Origin> origins{}; ///< other than Saved; also of what stays as it is
+
+    bool operator==(const RestoreChoice&) const = default;
+};
+
+/// The sensor becomes what was saved, its calibration included. What was not saved stays.
+/// @param sensor every parameter of the type
+/// @param withFactoryText whether 'F' goes first, if it was saved
+[[nodiscard]] RestoreChoice chooseAll(int ssiType, const SensorValues& sensor,
+                                      const SensorValues& saved, bool withFactoryText = false);
+
+/// A replaced sensor gets the output settings of the one before, and keeps its own calibration.
+[[nodiscard]] RestoreChoice chooseOutputSettings(int ssiType, const SensorValues& sensor,
+                                                 const SensorValues& saved);
+
+/// Why a choice is refused, in the current language; empty if it is not.
+[[nodiscard]] QString refusalText(const RestoreChoice& choice);
+
+/// The parameters that tell one sensor from another and are not as they were saved, the version
+/// among them. What was not saved tells nothing.
+[[nodiscard]] QByteArray unlikeSaved(int ssiType, const SensorValues& sensor,
+                                     const SensorValues& saved);
+
+/// Whether a saved data format asks for the position stream.
+[[nodiscard]] bool asksForStream(const SensorValues& saved);
+
+} // namespace pelorin

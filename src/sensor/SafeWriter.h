@@ -1,0 +1,129 @@
+#pragma once
+
+#include "sensor/Journal.h"
+#include "sensor/Plan.h"
+#include "sensor/WriteResult.h"
+
+#include <QObject>
+#include <QPointer>
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string_view>
+
+namespace pelorin {
+
+class SequenceRunner;
+
+/// Writes to the sensor so that nobody is told more than is known. On this line a write is never
+/// acknowledged, and a sensor may answer values that it has not stored. So the sensor is read
+/// before the first write: it must still be as the user has seen it, and its state is stored in the
+/// journal. Afterwards it is restarted, and all that was written is read back and compared.
+///
+/// Switched off, it writes and does nothing else, and the result says that nothing was checked.
+/// One request at a time. User-interface thread.
+class SafeWriter final : public QObject
+{
+    Q_OBJECT
+
+public:
+    struct Settings
+    {
+        bool enabled = true;
+        bool manualPower = false; ///< the user switches the sensor's supply
+    };
+
+    /// Where a request is.
+    enum class Phase { Checking, Writing, Restarting, Comparing };
+
+    /// What the asker is told; each may be missing. None is called for an asker that is gone.
+    struct Listener
+    {
+        std::function<void(Phase)> phase{};
+        std::function<void(int, int)> progress{}; ///< steps done, and of how many in this phase
+        std::function<void(const Reply&)> comparing{}; ///< what was read back
+        std::function<void(const WriteResult&)> ended{};
+    };
+
+    /// A question to the user: whether to go on without an entry in the journal. To be answered
+    /// once, now or later.
+    using Question = std::function<void(const QString& reason, std::function<void(bool)> answer)>;
+
+    /// All outlive this.
+    SafeWriter(SequenceRunner& runner, const Journal& journal, Settings settings);
+
+    [[nodiscard]] const Settings& settings() const { return m_settings; }
+    [[nodiscard]] SequenceRunner& runner() const { return m_runner; }
+    [[nodiscard]] const Journal& journal() const { return m_journal; }
+
+    /// Who asks the user; without one nothing is written where the journal cannot be.
+    void setQuestion(Question question) { m_question = std::move(question); }
+
+    /// Begins to write.
+    /// @return false if it cannot begin now; nobody is told anything then
+    [[nodiscard]] bool write(QObject& asker, WriteRequest request, Listener listener);
+
+    /// Whether a request of anybody, or of this asker, is under way.
+    [[nodiscard]] bool isRunning() const { return m_job.has_value(); }
+    [[nodiscard]] bool isRunning(const QObject& asker) const;
+
+    /// Whether the connected sensor is that of an entry, as far as device, version and type tell.
+    [[nodiscard]] bool isConnected(const JournalEntry& state) const;
+
+    /// The sensor has been connected anew: compares with it what was written when the link was
+    /// lost, if it is the same sensor.
+    /// @param done called in the end, at once where there is nothing to compare
+    void compareAfterConnect(std::function<void()> done);
+
+Q_SIGNALS:
+    void began();
+    /// A request has ended, in whatever way, or has been compared at last.
+    void ended(const pelorin::WriteResult& result);
+
+private:
+    struct Job
+    {
+        QPointer<QObject> asker;
+        Listener listener{};
+        WriteRequest request{};
+        WriteResult result{};
+        JournalEntry state{}; ///< the sensor as it was before
+        std::unique_ptr<Journal::Writing> writing{};
+        int changes = 0; ///< the runner's when the state was read
+        bool restarted = false;
+        bool readAgain = false; ///< what had no answer when it was compared
+    };
+
+    void check();
+    void takeState(const Outcome& outcome);
+    [[nodiscard]] QByteArray changedSinceSeen() const;
+    void keepState();
+    void ask(const QString& reason, void (SafeWriter::*goOn)());
+    void writeAll();
+    void onWritten(const Outcome& outcome);
+    void restart();
+    void compare();
+    void readBack(const QByteArray& ids);
+    void onCompared(const Outcome& outcome);
+    void judge(const Outcome& outcome);
+    void stopUnchecked(WriteResult::Reason reason);
+    void refuse(const QString& problem);
+    void finish();
+    void tell(Phase phase);
+    [[nodiscard]] bool run(Plan plan, std::function<void(const Outcome&)> done,
+                           std::function<void(const Reply&)> reply = {});
+
+    SequenceRunner& m_runner;
+    const Journal& m_journal;
+    const Settings m_settings;
+    Question m_question;
+    std::optional<Job> m_job;
+    std::optional<Job> m_unchecked; ///< written when the link was lost; compared after a Connect
+    std::function<void()> m_compared;
+};
+
+/// The number of the text that says what a phase does.
+[[nodiscard]] int textNumberOf(SafeWriter::Phase phase);
+
+} // namespace pelorin

@@ -1,0 +1,251 @@
+#include "sensor/SafeWriter.h"
+
+#include "sensor/RunnerBench.h"
+#include "support/Languages.h"
+#include "support/Rows.h"
+#include "support/TestFolder.h"
+#include "support/WaitFor.h"
+
+#include <QTest>
+
+using namespace pelorin;
+using namespace pelorin::test;
+
+namespace {
+
+using Kind = WriteResult::Kind;
+using Reason = WriteResult::Reason;
+using Phase = SafeWriter::Phase;
+using Fault = SimulatedFault::Kind;
+
+/// A writer on a connected type 2 sensor, and what it tells.
+struct Writer final : QObject
+{
+    explicit Writer(SafeWriter::Settings settings = {}) : writer(bench.runner, journal, settings) {}
+
+    void fail(Fault kind, const char* command, int times = 0) const
+    {
+        bench.sensor->setFault({kind, kind == Fault::Late ? 150 : 3, times}, command);
+    }
+    void during(Phase wanted, Fault kind, const char* command, int times = 0)
+    {
+        at = [=, this](Phase phase) {
+            if (phase == wanted)
+                fail(kind, command, times);
+        };
+    }
+
+    /// Begins to write another resolution and offset, as a page does that has read both.
+    [[nodiscard]] bool begin(const QByteArray& seenOffset = "00000A")
+    {
+        WriteRequest request;
+        request.order = "DAN";
+        request.values = {{'D', "4A0519"}, {'A', "00000010"}, {'N', "000122"}};
+        request.closing = 'C';
+        request.base = {{'N', seenOffset}, {'A', "00000005"}};
+        return writer.write(*this, request,
+                            {.phase = at, .ended = [this](auto& ended) { result = ended; }});
+    }
+    [[nodiscard]] bool end()
+    {
+        return waitFor([this] { return result.has_value(); });
+    }
+    [[nodiscard]] QByteArray held(char id) const
+    {
+        return QByteArray::fromStdString(bench.sensor->parameter(id));
+    }
+
+    const Languages languages{1};
+    RunnerBench bench;
+    TestFolder folder;
+    Journal journal{folder.path(QStringLiteral("journal"))};
+    SafeWriter writer;
+    std::function<void(Phase)> at;
+    std::optional<WriteResult> result;
+};
+
+} // namespace
+
+class TestSafeWriter : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void nothingIsCalledVerifiedThatTheSensorDoesNotHave()
+    {
+        struct Row
+        {
+            const char* name;
+            std::function<void(Writer&)> before; ///< the sensor is connected
+            Kind kind;
+            Reason reason = Reason::None;
+            QByteArray differing{};
+            bool offsetHeld = true; ///< the sensor has the new offset afterwards
+            SafeWriter::Settings settings{};
+        };
+        forEachRow(
+            std::vector<Row>{
+                {"all taken", [](Writer&) {}, Kind::Verified},
+                {"one write not heard", [](Writer& w) { w.fail(Fault::Deaf, "NN"); }, Kind::Differs,
+                 Reason::None, "N", false},
+                {"closing command not heard", [](Writer& w) { w.fail(Fault::Deaf, "CN"); },
+                 Kind::Differs, Reason::None, "AN", false},
+                {"one answer disturbed",
+                 [](Writer& w) { w.during(Phase::Comparing, Fault::WrongByte, "NA", 1); },
+                 Kind::Verified},
+                {"one parameter never answers",
+                 [](Writer& w) { w.during(Phase::Comparing, Fault::Silent, "AA"); },
+                 Kind::NotChecked, Reason::NoAnswer},
+                {"silent after the restart",
+                 [](Writer& w) { w.during(Phase::Restarting, Fault::Silent, ""); },
+                 Kind::NotChecked, Reason::NoAnswer},
+                {"late after the restart",
+                 [](Writer& w) { w.during(Phase::Comparing, Fault::Late, "DA", 1); },
+                 Kind::Verified},
+                {"another sensor after the restart",
+                 [](Writer& w) {
+                     w.at = [&w](Phase phase) {
+                         if (phase == Phase::Restarting)
+                             w.bench.sensor->setParameter('V', "3A0199");
+                     };
+                 },
+                 Kind::NotChecked, Reason::AnotherSensor},
+                {"offset divided by the sensor",
+                 [](Writer& w) {
+                     w.at = [&w](Phase phase) {
+                         if (phase == Phase::Comparing)
+                             w.bench.sensor->setParameter('N', "000091");
+                     };
+                 },
+                 Kind::NotChecked, Reason::Undivided, "N", false},
+                {"supply switched by hand",
+                 [](Writer&) {},
+                 Kind::NotChecked,
+                 Reason::NotRestarted,
+                 {},
+                 true,
+                 {.manualPower = true}},
+                {"switched off",
+                 [](Writer&) {},
+                 Kind::NotChecked,
+                 Reason::SwitchedOff,
+                 {},
+                 true,
+                 {.enabled = false}},
+            },
+            [](const Row& row) {
+                Writer w(row.settings);
+                QVERIFY(w.bench.connectSensor());
+                row.before(w);
+                QVERIFY(w.begin() && w.end());
+                QCOMPARE(int(w.result->kind), int(row.kind));
+                QCOMPARE(int(w.result->reason), int(row.reason));
+                QByteArray differing;
+                for (const Difference& difference : w.result->differences)
+                    differing += difference.id;
+                QCOMPARE(differing, row.differing);
+                QCOMPARE(w.held('N') == "000122", row.offsetHeld);
+                QCOMPARE(w.journal.unfinished().size(), 0);
+            });
+    }
+
+    void nothingIsWrittenToASensorThatIsNotAsItWasSeen()
+    {
+        struct Row
+        {
+            const char* name;
+            std::function<void(Writer&)> before;
+            const char* problem; ///< a part of what the user is told
+        };
+        forEachRow(
+            std::vector<Row>{
+                {"changed", [](Writer& w) { w.bench.sensor->setParameter('N', "000111"); }, "(N)"},
+                {"silent", [](Writer& w) { w.fail(Fault::Silent, "AA"); }, "65"},
+                {"an answer always disturbed", [](Writer& w) { w.fail(Fault::WrongByte, "AA"); },
+                 "65"},
+                {"no journal and nobody to ask",
+                 [](Writer& w) { QVERIFY(w.folder.put(QStringLiteral("journal"), "")); },
+                 "journal"},
+                {"no journal and the user does not want to",
+                 [](Writer& w) {
+                     QVERIFY(w.folder.put(QStringLiteral("journal"), ""));
+                     w.writer.setQuestion([](auto&, const auto& answer) { answer(false); });
+                 },
+                 ""},
+                {"a parameter for the journal alone silent",
+                 [](Writer& w) { w.fail(Fault::Silent, "JA"); }, "(J)"},
+            },
+            [](const Row& row) {
+                Writer w;
+                QVERIFY(w.bench.connectSensor());
+                const QByteArray before = w.held('N');
+                row.before(w);
+                QVERIFY(w.begin() && w.end());
+                QCOMPARE(int(w.result->kind), int(Kind::NotWritten));
+                QVERIFY2(w.result->problem.contains(QLatin1String(row.problem)),
+                         qPrintable(w.result->problem));
+                QVERIFY(!w.bench.frames().contains(QStringLiteral("NN")));
+                QCOMPARE(w.journal.entries().size(), 0);
+            });
+    }
+
+    void stateIsKeptBeforeTheFirstWriteWithEverythingTheSensorHas()
+    {
+        Writer w;
+        QVERIFY(w.bench.connectSensor());
+        QList<JournalEntry> unfinished;
+        qsizetype entries = 0;
+        w.at = [&](Phase phase) {
+            if (phase == Phase::Writing) {
+                entries = w.journal.entries().size();
+                unfinished = w.journal.unfinished(); // somebody works on it
+            }
+        };
+        QVERIFY(w.begin() && w.end());
+        QCOMPARE(entries, 1);
+        QCOMPARE(unfinished.size(), 0);
+        const JournalEntry entry = w.journal.entries().constFirst();
+        QCOMPARE(entry.values.at('N'), QByteArray("00000A"));
+        QCOMPARE(entry.values.at('F'), QByteArray("SN012345"));
+        QCOMPARE(entry.written.at('N'), QByteArray("000122"));
+        QVERIFY((entry.end == JournalEntry::End{Kind::Verified, Reason::None, true}));
+    }
+
+    void whatWasWrittenWhenTheLinkWasLostIsComparedAfterTheNextConnect()
+    {
+        for (const bool heard : {true, false}) {
+            Writer w;
+            QVERIFY(w.bench.connectSensor());
+            if (!heard)
+                w.fail(Fault::Deaf, "CN");
+            w.bench.last = "CN\r";
+            QVERIFY(w.begin() && w.end());
+            QCOMPARE(int(w.result->reason), int(Reason::LinkLost));
+            w.bench.last.clear();
+            w.bench.sensor->clearFaults();
+            w.bench.sensor->comeBack();
+            QVERIFY(w.bench.connectSensor());
+            std::optional<WriteResult> compared;
+            connect(&w.writer, &SafeWriter::ended, &w,
+                    [&](const auto& result) { compared = result; });
+            bool done = false;
+            w.writer.compareAfterConnect([&done] { done = true; });
+            QVERIFY(waitFor([&done] { return done; }));
+            QVERIFY(compared.has_value());
+            QCOMPARE(int(compared->kind), int(heard ? Kind::Verified : Kind::Differs));
+            QCOMPARE(compared->nothingChanged, !heard);
+        }
+    }
+
+    void switchedOffOnlyTheWritesGoOverTheLine()
+    {
+        Writer w({.enabled = false});
+        QVERIFY(w.bench.connectSensor());
+        QVERIFY(w.begin() && w.end());
+        QCOMPARE(w.bench.frames(), QStringLiteral("DN4A0519 AN00000010 NN000122 CN"));
+        QCOMPARE(w.journal.entries().size(), 0);
+    }
+};
+
+QTEST_GUILESS_MAIN(TestSafeWriter)
+#include "TestSafeWriter.moc"
