@@ -228,8 +228,8 @@ WholeFile::Outcome Journal::remove(const JournalEntry& entry) const
     const QString valuesPath = path(entry.id, kValuesSuffix);
     if (FileLock::isHeld(valuesPath))
         return {WholeFile::Outcome::Failure::Writing, valuesPath, EBUSY};
-    if (const auto removed = WholeFile(path(entry.id, kCircumstancesSuffix)).remove();
-        !removed.isDone())
+    WholeFile::Outcome removed = WholeFile(path(entry.id, kCircumstancesSuffix)).remove();
+    if (!removed.isDone())
         return removed;
     return WholeFile(valuesPath).remove();
 }

@@ -56,7 +56,7 @@ QString offsetText(const QByteArray& text, const SensorValues& values)
     const auto resolution = values.find('A');
     const double millimetres =
         resolution == values.end() ? 0.0 : decodeResolutionMm(resolution->second);
-    const QString counts = languageString(strings::kCounts).arg(decodeOffsetCounts(text));
+    QString counts = languageString(strings::kCounts).arg(decodeOffsetCounts(text));
     if (millimetres <= 0)
         return counts;
     const QString length = QString::number(decodeOffsetCounts(text) * millimetres, 'f', 3);

@@ -44,10 +44,26 @@ int textNumberOf(SafeWriter::Phase phase)
     return strings::kComparing;
 }
 
+/// A request that is under way.
+struct SafeWriter::Job
+{
+    QPointer<QObject> asker;
+    Listener listener{};
+    WriteRequest request{};
+    WriteResult result{};
+    JournalEntry state{}; ///< the sensor as it was before
+    std::unique_ptr<Journal::Writing> writing{};
+    int changes = 0; ///< the runner's when the state was read
+    bool restarted = false;
+    bool readAgain = false; ///< what had no answer when it was compared
+};
+
 SafeWriter::SafeWriter(SequenceRunner& runner, const Journal& journal, Settings settings)
     : m_runner(runner), m_journal(journal), m_settings(settings)
 {
 }
+
+SafeWriter::~SafeWriter() = default;
 
 bool SafeWriter::isRunning(const QObject& asker) const
 {
@@ -58,7 +74,7 @@ bool SafeWriter::write(QObject& asker, WriteRequest request, Listener listener)
 {
     if (m_job || m_runner.isBusy() || m_runner.isConnectWanted())
         return false;
-    m_job.emplace();
+    m_job = std::make_unique<Job>();
     m_job->asker = &asker;
     m_job->listener = std::move(listener);
     m_job->request = std::move(request);
@@ -191,9 +207,9 @@ void SafeWriter::onWritten(const Outcome& outcome)
     const bool began =
         !outcome.written.isEmpty() || outcome.isDone() ||
         (outcome.kind != Outcome::Kind::StreamNotEnded && outcome.kind != Outcome::Kind::Abandoned);
+    const bool refused = outcome.kind == Outcome::Kind::StreamNotEnded;
     if (!began)
-        return refuse(outcome.kind == Outcome::Kind::StreamNotEnded ? writingFailure(outcome)
-                                                                    : QString());
+        return refuse(refused ? writingFailure(outcome) : QString());
     if (!m_settings.enabled)
         return stopUnchecked(Reason::SwitchedOff);
     if (outcome.kind == Outcome::Kind::Lost)
@@ -326,17 +342,17 @@ void SafeWriter::refuse(const QString& problem)
 /// What was written when the link was lost is kept for the next Connect.
 void SafeWriter::finish()
 {
-    Job job = *std::exchange(m_job, std::nullopt);
+    std::unique_ptr<Job> job = std::exchange(m_job, nullptr);
     const auto compared = std::exchange(m_compared, {});
-    if (job.writing) {
-        const bool told = job.result.reason != Reason::Closed;
-        const auto noted = job.writing->finish({job.result.kind, job.result.reason, told});
+    if (job->writing) {
+        const bool told = job->result.reason != Reason::Closed;
+        const auto noted = job->writing->finish({job->result.kind, job->result.reason, told});
         if (!noted.isDone())
-            job.result.problem = noted.message();
+            job->result.problem = noted.message();
     }
-    const WriteResult result = job.result;
-    const Listener listener = std::exchange(job.listener, {});
-    const auto asker = job.asker;
+    const WriteResult result = job->result;
+    const Listener listener = std::exchange(job->listener, {});
+    const auto asker = job->asker;
     if (result.reason == Reason::LinkLost)
         m_unchecked = std::move(job);
     if (asker && listener.ended)
@@ -350,7 +366,7 @@ void SafeWriter::compareAfterConnect(std::function<void()> done)
 {
     if (m_job || !m_unchecked || !isConnected(m_unchecked->state))
         return done();
-    m_job = std::exchange(m_unchecked, std::nullopt);
+    m_job = std::exchange(m_unchecked, nullptr);
     m_job->result.reason = Reason::None;
     m_job->result.outcome = {};
     m_compared = std::move(done);

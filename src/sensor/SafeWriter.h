@@ -9,7 +9,6 @@
 
 #include <functional>
 #include <memory>
-#include <optional>
 #include <string_view>
 
 namespace pelorin {
@@ -52,6 +51,7 @@ public:
 
     /// All outlive this.
     SafeWriter(SequenceRunner& runner, const Journal& journal, Settings settings);
+    ~SafeWriter() override;
 
     [[nodiscard]] const Settings& settings() const { return m_settings; }
     [[nodiscard]] SequenceRunner& runner() const { return m_runner; }
@@ -65,7 +65,7 @@ public:
     [[nodiscard]] bool write(QObject& asker, WriteRequest request, Listener listener);
 
     /// Whether a request of anybody, or of this asker, is under way.
-    [[nodiscard]] bool isRunning() const { return m_job.has_value(); }
+    [[nodiscard]] bool isRunning() const { return m_job != nullptr; }
     [[nodiscard]] bool isRunning(const QObject& asker) const;
 
     /// Whether the connected sensor is that of an entry, as far as device, version and type tell.
@@ -82,18 +82,7 @@ Q_SIGNALS:
     void ended(const pelorin::WriteResult& result);
 
 private:
-    struct Job
-    {
-        QPointer<QObject> asker;
-        Listener listener{};
-        WriteRequest request{};
-        WriteResult result{};
-        JournalEntry state{}; ///< the sensor as it was before
-        std::unique_ptr<Journal::Writing> writing{};
-        int changes = 0; ///< the runner's when the state was read
-        bool restarted = false;
-        bool readAgain = false; ///< what had no answer when it was compared
-    };
+    struct Job;
 
     void check();
     void takeState(const Outcome& outcome);
@@ -118,8 +107,8 @@ private:
     const Journal& m_journal;
     const Settings m_settings;
     Question m_question;
-    std::optional<Job> m_job;
-    std::optional<Job> m_unchecked; ///< written when the link was lost; compared after a Connect
+    std::unique_ptr<Job> m_job;       ///< null while nothing is under way
+    std::unique_ptr<Job> m_unchecked; ///< written when the link was lost; compared after a Connect
     std::function<void()> m_compared;
 };
 

@@ -132,17 +132,17 @@ void SimulatedDevice::wake()
 void SimulatedDevice::setFault(const SimulatedFault& fault, std::string_view command)
 {
     const std::lock_guard lock(m_mutex);
-    if (fault.kind == SimulatedFault::Kind::None)
+    if (fault.kind == SimulatedFault::Kind::None) {
         m_faults.erase(std::string(command));
-    else
+    } else {
         m_faults.insert_or_assign(std::string(command), fault);
+    }
 }
 
 void SimulatedDevice::clearFaults()
 {
     const std::lock_guard lock(m_mutex);
     m_faults.clear();
-    m_bytesUntilVanish = 0;
 }
 
 void SimulatedDevice::vanish(TimePoint now)
@@ -157,12 +157,6 @@ void SimulatedDevice::comeBack(TimePoint now)
     const std::lock_guard lock(m_mutex);
     bringUpTo(now);
     reappear(now);
-}
-
-void SimulatedDevice::vanishAfter(int bytes)
-{
-    const std::lock_guard lock(m_mutex);
-    m_bytesUntilVanish = bytes;
 }
 
 std::vector<std::string> SimulatedDevice::takeReceivedFrames()
@@ -241,9 +235,7 @@ void SimulatedDevice::bringUpTo(TimePoint now)
 
 void SimulatedDevice::receiveByte(char byte, TimePoint now)
 {
-    if (m_bytesUntilVanish > 0 && --m_bytesUntilVanish == 0)
-        disappear(std::nullopt, now);
-    else if (isInTune())
+    if (isInTune())
         handleByte(byte, now);
 }
 
@@ -267,7 +259,6 @@ void SimulatedDevice::disappear(std::optional<TimePoint> backAt, TimePoint now)
     m_owner = nullptr;
     if (const auto lost = std::exchange(m_lost, nullptr))
         lost();
-    m_bytesUntilVanish = 0;
     forgetTraffic();
     presenceChanged(false, now);
     changed();
@@ -296,10 +287,11 @@ std::optional<SimulatedFault> SimulatedDevice::takeFault(std::string_view comman
         return std::nullopt;
 
     const SimulatedFault fault = best->second;
-    if (fault.times == 1)
+    if (fault.times == 1) {
         m_faults.erase(best);
-    else if (fault.times > 1)
+    } else if (fault.times > 1) {
         --best->second.times;
+    }
     return fault;
 }
 

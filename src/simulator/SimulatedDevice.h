@@ -71,8 +71,6 @@ public:
     void clearFaults();
     void vanish(TimePoint now = Clock::now());
     void comeBack(TimePoint now = Clock::now());
-    /// The device vanishes when it has received so many more bytes.
-    void vanishAfter(int bytes);
 
     /// The last frames that the device has understood, without their CR; the list is emptied.
     [[nodiscard]] std::vector<std::string> takeReceivedFrames();
@@ -131,7 +129,6 @@ private:
     std::function<void()> m_lost; ///< the owner's; may be empty
     bool m_present = true;
     std::optional<TimePoint> m_backAt;
-    int m_bytesUntilVanish = 0; ///< 0: it stays
     LineSettings m_line{9600};
     std::string m_frame; ///< received so far, without CR
     std::deque<TimedByte> m_sent;
