@@ -4,6 +4,7 @@
 #include "pages/PageRig.h"
 #include "pages/SelectPortDialog.h"
 #include "support/Rows.h"
+#include "support/WaitFor.h"
 
 #include <QCloseEvent>
 #include <QComboBox>
@@ -211,7 +212,7 @@ private Q_SLOTS:
                         QCOMPARE(rig.bits(), QStringLiteral("24"));
                         QCOMPARE(rig.frames(), QString());
                     } else {
-                        QTRY_COMPARE(rig.window().currentPage(), row.page);
+                        QVERIFY(waitFor([&] { return rig.window().currentPage() == row.page; }));
                         QVERIFY(rig.waitIdle());
                         QCOMPARE(rig.counted(), QString());
                         QCOMPARE(rig.bits(), QStringLiteral("25"));
@@ -232,7 +233,7 @@ private Q_SLOTS:
         QCOMPARE(rig.list().item(2, 1)->text() + rig.editor()->text(), QStringLiteral("9001.5"));
         const ModalAnswer<SelectPortDialog> cancel([](auto& dialog) { dialog.reject(); });
         QCOMPARE(rig.asked(selectPort, "Discard"), QStringList(two));
-        QTRY_VERIFY(cancel.wasShown());
+        QVERIFY(waitFor([&] { return cancel.wasShown(); }));
         QCOMPARE(rig.list().item(2, 1)->text() + rig.editor()->text(), QStringLiteral("12500.050"));
         QCOMPARE(rig.counted(), QString());
     }
@@ -272,7 +273,7 @@ private Q_SLOTS:
                 } else {
                     row.act(rig);
                 }
-                QTRY_COMPARE(closed.size(), 1);
+                QVERIFY(waitFor([&] { return closed.size() == 1; }));
             });
     }
 
@@ -281,16 +282,17 @@ private Q_SLOTS:
         OutputRig rig;
         rig.setBits();
         rig.sensor().vanish();
-        QTRY_COMPARE(rig.link().lossCount(), 1);
+        QVERIFY(waitFor([&] { return rig.link().lossCount() == 1; }));
         rig.sensor().comeBack();
-        QTRY_COMPARE(rig.statusText(), QStringLiteral("Connected to the sensor."));
+        QVERIFY(waitFor(
+            [&] { return rig.statusText() == QStringLiteral("Connected to the sensor."); }));
         QVERIFY(rig.waitIdle());
         QCOMPARE(rig.window().currentPage(), 2);
         QCOMPARE(rig.marked() + rig.bits(), QStringLiteral("Read: 2524"));
         (void)rig.frames();
         QVERIFY(rig.apply().startsWith(QLatin1String("The values on this page have not")));
         QCOMPARE(rig.asked([&] { rig.clickRefresh(); }, "Discard"), QStringList(kAsked));
-        QTRY_COMPARE(rig.bits(), QStringLiteral("25"));
+        QVERIFY(waitFor([&] { return rig.bits() == QStringLiteral("25"); }));
         QVERIFY(rig.waitIdle());
         rig.setBits();
         QCOMPARE(rig.apply(), QString());

@@ -305,7 +305,7 @@ private Q_SLOTS:
                 row.before(rig);
                 const QString told = rig.apply();
                 QVERIFY2(told.contains(QLatin1String(row.told)), qPrintable(told));
-                QTRY_COMPARE(rig.window().currentPage(), 0);
+                QVERIFY(waitFor([&] { return rig.window().currentPage() == 0; }));
                 QVERIFY(rig.waitIdle());
                 const QString notice = rig.strip().text();
                 QVERIFY2(notice.startsWith(QLatin1String(row.outcome)), qPrintable(notice));
@@ -344,7 +344,7 @@ private Q_SLOTS:
             QString writes;
             QVERIFY(waitFor([&] { return !(writes += rig.writes()).isEmpty(); }));
             rig.window().close();
-            QTRY_COMPARE(closed.size(), 1);
+            QVERIFY(waitFor([&] { return closed.size() == 1; }));
             QVERIFY(rig.hasEntered());
             QCOMPARE(rig.journal().size(), 1);
             QVERIFY((rig.journal().constFirst().end ==
@@ -362,7 +362,7 @@ private Q_SLOTS:
             const QSignalSpy closed(&rig.window(), &PelorinMainWindow::closed);
             const ModalAnswer<QMessageBox> question([&](auto&) { rig.window().close(); });
             QTest::mouseClick(&rig.applyButton(), Qt::LeftButton);
-            QTRY_COMPARE(closed.size(), 1);
+            QVERIFY(waitFor([&] { return closed.size() == 1; }));
             QVERIFY(QFile::remove(journalFolder()));
             QVERIFY(question.wasShown());
             QCOMPARE(rig.writes(), QString());
