@@ -1248,6 +1248,10 @@ Without that it cannot be put back. Write all the same?</translation>
         <source>Notice</source>
         <translation>Notice</translation>
     </message>
+    <message id="1726">
+        <source>Another sensor is connected than the one that was written to.</source>
+        <translation>Another sensor is connected than the one that was written to.</translation>
+    </message>
     <message id="1730">
         <source>&amp;Compare with Backup…</source>
         <extracomment>Menu item</extracomment>

@@ -1248,6 +1248,10 @@ Senza di ciò non può essere ripristinato. Scrivere comunque?</translation>
         <source>Notice</source>
         <translation>Avviso</translation>
     </message>
+    <message id="1726">
+        <source>Another sensor is connected than the one that was written to.</source>
+        <translation>Il sensore collegato non è quello in cui si è scritto.</translation>
+    </message>
     <message id="1730">
         <source>&amp;Compare with Backup…</source>
         <extracomment>Menu item</extracomment>

@@ -1248,6 +1248,10 @@ Ohne das kann es nicht zurückgeschrieben werden. Trotzdem schreiben?</translati
         <source>Notice</source>
         <translation>Hinweis</translation>
     </message>
+    <message id="1726">
+        <source>Another sensor is connected than the one that was written to.</source>
+        <translation>Verbunden ist ein anderer Sensor als der, in den geschrieben wurde.</translation>
+    </message>
     <message id="1730">
         <source>&amp;Compare with Backup…</source>
         <extracomment>Menu item</extracomment>
@@ -1338,20 +1342,20 @@ Ohne das kann es nicht zurückgeschrieben werden. Trotzdem schreiben?</translati
     </message>
     <message id="1749">
         <source>The calibration is the saved one: it looks like the same sensor. Suggested: all parameters.</source>
-        <translation>Die Kalibrierung ist die gesicherte: Es sieht nach demselben Sensor aus. Vorschlag: alle Parameter.</translation>
+        <translation>Der Abgleich ist der gesicherte: Es sieht nach demselben Sensor aus. Vorschlag: alle Parameter.</translation>
     </message>
     <message id="1750">
         <source>The calibration is not the saved one (%1): this may be another sensor. Choose what is to be written.</source>
         <extracomment>%1 parameters</extracomment>
-        <translation>Die Kalibrierung ist nicht die gesicherte (%1): Dies kann ein anderer Sensor sein. Wählen Sie, was geschrieben werden soll.</translation>
+        <translation>Der Abgleich ist nicht der gesicherte (%1): Dies kann ein anderer Sensor sein. Wählen Sie, was geschrieben werden soll.</translation>
     </message>
     <message id="1751">
         <source>All parameters: the sensor becomes what was saved, its calibration included</source>
-        <translation>Alle Parameter: Der Sensor wird, was gesichert wurde, einschließlich seiner Kalibrierung</translation>
+        <translation>Alle Parameter: Der Sensor wird, was gesichert wurde, einschließlich seines Abgleichs</translation>
     </message>
     <message id="1752">
         <source>Output settings only, for a replaced sensor: this sensor's calibration stays</source>
-        <translation>Nur Ausgabeeinstellungen, für einen ausgetauschten Sensor: Die Kalibrierung dieses Sensors bleibt</translation>
+        <translation>Nur Ausgabeeinstellungen, für einen ausgetauschten Sensor: Der Abgleich dieses Sensors bleibt</translation>
     </message>
     <message id="1753">
         <source>Write</source>

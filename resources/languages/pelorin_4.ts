@@ -1248,6 +1248,10 @@ Sans cela, il ne peut pas être rétabli. Écrire malgré tout ?</translation>
         <source>Notice</source>
         <translation>Avis</translation>
     </message>
+    <message id="1726">
+        <source>Another sensor is connected than the one that was written to.</source>
+        <translation>Le capteur connecté n'est pas celui dans lequel on a écrit.</translation>
+    </message>
     <message id="1730">
         <source>&amp;Compare with Backup…</source>
         <extracomment>Menu item</extracomment>

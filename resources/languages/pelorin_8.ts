@@ -1248,6 +1248,10 @@ Sin eso no se puede restablecer. ¿Escribir de todos modos?</translation>
         <source>Notice</source>
         <translation>Aviso</translation>
     </message>
+    <message id="1726">
+        <source>Another sensor is connected than the one that was written to.</source>
+        <translation>El sensor conectado no es aquel en el que se escribió.</translation>
+    </message>
     <message id="1730">
         <source>&amp;Compare with Backup…</source>
         <extracomment>Menu item</extracomment>

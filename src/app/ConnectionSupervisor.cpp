@@ -134,13 +134,14 @@ void ConnectionSupervisor::onConnected(const Outcome& outcome)
 /// What was being written when the link was lost comes next, before any page is shown.
 void ConnectionSupervisor::onFormatRestored(FormatRestore::Result format, int losses)
 {
-    m_writer.compareAfterConnect([this, format, losses] {
-        if (m_link.lossCount() == losses) {
-            finishConnect(true, format);
-        } else {
-            m_pendingOperation = Operation::None;
-        }
-    });
+    m_writer.compareAfterConnect(format == FormatRestore::Result::NothingKept,
+                                 [this, format, losses] {
+                                     if (m_link.lossCount() == losses) {
+                                         finishConnect(true, format);
+                                     } else {
+                                         m_pendingOperation = Operation::None;
+                                     }
+                                 });
 }
 
 /// The connect is settled before a page is shown, which has a plan of its own.

@@ -81,6 +81,13 @@ void WriteReport::tell(const WriteResult& result)
 /// The same texts once more, to the same sensor, as it was read back.
 void WriteReport::writeAgain(const WriteResult& result)
 {
+    const JournalEntry sensor{
+        .device = result.device, .version = result.version, .ssiType = result.ssiType};
+    if (m_writer.runner().link().isIdentified() && !m_writer.isConnected(sensor)) {
+        m_gate.addNotice(languageString(strings::kNothingWritten) + QLatin1Char('\n') +
+                         languageString(strings::kAnotherConnected));
+        return;
+    }
     WriteRequest request = result.request;
     request.base = result.before; // by which it is known
     for (const char id : request.order)

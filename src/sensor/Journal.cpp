@@ -172,6 +172,10 @@ Journal::Begun Journal::begin(JournalEntry entry) const
     if (const auto saved = values.save(BackupFile::textOf(entry.values)); !saved.isDone())
         return {saved, nullptr};
     auto writing = std::make_unique<Writing>(*this, entry);
+    if (!writing->isLocked()) { // others would take it for left unfinished
+        (void)values.remove();
+        return {{WholeFile::Outcome::Failure::Writing, valuesPath, ENOLCK}, nullptr};
+    }
     if (const auto saved = saveCircumstances(entry); !saved.isDone()) {
         (void)values.remove(); // without its circumstances it is no entry
         return {saved, nullptr};

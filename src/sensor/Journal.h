@@ -58,6 +58,8 @@ public:
         Writing(const Journal& journal, JournalEntry entry);
 
         [[nodiscard]] const JournalEntry& entry() const { return m_entry; }
+        /// Whether others see that it is under way.
+        [[nodiscard]] bool isLocked() const { return m_lock.isTaken(); }
         /// Notes how it has ended.
         [[nodiscard]] WholeFile::Outcome finish(const JournalEntry::End& end);
 

@@ -128,6 +128,9 @@ void SafeWriter::takeState(const Outcome& outcome)
     job.state.written = job.request.values;
     job.state.by = job.request.by;
     job.result.before = job.state.values;
+    job.result.device = job.state.device;
+    job.result.version = job.state.version;
+    job.result.ssiType = job.state.ssiType;
     job.changes = m_runner.changes();
     if (const QByteArray changed = changedSinceSeen(); !changed.isEmpty()) {
         return refuse(languageString(changedText(job.request.by)).arg(parametersInWords(changed)));
@@ -238,7 +241,7 @@ void SafeWriter::restart()
         compare();
     });
     if (!begun)
-        stopUnchecked(Reason::Closed);
+        stopUnchecked(m_runner.isEnding() ? Reason::Closed : Reason::LinkLost);
 }
 
 void SafeWriter::compare()
@@ -259,7 +262,7 @@ void SafeWriter::readBack(const QByteArray& ids)
                 m_job->listener.comparing(reply);
         });
     if (!begun)
-        stopUnchecked(Reason::Closed);
+        stopUnchecked(m_runner.isEnding() ? Reason::Closed : Reason::LinkLost);
 }
 
 bool SafeWriter::isConnected(const JournalEntry& state) const
@@ -307,8 +310,9 @@ void SafeWriter::judge(const Outcome& outcome)
     const bool all = std::all_of(differences.begin(), differences.end(), isUndivided);
     if (!all) {
         result.kind = Kind::Differs;
+        // Before a restart it may only not have taken effect yet.
         result.nothingChanged =
-            std::all_of(request.order.begin(), request.order.end(), [&](char id) {
+            job.restarted && std::all_of(request.order.begin(), request.order.end(), [&](char id) {
                 const auto now = result.has.find(id);
                 const auto before = job.state.values.find(id);
                 return now != result.has.end() && before != job.state.values.end() &&
@@ -345,10 +349,11 @@ void SafeWriter::finish()
     std::unique_ptr<Job> job = std::exchange(m_job, nullptr);
     const auto compared = std::exchange(m_compared, {});
     if (job->writing) {
-        const bool told = job->result.reason != Reason::Closed;
+        const bool told = job->result.kind == Kind::NotWritten ||
+                          (job->result.reason != Reason::Closed && !m_runner.isEnding());
         const auto noted = job->writing->finish({job->result.kind, job->result.reason, told});
         if (!noted.isDone())
-            job->result.problem = noted.message();
+            job->result.problem += noted.message();
     }
     const WriteResult result = job->result;
     const Listener listener = std::exchange(job->listener, {});
@@ -362,15 +367,21 @@ void SafeWriter::finish()
         compared();
 }
 
-void SafeWriter::compareAfterConnect(std::function<void()> done)
+void SafeWriter::compareAfterConnect(bool untouched, std::function<void()> done)
 {
-    if (m_job || !m_unchecked || !isConnected(m_unchecked->state))
+    if (m_unchecked && !isConnected(m_unchecked->state))
+        m_unchecked.reset();
+    if (m_job || !m_unchecked)
         return done();
     m_job = std::exchange(m_unchecked, nullptr);
-    m_job->result.reason = Reason::None;
-    m_job->result.outcome = {};
+    WriteResult& result = m_job->result;
+    result.reason = Reason::None;
+    result.outcome = {};
+    result.differences.clear(); // of a comparison that was cut short
+    result.unanswered.clear();
+    m_job->readAgain = false;
     m_compared = std::move(done);
-    m_job->restarted = m_runner.link().wasRestarted();
+    m_job->restarted = untouched && m_runner.link().wasRestarted();
     compare();
 }
 

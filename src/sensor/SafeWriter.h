@@ -73,8 +73,10 @@ public:
 
     /// The sensor has been connected anew: compares with it what was written when the link was
     /// lost, if it is the same sensor.
+    /// Nobody waits for one that is not the next to be connected.
+    /// @param untouched nothing was written to the sensor since its restart
     /// @param done called in the end, at once where there is nothing to compare
-    void compareAfterConnect(std::function<void()> done);
+    void compareAfterConnect(bool untouched, std::function<void()> done);
 
 Q_SIGNALS:
     void began();

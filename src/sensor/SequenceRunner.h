@@ -53,6 +53,8 @@ public:
 
     /// Whether the sensor is in use: a plan runs that is no stream, or one waits for its begin.
     [[nodiscard]] bool isBusy() const;
+    /// Whether windDown was called: nothing else begins any more.
+    [[nodiscard]] bool isEnding() const { return m_ending; }
     /// Whether only a Connect may begin next.
     [[nodiscard]] bool isConnectWanted() const { return m_reservedFor != nullptr; }
     /// Whether a plan of this owner runs or waits.

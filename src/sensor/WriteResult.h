@@ -51,6 +51,9 @@ struct WriteResult
     Outcome outcome{};               ///< of the plan that was to write, or of the reads before
     QList<Difference> differences{}; ///< of Differs; of Undivided the offset
     QByteArray unanswered{};         ///< parameters that could not be read back
+    QString device{};                ///< of the sensor; empty where it was not read before
+    QByteArray version{};            ///< its version answer
+    int ssiType = 0;                 ///< its type
     SensorValues before{};           ///< what the sensor had
     SensorValues has{};              ///< what was read back
     bool nothingChanged = false;     ///< Differs: the sensor has all that it had before

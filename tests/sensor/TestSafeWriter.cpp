@@ -229,7 +229,7 @@ private Q_SLOTS:
             connect(&w.writer, &SafeWriter::ended, &w,
                     [&](const auto& result) { compared = result; });
             bool done = false;
-            w.writer.compareAfterConnect([&done] { done = true; });
+            w.writer.compareAfterConnect(true, [&done] { done = true; });
             QVERIFY(waitFor([&done] { return done; }));
             QVERIFY(compared.has_value());
             QCOMPARE(int(compared->kind), int(heard ? Kind::Verified : Kind::Differs));

@@ -118,7 +118,7 @@ std::vector<Tour::Step> script(Tour& tour, SimulatedPorts& simulators, int langu
         tour.click("applyButton"), // asks about the offset, which the multiplier would change
         Tour::when(isAsking, tour.picture("offset-question")),
         tour.answer(0),
-        Tour::when(noDialog, tour.picture("differs-marked")),
+        tour.picture("differs-marked"),
         tour.print([sensor] {
             sensor->clearFaults();
             return QStringLiteral("the sensor hears all again");

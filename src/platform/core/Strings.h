@@ -300,6 +300,7 @@ inline constexpr int kWriteAgain = 1722;
 inline constexpr int kPutBack = 1723;
 inline constexpr int kCounts = 1724;
 inline constexpr int kNoticeName = 1725;
+inline constexpr int kAnotherConnected = 1726;
 
 // Earlier states of sensors
 inline constexpr int kEarlierStatesItem = 1760;
