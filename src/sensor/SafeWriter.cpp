@@ -194,6 +194,7 @@ void SafeWriter::ask(const QString& reason, void (SafeWriter::*goOn)())
 void SafeWriter::writeAll()
 {
     tell(Phase::Writing);
+    m_job->changes = m_runner.changes();
     const WriteRequest& request = m_job->request;
     const auto pause =
         m_settings.enabled ? std::max(request.storePause, kStoreTime) : request.storePause;
@@ -207,9 +208,9 @@ void SafeWriter::onWritten(const Outcome& outcome)
 {
     Job& job = *m_job;
     job.result.outcome = outcome;
-    const bool began =
-        !outcome.written.isEmpty() || outcome.isDone() ||
-        (outcome.kind != Outcome::Kind::StreamNotEnded && outcome.kind != Outcome::Kind::Abandoned);
+    // A frame may have left though its parameter does not count as written.
+    const bool began = outcome.kind != Outcome::Kind::StreamNotEnded &&
+                       (outcome.isDone() || m_runner.changes() != job.changes);
     const bool refused = outcome.kind == Outcome::Kind::StreamNotEnded;
     if (!began)
         return refuse(refused ? writingFailure(outcome) : QString());
