@@ -453,6 +453,13 @@ void SequenceRunner::openPort(int number, std::function<void(bool)> done)
              .changes = true});
 }
 
+void SequenceRunner::openPort(int number, const QString& device, std::function<void(bool)> done)
+{
+    usePort({.open = [this, number, device] { return m_link.open(number, device); },
+             .done = std::move(done),
+             .changes = true});
+}
+
 void SequenceRunner::reopenPort(std::function<void(bool)> done)
 {
     usePort({.open = [this] { return m_link.reopen(); }, .done = std::move(done)});
