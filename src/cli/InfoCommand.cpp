@@ -39,8 +39,8 @@ Result runInfo(Invocation& invocation)
     for (const QString& line : valuesInWords(values))
         invocation.output().print(line);
     invocation.output().set(QStringLiteral("values"), namedValues(values));
-    const bool interrupted = read.exit == ExitCode::Interrupted;
-    return connected.isDone() || interrupted ? read : connected;
+    const bool tolerable = read.isDone() || read.parameter != 0; // else lost, or interrupted
+    return connected.isDone() || !tolerable ? read : connected;
 }
 
 } // namespace pelorin::cli

@@ -43,8 +43,10 @@ Output::Output(bool json) : m_json(json), m_showsProgress(::isatty(STDERR_FILENO
 
 void Output::print(const QString& line)
 {
-    if (!m_json)
-        write(line.toUtf8() + '\n');
+    if (m_json)
+        return;
+    clearProgress();
+    write(line.toUtf8() + '\n');
 }
 
 void Output::printObject(const QJsonObject& object)
