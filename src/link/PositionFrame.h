@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <optional>
 #include <string_view>
 
@@ -10,6 +11,15 @@ struct PositionScale
 {
     int dataBits = 0;        ///< width of the SSI word, 0 to 255; 0 while no stream is selected
     double mmPerCount = 0.0; ///< resolution; 0 while no stream is selected
+};
+
+/// A position of the stream, and when its frame was whole.
+struct PositionSample
+{
+    std::chrono::steady_clock::time_point time;
+    double millimetres;
+
+    bool operator==(const PositionSample&) const = default;
 };
 
 /// Decodes one frame of the position stream: eight hexadecimal digits and CR. The SSI word

@@ -1,7 +1,9 @@
 #pragma once
 
+#include "link/PositionFrame.h"
 #include "sensor/FormatRestore.h"
 
+#include <QList>
 #include <QObject>
 
 namespace pelorin {
@@ -40,6 +42,10 @@ Q_SIGNALS:
     /// Millimetres.
     void position(double value);
     void missed();
+    /// Every position that has come since the last time, in its order; at most about thirty times
+    /// a second while it streams.
+    /// @param malformed how many frames were none
+    void frames(const QList<PositionSample>& samples, int malformed);
     /// From here on there are no positions.
     void stopping();
     void ended();
