@@ -84,6 +84,7 @@ struct Operation
 
 const std::vector<Operation> kOperations = {
     {"read", [](ComPort& port) { return port.read().error; }},
+    {"take", [](ComPort& port) { return port.take().error; }},
     {"write", [](ComPort& port) { return port.write("PROG\r").error; }},
     {"purge", [](ComPort& port) { return port.purge(ComPort::Purge::Both); }},
     {"setLine", [](ComPort& port) { return port.setLine({38400}); }},
@@ -220,6 +221,33 @@ private Q_SLOTS:
         QCOMPARE(whatArrivesOf("kept"), std::string("kept"));
     }
 
+    void whatHasComeIsTakenAtOnce()
+    {
+        QCOMPARE(m_port->take().bytes, std::string());
+        QCOMPARE(m_port->take().error, 0);
+        std::string taken;
+        auto follower = std::async(std::launch::async, [this, &taken] {
+            const auto limit = std::chrono::steady_clock::now() + 30s;
+            for (int waits = 0; waits < 1000 && std::chrono::steady_clock::now() < limit; ++waits) {
+                waitForBytes(limit);
+                taken += m_port->take().bytes;
+                if (taken == "00000100\r00000200\r")
+                    return true;
+            }
+            return false; // or it does not wait
+        });
+        m_peer.send("00000100\r0000");
+        m_peer.send("0200\r");
+        QVERIFY(follower.get());
+        m_peer.send("left");
+        QCOMPARE(readBytes(*m_port, 1), std::string("l"));
+        m_port->beginExchange(6);
+        m_port->cutShort(6);
+        QCOMPARE(m_port->take().error, ECANCELED);
+        m_port->beginExchange(7);
+        QCOMPARE(m_port->take().bytes, std::string("eft"));
+    }
+
     void purgeDiscardsWhatWasReceivedAndNotWhatWasWritten()
     {
         for (const auto what : {ComPort::Purge::Receive, ComPort::Purge::Both}) {
@@ -299,9 +327,18 @@ private:
     /// Waits for the device to go. @return 1 if the wait ended early, 0 if the time passed
     [[nodiscard]] int watch(int milliseconds) const
     {
-        const auto [descriptor, events] = m_port->watch();
-        pollfd entry = {descriptor, events, 0};
+        const ComPort::Watch watched = m_port->watch();
+        pollfd entry = {watched.descriptor, watched.events, 0};
         return poll(&entry, 1, milliseconds);
+    }
+
+    void waitForBytes(ComPort::Watch::TimePoint limit) const
+    {
+        const ComPort::Watch watched = m_port->watchBytes();
+        pollfd entry = {watched.descriptor, watched.events, 0};
+        const auto rest = std::min(watched.due, limit) - std::chrono::steady_clock::now();
+        const auto time = std::chrono::ceil<std::chrono::milliseconds>(rest).count();
+        (void)poll(&entry, 1, static_cast<int>(std::max<long>(time, 0)));
     }
 
     Peer m_peer;
