@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QList>
+
 #include <chrono>
 #include <optional>
 #include <string_view>
@@ -20,6 +22,15 @@ struct PositionSample
     double millimetres;
 
     bool operator==(const PositionSample&) const = default;
+};
+
+/// What a followed stream hands over.
+struct PositionBatch
+{
+    QList<PositionSample> samples; ///< in the order of their frames
+    int malformed = 0;             ///< how many frames were none
+
+    bool operator==(const PositionBatch&) const = default;
 };
 
 /// Decodes one frame of the position stream: eight hexadecimal digits and CR. The SSI word

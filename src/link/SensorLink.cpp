@@ -2,6 +2,7 @@
 
 #include "link/PositionFrame.h"
 #include "link/SensorIdentification.h"
+#include "link/StreamFollower.h"
 #include "platform/core/ComPort.h"
 #include "platform/core/ComPortFactory.h"
 #include "platform/core/ComPortNames.h"
@@ -27,6 +28,8 @@ constexpr LineSettings kParameterLine{4800, 'N', 8, 1};
 constexpr LineSettings kStreamLine{38400, 'N', 8, 1};
 constexpr auto kKeepAlivePeriod = 50ms;
 constexpr int kVersionMinimum = 2;
+constexpr auto kBatchPeriod = 34ms; // between two that are handed over
+constexpr auto kPauseAfterError = 100ms;
 
 QString deviceNameOf(int portNumber)
 {
@@ -59,11 +62,12 @@ public:
         double position = 0.0;
         PositionScale scale;
     };
+    using Clock = StreamFollower::TimePoint::clock;
 
     Session(int port, QString openedDevice, std::shared_ptr<CommLog> commLog,
-            MessageTarget::Poster losses)
+            MessageTarget::Poster losses, MessageTarget::Poster frames)
         : number(port), device(std::move(openedDevice)), log(std::move(commLog)),
-          m_losses(std::move(losses))
+          m_losses(std::move(losses)), m_frames(std::move(frames))
     {
     }
 
@@ -118,8 +122,15 @@ public:
         return 1;
     }
 
-    int readPosition()
+    int readPosition(ComPort& port)
     {
+        if (follower) {
+            takeStream(port);
+            const bool found = protocol->awaitPosition(*follower);
+            if (found)
+                store(&Results::position, follower->newestPosition());
+            return found ? 1 : 0;
+        }
         const auto frame = protocol->readPositionFrame();
         if (!frame)
             return 0;
@@ -131,13 +142,81 @@ public:
         return 1;
     }
 
-    int setStreamMode(ComPort& port, const std::optional<PositionScale>& scale)
+    int setStreamMode(RequestWorker::Context& context, const std::optional<PositionScale>& scale)
     {
         store(&Results::scale, scale.value_or(PositionScale()));
-        const int error = port.setLine(scale ? kStreamLine : kParameterLine);
+        const int error = context.port().setLine(scale ? kStreamLine : kParameterLine);
         if (error != 0)
             log->append(PortFailure{PortStep::Line, error}.message(deviceNameOf(number)));
+        if (scale && error == 0) {
+            followStream(context, *scale);
+        } else {
+            follower.reset();
+            context.follow({});
+        }
         return error == 0 ? 1 : 0;
+    }
+
+    void followStream(RequestWorker::Context& context, const PositionScale& scale)
+    {
+        constexpr int kBits = 10;
+        const auto byteTime =
+            Pacing::lineTime(std::chrono::nanoseconds(1s) * kBits / kStreamLine.baud);
+        (void)takeFrames(); // of an earlier stream
+        (void)protocol->discardInput();
+        follower.emplace(scale, byteTime, Clock::now());
+        context.follow([this](auto& running) {
+            const int error = takeStream(running.port());
+            const auto now = Clock::now();
+            const auto due = handOver(now);
+            if (error != 0)
+                return RequestWorker::FollowTimes{now + kPauseAfterError, due};
+            return RequestWorker::FollowTimes{now + follower->untilWhole(), due};
+        });
+    }
+
+    int takeStream(ComPort& port)
+    {
+        const auto taken = port.take();
+        follower->take(taken.bytes, Clock::now());
+        return taken.error;
+    }
+
+    /// Gives what has come to the user-interface thread, if it is time for it.
+    /// @return when it will be
+    Clock::time_point handOver(Clock::time_point now)
+    {
+        if (!follower->hasBatch())
+            return Clock::time_point::max();
+        if (const auto due = m_handedOver + kBatchPeriod; now < due)
+            return due;
+        m_handedOver = now;
+        const auto batch = follower->takeBatch();
+        bool first = false;
+        {
+            const std::lock_guard lock(m_mutex);
+            first = !std::exchange(m_hasFrames, true);
+            m_batch.samples.append(batch.samples);
+            m_batch.malformed += batch.malformed;
+        }
+        if (first)
+            m_frames.post(0);
+        return Clock::time_point::max();
+    }
+
+    /// Any thread.
+    [[nodiscard]] PositionBatch takeFrames()
+    {
+        const std::lock_guard lock(m_mutex);
+        m_hasFrames = false;
+        return std::exchange(m_batch, {});
+    }
+
+    void switchSupply(bool on)
+    {
+        (void)protocol->setRts(on ? 1 : 0);
+        if (follower && on)
+            follower->beginAgain(Clock::now());
     }
 
     int identify(const QByteArray& version)
@@ -185,6 +264,7 @@ public:
     std::atomic<int> cutFrames = 0;
 
     std::optional<SensorProtocol> protocol; ///< the worker's; there once the port is open
+    std::optional<StreamFollower> follower; ///< the worker's; there while it follows the stream
 
 private:
     void reportLoss(RequestWorker::Context& context)
@@ -198,8 +278,12 @@ private:
     }
 
     const MessageTarget::Poster m_losses;
+    const MessageTarget::Poster m_frames;
+    Clock::time_point m_handedOver; ///< the worker's
     mutable std::mutex m_mutex;
-    Results m_results; ///< m_mutex
+    Results m_results;        ///< m_mutex, as the next
+    PositionBatch m_batch;    ///< what is to be taken
+    bool m_hasFrames = false; ///< and that it is there was told
 };
 
 SensorLink::SensorLink(const ComPortFactory& factory)
@@ -228,8 +312,8 @@ RequestId SensorLink::openDevice(int portNumber, const QString& device)
     m_keepAliveTimer.stop(); // it serves the session before
     m_closing = false;
     m_lossTarget.withdraw();
-    const auto session =
-        std::make_shared<Session>(portNumber, device, m_commLog, m_lossTarget.poster());
+    const auto session = std::make_shared<Session>(portNumber, device, m_commLog,
+                                                   m_lossTarget.poster(), m_framesTarget.poster());
     if (m_session) {
         m_formerLosses += m_session->lossCount;
         m_formerCutFrames += m_session->cutFrames;
@@ -313,14 +397,15 @@ RequestId SensorLink::requestRawExchange(const QByteArray& bytes)
 
 RequestId SensorLink::requestPosition()
 {
-    return submit(SensorRequest::Position,
-                  [](Session& session, auto& /*protocol*/) { return session.readPosition(); });
+    return m_worker.submit(
+        static_cast<int>(SensorRequest::Position),
+        [session = m_session](auto& context) { return session->readPosition(context.port()); });
 }
 
 RequestId SensorLink::requestSupply(bool on)
 {
-    return submit(SensorRequest::Supply, [on](auto& /*session*/, SensorProtocol& protocol) {
-        (void)protocol.setRts(on ? 1 : 0);
+    return submit(SensorRequest::Supply, [on](Session& session, auto& /*protocol*/) {
+        session.switchSupply(on);
         return 1;
     });
 }
@@ -332,7 +417,7 @@ RequestId SensorLink::requestStreamMode(int on, int dataBits, int resolutionThou
         scale = PositionScale{dataBits & 0xFF, resolutionThousandths * 0.001};
     return m_worker.submit(static_cast<int>(SensorRequest::StreamMode),
                            [session = m_session, scale](auto& context) {
-                               (void)session->setStreamMode(context.port(), scale);
+                               (void)session->setStreamMode(context, scale);
                                return 1;
                            });
 }
@@ -345,6 +430,11 @@ void SensorLink::setReplyTarget(QObject* window, int message)
 void SensorLink::setLossTarget(QObject* window)
 {
     m_lossTarget.aim(window, WM_LINK_LOST);
+}
+
+void SensorLink::setFramesTarget(QObject* window)
+{
+    m_framesTarget.aim(window, WM_LINK_FRAMES);
 }
 
 void SensorLink::setKeepAlive(int on)
@@ -416,6 +506,11 @@ RawReply SensorLink::rawReply() const
 double SensorLink::position() const
 {
     return m_session ? m_session->results().position : 0.0;
+}
+
+PositionBatch SensorLink::takeFrames()
+{
+    return m_session ? m_session->takeFrames() : PositionBatch();
 }
 
 int SensorLink::ssiType() const

@@ -96,6 +96,11 @@ void PositionStream::writeStreamingFormat()
                                          } else {
                                              Q_EMIT missed();
                                          }
+                                     },
+                                 .frames =
+                                     [this](const PositionBatch& batch) {
+                                         if (isStreaming())
+                                             Q_EMIT frames(batch.samples, batch.malformed);
                                      }});
     Plan plan = writePlan("D", {{'D', m_savedFormat.streaming}},
                           sensorType(m_runner.link().ssiType()).closing, kStoreTime);

@@ -31,11 +31,13 @@ SequenceRunner::SequenceRunner(SensorLink& link) : m_link(link)
     m_answerLimit.setSingleShot(true);
     connect(&m_answerLimit, &QTimer::timeout, this, &SequenceRunner::giveUpWorker);
     m_link.setReplyTarget(this, WM_LINK_REPLY);
+    m_link.setFramesTarget(this);
 }
 
 SequenceRunner::~SequenceRunner()
 {
     m_link.setReplyTarget(nullptr, 0);
+    m_link.setFramesTarget(nullptr);
 }
 
 bool SequenceRunner::isBusy() const
@@ -198,6 +200,8 @@ RequestId SequenceRunner::request(const Step& step)
 void SequenceRunner::customEvent(QEvent* event)
 {
     const auto* message = WindowMessage::from(event);
+    if (message && message->message() == WM_LINK_FRAMES)
+        return takeFrames();
     if (!message || message->request() == 0)
         return;
     const int result = static_cast<int>(message->wParam());
@@ -213,6 +217,13 @@ void SequenceRunner::customEvent(QEvent* event)
         if (m_stream && !m_stream->stopping)
             tell([listener = m_stream->listener, result] { listener.position(result == 1); });
     }
+}
+
+void SequenceRunner::takeFrames()
+{
+    const PositionBatch batch = m_link.takeFrames();
+    if (m_stream && !m_stream->stopping && m_stream->listener.frames && batch != PositionBatch())
+        tell([listener = m_stream->listener, &batch] { listener.frames(batch); });
 }
 
 void SequenceRunner::takeResult(int result)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "link/PositionFrame.h"
 #include "platform/core/WindowMessage.h"
 #include "sensor/Outcome.h"
 #include "sensor/Plan.h"
@@ -42,7 +43,8 @@ public:
     {
         std::function<void()> stop; ///< ends the stream with plans of its own, then streamEnded
         std::function<void()> lost; ///< the link was lost, and the stream with it
-        std::function<void(bool)> position; ///< whether requestPosition has got one
+        std::function<void(bool)> position;                 ///< whether requestPosition has got one
+        std::function<void(const PositionBatch&)> frames{}; ///< what has come; may be missing
     };
 
     /// @param link outlives the runner, which gets its replies
@@ -174,6 +176,7 @@ private:
     void giveUp();
     void doStep();
     [[nodiscard]] RequestId request(const Step& step);
+    void takeFrames();
     void takeResult(int result);
     [[nodiscard]] bool takeReply(const Step& step);
     [[nodiscard]] bool takeSilence(const Step& step);
