@@ -20,6 +20,7 @@ constexpr auto kEntryWindow = 3s; ///< after the supply came
 constexpr auto kAnswerDelay = 2ms;
 constexpr auto kBootTime = 53ms; ///< until the first position frame
 constexpr auto kLongestBacklog = 1s;
+constexpr double kNoise = 0.01;   ///< of a moving magnet's position, in millimetres
 constexpr auto kTravelTime = 20s; ///< of a moving magnet, there and back
 constexpr std::size_t kLongestFrame = 11;
 constexpr unsigned kReverse = 0x01; ///< in the first byte of 'D'
@@ -121,6 +122,12 @@ int SimulatedSensor::progFrames() const
     return m_progFrames;
 }
 
+int SimulatedSensor::positionFrames() const
+{
+    const std::lock_guard lock(mutex());
+    return m_positionFrames;
+}
+
 int SimulatedSensor::ownBaud() const
 {
     switch (m_mode) {
@@ -209,43 +216,59 @@ void SimulatedSensor::presenceChanged(bool present, TimePoint now)
 
 void SimulatedSensor::produce(TimePoint now)
 {
+    if (const auto begin = streamBegin(); begin && *begin <= now) {
+        m_mode = Mode::Streaming;
+        m_nextFrame = *begin;
+    }
     if (m_mode != Mode::Streaming)
         return;
     const auto period = Clock::duration(1s) / m_options.framesPerSecond;
     // Nobody has looked for a while: what was sent in the meantime is gone.
     if (const auto lag = now - m_nextFrame; lag > kLongestBacklog)
         m_nextFrame += (lag - kLongestBacklog) / period * period;
-    for (; m_nextFrame <= now; m_nextFrame += period)
+    for (; m_nextFrame <= now; m_nextFrame += period) {
         transmit("stream", positionFrame(m_nextFrame), m_nextFrame);
+        ++m_positionFrames;
+    }
 }
 
 std::optional<SimulatedDevice::TimePoint> SimulatedSensor::nextProduction() const
 {
-    return m_mode == Mode::Streaming ? std::optional(m_nextFrame) : std::nullopt;
+    return m_mode == Mode::Streaming ? std::optional(m_nextFrame) : streamBegin();
+}
+
+/// When it stops listening; nothing if it does not, or has already. Too few PROG frames only
+/// delay it.
+std::optional<SimulatedDevice::TimePoint> SimulatedSensor::streamBegin() const
+{
+    if (m_mode != Mode::Listening || !wantsToStream())
+        return std::nullopt;
+    return m_switchedOn + (m_progFrames == 0 ? Clock::duration(kBootTime) : kEntryWindow);
 }
 
 void SimulatedSensor::switchOn(TimePoint now)
 {
     switchOff();
     m_switchedOn = now;
-    m_mode = wantsToStream() ? Mode::Streaming : Mode::Listening;
-    m_nextFrame = now + kBootTime;
+    m_mode = Mode::Listening;
 }
 
 void SimulatedSensor::switchOff()
 {
     m_mode = Mode::Off;
     m_progFrames = 0;
+    m_positionFrames = 0;
     m_parameters.discard();
     forgetTraffic();
 }
 
 bool SimulatedSensor::wantsToStream() const
 {
-    return line().baud == kStreamBaud && (hexByte(m_parameters.stored('D'), 0) & kStream) != 0;
+    const bool mayStream = m_options.supply == Supply::ByRts || line().baud == kStreamBaud;
+    return mayStream && (hexByte(m_parameters.stored('D'), 0) & kStream) != 0;
 }
 
-std::string SimulatedSensor::positionFrame(TimePoint now) const
+std::string SimulatedSensor::positionFrame(TimePoint now)
 {
     const std::string format = m_parameters.stored('D');
     const auto resolution = numberIn<long>(m_parameters.stored('A')); // micrometres
@@ -254,7 +277,9 @@ std::string SimulatedSensor::positionFrame(TimePoint now) const
         return hexFrame(0);
 
     const bool reverse = (hexByte(format, 0) & kReverse) != 0;
-    const auto counts = std::llround(positionAt(now) * 1000.0 / static_cast<double>(resolution));
+    std::normal_distribution<double> noise(0.0, kNoise);
+    const double position = positionAt(now) + (m_options.moving ? noise(m_noise) : 0.0);
+    const auto counts = std::llround(position * 1000.0 / static_cast<double>(resolution));
     const auto word = signed24(m_parameters.stored('N')) + (reverse ? -counts : counts);
     // The word is left-aligned: what does not fit its bits is lost at the top.
     return hexFrame(static_cast<std::uint32_t>(word) << (32 - bits));

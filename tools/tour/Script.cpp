@@ -56,7 +56,7 @@ QString textOf(const SimulatedDisplayUnit::Settings& settings)
 
 std::vector<Tour::Step> script(Tour& tour, SimulatedPorts& simulators, int language)
 {
-    const auto sensor = simulators.sensor(QStringLiteral("simulator:sensor?type=2"));
+    const auto sensor = simulators.sensor(QStringLiteral("simulator:sensor?type=2&moving=1"));
     const auto unit = simulators.displayUnit(QStringLiteral("simulator:display"));
     const auto holds = [sensor](char parameter, const char* text) {
         return Tour::expect("the sensor holds what was written",
@@ -84,8 +84,6 @@ std::vector<Tour::Step> script(Tour& tour, SimulatedPorts& simulators, int langu
         tour.picture("information"),
 
         Tour::print(QStringLiteral("Magnet position")),
-        tour.print(
-            [sensor] { return sensor->setMoving(true), QStringLiteral("the magnet moves"); }),
         tour.page(kPosition),
         tour.printChanged("positionBox"),
         tour.printChanged("positionBox"),
