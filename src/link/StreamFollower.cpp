@@ -40,7 +40,7 @@ void StreamFollower::endFrame(TimePoint time)
         m_lastWhole = time;
         m_batch.samples.append({time, *position});
     } else {
-        m_refused = frame;
+        m_refused = m_counted ? m_refused + frame : frame;
         if (m_inStep && !isRest)
             ++m_batch.malformed;
     }
