@@ -1532,5 +1532,33 @@ Without that it cannot be put back. Write all the same?</translation>
         <source>Write It Multiplied</source>
         <translation>Write It Multiplied</translation>
     </message>
+    <message id="1815">
+        <source>Reading the data format…</source>
+        <translation>Reading the data format…</translation>
+    </message>
+    <message id="1816">
+        <source>Writing the data format for the position stream…</source>
+        <translation>Writing the data format for the position stream…</translation>
+    </message>
+    <message id="1817">
+        <source>Waiting for the sensor to store the data format…</source>
+        <translation>Waiting for the sensor to store the data format…</translation>
+    </message>
+    <message id="1818">
+        <source>Restarting the sensor…</source>
+        <translation>Restarting the sensor…</translation>
+    </message>
+    <message id="1819">
+        <source>Waiting for the position stream…</source>
+        <translation>Waiting for the position stream…</translation>
+    </message>
+    <message id="1820">
+        <source>Ending the position stream and connecting the sensor…</source>
+        <translation>Ending the position stream and connecting the sensor…</translation>
+    </message>
+    <message id="1821">
+        <source>Writing the sensor's own data format back…</source>
+        <translation>Writing the sensor's own data format back…</translation>
+    </message>
 </context>
 </TS>

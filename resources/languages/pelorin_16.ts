@@ -1532,5 +1532,33 @@ Senza di ciò non può essere ripristinato. Scrivere comunque?</translation>
         <source>Write It Multiplied</source>
         <translation>Scrivi moltiplicato</translation>
     </message>
+    <message id="1815">
+        <source>Reading the data format…</source>
+        <translation>Lettura del formato dati…</translation>
+    </message>
+    <message id="1816">
+        <source>Writing the data format for the position stream…</source>
+        <translation>Scrittura del formato dati per il flusso di posizioni…</translation>
+    </message>
+    <message id="1817">
+        <source>Waiting for the sensor to store the data format…</source>
+        <translation>Il sensore memorizza il formato dati…</translation>
+    </message>
+    <message id="1818">
+        <source>Restarting the sensor…</source>
+        <translation>Riavvio del sensore…</translation>
+    </message>
+    <message id="1819">
+        <source>Waiting for the position stream…</source>
+        <translation>In attesa del flusso di posizioni…</translation>
+    </message>
+    <message id="1820">
+        <source>Ending the position stream and connecting the sensor…</source>
+        <translation>Arresto del flusso di posizioni e connessione del sensore…</translation>
+    </message>
+    <message id="1821">
+        <source>Writing the sensor's own data format back…</source>
+        <translation>Riscrittura del formato dati proprio del sensore…</translation>
+    </message>
 </context>
 </TS>

@@ -1532,5 +1532,33 @@ Ohne das kann es nicht zurückgeschrieben werden. Trotzdem schreiben?</translati
         <source>Write It Multiplied</source>
         <translation>Multipliziert schreiben</translation>
     </message>
+    <message id="1815">
+        <source>Reading the data format…</source>
+        <translation>Datenformat wird gelesen …</translation>
+    </message>
+    <message id="1816">
+        <source>Writing the data format for the position stream…</source>
+        <translation>Datenformat für die laufende Positionsausgabe wird geschrieben …</translation>
+    </message>
+    <message id="1817">
+        <source>Waiting for the sensor to store the data format…</source>
+        <translation>Der Sensor speichert das Datenformat …</translation>
+    </message>
+    <message id="1818">
+        <source>Restarting the sensor…</source>
+        <translation>Sensor wird neu gestartet …</translation>
+    </message>
+    <message id="1819">
+        <source>Waiting for the position stream…</source>
+        <translation>Warten auf die laufende Positionsausgabe …</translation>
+    </message>
+    <message id="1820">
+        <source>Ending the position stream and connecting the sensor…</source>
+        <translation>Laufende Positionsausgabe wird beendet und der Sensor verbunden …</translation>
+    </message>
+    <message id="1821">
+        <source>Writing the sensor's own data format back…</source>
+        <translation>Das eigene Datenformat des Sensors wird zurückgeschrieben …</translation>
+    </message>
 </context>
 </TS>

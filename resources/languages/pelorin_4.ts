@@ -1532,5 +1532,33 @@ Sans cela, il ne peut pas être rétabli. Écrire malgré tout ?</translation>
         <source>Write It Multiplied</source>
         <translation>Écrire multiplié</translation>
     </message>
+    <message id="1815">
+        <source>Reading the data format…</source>
+        <translation>Lecture du format des données…</translation>
+    </message>
+    <message id="1816">
+        <source>Writing the data format for the position stream…</source>
+        <translation>Écriture du format des données pour le flux de positions…</translation>
+    </message>
+    <message id="1817">
+        <source>Waiting for the sensor to store the data format…</source>
+        <translation>Le capteur enregistre le format des données…</translation>
+    </message>
+    <message id="1818">
+        <source>Restarting the sensor…</source>
+        <translation>Redémarrage du capteur…</translation>
+    </message>
+    <message id="1819">
+        <source>Waiting for the position stream…</source>
+        <translation>En attente du flux de positions…</translation>
+    </message>
+    <message id="1820">
+        <source>Ending the position stream and connecting the sensor…</source>
+        <translation>Arrêt du flux de positions et connexion du capteur…</translation>
+    </message>
+    <message id="1821">
+        <source>Writing the sensor's own data format back…</source>
+        <translation>Réécriture du propre format des données du capteur…</translation>
+    </message>
 </context>
 </TS>

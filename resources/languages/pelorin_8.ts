@@ -1532,5 +1532,33 @@ Sin eso no se puede restablecer. ¿Escribir de todos modos?</translation>
         <source>Write It Multiplied</source>
         <translation>Escribir multiplicado</translation>
     </message>
+    <message id="1815">
+        <source>Reading the data format…</source>
+        <translation>Leyendo el formato de datos…</translation>
+    </message>
+    <message id="1816">
+        <source>Writing the data format for the position stream…</source>
+        <translation>Escribiendo el formato de datos para el flujo de posiciones…</translation>
+    </message>
+    <message id="1817">
+        <source>Waiting for the sensor to store the data format…</source>
+        <translation>El sensor guarda el formato de datos…</translation>
+    </message>
+    <message id="1818">
+        <source>Restarting the sensor…</source>
+        <translation>Reiniciando el sensor…</translation>
+    </message>
+    <message id="1819">
+        <source>Waiting for the position stream…</source>
+        <translation>Esperando el flujo de posiciones…</translation>
+    </message>
+    <message id="1820">
+        <source>Ending the position stream and connecting the sensor…</source>
+        <translation>Terminando el flujo de posiciones y conectando el sensor…</translation>
+    </message>
+    <message id="1821">
+        <source>Writing the sensor's own data format back…</source>
+        <translation>Volviendo a escribir el formato de datos propio del sensor…</translation>
+    </message>
 </context>
 </TS>

@@ -47,25 +47,26 @@ MagnetPositionPage::MagnetPositionPage(PositionStream& stream)
     connect(&m_pollTimer, &QTimer::timeout, &m_stream, &PositionStream::requestPosition);
     connect(&m_stream, &PositionStream::streaming, this, [this] { m_pollTimer.start(); });
     connect(&m_stream, &PositionStream::position, this, &MagnetPositionPage::showPosition);
-    connect(&m_stream, &PositionStream::missed, this, [this] { postLinkResult(0); });
+    connect(&m_stream, &PositionStream::missed, this, [this] {
+        showText(noPosition());
+        postLinkResult(0);
+    });
+    connect(&m_stream, &PositionStream::stepBegun, this, &MagnetPositionPage::showStep);
     connect(&m_stream, &PositionStream::failed, this, [this](char id) {
         stopPolling();
-        m_supplyWanted = false;
+        m_isStepShown = false;
         setStatusText(strings::kReadFailed, {parameterArgument(id)});
         postLinkResult(0);
     });
-    connect(&m_stream, &PositionStream::supplyWanted, this, [this] {
-        m_supplyWanted = true;
-        setStatusText(strings::kSwitchSupply);
-    });
+    connect(&m_stream, &PositionStream::supplyWanted, this,
+            [this] { showStep(strings::kSwitchSupply); });
     connect(&m_stream, &PositionStream::stopping, this, [this] {
         m_interrupted = m_pollTimer.isActive();
         stopPolling();
     });
     connect(&m_stream, &PositionStream::ended, this, [this] {
         stopPolling();
-        if (std::exchange(m_supplyWanted, false))
-            clearStatusText();
+        clearStep();
     });
     connect(&m_stream, &PositionStream::noticed, this, &MagnetPositionPage::noticed);
 }
@@ -100,9 +101,9 @@ void MagnetPositionPage::getCurrentValues()
     if (!link().isIdentified()) {
         showText(noPosition());
         setStatusText(strings::kPositionNotIdentified);
-    } else if (m_stream.start()) {
+    } else if (m_stream.isStreaming()) {
         clearStatusText();
-    } else {
+    } else if (!m_stream.start()) {
         setStatusText(strings::kConnecting);
     }
 }
@@ -116,10 +117,21 @@ void MagnetPositionPage::resume()
 /// An unchanged value causes no repaint.
 void MagnetPositionPage::showPosition(double position)
 {
-    if (std::exchange(m_supplyWanted, false))
-        clearStatusText(); // the user has switched it
+    clearStep();
     showText(QString::asprintf("%01.01f", position));
     postLinkResult(1);
+}
+
+void MagnetPositionPage::showStep(int text)
+{
+    m_isStepShown = true;
+    setStatusText(text);
+}
+
+void MagnetPositionPage::clearStep()
+{
+    if (std::exchange(m_isStepShown, false) && isVisible()) // else the next page has its own
+        clearStatusText();
 }
 
 void MagnetPositionPage::showText(const QString& text)

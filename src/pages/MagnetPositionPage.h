@@ -30,14 +30,17 @@ protected:
 
 private:
     void showPosition(double position);
+    void showStep(int text);
+    void clearStep();
     void showText(const QString& text);
     void stopPolling();
 
     PositionStream& m_stream;
     ColorableTextBox* m_positionBox = nullptr;
     QTimer m_pollTimer;
-    bool m_interrupted = false;  ///< somebody else has ended the stream
-    bool m_supplyWanted = false; ///< the status text asks the user to switch the supply
+    bool m_interrupted = false; ///< somebody else has ended the stream
+    bool m_isStepShown = false; ///< the status text says what the stream does, or asks the user to
+                                ///< switch the supply
 };
 
 } // namespace pelorin

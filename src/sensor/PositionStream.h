@@ -37,6 +37,8 @@ Q_SIGNALS:
     /// The start has failed at a parameter; told again once the sensor has its own format back, if
     /// it had got the other one.
     void failed(char id);
+    /// What the start or the end does from here on, as the number of a text.
+    void stepBegun(int text);
     /// The user has to switch the sensor's supply off and on.
     void supplyWanted();
     /// Millimetres.
@@ -66,7 +68,9 @@ private:
     void connectAgain(const Outcome& outcome);
     void finish(bool restored);
     void lose();
-    [[nodiscard]] bool run(Plan plan, std::function<void(const Outcome&)> ended);
+    void tellRestart(int text);
+    [[nodiscard]] bool run(Plan plan, std::function<void(const Outcome&)> ended,
+                           std::function<void()> closed = {});
 
     SequenceRunner& m_runner;
     KeptFormats& m_formats;

@@ -172,6 +172,13 @@ inline constexpr int kPositionNotIdentified = 1100;
 inline constexpr int kSwitchSupply = 1102;
 inline constexpr int kNoteName = 1103;
 inline constexpr int kPositionDescription = 1104;
+inline constexpr int kReadingFormat = 1815;
+inline constexpr int kWritingStreamFormat = 1816;
+inline constexpr int kStoringFormat = 1817;
+inline constexpr int kRestartingSensor = 1818;
+inline constexpr int kAwaitingStream = 1819;
+inline constexpr int kEndingStream = 1820;
+inline constexpr int kWritingOwnFormat = 1821;
 
 // Output setup
 inline constexpr int kUnlock = 179;
