@@ -8,6 +8,8 @@
 #include "platform/core/ComPortFactory.h"
 #include "platform/core/MessageNumbers.h"
 #include "platform/core/Pacing.h"
+#include "platform/core/TermiosComPort.h"
+#include "simulator/PtyServer.h"
 #include "simulator/SimulatedComPort.h"
 #include "simulator/SimulatedSensor.h"
 #include "support/MessageCollector.h"
@@ -40,10 +42,12 @@ int await(const MessageCollector& window, RequestId request)
     return window.resultOf(request);
 }
 
-std::shared_ptr<SimulatedSensor> streamingSensor(int framesPerSecond)
+std::shared_ptr<SimulatedSensor>
+streamingSensor(int framesPerSecond,
+                SimulatedSensor::Supply supply = SimulatedSensor::Supply::ByRts)
 {
-    const auto sensor = std::make_shared<SimulatedSensor>(
-        SimulatedSensor::Options{.moving = true, .framesPerSecond = framesPerSecond});
+    const auto sensor = std::make_shared<SimulatedSensor>(SimulatedSensor::Options{
+        .supply = supply, .moving = true, .framesPerSecond = framesPerSecond});
     sensor->setParameter('D', "4E0519"); // asks for the stream
     return sensor;
 }
@@ -102,11 +106,15 @@ private:
     SensorLink& m_link;
 };
 
-/// The link on a stream that it follows.
+/// The link on a stream that it follows: in this process, or over a terminal of the system.
 struct FollowedStream
 {
-    explicit FollowedStream(int framesPerSecond) : sensor(streamingSensor(framesPerSecond))
+    explicit FollowedStream(int framesPerSecond, bool terminal = false)
+        : sensor(streamingSensor(framesPerSecond, terminal ? SimulatedSensor::Supply::ByLineSpeed
+                                                           : SimulatedSensor::Supply::ByRts))
     {
+        if (terminal && server.start() != 0)
+            std::abort();
         link.setReplyTarget(&window, WM_LINK_REPLY);
         link.setFramesTarget(&taker);
         if (await(window, link.open(1)) != 1 ||
@@ -117,9 +125,16 @@ struct FollowedStream
         }
     }
 
+    [[nodiscard]] std::unique_ptr<ComPort> makePort() const
+    {
+        if (const std::string path = server.path(); !path.empty())
+            return std::make_unique<TermiosComPort>(path);
+        return std::make_unique<SimulatedComPort>(sensor);
+    }
+
     const std::shared_ptr<SimulatedSensor> sensor;
-    const ComPortFactory factory{
-        [this](const QString&) { return std::make_unique<SimulatedComPort>(sensor); }};
+    PtyServer server{sensor};
+    const ComPortFactory factory{[this](const QString&) { return makePort(); }};
     MessageCollector window;
     SensorLink link{factory};
     Taker taker{link};
@@ -153,12 +168,12 @@ void processEventsFor(Clock::duration time)
 }
 
 /// @param state range 0: frames a second, range 1: how many times as fast all goes, range 2:
-/// seconds
+/// seconds, range 3: over a terminal
 void followedStream(benchmark::State& state)
 {
     const auto speed = static_cast<int>(state.range(1));
     Pacing::setSpeeds({1, static_cast<double>(speed), 1});
-    FollowedStream stream(static_cast<int>(state.range(0)) * speed);
+    FollowedStream stream(static_cast<int>(state.range(0)) * speed, state.range(3) != 0);
     for (auto _ : state) {
         const double cpu = cpuSeconds();
         const auto memory = mallinfo2().uordblks;
@@ -197,9 +212,10 @@ void followedStream(benchmark::State& state)
 POSITIONS(singlePosition);
 POSITIONS(followedPosition);
 BENCHMARK(followedStream)
-    ->ArgNames({"frames_per_second", "speed", "seconds"})
-    ->Args({kLineLimit, 1, 60})
-    ->Args({kLineLimit, 4, 60})
+    ->ArgNames({"frames_per_second", "speed", "seconds", "terminal"})
+    ->Args({kLineLimit, 1, 60, 0})
+    ->Args({kLineLimit, 1, 60, 1})
+    ->Args({kLineLimit, 4, 60, 0})
     ->UseManualTime()
     ->Iterations(1);
 

@@ -43,16 +43,12 @@ private Q_SLOTS:
     {
         PositionBatch all;
         const auto take = [this, &all] {
+            m_link->cutShort(m_link->requestPosition());
             const PositionBatch batch = m_link->takeFrames();
             all.samples.append(batch.samples);
             all.malformed += batch.malformed;
         };
-        int asked = 0;
-        QVERIFY(waitFor([&] {
-            take();
-            m_link->cutShort(m_link->requestPosition());
-            return ++asked > 0 && m_sensor->positionFrames() >= 100;
-        }));
+        QTRY_VERIFY((take(), all.samples.size() >= 100));
         m_sensor->setFault({SimulatedFault::Kind::WrongByte, 3}, "stream");
         QTRY_VERIFY((take(), all.malformed >= 10));
         m_sensor->setFault({SimulatedFault::Kind::Silent}, "stream");
@@ -73,11 +69,6 @@ private Q_SLOTS:
         QCOMPARE(logLines(m_link->commLog()),
                  QStringList(u"RX: [30][30][32][37][31][35][30][30][TERM]"_s));
         QCOMPARE(m_link->position(), 100.05);
-        m_sensor->setFault({SimulatedFault::Kind::Silent}, "stream");
-        QTRY_VERIFY(!isDone(m_link->requestPosition()));
-        QVERIFY(!isDone(m_link->requestPosition()));
-        m_sensor->clearFaults();
-        QTRY_VERIFY(isDone(m_link->requestPosition()));
     }
 
     void streamIsFollowedUntilItsEnd()

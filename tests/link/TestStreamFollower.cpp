@@ -69,7 +69,6 @@ private Q_SLOTS:
                              QByteArray::number(millimetres);
             QCOMPARE(texts.join(' '), row.samples);
             QCOMPARE(malformed, row.malformed);
-            QVERIFY(!follower.hasBatch());
             QCOMPARE(follower.lastWhole(), samples.isEmpty() ? kBegin : samples.last().time);
         });
     }

@@ -1,6 +1,8 @@
 #include "Script.h"
 
 #include "app/Commands.h"
+#include "platform/core/LanguageStrings.h"
+#include "platform/core/Strings.h"
 #include "simulator/SimulatedDisplayUnit.h"
 #include "simulator/SimulatedPorts.h"
 #include "simulator/SimulatedSensor.h"
@@ -8,6 +10,7 @@
 #include <QApplication>
 #include <QDialog>
 #include <QFile>
+#include <QLabel>
 #include <QProgressBar>
 
 #include <bit>
@@ -70,6 +73,9 @@ std::vector<Tour::Step> script(Tour& tour, SimulatedPorts& simulators, int langu
         });
     };
     const auto isAsking = [] { return QApplication::activeModalWidget() != nullptr; };
+    const auto says = [&tour](int text) {
+        return [&tour, text] { return tour.textOf("messagePane") == languageString(text); };
+    };
     const auto noDialog = [] { return QApplication::activeModalWidget() == nullptr; };
     for (const char* name :
          {"log.txt", "backup.dat", "comparison.csv", "lookup-table.csv"}) // of an earlier tour
@@ -85,13 +91,21 @@ std::vector<Tour::Step> script(Tour& tour, SimulatedPorts& simulators, int langu
 
         Tour::print(QStringLiteral("Magnet position")),
         tour.page(kPosition),
+        Tour::when(says(strings::kStoringFormat), tour.picture("position-starting")),
         tour.printChanged("positionBox"),
         tour.printChanged("positionBox"),
         tour.printChanged("positionBox"),
+        Tour::expect("the light is green beside a position",
+                     [&tour] {
+                         const auto& light = tour.find<QLabel>("linkLight");
+                         return light.accessibleDescription() ==
+                                languageString(strings::kLightConnected);
+                     }),
         tour.picture("position"),
 
         Tour::print(QStringLiteral("Output setup")),
         tour.page(kOutputSetup),
+        Tour::when(says(strings::kWritingOwnFormat), tour.picture("position-ending")),
         tour.printControls(),
         tour.picture("output-setup"),
         tour.key("modeCombo", Qt::Key_Home), // the reverse direction needs the asynchronous mode
