@@ -43,14 +43,16 @@ private Q_SLOTS:
     {
         PositionBatch all;
         const auto take = [this, &all] {
-            m_link->cutShort(m_link->requestPosition());
             const PositionBatch batch = m_link->takeFrames();
             all.samples.append(batch.samples);
             all.malformed += batch.malformed;
         };
-        QTRY_VERIFY((take(), all.samples.size() >= 100));
+        QVERIFY(waitFor([&] {
+            m_link->cutShort(m_link->requestPosition());
+            return take(), all.samples.size() >= 100;
+        }));
         m_sensor->setFault({SimulatedFault::Kind::WrongByte, 3}, "stream");
-        QTRY_VERIFY((take(), all.malformed >= 10));
+        QVERIFY(waitFor([&] { return take(), all.malformed >= 10; }));
         m_sensor->setFault({SimulatedFault::Kind::Silent}, "stream");
         const int sent = m_sensor->positionFrames(); // or one more
         QTRY_VERIFY((take(), all.samples.size() + all.malformed >= sent));
