@@ -45,10 +45,11 @@ bool PositionStream::begin()
     m_savedFormat = {};
     m_isKept = false;
     const bool begun = run(readPlan("D"), [this](const Outcome& outcome) { takeFormat(outcome); });
-    if (!begun)
+    if (!begun) {
         m_state = State::Idle;
-    else
+    } else {
         Q_EMIT stepBegun(strings::kReadingFormat);
+    }
     return begun;
 }
 
@@ -71,10 +72,11 @@ bool PositionStream::run(Plan plan, std::function<void(const Outcome&)> ended,
 /// Where the user switches the supply, that is asked for instead.
 void PositionStream::tellRestart(int text)
 {
-    if (m_manualPower)
+    if (m_manualPower) {
         Q_EMIT supplyWanted();
-    else
+    } else {
         Q_EMIT stepBegun(text);
+    }
 }
 
 void PositionStream::takeFormat(const Outcome& outcome)

@@ -133,7 +133,7 @@ ComPort::TakeResult SimulatedComPort::take()
     if (const int error = errorFor(Use::Transfer))
         return {.error = error};
     fetch(Clock::now());
-    const TakeResult result{.bytes = std::string(m_received.begin(), m_received.end())};
+    TakeResult result{.bytes = std::string(m_received.begin(), m_received.end())};
     m_received.clear();
     return result;
 }
@@ -244,9 +244,10 @@ std::chrono::nanoseconds SimulatedComPort::byteTime() const
 
 void SimulatedComPort::fetch(TimePoint now)
 {
-    for (const char byte : m_device->take(now))
+    for (const char byte : m_device->take(now)) {
         if (m_received.size() < kQueueSize)
             m_received.push_back(byte);
+    }
 }
 
 } // namespace pelorin

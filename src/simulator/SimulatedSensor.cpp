@@ -32,10 +32,11 @@ Number numberIn(std::string_view text, [[maybe_unused]] int base = 10)
 {
     Number number{};
     const auto* const last = text.data() + text.size();
-    if constexpr (std::is_floating_point_v<Number>)
+    if constexpr (std::is_floating_point_v<Number>) {
         (void)std::from_chars(text.data(), last, number); // stays 0
-    else
+    } else {
         (void)std::from_chars(text.data(), last, number, base); // stays 0
+    }
     return number;
 }
 
@@ -78,10 +79,11 @@ SimulatedSensor::Mode SimulatedSensor::mode() const
 void SimulatedSensor::setSupply(bool on, TimePoint now)
 {
     const std::lock_guard lock(mutex());
-    if (on)
+    if (on) {
         switchOn(now);
-    else
+    } else {
         switchOff();
+    }
     changed();
 }
 
@@ -165,10 +167,11 @@ void SimulatedSensor::handleFrame(std::string_view frame, TimePoint now)
         return;
 
     const char id = frame[0];
-    if (frame[1] == 'N')
+    if (frame[1] == 'N') {
         handleWrite(id, frame.substr(2));
-    else if (frame[1] == 'A' && frame.size() == 2 && m_parameters.has(id))
+    } else if (frame[1] == 'A' && frame.size() == 2 && m_parameters.has(id)) {
         transmit(frame, m_parameters.value(id) + '\r', now + kAnswerDelay);
+    }
 }
 
 void SimulatedSensor::handleProg(TimePoint now)
@@ -184,10 +187,11 @@ void SimulatedSensor::handleWrite(char id, std::string_view text)
 {
     constexpr char kVersion = 'V';
     // Type 1 knows one closing command, the others both.
-    if (text.empty() && (id == 'E' || (id == 'C' && m_options.type != 1)))
+    if (text.empty() && (id == 'E' || (id == 'C' && m_options.type != 1))) {
         m_parameters.commit();
-    else if (id != kVersion)
+    } else if (id != kVersion) {
         m_parameters.write(id, text);
+    }
 }
 
 void SimulatedSensor::lineChanged(TimePoint now)
@@ -200,18 +204,20 @@ void SimulatedSensor::rtsChanged(bool set, TimePoint now)
 {
     if (m_options.supply != Supply::ByRts)
         return;
-    if (set)
+    if (set) {
         switchOff();
-    else if (m_mode == Mode::Off)
+    } else if (m_mode == Mode::Off) {
         switchOn(now);
+    }
 }
 
 void SimulatedSensor::presenceChanged(bool present, TimePoint now)
 {
-    if (!present)
+    if (!present) {
         switchOff();
-    else if (m_options.supply == Supply::ByLineSpeed)
+    } else if (m_options.supply == Supply::ByLineSpeed) {
         switchOn(now);
+    }
 }
 
 void SimulatedSensor::produce(TimePoint now)
