@@ -1,8 +1,8 @@
 #include "link/SensorLink.h"
 
+#include "link/FollowedStream.h"
 #include "link/PositionFrame.h"
 #include "link/SensorIdentification.h"
-#include "link/StreamFollower.h"
 #include "platform/core/ComPort.h"
 #include "platform/core/ComPortFactory.h"
 #include "platform/core/ComPortNames.h"
@@ -26,10 +26,9 @@ namespace {
 
 constexpr LineSettings kParameterLine{4800, 'N', 8, 1};
 constexpr LineSettings kStreamLine{38400, 'N', 8, 1};
+constexpr auto kStreamByteTime = std::chrono::nanoseconds(1s) * 10 / kStreamLine.baud;
 constexpr auto kKeepAlivePeriod = 50ms;
 constexpr int kVersionMinimum = 2;
-constexpr auto kBatchPeriod = 34ms; // between two that are handed over
-constexpr auto kPauseAfterError = 100ms;
 
 QString deviceNameOf(int portNumber)
 {
@@ -62,12 +61,11 @@ public:
         double position = 0.0;
         PositionScale scale;
     };
-    using Clock = StreamFollower::TimePoint::clock;
 
     Session(int port, QString openedDevice, std::shared_ptr<CommLog> commLog,
             MessageTarget::Poster losses, MessageTarget::Poster frames)
         : number(port), device(std::move(openedDevice)), log(std::move(commLog)),
-          m_losses(std::move(losses)), m_frames(std::move(frames))
+          stream(std::move(frames)), m_losses(std::move(losses))
     {
     }
 
@@ -124,18 +122,8 @@ public:
 
     int readPosition(ComPort& port)
     {
-        if (follower) {
-            takeStream(port);
-            const bool found = protocol->awaitPosition(*follower);
-            if (found)
-                store(&Results::position, follower->newestPosition());
-            return found ? 1 : 0;
-        }
-        const auto frame = protocol->readPositionFrame();
-        if (!frame)
-            return 0;
-        const auto position = decodePosition(
-            {frame->constData(), static_cast<std::size_t>(frame->size())}, results().scale);
+        const auto position =
+            stream.isFollowed() ? stream.readPosition(port, *protocol) : readSinglePosition();
         if (!position)
             return 0;
         store(&Results::position, *position);
@@ -149,74 +137,19 @@ public:
         if (error != 0)
             log->append(PortFailure{PortStep::Line, error}.message(deviceNameOf(number)));
         if (scale && error == 0) {
-            followStream(context, *scale);
+            (void)protocol->discardInput();
+            stream.begin(context, *scale, Pacing::lineTime(kStreamByteTime));
         } else {
-            follower.reset();
-            context.follow({});
+            stream.end(context);
         }
         return error == 0 ? 1 : 0;
-    }
-
-    void followStream(RequestWorker::Context& context, const PositionScale& scale)
-    {
-        constexpr int kBits = 10;
-        const auto byteTime =
-            Pacing::lineTime(std::chrono::nanoseconds(1s) * kBits / kStreamLine.baud);
-        (void)takeFrames(); // of an earlier stream
-        (void)protocol->discardInput();
-        follower.emplace(scale, byteTime, Clock::now());
-        context.follow([this](auto& running) {
-            const int error = takeStream(running.port());
-            const auto now = Clock::now();
-            const auto due = handOver(now);
-            if (error != 0)
-                return RequestWorker::FollowTimes{now + kPauseAfterError, due};
-            return RequestWorker::FollowTimes{now + follower->untilWhole(), due};
-        });
-    }
-
-    int takeStream(ComPort& port)
-    {
-        const auto taken = port.take();
-        follower->take(taken.bytes, Clock::now());
-        return taken.error;
-    }
-
-    /// Gives what has come to the user-interface thread, if it is time for it.
-    /// @return when it will be
-    Clock::time_point handOver(Clock::time_point now)
-    {
-        if (!follower->hasBatch())
-            return Clock::time_point::max();
-        if (const auto due = m_handedOver + kBatchPeriod; now < due)
-            return due;
-        m_handedOver = now;
-        const auto batch = follower->takeBatch();
-        bool first = false;
-        {
-            const std::lock_guard lock(m_mutex);
-            first = !std::exchange(m_hasFrames, true);
-            m_batch.samples.append(batch.samples);
-            m_batch.malformed += batch.malformed;
-        }
-        if (first)
-            m_frames.post(0);
-        return Clock::time_point::max();
-    }
-
-    /// Any thread.
-    [[nodiscard]] PositionBatch takeFrames()
-    {
-        const std::lock_guard lock(m_mutex);
-        m_hasFrames = false;
-        return std::exchange(m_batch, {});
     }
 
     void switchSupply(bool on)
     {
         (void)protocol->setRts(on ? 1 : 0);
-        if (follower && on)
-            follower->beginAgain(Clock::now());
+        if (on)
+            stream.beginAgain();
     }
 
     int identify(const QByteArray& version)
@@ -264,9 +197,18 @@ public:
     std::atomic<int> cutFrames = 0;
 
     std::optional<SensorProtocol> protocol; ///< the worker's; there once the port is open
-    std::optional<StreamFollower> follower; ///< the worker's; there while it follows the stream
+    FollowedStream stream;
 
 private:
+    [[nodiscard]] std::optional<double> readSinglePosition()
+    {
+        const auto frame = protocol->readPositionFrame();
+        if (!frame)
+            return std::nullopt;
+        return decodePosition({frame->constData(), static_cast<std::size_t>(frame->size())},
+                              results().scale);
+    }
+
     void reportLoss(RequestWorker::Context& context)
     {
         if (linkFailed.exchange(1) == 0)
@@ -278,12 +220,8 @@ private:
     }
 
     const MessageTarget::Poster m_losses;
-    const MessageTarget::Poster m_frames;
-    Clock::time_point m_handedOver; ///< the worker's
     mutable std::mutex m_mutex;
-    Results m_results;        ///< m_mutex, as the next
-    PositionBatch m_batch;    ///< what is to be taken
-    bool m_hasFrames = false; ///< and that it is there was told
+    Results m_results; ///< m_mutex
 };
 
 SensorLink::SensorLink(const ComPortFactory& factory)
@@ -510,7 +448,7 @@ double SensorLink::position() const
 
 PositionBatch SensorLink::takeFrames()
 {
-    return m_session ? m_session->takeFrames() : PositionBatch();
+    return m_session ? m_session->stream.takeFrames() : PositionBatch();
 }
 
 int SensorLink::ssiType() const
