@@ -1,6 +1,7 @@
 #include "sensor/PositionRecording.h"
 
 #include <charconv>
+#include <chrono>
 #include <cmath>
 #include <optional>
 #include <string_view>
@@ -107,6 +108,34 @@ QByteArray recordingLines(PositionPoints points, int decimals)
                  QByteArray::number(point.millimetres, 'f', decimals) + "\r\n";
     }
     return lines;
+}
+
+WholeFile::Outcome PositionRecorder::begin(const QString& path, const RecordingHead& head,
+                                           std::chrono::steady_clock::time_point moment)
+{
+    const WholeFile::Outcome opened = m_file.open(path);
+    if (!opened.isDone())
+        return opened;
+    m_begin = moment;
+    m_decimals = positionDecimals(head.resolution);
+    return m_file.append(recordingHeadText(head));
+}
+
+WholeFile::Outcome PositionRecorder::add(const QList<PositionSample>& samples)
+{
+    std::vector<PositionPoint> points;
+    for (const PositionSample& sample : samples) {
+        if (sample.time >= m_begin) {
+            points.push_back(
+                {std::chrono::duration<double>(sample.time - m_begin).count(), sample.millimetres});
+        }
+    }
+    return m_file.append(recordingLines(points, m_decimals));
+}
+
+WholeFile::Outcome PositionRecorder::end()
+{
+    return isRecording() ? m_file.close() : WholeFile::Outcome();
 }
 
 RecordingContent recordingOf(const QByteArray& text)

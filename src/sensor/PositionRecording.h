@@ -1,5 +1,6 @@
 #pragma once
 
+#include "link/PositionFrame.h"
 #include "platform/core/AppendedFile.h"
 #include "sensor/PositionFigures.h"
 
@@ -29,6 +30,24 @@ struct RecordingHead
 
 /// Lines of a time in s with four decimals and a position in mm with these decimals.
 [[nodiscard]] QByteArray recordingLines(PositionPoints points, int decimals);
+
+/// Records the positions that come from a moment on, as long as the disk has room.
+class PositionRecorder
+{
+public:
+    /// @param head its start stands for the moment
+    [[nodiscard]] WholeFile::Outcome begin(const QString& path, const RecordingHead& head,
+                                           std::chrono::steady_clock::time_point moment);
+    [[nodiscard]] bool isRecording() const { return m_file.isOpen(); }
+    /// A failure has ended the recording; what was recorded before is in the file.
+    [[nodiscard]] WholeFile::Outcome add(const QList<PositionSample>& samples);
+    [[nodiscard]] WholeFile::Outcome end();
+
+private:
+    AppendedFile m_file;
+    std::chrono::steady_clock::time_point m_begin;
+    int m_decimals = 0;
+};
 
 struct RecordingContent
 {

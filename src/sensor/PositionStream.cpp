@@ -44,6 +44,7 @@ bool PositionStream::begin()
     m_state = State::Starting;
     m_savedFormat = {};
     m_isKept = false;
+    m_resolution = 0.0;
     const bool begun = run(readPlan("D"), [this](const Outcome& outcome) { takeFormat(outcome); });
     if (!begun) {
         m_state = State::Idle;
@@ -146,6 +147,7 @@ void PositionStream::takeResolution(const Outcome& outcome)
         failStart(outcome.isDone() || outcome.parameter == 'A' ? 'A' : 'D');
         return;
     }
+    m_resolution = decodeResolutionMm(m_reply.text);
     const int dataBits = DataFormat::decode(m_savedFormat.own).dataBits;
     tellRestart(strings::kRestartingSensor);
     const Plan plan{{.kind = Kind::SupplyOff},

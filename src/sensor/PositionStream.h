@@ -29,6 +29,8 @@ public:
     /// From the start on until the sensor has its own format again, or cannot be reached.
     [[nodiscard]] bool isActive() const { return m_state != State::Idle; }
     [[nodiscard]] bool isStreaming() const { return m_state == State::Streaming; }
+    /// Millimetres per count, as read for this stream; 0 before it was.
+    [[nodiscard]] double resolution() const { return m_resolution; }
     /// Asks for the next position, which position or missed tells.
     void requestPosition() { m_runner.requestPosition(); }
 
@@ -82,6 +84,7 @@ private:
     KeptFormat m_savedFormat;
     bool m_isKept = false; ///< m_savedFormat is stored until the sensor has it again
     int m_connectAttempts = 0;
+    double m_resolution = 0.0;
 };
 
 } // namespace pelorin

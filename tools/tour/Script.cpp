@@ -20,6 +20,7 @@ namespace pelorin {
 namespace {
 
 // The pages, by the numbers of their captions.
+constexpr int kRecordingLines = 10;
 constexpr int kInformation = 110;
 constexpr int kOutputSetup = 168;
 constexpr int kLog = 188;
@@ -77,8 +78,8 @@ std::vector<Tour::Step> script(Tour& tour, SimulatedPorts& simulators, int langu
         return [&tour, text] { return tour.textOf("messagePane") == languageString(text); };
     };
     const auto noDialog = [] { return QApplication::activeModalWidget() == nullptr; };
-    for (const char* name :
-         {"log.txt", "backup.dat", "comparison.csv", "lookup-table.csv"}) // of an earlier tour
+    for (const char* name : {"log.txt", "backup.dat", "comparison.csv", "lookup-table.csv",
+                             "recording.csv"}) // of an earlier tour
         (void)QFile::remove(tour.path(QLatin1String(name)));
 
     std::vector<Tour::Step> steps = {
@@ -102,6 +103,29 @@ std::vector<Tour::Step> script(Tour& tour, SimulatedPorts& simulators, int langu
                                 languageString(strings::kLightConnected);
                      }),
         tour.picture("position"),
+        tour.click("recordButton"),
+        tour.file(QStringLiteral("recording.csv")),
+        tour.printChanged("positionBox"),
+        tour.printChanged("positionBox"),
+        tour.click("recordButton"),
+        tour.print([&tour] {
+            const auto lines = contentOf(tour.path(QStringLiteral("recording.csv"))).split('\n');
+            return QString::fromUtf8(lines.mid(0, kRecordingLines).join('\n'));
+        }),
+        tour.click("allDecimalsCheck"),
+        tour.printChanged("positionBox"),
+        tour.click("pauseButton"),
+        tour.key("positionTrace", Qt::Key_Home),
+        tour.key("positionTrace", Qt::Key_Right),
+        tour.printChanged("figure1848"),
+        tour.picture("position-paused"),
+        tour.click("openRecordingButton"),
+        tour.file(QStringLiteral("recording.csv")),
+        Tour::when(isAsking, tour.key("positionTrace", Qt::Key_End)),
+        tour.printChanged("figure1848"),
+        tour.picture("recording"),
+        tour.key("positionTrace", Qt::Key_Escape), // the cursor
+        tour.key("positionTrace", Qt::Key_Escape),
 
         Tour::print(QStringLiteral("Output setup")),
         tour.page(kOutputSetup),
@@ -155,8 +179,7 @@ std::vector<Tour::Step> script(Tour& tour, SimulatedPorts& simulators, int langu
 
         Tour::print(QStringLiteral("Manual communications")),
         tour.command(kManualCommCommand),
-        Tour::when([] { return QApplication::activeModalWidget() != nullptr; },
-                   tour.type("sendEdit", QStringLiteral("56,41,0D"))),
+        Tour::when(isAsking, tour.type("sendEdit", QStringLiteral("56,41,0D"))),
         tour.click("executeButton"),
         tour.printChanged("receiveEdit"),
         tour.picture("manual-communications"),
@@ -178,8 +201,7 @@ std::vector<Tour::Step> script(Tour& tour, SimulatedPorts& simulators, int langu
 
         Tour::print(QStringLiteral("Earlier states")),
         tour.command(kEarlierStatesCommand),
-        Tour::when([] { return QApplication::activeModalWidget() != nullptr; },
-                   tour.printList("entryList", 2)),
+        Tour::when(isAsking, tour.printList("entryList", 2)),
         Tour::expect(
             "what was written last is the newest entry",
             [&tour] {
