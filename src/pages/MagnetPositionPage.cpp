@@ -36,6 +36,7 @@ constexpr int kAllDecimalsControl = 1071;
 constexpr int kViewControl = 1072;
 
 constexpr int kPositionPoints = 48;
+constexpr int kUnitPoints = 24;
 constexpr int kNoteLines = 2;
 constexpr int kDecimals = 1;
 constexpr auto kPollPeriod = 333ms;
@@ -116,6 +117,7 @@ void MagnetPositionPage::onInitDialog()
     m_positionBox->foreColor(QColor(0, 255, 0));
     m_positionBox->backColor(QColor(0, 0, 0));
     m_positionBox->setFont(arial(kPositionPoints));
+    getControl<QLabel>(kUnitControl)->setFont(arial(kUnitPoints));
     auto* note = getControl<QPlainTextEdit>(kNoteControl);
     note->setFixedHeight(note->fontMetrics().lineSpacing() * kNoteLines + 16);
     m_allDecimals = getControl<QCheckBox>(kAllDecimalsControl);

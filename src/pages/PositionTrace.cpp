@@ -22,6 +22,7 @@ constexpr auto kRefreshPeriod = 34ms;
 constexpr double kSlack = 30.0;     ///< seconds kept beyond the longest, so as to drop them at once
 constexpr double kGap = 1.0;        ///< seconds without a position that are not drawn over
 constexpr double kSmallestMm = 0.1; ///< what is shown at least, or the resolution would look rough
+constexpr double kRounding = 1e-6;  ///< seconds by which an edge may be off
 constexpr int kLeft = 84;           ///< room for the numbers of the axes
 constexpr int kBottom = 22;
 constexpr int kEdge = 8;
@@ -86,11 +87,12 @@ void PositionTrace::setRecording(const QList<PositionPoint>& points)
 
 void PositionTrace::setDuration(double seconds)
 {
+    const auto at = cursor(); // stays in sight
     m_duration = seconds;
     if (!m_isFrozen || points().isEmpty())
         follow();
     else
-        show(cursor() ? m_cursor.value() + duration() / 2 : m_end);
+        show(at ? at->seconds + duration() / 2 : m_end);
     refresh();
 }
 
@@ -144,12 +146,12 @@ double PositionTrace::duration() const
 
 PositionPoints PositionTrace::visible() const
 {
-    return pointsBetween(viewOf(points()), from(), m_end);
+    return pointsBetween(viewOf(points()), from() - kRounding, m_end + kRounding);
 }
 
 std::optional<PositionPoint> PositionTrace::cursor() const
 {
-    if (!m_cursor || *m_cursor < from() || *m_cursor > m_end)
+    if (!m_cursor || *m_cursor < from() - kRounding || *m_cursor > m_end + kRounding)
         return std::nullopt;
     return pointNearest(visible(), *m_cursor);
 }
@@ -357,6 +359,8 @@ void PositionTrace::drawGrid(QPainter& painter) const
         const int x = xOf(time);
         painter.setPen(faint);
         painter.drawLine(x, area.top(), x, area.bottom());
+        if (time < -timeStep / 2)
+            continue; // nothing was followed then
         painter.setPen(text);
         const int room = std::min(kTimesApart / 2, width() - x);
         painter.drawText(QRect(x - room, area.bottom() + 2, 2 * room, kBottom - 2), Qt::AlignCenter,
@@ -384,7 +388,8 @@ void PositionTrace::drawPositions(QPainter& painter) const
         painter.drawPolyline(line.constData(), static_cast<int>(line.size()));
         line.clear();
     };
-    for (const PositionColumn& column : positionColumns(visible(), from(), perColumn())) {
+    for (const PositionColumn& column :
+         positionColumns(visible(), from() - kRounding, perColumn())) {
         if (!line.isEmpty() && column.first.seconds - before > kGap)
             draw();
         before = column.last.seconds;

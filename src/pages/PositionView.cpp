@@ -131,6 +131,8 @@ void PositionView::makeControls(Kind kind)
         button->setObjectName(QLatin1String(name));
         m_buttons.emplace_back(button, caption);
         m_controls->addWidget(button);
+        if (auto* push = qobject_cast<QPushButton*>(button))
+            push->setAutoDefault(false); // Enter closes a recording
         return button;
     };
     connect(add(new QCheckBox(this), "holdRangeCheck", strings::kHoldRange),
