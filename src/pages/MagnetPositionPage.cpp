@@ -145,12 +145,6 @@ void MagnetPositionPage::makeView()
     connect(m_openButton, &QPushButton::clicked, this, [this] { openRecording(window()); });
 }
 
-void MagnetPositionPage::setNewValues()
-{
-    m_interrupted = false;
-    endRecording(m_recorder.end());
-}
-
 /// A stream that runs goes on: what was read of the sensor must not be overwritten meanwhile.
 void MagnetPositionPage::getCurrentValues()
 {

@@ -30,7 +30,7 @@ public:
     ~MagnetPositionPage() override;
 
     void getCurrentValues() override;
-    void setNewValues() override;
+    void setNewValues() override { m_interrupted = false; }
     void resume() override;
 
 protected:

@@ -7,7 +7,6 @@
 #include <QCheckBox>
 #include <QClipboard>
 #include <QComboBox>
-#include <QEvent>
 #include <QGridLayout>
 #include <QGuiApplication>
 #include <QLabel>
@@ -266,13 +265,6 @@ void PositionView::copyFigures() const
     if (const auto zero = m_trace->zero())
         text += languageString(strings::kRelativeTo).arg(length(*zero)) + u'\n';
     QGuiApplication::clipboard()->setText(text);
-}
-
-void PositionView::changeEvent(QEvent* event)
-{
-    if (event->type() == QEvent::LanguageChange)
-        translate();
-    QWidget::changeEvent(event);
 }
 
 } // namespace pelorin

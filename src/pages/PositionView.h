@@ -38,9 +38,6 @@ public:
     void addButton(QPushButton* button);
     void translate();
 
-protected:
-    void changeEvent(QEvent* event) override;
-
 private:
     struct Figure
     {

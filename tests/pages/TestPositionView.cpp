@@ -131,9 +131,9 @@ private Q_SLOTS:
         QTRY_COMPARE(rig.figure(1841), QStringLiteral("99.99 mm"));
         QCOMPARE(rig.figure(1840), QStringLiteral("69.99 mm"));
         rig.click("pauseButton");
-        rig.key(Qt::Key_Home);
         rig.come(100, 1000, 3);
         rig.come(1000, 2000);
+        rig.key(Qt::Key_Home);
         QCOMPARE(rig.figure(1841), QStringLiteral("99.99 mm"));
         QCOMPARE(rig.cursor(), QStringLiteral("69.99 mm"));
         QCOMPARE(rig.figure(1846), QStringLiteral("2"));
