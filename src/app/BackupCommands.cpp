@@ -126,11 +126,8 @@ void BackupCommands::putBack(const QString& entry)
     if (runner().isBusy() || m_writer.isRunning() || !m_gate.isFree() || m_gate.isCloseWanted())
         return;
     const CommandGate::Scope scope(m_gate);
-    const auto entries = m_writer.journal().entries();
-    const auto found = std::find_if(entries.begin(), entries.end(),
-                                    [&entry](auto& other) { return other.id == entry; });
-    finish(found != entries.end() ? putBackEntry(*found)
-                                  : End{.message = languageString(strings::kNothingWritten)});
+    const auto kept = m_writer.journal().find(entry);
+    finish(kept ? putBackEntry(*kept) : End{.message = languageString(strings::kNothingWritten)});
 }
 
 void BackupCommands::finish(const End& end)
