@@ -463,9 +463,8 @@ void SequenceRunner::openPort(int number, std::function<void(bool)> done)
 
 void SequenceRunner::openPort(int number, const QString& device, std::function<void(bool)> done)
 {
-    usePort({.open = [this, number, device] { return m_link.open(number, device); },
-             .done = std::move(done),
-             .changes = true});
+    m_port.open(number, device, tellingOf(std::move(done)));
+    settle(); // tells that it is busy
 }
 
 void SequenceRunner::reopenPort(std::function<void(bool)> done)
