@@ -91,10 +91,10 @@ Result Output::finish(const QString& command, const Result& result)
         tell(result.text);
     if (m_error == 0 || isClosed() || !result.isDone())
         return result;
-    const Result failed{.exit = ExitCode::FileUnfit,
-                        .code = "output",
-                        .text = languageString(strings::kOutputFailed)
-                                    .arg(QString::fromLocal8Bit(std::strerror(m_error)))};
+    Result failed{.exit = ExitCode::FileUnfit,
+                  .code = "output",
+                  .text = languageString(strings::kOutputFailed)
+                              .arg(QString::fromLocal8Bit(std::strerror(m_error)))};
     tell(failed.text);
     return failed;
 }
