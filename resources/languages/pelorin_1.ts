@@ -1715,5 +1715,10 @@ Without that it cannot be put back. Write all the same?</translation>
         <extracomment>Unit</extracomment>
         <translation>s</translation>
     </message>
+    <message id="1870">
+        <source>Output settings only is not possible: the page Output Setup does not offer what the file has: %1</source>
+        <extracomment>%1: parameters</extracomment>
+        <translation>Output settings only is not possible: the page Output Setup does not offer what the file has: %1</translation>
+    </message>
 </context>
 </TS>

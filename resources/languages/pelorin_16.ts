@@ -1715,5 +1715,10 @@ Senza di ciò non può essere ripristinato. Scrivere comunque?</translation>
         <extracomment>Unit</extracomment>
         <translation>s</translation>
     </message>
+    <message id="1870">
+        <source>Output settings only is not possible: the page Output Setup does not offer what the file has: %1</source>
+        <extracomment>%1: parameters</extracomment>
+        <translation>Solo le impostazioni uscita non è possibile: la pagina Impostazioni uscita non offre ciò che ha il file: %1</translation>
+    </message>
 </context>
 </TS>

@@ -1715,5 +1715,10 @@ Ohne das kann es nicht zurückgeschrieben werden. Trotzdem schreiben?</translati
         <extracomment>Unit</extracomment>
         <translation>s</translation>
     </message>
+    <message id="1870">
+        <source>Output settings only is not possible: the page Output Setup does not offer what the file has: %1</source>
+        <extracomment>%1: parameters</extracomment>
+        <translation>Nur Ausgabeeinstellungen ist nicht möglich: Die Seite Ausgabeeinstellungen bietet nicht an, was die Datei hat: %1</translation>
+    </message>
 </context>
 </TS>

@@ -1715,5 +1715,10 @@ Sans cela, il ne peut pas être rétabli. Écrire malgré tout ?</translation>
         <extracomment>Unit</extracomment>
         <translation>s</translation>
     </message>
+    <message id="1870">
+        <source>Output settings only is not possible: the page Output Setup does not offer what the file has: %1</source>
+        <extracomment>%1: parameters</extracomment>
+        <translation>Réglages de sortie seuls n'est pas possible : la page Réglage de la sortie ne propose pas ce qu'a le fichier : %1</translation>
+    </message>
 </context>
 </TS>

@@ -1715,5 +1715,10 @@ Sin eso no se puede restablecer. ¿Escribir de todos modos?</translation>
         <extracomment>Unit</extracomment>
         <translation>s</translation>
     </message>
+    <message id="1870">
+        <source>Output settings only is not possible: the page Output Setup does not offer what the file has: %1</source>
+        <extracomment>%1: parameters</extracomment>
+        <translation>Solo la configuración de salida no es posible: la página Configuración de salida no ofrece lo que tiene el archivo: %1</translation>
+    </message>
 </context>
 </TS>
