@@ -369,10 +369,9 @@ void SafeWriter::finish()
     std::unique_ptr<Job> job = std::exchange(m_job, nullptr);
     const auto compared = std::exchange(m_compared, {});
     if (job->writing) {
-        const bool open = job->result.reason == Reason::Closed ||
-                          job->result.reason == Reason::LinkLost || m_runner.isEnding();
-        const bool told = job->result.kind == Kind::NotWritten || !open;
-        const auto noted = job->writing->finish({job->result.kind, job->result.reason, told});
+        const Reason reason = job->result.reason;
+        const bool told = reason != Reason::Closed && reason != Reason::LinkLost;
+        const auto noted = job->writing->finish({job->result.kind, reason, told});
         if (!noted.isDone())
             job->result.problem += noted.message();
     }
