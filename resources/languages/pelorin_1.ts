@@ -1185,8 +1185,8 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <translation>The sensor did not answer afterwards.</translation>
     </message>
     <message id="1712">
-        <source>Another sensor has answered after the restart.</source>
-        <translation>Another sensor has answered after the restart.</translation>
+        <source>Another sensor has answered than the one that was written to.</source>
+        <translation>Another sensor has answered than the one that was written to.</translation>
     </message>
     <message id="1713">
         <source>The program was closed before the sensor could be read.</source>

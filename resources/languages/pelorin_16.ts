@@ -1185,8 +1185,8 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <translation>Il sensore non ha risposto in seguito.</translation>
     </message>
     <message id="1712">
-        <source>Another sensor has answered after the restart.</source>
-        <translation>Dopo il riavvio ha risposto un altro sensore.</translation>
+        <source>Another sensor has answered than the one that was written to.</source>
+        <translation>Ha risposto un altro sensore, non quello in cui si è scritto.</translation>
     </message>
     <message id="1713">
         <source>The program was closed before the sensor could be read.</source>

@@ -1185,8 +1185,8 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <translation>Der Sensor hat danach nicht geantwortet.</translation>
     </message>
     <message id="1712">
-        <source>Another sensor has answered after the restart.</source>
-        <translation>Nach dem Neustart hat ein anderer Sensor geantwortet.</translation>
+        <source>Another sensor has answered than the one that was written to.</source>
+        <translation>Geantwortet hat ein anderer Sensor als der, in den geschrieben wurde.</translation>
     </message>
     <message id="1713">
         <source>The program was closed before the sensor could be read.</source>

@@ -1185,8 +1185,8 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <translation>Le capteur n'a pas répondu ensuite.</translation>
     </message>
     <message id="1712">
-        <source>Another sensor has answered after the restart.</source>
-        <translation>Un autre capteur a répondu après le redémarrage.</translation>
+        <source>Another sensor has answered than the one that was written to.</source>
+        <translation>C'est un autre capteur que celui dans lequel on a écrit qui a répondu.</translation>
     </message>
     <message id="1713">
         <source>The program was closed before the sensor could be read.</source>

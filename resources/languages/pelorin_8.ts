@@ -1185,8 +1185,8 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <translation>El sensor no ha respondido después.</translation>
     </message>
     <message id="1712">
-        <source>Another sensor has answered after the restart.</source>
-        <translation>Tras el reinicio ha respondido otro sensor.</translation>
+        <source>Another sensor has answered than the one that was written to.</source>
+        <translation>Ha respondido otro sensor que aquel en el que se escribió.</translation>
     </message>
     <message id="1713">
         <source>The program was closed before the sensor could be read.</source>
