@@ -1185,8 +1185,8 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <translation>The sensor did not answer afterwards.</translation>
     </message>
     <message id="1712">
-        <source>Another sensor has answered after the restart.</source>
-        <translation>Another sensor has answered after the restart.</translation>
+        <source>Another sensor has answered than the one that was written to.</source>
+        <translation>Another sensor has answered than the one that was written to.</translation>
     </message>
     <message id="1713">
         <source>The program was closed before the sensor could be read.</source>
@@ -1714,6 +1714,11 @@ Without that it cannot be put back. Write all the same?</translation>
         <source>s</source>
         <extracomment>Unit</extracomment>
         <translation>s</translation>
+    </message>
+    <message id="1870">
+        <source>Output settings only is not possible: the page Output Setup does not offer what the file has: %1</source>
+        <extracomment>%1: parameters</extracomment>
+        <translation>Output settings only is not possible: the page Output Setup does not offer what the file has: %1</translation>
     </message>
     <message id="2000">
         <source>The sensor's port: a COM number, the path of a device, or simulator:...</source>

@@ -1185,8 +1185,8 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <translation>Il sensore non ha risposto in seguito.</translation>
     </message>
     <message id="1712">
-        <source>Another sensor has answered after the restart.</source>
-        <translation>Dopo il riavvio ha risposto un altro sensore.</translation>
+        <source>Another sensor has answered than the one that was written to.</source>
+        <translation>Ha risposto un altro sensore, non quello in cui si è scritto.</translation>
     </message>
     <message id="1713">
         <source>The program was closed before the sensor could be read.</source>
@@ -1714,6 +1714,11 @@ Senza di ciò non può essere ripristinato. Scrivere comunque?</translation>
         <source>s</source>
         <extracomment>Unit</extracomment>
         <translation>s</translation>
+    </message>
+    <message id="1870">
+        <source>Output settings only is not possible: the page Output Setup does not offer what the file has: %1</source>
+        <extracomment>%1: parameters</extracomment>
+        <translation>Solo le impostazioni uscita non è possibile: la pagina Impostazioni uscita non offre ciò che ha il file: %1</translation>
     </message>
     <message id="2000">
         <source>The sensor's port: a COM number, the path of a device, or simulator:...</source>

@@ -1185,8 +1185,8 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <translation>Der Sensor hat danach nicht geantwortet.</translation>
     </message>
     <message id="1712">
-        <source>Another sensor has answered after the restart.</source>
-        <translation>Nach dem Neustart hat ein anderer Sensor geantwortet.</translation>
+        <source>Another sensor has answered than the one that was written to.</source>
+        <translation>Geantwortet hat ein anderer Sensor als der, in den geschrieben wurde.</translation>
     </message>
     <message id="1713">
         <source>The program was closed before the sensor could be read.</source>
@@ -1714,6 +1714,11 @@ Ohne das kann es nicht zurückgeschrieben werden. Trotzdem schreiben?</translati
         <source>s</source>
         <extracomment>Unit</extracomment>
         <translation>s</translation>
+    </message>
+    <message id="1870">
+        <source>Output settings only is not possible: the page Output Setup does not offer what the file has: %1</source>
+        <extracomment>%1: parameters</extracomment>
+        <translation>Nur Ausgabeeinstellungen ist nicht möglich: Die Seite Ausgabeeinstellungen bietet nicht an, was die Datei hat: %1</translation>
     </message>
     <message id="2000">
         <source>The sensor's port: a COM number, the path of a device, or simulator:...</source>

@@ -1185,8 +1185,8 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <translation>Le capteur n'a pas répondu ensuite.</translation>
     </message>
     <message id="1712">
-        <source>Another sensor has answered after the restart.</source>
-        <translation>Un autre capteur a répondu après le redémarrage.</translation>
+        <source>Another sensor has answered than the one that was written to.</source>
+        <translation>C'est un autre capteur que celui dans lequel on a écrit qui a répondu.</translation>
     </message>
     <message id="1713">
         <source>The program was closed before the sensor could be read.</source>
@@ -1714,6 +1714,11 @@ Sans cela, il ne peut pas être rétabli. Écrire malgré tout ?</translation>
         <source>s</source>
         <extracomment>Unit</extracomment>
         <translation>s</translation>
+    </message>
+    <message id="1870">
+        <source>Output settings only is not possible: the page Output Setup does not offer what the file has: %1</source>
+        <extracomment>%1: parameters</extracomment>
+        <translation>Réglages de sortie seuls n'est pas possible : la page Réglage de la sortie ne propose pas ce qu'a le fichier : %1</translation>
     </message>
     <message id="2000">
         <source>The sensor's port: a COM number, the path of a device, or simulator:...</source>

@@ -1185,8 +1185,8 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <translation>El sensor no ha respondido después.</translation>
     </message>
     <message id="1712">
-        <source>Another sensor has answered after the restart.</source>
-        <translation>Tras el reinicio ha respondido otro sensor.</translation>
+        <source>Another sensor has answered than the one that was written to.</source>
+        <translation>Ha respondido otro sensor que aquel en el que se escribió.</translation>
     </message>
     <message id="1713">
         <source>The program was closed before the sensor could be read.</source>
@@ -1714,6 +1714,11 @@ Sin eso no se puede restablecer. ¿Escribir de todos modos?</translation>
         <source>s</source>
         <extracomment>Unit</extracomment>
         <translation>s</translation>
+    </message>
+    <message id="1870">
+        <source>Output settings only is not possible: the page Output Setup does not offer what the file has: %1</source>
+        <extracomment>%1: parameters</extracomment>
+        <translation>Solo la configuración de salida no es posible: la página Configuración de salida no ofrece lo que tiene el archivo: %1</translation>
     </message>
     <message id="2000">
         <source>The sensor's port: a COM number, the path of a device, or simulator:...</source>

@@ -62,6 +62,7 @@ void ConnectionSupervisor::beginConnect()
     }
     m_statusBar.showString(strings::kConnecting);
     m_statusBar.setExplanation(nullptr);
+    Q_EMIT sensorLeft();
     Plan plan = connectPlan();
     if (m_manualPower) {
         m_link.forgetIdentification();
@@ -238,6 +239,7 @@ void ConnectionSupervisor::onLinkLost()
                             .arg(m_link.portNumber()));
     m_statusBar.setLinkState(0);
     m_statusBar.setExplanation(nullptr);
+    Q_EMIT sensorLeft();
     if (m_link.linkFailed() != 1)
         return;
     if (!m_reconnectTimer.isActive())

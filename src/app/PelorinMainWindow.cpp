@@ -109,6 +109,7 @@ void PelorinMainWindow::connectParts()
 
     connect(m_connection, &ConnectionSupervisor::connectWanted, this,
             &PelorinMainWindow::wantConnect);
+    connect(m_connection, &ConnectionSupervisor::sensorLeft, m_report, &WriteReport::endVerified);
     connect(m_connection, &ConnectionSupervisor::connected, this, &PelorinMainWindow::onConnected);
     connect(m_connection, &ConnectionSupervisor::givenUp, this, &PelorinMainWindow::close);
     const auto onBusyChanged = [this] {

@@ -310,6 +310,7 @@ inline constexpr int kNotAsThen = 1756;
 inline constexpr int kOffsetToBeCalculated = 1757;
 inline constexpr int kNothingDiffers = 1758;
 inline constexpr int kStateOfOtherType = 1759;
+inline constexpr int kNotOffered = 1870;
 
 // Safe writes
 inline constexpr int kCheckingSensor = 1700;
