@@ -1715,5 +1715,15 @@ Without that it cannot be put back. Write all the same?</translation>
         <extracomment>Unit</extracomment>
         <translation>s</translation>
     </message>
+    <message id="1861">
+        <source>Longest gap</source>
+        <extracomment>Figure beside a trace: the longest time without a position</extracomment>
+        <translation>Longest gap</translation>
+    </message>
+    <message id="1862">
+        <source>Recorded</source>
+        <extracomment>Figure beside a trace: how many seconds have been recorded</extracomment>
+        <translation>Recorded</translation>
+    </message>
 </context>
 </TS>

@@ -1715,5 +1715,15 @@ Senza di ciò non può essere ripristinato. Scrivere comunque?</translation>
         <extracomment>Unit</extracomment>
         <translation>s</translation>
     </message>
+    <message id="1861">
+        <source>Longest gap</source>
+        <extracomment>Figure beside a trace: the longest time without a position</extracomment>
+        <translation>Vuoto più lungo</translation>
+    </message>
+    <message id="1862">
+        <source>Recorded</source>
+        <extracomment>Figure beside a trace: how many seconds have been recorded</extracomment>
+        <translation>Registrato</translation>
+    </message>
 </context>
 </TS>

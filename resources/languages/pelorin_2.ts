@@ -1715,5 +1715,15 @@ Ohne das kann es nicht zurückgeschrieben werden. Trotzdem schreiben?</translati
         <extracomment>Unit</extracomment>
         <translation>s</translation>
     </message>
+    <message id="1861">
+        <source>Longest gap</source>
+        <extracomment>Figure beside a trace: the longest time without a position</extracomment>
+        <translation>Längste Lücke</translation>
+    </message>
+    <message id="1862">
+        <source>Recorded</source>
+        <extracomment>Figure beside a trace: how many seconds have been recorded</extracomment>
+        <translation>Aufgezeichnet</translation>
+    </message>
 </context>
 </TS>

@@ -1715,5 +1715,15 @@ Sans cela, il ne peut pas être rétabli. Écrire malgré tout ?</translation>
         <extracomment>Unit</extracomment>
         <translation>s</translation>
     </message>
+    <message id="1861">
+        <source>Longest gap</source>
+        <extracomment>Figure beside a trace: the longest time without a position</extracomment>
+        <translation>Plus longue lacune</translation>
+    </message>
+    <message id="1862">
+        <source>Recorded</source>
+        <extracomment>Figure beside a trace: how many seconds have been recorded</extracomment>
+        <translation>Enregistré</translation>
+    </message>
 </context>
 </TS>

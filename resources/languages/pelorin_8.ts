@@ -1715,5 +1715,15 @@ Sin eso no se puede restablecer. ¿Escribir de todos modos?</translation>
         <extracomment>Unit</extracomment>
         <translation>s</translation>
     </message>
+    <message id="1861">
+        <source>Longest gap</source>
+        <extracomment>Figure beside a trace: the longest time without a position</extracomment>
+        <translation>Hueco más largo</translation>
+    </message>
+    <message id="1862">
+        <source>Recorded</source>
+        <extracomment>Figure beside a trace: how many seconds have been recorded</extracomment>
+        <translation>Grabado</translation>
+    </message>
 </context>
 </TS>

@@ -118,6 +118,7 @@ WholeFile::Outcome PositionRecorder::begin(const QString& path, const RecordingH
         return opened;
     m_begin = moment;
     m_decimals = positionDecimals(head.resolution);
+    m_seconds = 0.0;
     return m_file.append(recordingHeadText(head));
 }
 
@@ -130,7 +131,10 @@ WholeFile::Outcome PositionRecorder::add(const QList<PositionSample>& samples)
                 {std::chrono::duration<double>(sample.time - m_begin).count(), sample.millimetres});
         }
     }
-    return m_file.append(recordingLines(points, m_decimals));
+    const WholeFile::Outcome outcome = m_file.append(recordingLines(points, m_decimals));
+    if (outcome.isDone() && !points.empty())
+        m_seconds = points.back().seconds;
+    return outcome;
 }
 
 WholeFile::Outcome PositionRecorder::end()
@@ -148,6 +152,7 @@ RecordingContent recordingOf(const QByteArray& text)
         content.badLines = content.firstBadLine = 1;
         return content;
     }
+    content.points.reserve(text.count('\n')); // growing would take the room of several
     for (int number = 2; !rest.empty(); ++number) {
         const Fields fields = takeFields(rest);
         const auto seconds = numberOf(fields.first);
