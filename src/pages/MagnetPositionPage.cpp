@@ -204,6 +204,7 @@ void MagnetPositionPage::beginStreaming()
     }
     m_pollTimer.start();
     m_recordButton->setEnabled(true);
+    m_view->setStreaming(true);
     m_view->trace().setResolution(source.resolution);
 }
 
@@ -267,6 +268,7 @@ void MagnetPositionPage::stopPolling()
 {
     m_pollTimer.stop();
     endRecording(m_recorder.end());
+    m_view->setStreaming(false);
     showText(noPosition());
 }
 

@@ -408,11 +408,14 @@ void PositionTrace::drawTimes(QPainter& painter) const
         painter.drawLine(x, area.top(), x, area.bottom());
         if (time < -step / 2 && !m_isRecording)
             continue; // nothing was followed then
+        const QString text =
+            languageString(strings::kSeconds).arg(numberText(time, decimalsOfStep(step)));
+        const int half = fontMetrics().horizontalAdvance(text) / 2 + 1;
+        if (x + half > width())
+            continue;
         painter.setPen(palette().color(QPalette::WindowText));
-        const int room = std::min(kTimesApart / 2, width() - x);
-        painter.drawText(
-            QRect(x - room, area.bottom() + 2, 2 * room, kBottom - 2), Qt::AlignCenter,
-            languageString(strings::kSeconds).arg(numberText(time, decimalsOfStep(step))));
+        painter.drawText(QRect(x - half, area.bottom() + 2, 2 * half, kBottom - 2), Qt::AlignCenter,
+                         text);
     }
 }
 

@@ -72,7 +72,10 @@ void PositionView::makeFigures(Kind kind)
         {strings::kDeviation, strings::kMillimetres,
          [](const PositionFigures& figures) { return number(figures.deviation, 4); }},
         {strings::kVelocity, strings::kMillimetresPerSecond,
-         [](const PositionFigures& figures) { return number(figures.velocity, kRateDecimals); }},
+         [this](const PositionFigures& figures) {
+             const bool isKnown = m_isStreaming || m_trace->isPaused();
+             return isKnown ? number(figures.velocity, kRateDecimals) : QString();
+         }},
         {strings::kPositionsPerSecond, 0,
          [](const PositionFigures& figures) { return number(figures.perSecond, kRateDecimals); }},
         {strings::kLongestGap, strings::kSecondsUnit,
@@ -204,6 +207,12 @@ void PositionView::clear()
     m_malformed.clear();
     m_zero->setChecked(false);
     m_trace->clear();
+}
+
+void PositionView::setStreaming(bool streaming)
+{
+    m_isStreaming = streaming;
+    showFigures();
 }
 
 void PositionView::setRecorded(std::optional<double> seconds)

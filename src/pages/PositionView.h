@@ -34,6 +34,8 @@ public:
     /// @param malformed how many frames were none
     /// @param seconds when all of it had come
     void append(PositionPoints points, int malformed, double seconds);
+    /// Tells whether positions come: what the magnet does now is not known without them.
+    void setStreaming(bool streaming);
     /// Forgets what has come.
     void clear();
     /// Tells how much is recorded; nothing if nothing was.
@@ -73,7 +75,8 @@ private:
     std::vector<std::pair<QAbstractButton*, int>> m_buttons; ///< with the numbers of their texts
     std::vector<Figure> m_figures;
     QList<std::pair<double, int>> m_malformed; ///< when, and how many frames
-    std::optional<double> m_recorded;          ///< seconds
+    bool m_isStreaming = false;
+    std::optional<double> m_recorded; ///< seconds
     QTimer m_figuresTimer;
 };
 

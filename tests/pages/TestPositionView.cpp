@@ -22,6 +22,7 @@ struct Rig
 {
     explicit Rig(PositionView::Kind kind) : view(kind, nullptr)
     {
+        view.setStreaming(kind == PositionView::Kind::Live);
         view.resize(1000, 300);
         view.show();
         view.trace().setResolution(0.01);
@@ -177,12 +178,16 @@ private Q_SLOTS:
         rig.view.trace().waitUntil(20);
         QTRY_COMPARE(rig.figure(1861), QStringLiteral("10.0100 s"));
         QCOMPARE(rig.figure(1841), QStringLiteral("9.99 mm"));
+        QCOMPARE(rig.figure(159), QString());
         rig.view.trace().waitUntil(50);
         QTRY_COMPARE(rig.figure(1841), QString()); // not within what is shown any more
         rig.view.clear();
         QTRY_COMPARE(rig.figure(1846), QStringLiteral("0"));
         rig.come(0, 1);
-        QTRY_COMPARE(rig.figure(1841), QStringLiteral("0.99 mm"));
+        QTRY_COMPARE(rig.figure(159), QStringLiteral("1.0 mm/s"));
+        rig.view.setStreaming(false);
+        QCOMPARE(rig.figure(159), QString());
+        QCOMPARE(rig.figure(1841), QStringLiteral("0.99 mm"));
     }
 
     void rangeAndTimeAreMovedByKeysAndWheel()
