@@ -1,5 +1,6 @@
 #include "pages/PositionTrace.h"
 
+#include "pages/TraceDrawing.h"
 #include "platform/core/LanguageStrings.h"
 #include "platform/core/Strings.h"
 
@@ -25,8 +26,6 @@ constexpr double kRounding = 1e-6; ///< seconds by which an edge may be off
 constexpr int kLeft = 84;          ///< room for the numbers of the axes
 constexpr int kBottom = 22;
 constexpr int kEdge = 8;
-constexpr int kLinesApart = 36; ///< pixels, at least
-constexpr int kTimesApart = 90;
 constexpr double kRangeStep = 0.1; ///< of its height
 constexpr double kRangeZoom = 1.25;
 constexpr double kPage = 0.9; ///< of the time shown
@@ -347,117 +346,25 @@ void PositionTrace::paintEvent(QPaintEvent* /*event*/)
         painter.setPen(palette().color(QPalette::PlaceholderText));
         painter.drawText(plot(), Qt::AlignCenter, languageString(strings::kNoPositions));
     } else {
-        drawGrid(painter);
-        painter.setClipRect(plot());
-        drawPositions(painter);
-        drawCursor(painter);
-        painter.setClipping(false);
+        drawTrace(painter);
     }
     const auto frame = hasFocus() ? QPalette::Highlight : QPalette::Mid;
     painter.setPen(palette().color(frame));
     painter.drawRect(plot().adjusted(-1, -1, 0, 0));
 }
 
-void PositionTrace::drawGrid(QPainter& painter) const
+void PositionTrace::drawTrace(QPainter& painter) const
 {
-    drawLevels(painter);
-    drawTimes(painter);
-    if (!m_stroke)
-        return;
-    const TraceScale places = scale();
-    painter.setPen(QPen(palette().color(QPalette::Text), 1, Qt::DashLine));
-    for (const double end : {0.0, *m_stroke}) {
-        if (const int y = places.yOf(end); places.area.contains(places.area.left(), y))
-            painter.drawLine(places.area.left(), y, places.area.right(), y);
-    }
-}
-
-QColor PositionTrace::faint() const
-{
-    QColor color = palette().color(QPalette::Text);
-    color.setAlphaF(0.15F);
-    return color;
-}
-
-void PositionTrace::drawLevels(QPainter& painter) const
-{
-    const TraceScale places = scale();
-    const double zero = m_zero.value_or(0.0);
-    const double step = roundStep(places.millimetresPerPixel() * kLinesApart);
-    const double high = m_range.high - zero + step * 1e-6;
-    const int half = fontMetrics().height() / 2;
-    for (double value = std::ceil((m_range.low - zero) / step) * step; value <= high;
-         value += step) {
-        const int y = places.yOf(value + zero);
-        painter.setPen(faint());
-        painter.drawLine(places.area.left(), y, places.area.right(), y);
-        painter.setPen(palette().color(QPalette::WindowText));
-        painter.drawText(QRect(0, y - half, kLeft - 6, 2 * half), Qt::AlignRight | Qt::AlignVCenter,
-                         numberText(value, decimalsOfStep(step)));
-    }
-}
-
-void PositionTrace::drawTimes(QPainter& painter) const
-{
-    const TraceScale places = scale();
-    const QRect area = places.area;
-    const double step = roundStep(places.secondsPerPixel() * kTimesApart);
-    for (double time = std::ceil(from() / step) * step; time <= m_end; time += step) {
-        const int x = places.xOf(time);
-        painter.setPen(faint());
-        painter.drawLine(x, area.top(), x, area.bottom());
-        if (time < -step / 2 && !m_isRecording)
-            continue; // nothing was followed then
-        const QString text =
-            languageString(strings::kSeconds).arg(numberText(time, decimalsOfStep(step)));
-        const int half = fontMetrics().horizontalAdvance(text) / 2 + 1;
-        if (x + half > width())
-            continue;
-        painter.setPen(palette().color(QPalette::WindowText));
-        painter.drawText(QRect(x - half, area.bottom() + 2, 2 * half, kBottom - 2), Qt::AlignCenter,
-                         text);
-    }
-}
-
-/// A column shows the whole of what falls into it, however many positions those are.
-void PositionTrace::drawPositions(QPainter& painter) const
-{
-    painter.setPen(palette().color(QPalette::Highlight));
-    const TraceScale places = scale();
-    QList<QPoint> line;
-    double before = 0.0;
-    const auto draw = [&] {
-        if (line.size() == 1)
-            painter.drawPoint(line.first());
-        painter.drawPolyline(line.constData(), static_cast<int>(line.size()));
-        line.clear();
-    };
-    for (const PositionColumn& column :
-         positionColumns(visible(), from() - kRounding, places.secondsPerPixel())) {
-        if (!line.isEmpty() && column.first.seconds - before > kPositionSilence)
-            draw();
-        before = column.last.seconds;
-        const int x = places.area.left() + column.column;
-        line.append({x, places.yOf(column.first.millimetres)});
-        if (column.minimum == column.maximum)
-            continue;
-        for (const double value : {column.minimum, column.maximum, column.last.millimetres})
-            line.append({x, places.yOf(value)});
-    }
-    draw();
-}
-
-void PositionTrace::drawCursor(QPainter& painter) const
-{
-    const auto at = cursor();
-    if (!at)
-        return;
-    const TraceScale places = scale();
-    const int x = places.xOf(at->seconds);
-    const int y = places.yOf(at->millimetres);
-    painter.setPen(palette().color(QPalette::Text));
-    painter.drawLine(x, places.area.top(), x, places.area.bottom());
-    painter.drawEllipse(QPoint(x, y), 3, 3);
+    const TraceDrawing drawing(painter, palette(), scale());
+    drawing.drawLevels(m_zero.value_or(0.0));
+    drawing.drawTimes(m_isRecording);
+    if (m_stroke)
+        drawing.drawStroke(*m_stroke);
+    painter.setClipRect(plot());
+    drawing.drawPositions(visible());
+    if (const auto at = cursor())
+        drawing.drawCursor(*at);
+    painter.setClipping(false);
 }
 
 } // namespace pelorin

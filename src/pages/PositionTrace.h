@@ -84,7 +84,6 @@ protected:
 private:
     [[nodiscard]] const QList<PositionPoint>& points() const;
     [[nodiscard]] double duration() const;
-    [[nodiscard]] QColor faint() const;
     void fitRange();
     void setRange(const TraceRange& range);
     void zoomRange(bool closer, double millimetres);
@@ -95,11 +94,7 @@ private:
     void moveCursor(double seconds);
     void turnPage(int direction);
     void stepCursor(int direction, bool single);
-    void drawGrid(QPainter& painter) const;
-    void drawLevels(QPainter& painter) const;
-    void drawTimes(QPainter& painter) const;
-    void drawPositions(QPainter& painter) const;
-    void drawCursor(QPainter& painter) const;
+    void drawTrace(QPainter& painter) const;
 
     QList<PositionPoint> m_live;
     QList<PositionPoint> m_frozen; ///< what is shown while frozen
