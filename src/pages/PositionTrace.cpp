@@ -86,10 +86,11 @@ void PositionTrace::setDuration(double seconds)
 {
     const auto at = cursor(); // stays in sight
     m_duration = seconds;
-    if (!m_isFrozen || points().isEmpty())
+    if (!m_isFrozen || points().isEmpty()) {
         follow();
-    else
+    } else {
         show(at ? at->seconds + duration() / 2 : m_end);
+    }
     refresh();
 }
 
@@ -191,10 +192,11 @@ void PositionTrace::show(double seconds)
 /// Before the positions have moved by a pixel there is little to see.
 void PositionTrace::refreshSoon()
 {
+    if (m_refresh.isActive())
+        return;
     const std::chrono::duration<double> perPixel(scale().secondsPerPixel());
-    if (!m_refresh.isActive())
-        m_refresh.start(std::chrono::ceil<std::chrono::milliseconds>(
-            std::clamp(perPixel, kShortestRefresh, kLongestRefresh)));
+    m_refresh.start(std::chrono::ceil<std::chrono::milliseconds>(
+        std::clamp(perPixel, kShortestRefresh, kLongestRefresh)));
 }
 
 void PositionTrace::fitRange()
@@ -209,7 +211,7 @@ void PositionTrace::fitRange()
 /// The user's own range is held.
 void PositionTrace::setRange(const TraceRange& range)
 {
-    if (m_range.high <= m_range.low)
+    if (!hasRange())
         return; // nothing was shown yet
     m_range = range;
     m_isRangeHeld = true;
@@ -221,7 +223,7 @@ void PositionTrace::refresh()
 {
     if (!m_isFrozen)
         follow();
-    if (!m_isRangeHeld || m_range.high <= m_range.low)
+    if (!m_isRangeHeld || !hasRange())
         fitRange();
     update();
     Q_EMIT changed();
@@ -233,10 +235,11 @@ void PositionTrace::moveCursor(double seconds)
     if (!nearest)
         return;
     m_cursor = nearest->seconds;
-    if (m_isFrozen && *m_cursor > m_end)
+    if (m_isFrozen && *m_cursor > m_end) {
         show(*m_cursor);
-    else if (m_isFrozen && *m_cursor < from())
+    } else if (m_isFrozen && *m_cursor < from()) {
         show(*m_cursor + duration());
+    }
     refresh();
 }
 
@@ -285,10 +288,11 @@ void PositionTrace::wheelEvent(QWheelEvent* event)
     const int turned = event->angleDelta().y();
     if (turned == 0)
         return;
-    if (event->modifiers().testFlag(Qt::ControlModifier))
+    if (event->modifiers().testFlag(Qt::ControlModifier)) {
         zoomRange(turned > 0, scale().millimetresAt(event->position().y()));
-    else
+    } else {
         Q_EMIT zoomWanted(turned > 0 ? 1 : -1);
+    }
 }
 
 void PositionTrace::zoomRange(bool closer, double millimetres)
@@ -341,7 +345,7 @@ void PositionTrace::paintEvent(QPaintEvent* /*event*/)
     QPainter painter(this);
     painter.fillRect(rect(), palette().window());
     painter.fillRect(plot(), palette().base());
-    const bool isEmpty = visible().empty();
+    const bool isEmpty = visible().empty() || !hasRange(); // what has just come has none yet
     if (isEmpty) {
         painter.setPen(palette().color(QPalette::PlaceholderText));
         painter.drawText(plot(), Qt::AlignCenter, languageString(strings::kNoPositions));

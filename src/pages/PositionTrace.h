@@ -84,6 +84,7 @@ protected:
 private:
     [[nodiscard]] const QList<PositionPoint>& points() const;
     [[nodiscard]] double duration() const;
+    [[nodiscard]] bool hasRange() const { return m_range.low < m_range.high; }
     void fitRange();
     void setRange(const TraceRange& range);
     void zoomRange(bool closer, double millimetres);

@@ -48,10 +48,11 @@ PositionView::PositionView(Kind kind, QWidget* parent)
     m_figuresTimer.setInterval(kFiguresPeriod);
     connect(&m_figuresTimer, &QTimer::timeout, this, &PositionView::showFigures);
     connect(m_trace, &PositionTrace::changed, this, [this] {
-        if (m_trace->isPaused())
+        if (m_trace->isPaused()) {
             showFigures();
-        else
+        } else {
             showFiguresSoon();
+        }
     });
     connect(m_trace, &PositionTrace::zoomWanted, this, &PositionView::zoom);
     connect(m_trace, &PositionTrace::rangeHeld, this, [this] { m_holdRange->setChecked(true); });
@@ -82,10 +83,11 @@ void PositionView::makeFigures(Kind kind)
          [](const PositionFigures& figures) { return number(figures.longestGap, 4); }},
     };
     if (kind == Kind::Live) {
-        m_figures.push_back(
-            {strings::kMalformedFrames, 0, [this](const PositionFigures& /*figures*/) {
-                 return QString::number(malformedShown());
-             }});
+        m_figures.push_back({strings::kMalformedFrames, 0, [this](const PositionFigures& figures) {
+                                 const int count = malformedShown();
+                                 return figures.count > 0 || count > 0 ? QString::number(count)
+                                                                       : QString();
+                             }});
         m_figures.push_back(
             {strings::kRecorded, strings::kSecondsUnit,
              [this](const PositionFigures& /*figures*/) { return number(m_recorded, 1); }});

@@ -6,13 +6,11 @@
 #include <QList>
 #include <QPainter>
 
-#include <cmath>
-
 namespace pelorin {
 
 namespace {
 
-constexpr double kRounding = 1e-6; ///< of what is compared, against a line lost at the edge
+constexpr double kRounding = 1e-6; ///< seconds by which an edge may be off
 constexpr int kLinesApart = 36;    ///< pixels, at least
 constexpr int kTimesApart = 90;
 constexpr int kToNumber = 6; ///< pixels from the plot
@@ -35,10 +33,9 @@ void TraceDrawing::drawLevels(double zero) const
 {
     const QRect& area = m_scale.area;
     const double step = roundStep(m_scale.millimetresPerPixel() * kLinesApart);
-    const double low = m_scale.range.low - zero;
-    const double high = m_scale.range.high - zero + step * kRounding;
     const int half = m_painter.fontMetrics().height() / 2;
-    for (double value = std::ceil(low / step) * step; value <= high; value += step) {
+    for (const double value :
+         multiples(step, m_scale.range.low - zero, m_scale.range.high - zero)) {
         const int y = m_scale.yOf(value + zero);
         m_painter.setPen(faint());
         m_painter.drawLine(area.left(), y, area.right(), y);
@@ -55,7 +52,7 @@ void TraceDrawing::drawTimes(bool negative) const
     const QRect& area = m_scale.area;
     const QFontMetrics metrics = m_painter.fontMetrics();
     const double step = roundStep(m_scale.secondsPerPixel() * kTimesApart);
-    for (double time = std::ceil(m_scale.from / step) * step; time <= m_scale.to; time += step) {
+    for (const double time : multiples(step, m_scale.from, m_scale.to)) {
         const int x = m_scale.xOf(time);
         m_painter.setPen(faint());
         m_painter.drawLine(x, area.top(), x, area.bottom());

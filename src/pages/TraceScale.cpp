@@ -10,6 +10,7 @@ namespace {
 constexpr double kSmallestMm = 0.1; ///< what is shown of itself, or the resolution would look rough
 constexpr double kClosestMm = 1e-3; ///< what can be zoomed to
 constexpr double kWidestMm = 1e6;
+constexpr double kRounding = 1e-6; ///< of a step
 
 } // namespace
 
@@ -77,6 +78,15 @@ double roundStep(double smallest)
             return factor * power;
     }
     return 10.0 * power;
+}
+
+std::vector<double> multiples(double step, double from, double to)
+{
+    const double first = std::ceil(from / step - kRounding);
+    const double last = std::floor(to / step + kRounding);
+    std::vector<double> numbers(static_cast<std::size_t>(std::max(last - first + 1, 0.0)));
+    std::ranges::generate(numbers, [next = first, step]() mutable { return next++ * step; });
+    return numbers;
 }
 
 int decimalsOfStep(double step)

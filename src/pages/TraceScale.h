@@ -3,6 +3,8 @@
 #include <QRect>
 #include <QString>
 
+#include <vector>
+
 namespace pelorin {
 
 /// The positions, in mm, between the lower and the upper edge of a trace.
@@ -40,6 +42,8 @@ struct TraceScale
 /// The distance of lines with round numbers, at least the given one: 1, 2 or 5 times a power of
 /// ten.
 [[nodiscard]] double roundStep(double smallest);
+/// The multiples of a step from one number to another.
+[[nodiscard]] std::vector<double> multiples(double step, double from, double to);
 /// How many decimals the numbers at such lines need.
 [[nodiscard]] int decimalsOfStep(double step);
 

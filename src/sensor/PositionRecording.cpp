@@ -12,6 +12,8 @@ namespace {
 
 constexpr qint64 kLargestFile = qint64{512} * 1024 * 1024;
 
+constexpr double kLargestNumber = 1e9; // more could not be told apart any more
+
 constexpr std::string_view kMarker = "Pelorin position recording";
 constexpr std::string_view kVersion = "Sensor version";
 constexpr std::string_view kType = "Sensor type";
@@ -54,7 +56,7 @@ std::optional<double> numberOf(std::string_view text)
     const char* end = text.data() + text.size();
     const auto [stopped, error] =
         std::from_chars(text.data(), end, number, std::chars_format::fixed);
-    const bool whole = error == std::errc() && stopped == end && std::isfinite(number);
+    const bool whole = error == std::errc() && stopped == end && std::abs(number) <= kLargestNumber;
     return whole ? std::optional(number) : std::nullopt;
 }
 
@@ -113,7 +115,7 @@ QByteArray recordingLines(PositionPoints points, int decimals)
 WholeFile::Outcome PositionRecorder::begin(const QString& path, const RecordingHead& head,
                                            std::chrono::steady_clock::time_point moment)
 {
-    const WholeFile::Outcome opened = m_file.open(path);
+    WholeFile::Outcome opened = m_file.open(path);
     if (!opened.isDone())
         return opened;
     m_begin = moment;
@@ -131,7 +133,7 @@ WholeFile::Outcome PositionRecorder::add(const QList<PositionSample>& samples)
                 {std::chrono::duration<double>(sample.time - m_begin).count(), sample.millimetres});
         }
     }
-    const WholeFile::Outcome outcome = m_file.append(recordingLines(points, m_decimals));
+    WholeFile::Outcome outcome = m_file.append(recordingLines(points, m_decimals));
     if (outcome.isDone() && !points.empty())
         m_seconds = points.back().seconds;
     return outcome;

@@ -60,6 +60,7 @@ private Q_SLOTS:
              {"decimal comma", kHeadText + "0,0000,1,5\r\n" + kLines, 3, 8, 1},
              {"words and blanks", kHeadText + kLines + "nan,1\r\n1e9,1\r\n\r\n9000,inf\r\n", 3, 11,
               4},
+             {"lines run together", kHeadText + kLines + "3700.0,1000003700123\r\n", 3, 11, 1},
              {"time goes back", kHeadText + kLines + "1.0000,5\r\n3601.0000,5\r\n", 4, 11, 1},
              {"head again", kHeadText + kLines + "Port,COM1\r\n", 3, 11, 1}},
             [](const Row& row) {
