@@ -1715,6 +1715,16 @@ Senza di ciò non può essere ripristinato. Scrivere comunque?</translation>
         <extracomment>Unit</extracomment>
         <translation>s</translation>
     </message>
+    <message id="1861">
+        <source>Longest gap</source>
+        <extracomment>Figure beside a trace: the longest time without a position</extracomment>
+        <translation>Vuoto più lungo</translation>
+    </message>
+    <message id="1862">
+        <source>Recorded</source>
+        <extracomment>Figure beside a trace: how many seconds have been recorded</extracomment>
+        <translation>Registrato</translation>
+    </message>
     <message id="1870">
         <source>Output settings only is not possible: the page Output Setup does not offer what the file has: %1</source>
         <extracomment>%1: parameters</extracomment>

@@ -210,6 +210,8 @@ inline constexpr int kAllDecimals = 1857;
 inline constexpr int kRecordingFilter = 1858;
 inline constexpr int kMillimetresPerSecond = 1859;
 inline constexpr int kSecondsUnit = 1860;
+inline constexpr int kLongestGap = 1861;
+inline constexpr int kRecorded = 1862;
 
 // Output setup
 inline constexpr int kUnlock = 179;
