@@ -9,6 +9,7 @@
 #include "app/MainMenu.h"
 #include "app/NoticeStrip.h"
 #include "app/PagePane.h"
+#include "app/SettingsCommand.h"
 #include "app/WriteReport.h"
 #include "display/DisplayUnitDialog.h"
 #include "link/SensorLink.h"
@@ -70,7 +71,9 @@ PelorinMainWindow::PelorinMainWindow(const ComPortFactory& factory,
           *this, {m_gate, *m_statusBar, m_runner, conversation.formats, m_restore, *m_writer},
           m_manualPowerMode)),
       m_pages(new PagePane(this, *m_writer, *m_stream, m_restore, m_tempCompEnabled)),
-      m_report(new WriteReport(*this, {*m_writer, m_gate, m_pages->strip(), *m_statusBar}))
+      m_report(new WriteReport(*this, {*m_writer, m_gate, m_pages->strip(), *m_statusBar})),
+      m_settings(new SettingsCommand(
+          *this, {m_gate, *m_writer, *m_stream, *m_connection, *m_menu, *m_pages}))
 {
     m_stream->setParent(this);
     m_writer->setParent(this);
@@ -136,6 +139,13 @@ void PelorinMainWindow::connectParts()
     connect(m_report, &WriteReport::refreshWanted, this, [this] {
         if (entryCount() == 0)
             refresh();
+    });
+    connect(m_settings, &SettingsCommand::connectWanted, this, &PelorinMainWindow::wantConnect);
+    connect(m_settings, &SettingsCommand::portWanted, this,
+            [this] { chooseCommand(kSelectPortCommand); });
+    connect(m_settings, &SettingsCommand::displayUnitChanged, this, [this] {
+        if (m_displayUnit)
+            m_displayUnit->close();
     });
     connect(m_report, &WriteReport::showWanted, this, [this](const QString& entry) {
         m_entryToShow = entry;
@@ -236,6 +246,8 @@ void PelorinMainWindow::runCommand(int command)
     switch (command) {
     case kSelectPortCommand:
         return selectPort();
+    case kSettingsCommand:
+        return m_settings->run();
     case kConnectCommand:
         return connectSensor();
     case kRefreshCommand:
@@ -292,7 +304,8 @@ void PelorinMainWindow::connectSensor()
 void PelorinMainWindow::selectPort()
 {
     SelectPortDialog dialog(this, m_link.portNumber());
-    if (dialog.exec() != QDialog::Accepted || dialog.selectedPort() == m_link.portNumber())
+    if (dialog.exec() != QDialog::Accepted ||
+        (m_link.isOpen() && dialog.selectedPort() == m_link.portNumber()))
         return;
     if (m_displayUnit && m_displayUnit->usesPort(dialog.selectedPort())) {
         m_gate.addNotice(languageString(strings::kPortIsDisplays)

@@ -25,6 +25,7 @@ class PositionStream;
 class SensorLink;
 class SafeWriter;
 class SequenceRunner;
+class SettingsCommand;
 class WriteReport;
 
 /// The frame window: menu, pages and status bar. It runs the commands, one at a time, holds back
@@ -128,6 +129,7 @@ private:
     ConnectionSupervisor* m_connection;
     PagePane* m_pages;
     WriteReport* m_report;
+    SettingsCommand* m_settings;
     HelpWindow* m_help = nullptr;              ///< null until it is asked for
     QPointer<DisplayUnitDialog> m_displayUnit; ///< null while it is closed
     QString m_pageStatus;                      ///< the last status text of a page
