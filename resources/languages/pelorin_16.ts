@@ -1532,6 +1532,189 @@ Senza di ciò non può essere ripristinato. Scrivere comunque?</translation>
         <source>Write It Multiplied</source>
         <translation>Scrivi moltiplicato</translation>
     </message>
+    <message id="1815">
+        <source>Reading the data format…</source>
+        <translation>Lettura del formato dati…</translation>
+    </message>
+    <message id="1816">
+        <source>Writing the data format for the position stream…</source>
+        <translation>Scrittura del formato dati per il flusso di posizioni…</translation>
+    </message>
+    <message id="1817">
+        <source>Waiting for the sensor to store the data format…</source>
+        <translation>Il sensore memorizza il formato dati…</translation>
+    </message>
+    <message id="1818">
+        <source>Restarting the sensor…</source>
+        <translation>Riavvio del sensore…</translation>
+    </message>
+    <message id="1819">
+        <source>Waiting for the position stream…</source>
+        <translation>In attesa del flusso di posizioni…</translation>
+    </message>
+    <message id="1820">
+        <source>Ending the position stream and connecting the sensor…</source>
+        <translation>Arresto del flusso di posizioni e connessione del sensore…</translation>
+    </message>
+    <message id="1821">
+        <source>Writing the sensor's own data format back…</source>
+        <translation>Riscrittura del formato dati proprio del sensore…</translation>
+    </message>
+    <message id="1830">
+        <source>Time shown</source>
+        <extracomment>Caption of a list of durations</extracomment>
+        <translation>Tempo mostrato</translation>
+    </message>
+    <message id="1831">
+        <source>%1 s</source>
+        <extracomment>%1 seconds</extracomment>
+        <translation>%1 s</translation>
+    </message>
+    <message id="1832">
+        <source>%1 min</source>
+        <extracomment>%1 minutes</extracomment>
+        <translation>%1 min</translation>
+    </message>
+    <message id="1833">
+        <source>Whole recording</source>
+        <extracomment>Entry of the list of durations</extracomment>
+        <translation>Tutta la registrazione</translation>
+    </message>
+    <message id="1834">
+        <source>Hold range</source>
+        <extracomment>Check box: the range of the position axis stays as it is</extracomment>
+        <translation>Blocca intervallo</translation>
+    </message>
+    <message id="1835">
+        <source>Pause</source>
+        <extracomment>Button that stays pressed</extracomment>
+        <translation>Pausa</translation>
+    </message>
+    <message id="1836">
+        <source>Zero here</source>
+        <extracomment>Button that stays pressed: positions are shown relative to this one</extracomment>
+        <translation>Zero qui</translation>
+    </message>
+    <message id="1837">
+        <source>Record…</source>
+        <extracomment>Button</extracomment>
+        <translation>Registra…</translation>
+    </message>
+    <message id="1838">
+        <source>Stop recording</source>
+        <extracomment>Button</extracomment>
+        <translation>Ferma registrazione</translation>
+    </message>
+    <message id="1839">
+        <source>Open recording…</source>
+        <extracomment>Button</extracomment>
+        <translation>Apri registrazione…</translation>
+    </message>
+    <message id="1840">
+        <source>Minimum</source>
+        <extracomment>Figure</extracomment>
+        <translation>Minimo</translation>
+    </message>
+    <message id="1841">
+        <source>Maximum</source>
+        <extracomment>Figure</extracomment>
+        <translation>Massimo</translation>
+    </message>
+    <message id="1842">
+        <source>Span</source>
+        <extracomment>Figure: maximum less minimum</extracomment>
+        <translation>Escursione</translation>
+    </message>
+    <message id="1843">
+        <source>Mean</source>
+        <extracomment>Figure</extracomment>
+        <translation>Media</translation>
+    </message>
+    <message id="1844">
+        <source>Standard deviation</source>
+        <extracomment>Figure</extracomment>
+        <translation>Deviazione standard</translation>
+    </message>
+    <message id="1845">
+        <source>Positions per second</source>
+        <extracomment>Figure</extracomment>
+        <translation>Posizioni al secondo</translation>
+    </message>
+    <message id="1846">
+        <source>Malformed frames</source>
+        <extracomment>Figure: what came and was no position</extracomment>
+        <translation>Trame errate</translation>
+    </message>
+    <message id="1847">
+        <source>Time at the cursor</source>
+        <extracomment>Figure</extracomment>
+        <translation>Tempo al cursore</translation>
+    </message>
+    <message id="1848">
+        <source>Position at the cursor</source>
+        <extracomment>Figure</extracomment>
+        <translation>Posizione al cursore</translation>
+    </message>
+    <message id="1849">
+        <source>Trace of the position</source>
+        <extracomment>For screen readers</extracomment>
+        <translation>Tracciato della posizione</translation>
+    </message>
+    <message id="1850">
+        <source>No positions</source>
+        <extracomment>In place of the trace</extracomment>
+        <translation>Nessuna posizione</translation>
+    </message>
+    <message id="1851">
+        <source>Relative to %1 mm</source>
+        <extracomment>%1 position</extracomment>
+        <translation>Relativo a %1 mm</translation>
+    </message>
+    <message id="1852">
+        <source>The recording %1 has ended: %2. What was recorded before is in the file.</source>
+        <extracomment>%1 path, %2 the system's reason</extracomment>
+        <translation>La registrazione %1 è terminata: %2. Quanto registrato prima è nel file.</translation>
+    </message>
+    <message id="1853">
+        <source>The file %1 is no recording of positions that this version can read: line 1 is not the first line of one.</source>
+        <extracomment>%1 path</extracomment>
+        <translation>Il file %1 non è una registrazione di posizioni che questa versione può leggere: la riga 1 non è la prima di una registrazione.</translation>
+    </message>
+    <message id="1854">
+        <source>The recording %1 is damaged at line %2. Lines that could not be read: %3. All others are shown.</source>
+        <extracomment>%1 path, %2 number of the first such line, %3 count</extracomment>
+        <translation>La registrazione %1 è danneggiata alla riga %2. Righe non leggibili: %3. Tutte le altre sono mostrate.</translation>
+    </message>
+    <message id="1855">
+        <source>Recording %1</source>
+        <extracomment>Title of a window, %1 file name</extracomment>
+        <translation>Registrazione %1</translation>
+    </message>
+    <message id="1856">
+        <source>Sensor version %1, type %2, port %3, resolution %4 mm, begun %5 (UTC)</source>
+        <extracomment>What a recording tells of itself</extracomment>
+        <translation>Versione del sensore %1, tipo %2, porta %3, risoluzione %4 mm, inizio %5 (UTC)</translation>
+    </message>
+    <message id="1857">
+        <source>All decimals</source>
+        <extracomment>Check box: the position is shown with the decimals of the resolution</extracomment>
+        <translation>Tutti i decimali</translation>
+    </message>
+    <message id="1858">
+        <source>Recordings (*.csv);;All files (*)</source>
+        <extracomment>File filter</extracomment>
+        <translation>Registrazioni (*.csv);;Tutti i file (*)</translation>
+    </message>
+    <message id="1859">
+        <source>mm/s</source>
+        <extracomment>Unit</extracomment>
+        <translation>mm/s</translation>
+    </message>
+    <message id="1860">
+        <source>s</source>
+        <extracomment>Unit</extracomment>
+        <translation>s</translation>
+    </message>
     <message id="1900">
         <source>&amp;Settings…</source>
         <translation>&amp;Impostazioni…</translation>

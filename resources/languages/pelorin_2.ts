@@ -1532,6 +1532,189 @@ Ohne das kann es nicht zurückgeschrieben werden. Trotzdem schreiben?</translati
         <source>Write It Multiplied</source>
         <translation>Multipliziert schreiben</translation>
     </message>
+    <message id="1815">
+        <source>Reading the data format…</source>
+        <translation>Datenformat wird gelesen …</translation>
+    </message>
+    <message id="1816">
+        <source>Writing the data format for the position stream…</source>
+        <translation>Datenformat für die laufende Positionsausgabe wird geschrieben …</translation>
+    </message>
+    <message id="1817">
+        <source>Waiting for the sensor to store the data format…</source>
+        <translation>Der Sensor speichert das Datenformat …</translation>
+    </message>
+    <message id="1818">
+        <source>Restarting the sensor…</source>
+        <translation>Sensor wird neu gestartet …</translation>
+    </message>
+    <message id="1819">
+        <source>Waiting for the position stream…</source>
+        <translation>Warten auf die laufende Positionsausgabe …</translation>
+    </message>
+    <message id="1820">
+        <source>Ending the position stream and connecting the sensor…</source>
+        <translation>Laufende Positionsausgabe wird beendet und der Sensor verbunden …</translation>
+    </message>
+    <message id="1821">
+        <source>Writing the sensor's own data format back…</source>
+        <translation>Das eigene Datenformat des Sensors wird zurückgeschrieben …</translation>
+    </message>
+    <message id="1830">
+        <source>Time shown</source>
+        <extracomment>Caption of a list of durations</extracomment>
+        <translation>Gezeigte Zeit</translation>
+    </message>
+    <message id="1831">
+        <source>%1 s</source>
+        <extracomment>%1 seconds</extracomment>
+        <translation>%1 s</translation>
+    </message>
+    <message id="1832">
+        <source>%1 min</source>
+        <extracomment>%1 minutes</extracomment>
+        <translation>%1 min</translation>
+    </message>
+    <message id="1833">
+        <source>Whole recording</source>
+        <extracomment>Entry of the list of durations</extracomment>
+        <translation>Ganze Aufzeichnung</translation>
+    </message>
+    <message id="1834">
+        <source>Hold range</source>
+        <extracomment>Check box: the range of the position axis stays as it is</extracomment>
+        <translation>Bereich halten</translation>
+    </message>
+    <message id="1835">
+        <source>Pause</source>
+        <extracomment>Button that stays pressed</extracomment>
+        <translation>Pause</translation>
+    </message>
+    <message id="1836">
+        <source>Zero here</source>
+        <extracomment>Button that stays pressed: positions are shown relative to this one</extracomment>
+        <translation>Hier null</translation>
+    </message>
+    <message id="1837">
+        <source>Record…</source>
+        <extracomment>Button</extracomment>
+        <translation>Aufzeichnen…</translation>
+    </message>
+    <message id="1838">
+        <source>Stop recording</source>
+        <extracomment>Button</extracomment>
+        <translation>Aufzeichnung beenden</translation>
+    </message>
+    <message id="1839">
+        <source>Open recording…</source>
+        <extracomment>Button</extracomment>
+        <translation>Aufzeichnung öffnen…</translation>
+    </message>
+    <message id="1840">
+        <source>Minimum</source>
+        <extracomment>Figure</extracomment>
+        <translation>Minimum</translation>
+    </message>
+    <message id="1841">
+        <source>Maximum</source>
+        <extracomment>Figure</extracomment>
+        <translation>Maximum</translation>
+    </message>
+    <message id="1842">
+        <source>Span</source>
+        <extracomment>Figure: maximum less minimum</extracomment>
+        <translation>Spanne</translation>
+    </message>
+    <message id="1843">
+        <source>Mean</source>
+        <extracomment>Figure</extracomment>
+        <translation>Mittelwert</translation>
+    </message>
+    <message id="1844">
+        <source>Standard deviation</source>
+        <extracomment>Figure</extracomment>
+        <translation>Standardabweichung</translation>
+    </message>
+    <message id="1845">
+        <source>Positions per second</source>
+        <extracomment>Figure</extracomment>
+        <translation>Positionen je Sekunde</translation>
+    </message>
+    <message id="1846">
+        <source>Malformed frames</source>
+        <extracomment>Figure: what came and was no position</extracomment>
+        <translation>Fehlerhafte Telegramme</translation>
+    </message>
+    <message id="1847">
+        <source>Time at the cursor</source>
+        <extracomment>Figure</extracomment>
+        <translation>Zeit am Cursor</translation>
+    </message>
+    <message id="1848">
+        <source>Position at the cursor</source>
+        <extracomment>Figure</extracomment>
+        <translation>Position am Cursor</translation>
+    </message>
+    <message id="1849">
+        <source>Trace of the position</source>
+        <extracomment>For screen readers</extracomment>
+        <translation>Verlauf der Position</translation>
+    </message>
+    <message id="1850">
+        <source>No positions</source>
+        <extracomment>In place of the trace</extracomment>
+        <translation>Keine Positionen</translation>
+    </message>
+    <message id="1851">
+        <source>Relative to %1 mm</source>
+        <extracomment>%1 position</extracomment>
+        <translation>Relativ zu %1 mm</translation>
+    </message>
+    <message id="1852">
+        <source>The recording %1 has ended: %2. What was recorded before is in the file.</source>
+        <extracomment>%1 path, %2 the system's reason</extracomment>
+        <translation>Die Aufzeichnung %1 ist beendet: %2. Was zuvor aufgezeichnet wurde, steht in der Datei.</translation>
+    </message>
+    <message id="1853">
+        <source>The file %1 is no recording of positions that this version can read: line 1 is not the first line of one.</source>
+        <extracomment>%1 path</extracomment>
+        <translation>Die Datei %1 ist keine Aufzeichnung von Positionen, die diese Version lesen kann: Zeile 1 ist nicht deren erste.</translation>
+    </message>
+    <message id="1854">
+        <source>The recording %1 is damaged at line %2. Lines that could not be read: %3. All others are shown.</source>
+        <extracomment>%1 path, %2 number of the first such line, %3 count</extracomment>
+        <translation>Die Aufzeichnung %1 ist in Zeile %2 beschädigt. Nicht lesbare Zeilen: %3. Alle anderen werden gezeigt.</translation>
+    </message>
+    <message id="1855">
+        <source>Recording %1</source>
+        <extracomment>Title of a window, %1 file name</extracomment>
+        <translation>Aufzeichnung %1</translation>
+    </message>
+    <message id="1856">
+        <source>Sensor version %1, type %2, port %3, resolution %4 mm, begun %5 (UTC)</source>
+        <extracomment>What a recording tells of itself</extracomment>
+        <translation>Sensorversion %1, Typ %2, Anschluss %3, Auflösung %4 mm, begonnen %5 (UTC)</translation>
+    </message>
+    <message id="1857">
+        <source>All decimals</source>
+        <extracomment>Check box: the position is shown with the decimals of the resolution</extracomment>
+        <translation>Alle Nachkommastellen</translation>
+    </message>
+    <message id="1858">
+        <source>Recordings (*.csv);;All files (*)</source>
+        <extracomment>File filter</extracomment>
+        <translation>Aufzeichnungen (*.csv);;Alle Dateien (*)</translation>
+    </message>
+    <message id="1859">
+        <source>mm/s</source>
+        <extracomment>Unit</extracomment>
+        <translation>mm/s</translation>
+    </message>
+    <message id="1860">
+        <source>s</source>
+        <extracomment>Unit</extracomment>
+        <translation>s</translation>
+    </message>
     <message id="1900">
         <source>&amp;Settings…</source>
         <translation>&amp;Einstellungen…</translation>
