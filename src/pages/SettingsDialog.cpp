@@ -156,6 +156,12 @@ void SettingsDialog::translate()
         getControl<QLabel>(kFirstTypeLabel + type)
             ->setText(languageString(strings::kTypeLabel).arg(type));
     }
+    // Their inner edits have the focus.
+    for (const auto& [control, caption] : {std::pair(kDisplayPortCombo, strings::kPortLabel),
+                                           std::pair(kNodeSpin, strings::kNodeLabel)}) {
+        getControl<QWidget>(control)->findChild<QLineEdit*>()->setAccessibleName(
+            languageString(caption));
+    }
     m_revisions.translate();
     m_ports.translate();
     m_packages.translate();
@@ -199,7 +205,9 @@ void SettingsDialog::showOverlaps()
 {
     Settings settings;
     settings.ranges = m_revisions.entered();
-    getControl<QLabel>(kOverlapLabel)->setText(overlapsOf(settings).join(QLatin1Char('\n')));
+    auto* label = getControl<QLabel>(kOverlapLabel);
+    label->setText(overlapsOf(settings).join(QLatin1Char('\n')));
+    label->setVisible(!label->text().isEmpty());
 }
 
 void SettingsDialog::showProblem(const QString& text)
