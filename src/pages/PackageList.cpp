@@ -99,9 +99,13 @@ void PackageList::removeCurrent()
 
 void PackageList::translate()
 {
+    const auto inMillimetres = [](int distance) {
+        return QStringLiteral("%1 (%2)").arg(languageString(distance),
+                                             languageString(strings::kMillimetres));
+    };
     m_list->setHorizontalHeaderLabels({languageString(strings::kNameHeader),
-                                       languageString(strings::kSeDistance),
-                                       languageString(strings::kDeadZone)});
+                                       inMillimetres(strings::kSeDistance),
+                                       inMillimetres(strings::kDeadZone)});
 }
 
 } // namespace pelorin

@@ -107,7 +107,12 @@ void SettingsDialog::onInitDialog()
             getControl<QLineEdit>(kFirstLowEdit + 2 * type),
             getControl<QLineEdit>(kFirstLowEdit + 2 * type + 1)};
     }
-    m_revisions.attach(edits, [this] { showOverlaps(); });
+    const auto onEdited = [this] { // what was refused is being put right
+        showProblem({});
+        showOverlaps();
+    };
+    m_revisions.attach(edits, onEdited);
+    connect(m_editor, &CellEditor::typed, this, onEdited);
 
     const auto onClick = [this](int button, void (SettingsDialog::*act)()) {
         connect(getControl<QPushButton>(button), &QPushButton::clicked, this, act);

@@ -14,7 +14,7 @@ namespace pelorin {
 [[nodiscard]] QString serialPortsKey();
 
 /// Reads the values of the settings, one key at a time, as the file of this run stood when the
-/// object was made; a new object sees a changed file. The program never writes them. Any thread.
+/// object was made; a new object sees a changed file. It never writes them. Any thread.
 class RegistryConfig
 {
 public:
