@@ -143,6 +143,23 @@ private Q_SLOTS:
                  return rig.clickCommand(kDisplayUnitCommand) &&
                         waitFor([&rig] { return rig.isDisplayOpen(); });
              }},
+            {"packages of another file",
+             [](const Dialog& dialog) {
+                 const TestFolder folder;
+                 const QByteArray key = "[HKEY_LOCAL_MACHINE\\SOFTWARE\\Korvex Systems\\Pelorin\\"
+                                        "Package Parameters\\Package";
+                 QVERIFY(folder.put(u"other.reg"_s, "REGEDIT4\n" + key + "0]\n\"Name\"=\"A\"\n" +
+                                                        key + "1]\n\"Name\"=\"B\"\n" +
+                                                        "\"SEDistance\"=\"5\"\n"));
+                 dialog.chooseTab(kPackages);
+                 const FileDialogUser user(folder.path(u"other.reg"_s));
+                 dialog.click("importButton");
+                 dialog.type("packageList", 1, 2, u"6"_s);
+                 dialog.type("packageList", 0, 0, {}); // goes
+                 dialog.click("removeButton");
+             },
+             "\\Package0]\r\n\"Name\"=\"B\"\r\n\"SEDistance\"=\"5\"\r\n\"InactiveZone\"=\"6\"",
+             [](SettingsRig& rig) { return !rig.file().contains("Package1"); }},
             {"package",
              [](const Dialog& dialog) {
                  dialog.chooseTab(kPackages);
@@ -243,8 +260,7 @@ private Q_SLOTS:
         QVERIFY(waitFor([&] { return asked == 1 && !QApplication::activeModalWidget(); }));
         QVERIFY(rig.waitIdle() && rig.openAttempts() == attempts);
         QVERIFY(rig.clickCommand(kSelectPortCommand)); // the same number again
-        QVERIFY(waitFor([&] { return asked == 2 && rig.link().isOpen(); }));
-        QCOMPARE(rig.link().device(), u"/dev/a"_s);
+        QVERIFY(waitFor([&] { return asked == 2 && rig.link().device() == u"/dev/a"; }));
     }
 
     void streamAndDisplayUnitGiveWay()
