@@ -1185,8 +1185,8 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <translation>The sensor did not answer afterwards.</translation>
     </message>
     <message id="1712">
-        <source>Another sensor has answered after the restart.</source>
-        <translation>Another sensor has answered after the restart.</translation>
+        <source>Another sensor has answered than the one that was written to.</source>
+        <translation>Another sensor has answered than the one that was written to.</translation>
     </message>
     <message id="1713">
         <source>The program was closed before the sensor could be read.</source>
@@ -1715,6 +1715,21 @@ Without that it cannot be put back. Write all the same?</translation>
         <extracomment>Unit</extracomment>
         <translation>s</translation>
     </message>
+    <message id="1861">
+        <source>Longest gap</source>
+        <extracomment>Figure beside a trace: the longest time without a position</extracomment>
+        <translation>Longest gap</translation>
+    </message>
+    <message id="1862">
+        <source>Recorded</source>
+        <extracomment>Figure beside a trace: how many seconds have been recorded</extracomment>
+        <translation>Recorded</translation>
+    </message>
+    <message id="1870">
+        <source>Output settings only is not possible: the page Output Setup does not offer what the file has: %1</source>
+        <extracomment>%1: parameters</extracomment>
+        <translation>Output settings only is not possible: the page Output Setup does not offer what the file has: %1</translation>
+    </message>
     <message id="1900">
         <source>&amp;Settings…</source>
         <translation>&amp;Settings…</translation>
@@ -1894,6 +1909,187 @@ Without that it cannot be put back. Write all the same?</translation>
     <message id="1944">
         <source>Import Sensor Packages</source>
         <translation>Import Sensor Packages</translation>
+    </message>
+    <message id="2000">
+        <source>The sensor's port: a COM number, the path of a device, or simulator:...</source>
+        <extracomment>Help of pelorin-cli, as all up to 2019</extracomment>
+        <translation>The sensor's port: a COM number, the path of a device, or simulator:...</translation>
+    </message>
+    <message id="2001">
+        <source>Prints one JSON object instead of words.</source>
+        <translation>Prints one JSON object instead of words.</translation>
+    </message>
+    <message id="2002">
+        <source>The sensor's type, for a firmware revision that lies in no configured range.</source>
+        <translation>The sensor's type, for a firmware revision that lies in no configured range.</translation>
+    </message>
+    <message id="2003">
+        <source>You switch the sensor's supply by hand, and are told when.</source>
+        <translation>You switch the sensor's supply by hand, and are told when.</translation>
+    </message>
+    <message id="2004">
+        <source>Repeats the connecting for so long until a sensor answers.</source>
+        <translation>Repeats the connecting for so long until a sensor answers.</translation>
+    </message>
+    <message id="2005">
+        <source>Saves the communications log to a file.</source>
+        <translation>Saves the communications log to a file.</translation>
+    </message>
+    <message id="2006">
+        <source>The settings file to be used.</source>
+        <translation>The settings file to be used.</translation>
+    </message>
+    <message id="2007">
+        <source>The language: 1 English, 2 German, 4 French, 8 Spanish, 16 Italian.</source>
+        <translation>The language: 1 English, 2 German, 4 French, 8 Spanish, 16 Italian.</translation>
+    </message>
+    <message id="2008">
+        <source>Answers yes to what would be asked.</source>
+        <translation>Answers yes to what would be asked.</translation>
+    </message>
+    <message id="2009">
+        <source>Writes nothing, neither to a sensor nor to a file.</source>
+        <translation>Writes nothing, neither to a sensor nor to a file.</translation>
+    </message>
+    <message id="2010">
+        <source>Shows this help.</source>
+        <translation>Shows this help.</translation>
+    </message>
+    <message id="2011">
+        <source>Shows the program's version.</source>
+        <translation>Shows the program's version.</translation>
+    </message>
+    <message id="2012">
+        <source>Lists the serial ports of this computer.</source>
+        <translation>Lists the serial ports of this computer.</translation>
+    </message>
+    <message id="2013">
+        <source>Reads all parameters of a sensor and shows what they mean.</source>
+        <translation>Reads all parameters of a sensor and shows what they mean.</translation>
+    </message>
+    <message id="2014">
+        <source>Reads parameters and shows their texts as they are. The sensor need not be identified.</source>
+        <translation>Reads parameters and shows their texts as they are. The sensor need not be identified.</translation>
+    </message>
+    <message id="2015">
+        <source>Saves all parameters of a sensor to a backup file.</source>
+        <translation>Saves all parameters of a sensor to a backup file.</translation>
+    </message>
+    <message id="2016">
+        <source>Compares a sensor with a backup file, or two backup files.</source>
+        <translation>Compares a sensor with a backup file, or two backup files.</translation>
+    </message>
+    <message id="2017">
+        <source>Shows what a backup file or a lookup table holds.</source>
+        <translation>Shows what a backup file or a lookup table holds.</translation>
+    </message>
+    <message id="2020">
+        <source>%2 is no value that %1 can have.</source>
+        <extracomment>%1 option, %2 what was given</extracomment>
+        <translation>%2 is no value that %1 can have.</translation>
+    </message>
+    <message id="2021">
+        <source>Name the sensor's port with --port.</source>
+        <translation>Name the sensor's port with --port.</translation>
+    </message>
+    <message id="2022">
+        <source>The command is used like this:
+%1</source>
+        <extracomment>%1 command line</extracomment>
+        <translation>The command is used like this:
+%1</translation>
+    </message>
+    <message id="2023">
+        <source>The sensor's supply is switched by hand, but there is no terminal at which you could be told when.</source>
+        <translation>The sensor's supply is switched by hand, but there is no terminal at which you could be told when.</translation>
+    </message>
+    <message id="2024">
+        <source>There is no command "%1". All are listed by --help.</source>
+        <extracomment>%1 what was given</extracomment>
+        <translation>There is no command "%1". All are listed by --help.</translation>
+    </message>
+    <message id="2025">
+        <source>The language cannot be loaded.</source>
+        <translation>The language cannot be loaded.</translation>
+    </message>
+    <message id="2026">
+        <source>%1 stands for no device.</source>
+        <extracomment>%1 COM number</extracomment>
+        <translation>%1 stands for no device.</translation>
+    </message>
+    <message id="2027">
+        <source>Switch the sensor's supply off, then press Enter. Type n and Enter if the sensor is ready for programming already.</source>
+        <translation>Switch the sensor's supply off, then press Enter. Type n and Enter if the sensor is ready for programming already.</translation>
+    </message>
+    <message id="2028">
+        <source>Switch the sensor's supply on now, then press Enter.</source>
+        <translation>Switch the sensor's supply on now, then press Enter.</translation>
+    </message>
+    <message id="2029">
+        <source>The sensor's firmware revision %1 is that of type %2, not of the one that was named. Nothing else was done.</source>
+        <extracomment>%1 revision, %2 type</extracomment>
+        <translation>The sensor's firmware revision %1 is that of type %2, not of the one that was named. Nothing else was done.</translation>
+    </message>
+    <message id="2030">
+        <source>Interrupted.</source>
+        <translation>Interrupted.</translation>
+    </message>
+    <message id="2031">
+        <source>The results could not be written to standard output: %1.</source>
+        <extracomment>%1 reason</extracomment>
+        <translation>The results could not be written to standard output: %1.</translation>
+    </message>
+    <message id="2032">
+        <source>yes</source>
+        <extracomment>Typed as an answer; its first letter is enough</extracomment>
+        <translation>yes</translation>
+    </message>
+    <message id="2033">
+        <source>The file %1 exists. Overwrite it?</source>
+        <extracomment>%1 path</extracomment>
+        <translation>The file %1 exists. Overwrite it?</translation>
+    </message>
+    <message id="2034">
+        <source>The file %1 exists and was not overwritten. --yes overwrites it.</source>
+        <extracomment>%1 path</extracomment>
+        <translation>The file %1 exists and was not overwritten. --yes overwrites it.</translation>
+    </message>
+    <message id="2035">
+        <source>%1 is no parameter of a sensor.</source>
+        <extracomment>%1 what was given</extracomment>
+        <translation>%1 is no parameter of a sensor.</translation>
+    </message>
+    <message id="2036">
+        <source>The file %1 is neither a backup file nor a lookup table.</source>
+        <extracomment>%1 path</extracomment>
+        <translation>The file %1 is neither a backup file nor a lookup table.</translation>
+    </message>
+    <message id="2037">
+        <source>Sensor of type %1, version answer %2</source>
+        <translation>Sensor of type %1, version answer %2</translation>
+    </message>
+    <message id="2038">
+        <source>Sensor of type %1 (chosen by hand), version answer %2</source>
+        <translation>Sensor of type %1 (chosen by hand), version answer %2</translation>
+    </message>
+    <message id="2039">
+        <source>Sensor that is not identified, version answer %1</source>
+        <translation>Sensor that is not identified, version answer %1</translation>
+    </message>
+    <message id="2040">
+        <source>All are equal.</source>
+        <extracomment>Parameters of a comparison</extracomment>
+        <translation>All are equal.</translation>
+    </message>
+    <message id="2041">
+        <source>not there</source>
+        <extracomment>Of a parameter in a file</extracomment>
+        <translation>not there</translation>
+    </message>
+    <message id="2042">
+        <source>The settings file %1 does not exist.</source>
+        <extracomment>%1 path</extracomment>
+        <translation>The settings file %1 does not exist.</translation>
     </message>
 </context>
 </TS>

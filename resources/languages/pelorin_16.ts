@@ -1185,8 +1185,8 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <translation>Il sensore non ha risposto in seguito.</translation>
     </message>
     <message id="1712">
-        <source>Another sensor has answered after the restart.</source>
-        <translation>Dopo il riavvio ha risposto un altro sensore.</translation>
+        <source>Another sensor has answered than the one that was written to.</source>
+        <translation>Ha risposto un altro sensore, non quello in cui si è scritto.</translation>
     </message>
     <message id="1713">
         <source>The program was closed before the sensor could be read.</source>
@@ -1715,6 +1715,21 @@ Senza di ciò non può essere ripristinato. Scrivere comunque?</translation>
         <extracomment>Unit</extracomment>
         <translation>s</translation>
     </message>
+    <message id="1861">
+        <source>Longest gap</source>
+        <extracomment>Figure beside a trace: the longest time without a position</extracomment>
+        <translation>Vuoto più lungo</translation>
+    </message>
+    <message id="1862">
+        <source>Recorded</source>
+        <extracomment>Figure beside a trace: how many seconds have been recorded</extracomment>
+        <translation>Registrato</translation>
+    </message>
+    <message id="1870">
+        <source>Output settings only is not possible: the page Output Setup does not offer what the file has: %1</source>
+        <extracomment>%1: parameters</extracomment>
+        <translation>Solo le impostazioni uscita non è possibile: la pagina Impostazioni uscita non offre ciò che ha il file: %1</translation>
+    </message>
     <message id="1900">
         <source>&amp;Settings…</source>
         <translation>&amp;Impostazioni…</translation>
@@ -1894,6 +1909,187 @@ Senza di ciò non può essere ripristinato. Scrivere comunque?</translation>
     <message id="1944">
         <source>Import Sensor Packages</source>
         <translation>Importa modelli di sensore</translation>
+    </message>
+    <message id="2000">
+        <source>The sensor's port: a COM number, the path of a device, or simulator:...</source>
+        <extracomment>Help of pelorin-cli, as all up to 2019</extracomment>
+        <translation>La porta del sensore: un numero COM, il percorso di un dispositivo o simulator:...</translation>
+    </message>
+    <message id="2001">
+        <source>Prints one JSON object instead of words.</source>
+        <translation>Mostra un oggetto JSON invece di parole.</translation>
+    </message>
+    <message id="2002">
+        <source>The sensor's type, for a firmware revision that lies in no configured range.</source>
+        <translation>Il tipo del sensore, per una revisione del firmware fuori da tutti gli intervalli configurati.</translation>
+    </message>
+    <message id="2003">
+        <source>You switch the sensor's supply by hand, and are told when.</source>
+        <translation>L'alimentazione del sensore viene commutata a mano, quando viene indicato.</translation>
+    </message>
+    <message id="2004">
+        <source>Repeats the connecting for so long until a sensor answers.</source>
+        <translation>Ripete la connessione per questo tempo finché un sensore risponde.</translation>
+    </message>
+    <message id="2005">
+        <source>Saves the communications log to a file.</source>
+        <translation>Salva il registro comunicazioni in un file.</translation>
+    </message>
+    <message id="2006">
+        <source>The settings file to be used.</source>
+        <translation>Il file delle impostazioni da usare.</translation>
+    </message>
+    <message id="2007">
+        <source>The language: 1 English, 2 German, 4 French, 8 Spanish, 16 Italian.</source>
+        <translation>La lingua: 1 inglese, 2 tedesco, 4 francese, 8 spagnolo, 16 italiano.</translation>
+    </message>
+    <message id="2008">
+        <source>Answers yes to what would be asked.</source>
+        <translation>Risponde sì a ciò che verrebbe chiesto.</translation>
+    </message>
+    <message id="2009">
+        <source>Writes nothing, neither to a sensor nor to a file.</source>
+        <translation>Non scrive nulla, né in un sensore né in un file.</translation>
+    </message>
+    <message id="2010">
+        <source>Shows this help.</source>
+        <translation>Mostra questo aiuto.</translation>
+    </message>
+    <message id="2011">
+        <source>Shows the program's version.</source>
+        <translation>Mostra la versione del programma.</translation>
+    </message>
+    <message id="2012">
+        <source>Lists the serial ports of this computer.</source>
+        <translation>Elenca le porte seriali di questo computer.</translation>
+    </message>
+    <message id="2013">
+        <source>Reads all parameters of a sensor and shows what they mean.</source>
+        <translation>Legge tutti i parametri di un sensore e ne mostra il significato.</translation>
+    </message>
+    <message id="2014">
+        <source>Reads parameters and shows their texts as they are. The sensor need not be identified.</source>
+        <translation>Legge parametri e ne mostra i testi così come sono. Il sensore può non essere identificato.</translation>
+    </message>
+    <message id="2015">
+        <source>Saves all parameters of a sensor to a backup file.</source>
+        <translation>Salva tutti i parametri di un sensore in un file di backup.</translation>
+    </message>
+    <message id="2016">
+        <source>Compares a sensor with a backup file, or two backup files.</source>
+        <translation>Confronta un sensore con un file di backup, o due file di backup.</translation>
+    </message>
+    <message id="2017">
+        <source>Shows what a backup file or a lookup table holds.</source>
+        <translation>Mostra che cosa contiene un file di backup o una tabella di valori.</translation>
+    </message>
+    <message id="2020">
+        <source>%2 is no value that %1 can have.</source>
+        <extracomment>%1 option, %2 what was given</extracomment>
+        <translation>%2 non è un valore possibile di %1.</translation>
+    </message>
+    <message id="2021">
+        <source>Name the sensor's port with --port.</source>
+        <translation>Indicare la porta del sensore con --port.</translation>
+    </message>
+    <message id="2022">
+        <source>The command is used like this:
+%1</source>
+        <extracomment>%1 command line</extracomment>
+        <translation>Il comando si usa così:
+%1</translation>
+    </message>
+    <message id="2023">
+        <source>The sensor's supply is switched by hand, but there is no terminal at which you could be told when.</source>
+        <translation>L'alimentazione del sensore viene commutata a mano, ma non c'è un terminale su cui indicare quando.</translation>
+    </message>
+    <message id="2024">
+        <source>There is no command "%1". All are listed by --help.</source>
+        <extracomment>%1 what was given</extracomment>
+        <translation>Non esiste il comando "%1". --help li elenca tutti.</translation>
+    </message>
+    <message id="2025">
+        <source>The language cannot be loaded.</source>
+        <translation>La lingua non può essere caricata.</translation>
+    </message>
+    <message id="2026">
+        <source>%1 stands for no device.</source>
+        <extracomment>%1 COM number</extracomment>
+        <translation>%1 non indica alcun dispositivo.</translation>
+    </message>
+    <message id="2027">
+        <source>Switch the sensor's supply off, then press Enter. Type n and Enter if the sensor is ready for programming already.</source>
+        <translation>Spegnere l'alimentazione del sensore, poi premere Invio. Digitare n e Invio se il sensore è già pronto per la programmazione.</translation>
+    </message>
+    <message id="2028">
+        <source>Switch the sensor's supply on now, then press Enter.</source>
+        <translation>Accendere ora l'alimentazione del sensore, poi premere Invio.</translation>
+    </message>
+    <message id="2029">
+        <source>The sensor's firmware revision %1 is that of type %2, not of the one that was named. Nothing else was done.</source>
+        <extracomment>%1 revision, %2 type</extracomment>
+        <translation>La revisione %1 del firmware del sensore è quella del tipo %2, non di quello indicato. Non è stato fatto altro.</translation>
+    </message>
+    <message id="2030">
+        <source>Interrupted.</source>
+        <translation>Interrotto.</translation>
+    </message>
+    <message id="2031">
+        <source>The results could not be written to standard output: %1.</source>
+        <extracomment>%1 reason</extracomment>
+        <translation>Non è stato possibile scrivere i risultati sull'output standard: %1.</translation>
+    </message>
+    <message id="2032">
+        <source>yes</source>
+        <extracomment>Typed as an answer; its first letter is enough</extracomment>
+        <translation>sì</translation>
+    </message>
+    <message id="2033">
+        <source>The file %1 exists. Overwrite it?</source>
+        <extracomment>%1 path</extracomment>
+        <translation>Il file %1 esiste. Sovrascriverlo?</translation>
+    </message>
+    <message id="2034">
+        <source>The file %1 exists and was not overwritten. --yes overwrites it.</source>
+        <extracomment>%1 path</extracomment>
+        <translation>Il file %1 esiste e non è stato sovrascritto. --yes lo sovrascrive.</translation>
+    </message>
+    <message id="2035">
+        <source>%1 is no parameter of a sensor.</source>
+        <extracomment>%1 what was given</extracomment>
+        <translation>%1 non è un parametro di un sensore.</translation>
+    </message>
+    <message id="2036">
+        <source>The file %1 is neither a backup file nor a lookup table.</source>
+        <extracomment>%1 path</extracomment>
+        <translation>Il file %1 non è né un file di backup né una tabella di valori.</translation>
+    </message>
+    <message id="2037">
+        <source>Sensor of type %1, version answer %2</source>
+        <translation>Sensore di tipo %1, risposta di versione %2</translation>
+    </message>
+    <message id="2038">
+        <source>Sensor of type %1 (chosen by hand), version answer %2</source>
+        <translation>Sensore di tipo %1 (scelto a mano), risposta di versione %2</translation>
+    </message>
+    <message id="2039">
+        <source>Sensor that is not identified, version answer %1</source>
+        <translation>Sensore non identificato, risposta di versione %1</translation>
+    </message>
+    <message id="2040">
+        <source>All are equal.</source>
+        <extracomment>Parameters of a comparison</extracomment>
+        <translation>Tutti sono uguali.</translation>
+    </message>
+    <message id="2041">
+        <source>not there</source>
+        <extracomment>Of a parameter in a file</extracomment>
+        <translation>non presente</translation>
+    </message>
+    <message id="2042">
+        <source>The settings file %1 does not exist.</source>
+        <extracomment>%1 path</extracomment>
+        <translation>Il file delle impostazioni %1 non esiste.</translation>
     </message>
 </context>
 </TS>

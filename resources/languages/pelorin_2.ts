@@ -1185,8 +1185,8 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <translation>Der Sensor hat danach nicht geantwortet.</translation>
     </message>
     <message id="1712">
-        <source>Another sensor has answered after the restart.</source>
-        <translation>Nach dem Neustart hat ein anderer Sensor geantwortet.</translation>
+        <source>Another sensor has answered than the one that was written to.</source>
+        <translation>Geantwortet hat ein anderer Sensor als der, in den geschrieben wurde.</translation>
     </message>
     <message id="1713">
         <source>The program was closed before the sensor could be read.</source>
@@ -1715,6 +1715,21 @@ Ohne das kann es nicht zurückgeschrieben werden. Trotzdem schreiben?</translati
         <extracomment>Unit</extracomment>
         <translation>s</translation>
     </message>
+    <message id="1861">
+        <source>Longest gap</source>
+        <extracomment>Figure beside a trace: the longest time without a position</extracomment>
+        <translation>Längste Lücke</translation>
+    </message>
+    <message id="1862">
+        <source>Recorded</source>
+        <extracomment>Figure beside a trace: how many seconds have been recorded</extracomment>
+        <translation>Aufgezeichnet</translation>
+    </message>
+    <message id="1870">
+        <source>Output settings only is not possible: the page Output Setup does not offer what the file has: %1</source>
+        <extracomment>%1: parameters</extracomment>
+        <translation>Nur Ausgabeeinstellungen ist nicht möglich: Die Seite Ausgabeeinstellungen bietet nicht an, was die Datei hat: %1</translation>
+    </message>
     <message id="1900">
         <source>&amp;Settings…</source>
         <translation>&amp;Einstellungen…</translation>
@@ -1894,6 +1909,187 @@ Ohne das kann es nicht zurückgeschrieben werden. Trotzdem schreiben?</translati
     <message id="1944">
         <source>Import Sensor Packages</source>
         <translation>Bauformen importieren</translation>
+    </message>
+    <message id="2000">
+        <source>The sensor's port: a COM number, the path of a device, or simulator:...</source>
+        <extracomment>Help of pelorin-cli, as all up to 2019</extracomment>
+        <translation>Der Anschluss des Sensors: eine COM-Nummer, der Pfad eines Geräts oder simulator:...</translation>
+    </message>
+    <message id="2001">
+        <source>Prints one JSON object instead of words.</source>
+        <translation>Gibt ein JSON-Objekt anstelle von Worten aus.</translation>
+    </message>
+    <message id="2002">
+        <source>The sensor's type, for a firmware revision that lies in no configured range.</source>
+        <translation>Der Typ des Sensors, für eine Firmware-Revision außerhalb aller eingestellten Bereiche.</translation>
+    </message>
+    <message id="2003">
+        <source>You switch the sensor's supply by hand, and are told when.</source>
+        <translation>Sie schalten die Versorgung des Sensors von Hand und erfahren, wann.</translation>
+    </message>
+    <message id="2004">
+        <source>Repeats the connecting for so long until a sensor answers.</source>
+        <translation>Wiederholt das Verbinden so lange, bis ein Sensor antwortet.</translation>
+    </message>
+    <message id="2005">
+        <source>Saves the communications log to a file.</source>
+        <translation>Speichert das Kommunikationsprotokoll in einer Datei.</translation>
+    </message>
+    <message id="2006">
+        <source>The settings file to be used.</source>
+        <translation>Die Einstellungsdatei, die gelten soll.</translation>
+    </message>
+    <message id="2007">
+        <source>The language: 1 English, 2 German, 4 French, 8 Spanish, 16 Italian.</source>
+        <translation>Die Sprache: 1 Englisch, 2 Deutsch, 4 Französisch, 8 Spanisch, 16 Italienisch.</translation>
+    </message>
+    <message id="2008">
+        <source>Answers yes to what would be asked.</source>
+        <translation>Beantwortet mit Ja, was gefragt würde.</translation>
+    </message>
+    <message id="2009">
+        <source>Writes nothing, neither to a sensor nor to a file.</source>
+        <translation>Schreibt nichts, weder in einen Sensor noch in eine Datei.</translation>
+    </message>
+    <message id="2010">
+        <source>Shows this help.</source>
+        <translation>Zeigt diese Hilfe.</translation>
+    </message>
+    <message id="2011">
+        <source>Shows the program's version.</source>
+        <translation>Zeigt die Version des Programms.</translation>
+    </message>
+    <message id="2012">
+        <source>Lists the serial ports of this computer.</source>
+        <translation>Listet die seriellen Anschlüsse dieses Rechners auf.</translation>
+    </message>
+    <message id="2013">
+        <source>Reads all parameters of a sensor and shows what they mean.</source>
+        <translation>Liest alle Parameter eines Sensors und zeigt, was sie bedeuten.</translation>
+    </message>
+    <message id="2014">
+        <source>Reads parameters and shows their texts as they are. The sensor need not be identified.</source>
+        <translation>Liest Parameter und zeigt ihre Texte, wie sie sind. Der Sensor muss nicht erkannt sein.</translation>
+    </message>
+    <message id="2015">
+        <source>Saves all parameters of a sensor to a backup file.</source>
+        <translation>Speichert alle Parameter eines Sensors in einer Sicherungsdatei.</translation>
+    </message>
+    <message id="2016">
+        <source>Compares a sensor with a backup file, or two backup files.</source>
+        <translation>Vergleicht einen Sensor mit einer Sicherungsdatei oder zwei Sicherungsdateien.</translation>
+    </message>
+    <message id="2017">
+        <source>Shows what a backup file or a lookup table holds.</source>
+        <translation>Zeigt, was eine Sicherungsdatei oder eine Wertetabelle enthält.</translation>
+    </message>
+    <message id="2020">
+        <source>%2 is no value that %1 can have.</source>
+        <extracomment>%1 option, %2 what was given</extracomment>
+        <translation>%2 ist kein Wert, den %1 haben kann.</translation>
+    </message>
+    <message id="2021">
+        <source>Name the sensor's port with --port.</source>
+        <translation>Nennen Sie mit --port den Anschluss des Sensors.</translation>
+    </message>
+    <message id="2022">
+        <source>The command is used like this:
+%1</source>
+        <extracomment>%1 command line</extracomment>
+        <translation>So wird der Befehl verwendet:
+%1</translation>
+    </message>
+    <message id="2023">
+        <source>The sensor's supply is switched by hand, but there is no terminal at which you could be told when.</source>
+        <translation>Die Versorgung des Sensors wird von Hand geschaltet, aber es gibt kein Terminal, an dem Sie erfahren könnten, wann.</translation>
+    </message>
+    <message id="2024">
+        <source>There is no command "%1". All are listed by --help.</source>
+        <extracomment>%1 what was given</extracomment>
+        <translation>Es gibt keinen Befehl „%1“. Alle zeigt --help.</translation>
+    </message>
+    <message id="2025">
+        <source>The language cannot be loaded.</source>
+        <translation>Die Sprache kann nicht geladen werden.</translation>
+    </message>
+    <message id="2026">
+        <source>%1 stands for no device.</source>
+        <extracomment>%1 COM number</extracomment>
+        <translation>%1 steht für kein Gerät.</translation>
+    </message>
+    <message id="2027">
+        <source>Switch the sensor's supply off, then press Enter. Type n and Enter if the sensor is ready for programming already.</source>
+        <translation>Schalten Sie die Versorgung des Sensors aus und drücken Sie die Eingabetaste. Tippen Sie n und die Eingabetaste, wenn der Sensor schon programmierbereit ist.</translation>
+    </message>
+    <message id="2028">
+        <source>Switch the sensor's supply on now, then press Enter.</source>
+        <translation>Schalten Sie die Versorgung des Sensors jetzt ein und drücken Sie die Eingabetaste.</translation>
+    </message>
+    <message id="2029">
+        <source>The sensor's firmware revision %1 is that of type %2, not of the one that was named. Nothing else was done.</source>
+        <extracomment>%1 revision, %2 type</extracomment>
+        <translation>Die Firmware-Revision %1 des Sensors gehört zum Typ %2, nicht zum genannten. Mehr wurde nicht getan.</translation>
+    </message>
+    <message id="2030">
+        <source>Interrupted.</source>
+        <translation>Abgebrochen.</translation>
+    </message>
+    <message id="2031">
+        <source>The results could not be written to standard output: %1.</source>
+        <extracomment>%1 reason</extracomment>
+        <translation>Die Ergebnisse konnten nicht auf die Standardausgabe geschrieben werden: %1.</translation>
+    </message>
+    <message id="2032">
+        <source>yes</source>
+        <extracomment>Typed as an answer; its first letter is enough</extracomment>
+        <translation>ja</translation>
+    </message>
+    <message id="2033">
+        <source>The file %1 exists. Overwrite it?</source>
+        <extracomment>%1 path</extracomment>
+        <translation>Die Datei %1 gibt es schon. Überschreiben?</translation>
+    </message>
+    <message id="2034">
+        <source>The file %1 exists and was not overwritten. --yes overwrites it.</source>
+        <extracomment>%1 path</extracomment>
+        <translation>Die Datei %1 gibt es schon; sie wurde nicht überschrieben. --yes überschreibt sie.</translation>
+    </message>
+    <message id="2035">
+        <source>%1 is no parameter of a sensor.</source>
+        <extracomment>%1 what was given</extracomment>
+        <translation>%1 ist kein Parameter eines Sensors.</translation>
+    </message>
+    <message id="2036">
+        <source>The file %1 is neither a backup file nor a lookup table.</source>
+        <extracomment>%1 path</extracomment>
+        <translation>Die Datei %1 ist weder eine Sicherungsdatei noch eine Wertetabelle.</translation>
+    </message>
+    <message id="2037">
+        <source>Sensor of type %1, version answer %2</source>
+        <translation>Sensor vom Typ %1, Versionsantwort %2</translation>
+    </message>
+    <message id="2038">
+        <source>Sensor of type %1 (chosen by hand), version answer %2</source>
+        <translation>Sensor vom Typ %1 (von Hand gewählt), Versionsantwort %2</translation>
+    </message>
+    <message id="2039">
+        <source>Sensor that is not identified, version answer %1</source>
+        <translation>Nicht erkannter Sensor, Versionsantwort %1</translation>
+    </message>
+    <message id="2040">
+        <source>All are equal.</source>
+        <extracomment>Parameters of a comparison</extracomment>
+        <translation>Alle sind gleich.</translation>
+    </message>
+    <message id="2041">
+        <source>not there</source>
+        <extracomment>Of a parameter in a file</extracomment>
+        <translation>nicht vorhanden</translation>
+    </message>
+    <message id="2042">
+        <source>The settings file %1 does not exist.</source>
+        <extracomment>%1 path</extracomment>
+        <translation>Die Einstellungsdatei %1 gibt es nicht.</translation>
     </message>
 </context>
 </TS>

@@ -1185,8 +1185,8 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <translation>Le capteur n'a pas répondu ensuite.</translation>
     </message>
     <message id="1712">
-        <source>Another sensor has answered after the restart.</source>
-        <translation>Un autre capteur a répondu après le redémarrage.</translation>
+        <source>Another sensor has answered than the one that was written to.</source>
+        <translation>C'est un autre capteur que celui dans lequel on a écrit qui a répondu.</translation>
     </message>
     <message id="1713">
         <source>The program was closed before the sensor could be read.</source>
@@ -1715,6 +1715,21 @@ Sans cela, il ne peut pas être rétabli. Écrire malgré tout ?</translation>
         <extracomment>Unit</extracomment>
         <translation>s</translation>
     </message>
+    <message id="1861">
+        <source>Longest gap</source>
+        <extracomment>Figure beside a trace: the longest time without a position</extracomment>
+        <translation>Plus longue lacune</translation>
+    </message>
+    <message id="1862">
+        <source>Recorded</source>
+        <extracomment>Figure beside a trace: how many seconds have been recorded</extracomment>
+        <translation>Enregistré</translation>
+    </message>
+    <message id="1870">
+        <source>Output settings only is not possible: the page Output Setup does not offer what the file has: %1</source>
+        <extracomment>%1: parameters</extracomment>
+        <translation>Réglages de sortie seuls n'est pas possible : la page Réglage de la sortie ne propose pas ce qu'a le fichier : %1</translation>
+    </message>
     <message id="1900">
         <source>&amp;Settings…</source>
         <translation>&amp;Réglages…</translation>
@@ -1894,6 +1909,187 @@ Sans cela, il ne peut pas être rétabli. Écrire malgré tout ?</translation>
     <message id="1944">
         <source>Import Sensor Packages</source>
         <translation>Importer des modèles de capteur</translation>
+    </message>
+    <message id="2000">
+        <source>The sensor's port: a COM number, the path of a device, or simulator:...</source>
+        <extracomment>Help of pelorin-cli, as all up to 2019</extracomment>
+        <translation>Le port du capteur : un numéro COM, le chemin d'un appareil ou simulator:...</translation>
+    </message>
+    <message id="2001">
+        <source>Prints one JSON object instead of words.</source>
+        <translation>Affiche un objet JSON au lieu de mots.</translation>
+    </message>
+    <message id="2002">
+        <source>The sensor's type, for a firmware revision that lies in no configured range.</source>
+        <translation>Le type du capteur, pour une révision de firmware hors de toutes les plages configurées.</translation>
+    </message>
+    <message id="2003">
+        <source>You switch the sensor's supply by hand, and are told when.</source>
+        <translation>Vous commutez l'alimentation du capteur à la main, au moment indiqué.</translation>
+    </message>
+    <message id="2004">
+        <source>Repeats the connecting for so long until a sensor answers.</source>
+        <translation>Répète la connexion pendant ce temps jusqu'à ce qu'un capteur réponde.</translation>
+    </message>
+    <message id="2005">
+        <source>Saves the communications log to a file.</source>
+        <translation>Enregistre le journal de communication dans un fichier.</translation>
+    </message>
+    <message id="2006">
+        <source>The settings file to be used.</source>
+        <translation>Le fichier de réglages à utiliser.</translation>
+    </message>
+    <message id="2007">
+        <source>The language: 1 English, 2 German, 4 French, 8 Spanish, 16 Italian.</source>
+        <translation>La langue : 1 anglais, 2 allemand, 4 français, 8 espagnol, 16 italien.</translation>
+    </message>
+    <message id="2008">
+        <source>Answers yes to what would be asked.</source>
+        <translation>Répond oui à ce qui serait demandé.</translation>
+    </message>
+    <message id="2009">
+        <source>Writes nothing, neither to a sensor nor to a file.</source>
+        <translation>N'écrit rien, ni dans un capteur ni dans un fichier.</translation>
+    </message>
+    <message id="2010">
+        <source>Shows this help.</source>
+        <translation>Affiche cette aide.</translation>
+    </message>
+    <message id="2011">
+        <source>Shows the program's version.</source>
+        <translation>Affiche la version du programme.</translation>
+    </message>
+    <message id="2012">
+        <source>Lists the serial ports of this computer.</source>
+        <translation>Liste les ports série de cet ordinateur.</translation>
+    </message>
+    <message id="2013">
+        <source>Reads all parameters of a sensor and shows what they mean.</source>
+        <translation>Lit tous les paramètres d'un capteur et montre leur signification.</translation>
+    </message>
+    <message id="2014">
+        <source>Reads parameters and shows their texts as they are. The sensor need not be identified.</source>
+        <translation>Lit des paramètres et montre leurs textes tels quels. Le capteur peut ne pas être identifié.</translation>
+    </message>
+    <message id="2015">
+        <source>Saves all parameters of a sensor to a backup file.</source>
+        <translation>Enregistre tous les paramètres d'un capteur dans un fichier de sauvegarde.</translation>
+    </message>
+    <message id="2016">
+        <source>Compares a sensor with a backup file, or two backup files.</source>
+        <translation>Compare un capteur à un fichier de sauvegarde, ou deux fichiers de sauvegarde.</translation>
+    </message>
+    <message id="2017">
+        <source>Shows what a backup file or a lookup table holds.</source>
+        <translation>Montre ce que contient un fichier de sauvegarde ou une table de valeurs.</translation>
+    </message>
+    <message id="2020">
+        <source>%2 is no value that %1 can have.</source>
+        <extracomment>%1 option, %2 what was given</extracomment>
+        <translation>%2 n'est pas une valeur possible de %1.</translation>
+    </message>
+    <message id="2021">
+        <source>Name the sensor's port with --port.</source>
+        <translation>Indiquez le port du capteur avec --port.</translation>
+    </message>
+    <message id="2022">
+        <source>The command is used like this:
+%1</source>
+        <extracomment>%1 command line</extracomment>
+        <translation>La commande s'utilise ainsi :
+%1</translation>
+    </message>
+    <message id="2023">
+        <source>The sensor's supply is switched by hand, but there is no terminal at which you could be told when.</source>
+        <translation>L'alimentation du capteur est commutée à la main, mais il n'y a pas de terminal où vous dire quand.</translation>
+    </message>
+    <message id="2024">
+        <source>There is no command "%1". All are listed by --help.</source>
+        <extracomment>%1 what was given</extracomment>
+        <translation>Il n'y a pas de commande « %1 ». --help les liste toutes.</translation>
+    </message>
+    <message id="2025">
+        <source>The language cannot be loaded.</source>
+        <translation>La langue ne peut pas être chargée.</translation>
+    </message>
+    <message id="2026">
+        <source>%1 stands for no device.</source>
+        <extracomment>%1 COM number</extracomment>
+        <translation>%1 ne désigne aucun appareil.</translation>
+    </message>
+    <message id="2027">
+        <source>Switch the sensor's supply off, then press Enter. Type n and Enter if the sensor is ready for programming already.</source>
+        <translation>Coupez l'alimentation du capteur, puis appuyez sur Entrée. Tapez n puis Entrée si le capteur est déjà prêt à être programmé.</translation>
+    </message>
+    <message id="2028">
+        <source>Switch the sensor's supply on now, then press Enter.</source>
+        <translation>Rétablissez maintenant l'alimentation du capteur, puis appuyez sur Entrée.</translation>
+    </message>
+    <message id="2029">
+        <source>The sensor's firmware revision %1 is that of type %2, not of the one that was named. Nothing else was done.</source>
+        <extracomment>%1 revision, %2 type</extracomment>
+        <translation>La révision de firmware %1 du capteur est celle du type %2, pas du type indiqué. Rien d'autre n'a été fait.</translation>
+    </message>
+    <message id="2030">
+        <source>Interrupted.</source>
+        <translation>Interrompu.</translation>
+    </message>
+    <message id="2031">
+        <source>The results could not be written to standard output: %1.</source>
+        <extracomment>%1 reason</extracomment>
+        <translation>Les résultats n'ont pas pu être écrits sur la sortie standard : %1.</translation>
+    </message>
+    <message id="2032">
+        <source>yes</source>
+        <extracomment>Typed as an answer; its first letter is enough</extracomment>
+        <translation>oui</translation>
+    </message>
+    <message id="2033">
+        <source>The file %1 exists. Overwrite it?</source>
+        <extracomment>%1 path</extracomment>
+        <translation>Le fichier %1 existe. L'écraser ?</translation>
+    </message>
+    <message id="2034">
+        <source>The file %1 exists and was not overwritten. --yes overwrites it.</source>
+        <extracomment>%1 path</extracomment>
+        <translation>Le fichier %1 existe et n'a pas été écrasé. --yes l'écrase.</translation>
+    </message>
+    <message id="2035">
+        <source>%1 is no parameter of a sensor.</source>
+        <extracomment>%1 what was given</extracomment>
+        <translation>%1 n'est pas un paramètre d'un capteur.</translation>
+    </message>
+    <message id="2036">
+        <source>The file %1 is neither a backup file nor a lookup table.</source>
+        <extracomment>%1 path</extracomment>
+        <translation>Le fichier %1 n'est ni un fichier de sauvegarde ni une table de valeurs.</translation>
+    </message>
+    <message id="2037">
+        <source>Sensor of type %1, version answer %2</source>
+        <translation>Capteur de type %1, réponse de version %2</translation>
+    </message>
+    <message id="2038">
+        <source>Sensor of type %1 (chosen by hand), version answer %2</source>
+        <translation>Capteur de type %1 (choisi à la main), réponse de version %2</translation>
+    </message>
+    <message id="2039">
+        <source>Sensor that is not identified, version answer %1</source>
+        <translation>Capteur non identifié, réponse de version %1</translation>
+    </message>
+    <message id="2040">
+        <source>All are equal.</source>
+        <extracomment>Parameters of a comparison</extracomment>
+        <translation>Tous sont égaux.</translation>
+    </message>
+    <message id="2041">
+        <source>not there</source>
+        <extracomment>Of a parameter in a file</extracomment>
+        <translation>absent</translation>
+    </message>
+    <message id="2042">
+        <source>The settings file %1 does not exist.</source>
+        <extracomment>%1 path</extracomment>
+        <translation>Le fichier de réglages %1 n'existe pas.</translation>
     </message>
 </context>
 </TS>

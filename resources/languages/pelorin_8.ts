@@ -1185,8 +1185,8 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <translation>El sensor no ha respondido después.</translation>
     </message>
     <message id="1712">
-        <source>Another sensor has answered after the restart.</source>
-        <translation>Tras el reinicio ha respondido otro sensor.</translation>
+        <source>Another sensor has answered than the one that was written to.</source>
+        <translation>Ha respondido otro sensor que aquel en el que se escribió.</translation>
     </message>
     <message id="1713">
         <source>The program was closed before the sensor could be read.</source>
@@ -1715,6 +1715,21 @@ Sin eso no se puede restablecer. ¿Escribir de todos modos?</translation>
         <extracomment>Unit</extracomment>
         <translation>s</translation>
     </message>
+    <message id="1861">
+        <source>Longest gap</source>
+        <extracomment>Figure beside a trace: the longest time without a position</extracomment>
+        <translation>Hueco más largo</translation>
+    </message>
+    <message id="1862">
+        <source>Recorded</source>
+        <extracomment>Figure beside a trace: how many seconds have been recorded</extracomment>
+        <translation>Grabado</translation>
+    </message>
+    <message id="1870">
+        <source>Output settings only is not possible: the page Output Setup does not offer what the file has: %1</source>
+        <extracomment>%1: parameters</extracomment>
+        <translation>Solo la configuración de salida no es posible: la página Configuración de salida no ofrece lo que tiene el archivo: %1</translation>
+    </message>
     <message id="1900">
         <source>&amp;Settings…</source>
         <translation>&amp;Ajustes…</translation>
@@ -1894,6 +1909,187 @@ Sin eso no se puede restablecer. ¿Escribir de todos modos?</translation>
     <message id="1944">
         <source>Import Sensor Packages</source>
         <translation>Importar modelos de sensor</translation>
+    </message>
+    <message id="2000">
+        <source>The sensor's port: a COM number, the path of a device, or simulator:...</source>
+        <extracomment>Help of pelorin-cli, as all up to 2019</extracomment>
+        <translation>El puerto del sensor: un número COM, la ruta de un dispositivo o simulator:...</translation>
+    </message>
+    <message id="2001">
+        <source>Prints one JSON object instead of words.</source>
+        <translation>Muestra un objeto JSON en lugar de palabras.</translation>
+    </message>
+    <message id="2002">
+        <source>The sensor's type, for a firmware revision that lies in no configured range.</source>
+        <translation>El tipo del sensor, para una revisión de firmware fuera de todos los intervalos configurados.</translation>
+    </message>
+    <message id="2003">
+        <source>You switch the sensor's supply by hand, and are told when.</source>
+        <translation>Usted conmuta la alimentación del sensor a mano cuando se le indica.</translation>
+    </message>
+    <message id="2004">
+        <source>Repeats the connecting for so long until a sensor answers.</source>
+        <translation>Repite la conexión durante ese tiempo hasta que un sensor responda.</translation>
+    </message>
+    <message id="2005">
+        <source>Saves the communications log to a file.</source>
+        <translation>Guarda el registro de comunicación en un archivo.</translation>
+    </message>
+    <message id="2006">
+        <source>The settings file to be used.</source>
+        <translation>El archivo de ajustes que se usará.</translation>
+    </message>
+    <message id="2007">
+        <source>The language: 1 English, 2 German, 4 French, 8 Spanish, 16 Italian.</source>
+        <translation>El idioma: 1 inglés, 2 alemán, 4 francés, 8 español, 16 italiano.</translation>
+    </message>
+    <message id="2008">
+        <source>Answers yes to what would be asked.</source>
+        <translation>Responde sí a lo que se preguntaría.</translation>
+    </message>
+    <message id="2009">
+        <source>Writes nothing, neither to a sensor nor to a file.</source>
+        <translation>No escribe nada, ni en un sensor ni en un archivo.</translation>
+    </message>
+    <message id="2010">
+        <source>Shows this help.</source>
+        <translation>Muestra esta ayuda.</translation>
+    </message>
+    <message id="2011">
+        <source>Shows the program's version.</source>
+        <translation>Muestra la versión del programa.</translation>
+    </message>
+    <message id="2012">
+        <source>Lists the serial ports of this computer.</source>
+        <translation>Enumera los puertos serie de este ordenador.</translation>
+    </message>
+    <message id="2013">
+        <source>Reads all parameters of a sensor and shows what they mean.</source>
+        <translation>Lee todos los parámetros de un sensor y muestra su significado.</translation>
+    </message>
+    <message id="2014">
+        <source>Reads parameters and shows their texts as they are. The sensor need not be identified.</source>
+        <translation>Lee parámetros y muestra sus textos tal como son. El sensor puede no estar identificado.</translation>
+    </message>
+    <message id="2015">
+        <source>Saves all parameters of a sensor to a backup file.</source>
+        <translation>Guarda todos los parámetros de un sensor en un archivo de copia de seguridad.</translation>
+    </message>
+    <message id="2016">
+        <source>Compares a sensor with a backup file, or two backup files.</source>
+        <translation>Compara un sensor con un archivo de copia de seguridad, o dos de estos archivos.</translation>
+    </message>
+    <message id="2017">
+        <source>Shows what a backup file or a lookup table holds.</source>
+        <translation>Muestra lo que contiene un archivo de copia de seguridad o una tabla de valores.</translation>
+    </message>
+    <message id="2020">
+        <source>%2 is no value that %1 can have.</source>
+        <extracomment>%1 option, %2 what was given</extracomment>
+        <translation>%2 no es un valor posible de %1.</translation>
+    </message>
+    <message id="2021">
+        <source>Name the sensor's port with --port.</source>
+        <translation>Indique el puerto del sensor con --port.</translation>
+    </message>
+    <message id="2022">
+        <source>The command is used like this:
+%1</source>
+        <extracomment>%1 command line</extracomment>
+        <translation>El comando se usa así:
+%1</translation>
+    </message>
+    <message id="2023">
+        <source>The sensor's supply is switched by hand, but there is no terminal at which you could be told when.</source>
+        <translation>La alimentación del sensor se conmuta a mano, pero no hay un terminal donde indicarle cuándo.</translation>
+    </message>
+    <message id="2024">
+        <source>There is no command "%1". All are listed by --help.</source>
+        <extracomment>%1 what was given</extracomment>
+        <translation>No existe el comando «%1». --help los enumera todos.</translation>
+    </message>
+    <message id="2025">
+        <source>The language cannot be loaded.</source>
+        <translation>No se puede cargar el idioma.</translation>
+    </message>
+    <message id="2026">
+        <source>%1 stands for no device.</source>
+        <extracomment>%1 COM number</extracomment>
+        <translation>%1 no designa ningún dispositivo.</translation>
+    </message>
+    <message id="2027">
+        <source>Switch the sensor's supply off, then press Enter. Type n and Enter if the sensor is ready for programming already.</source>
+        <translation>Desconecte la alimentación del sensor y pulse Intro. Escriba n e Intro si el sensor ya está listo para la programación.</translation>
+    </message>
+    <message id="2028">
+        <source>Switch the sensor's supply on now, then press Enter.</source>
+        <translation>Conecte ahora la alimentación del sensor y pulse Intro.</translation>
+    </message>
+    <message id="2029">
+        <source>The sensor's firmware revision %1 is that of type %2, not of the one that was named. Nothing else was done.</source>
+        <extracomment>%1 revision, %2 type</extracomment>
+        <translation>La revisión %1 del firmware del sensor es la del tipo %2, no la del indicado. No se hizo nada más.</translation>
+    </message>
+    <message id="2030">
+        <source>Interrupted.</source>
+        <translation>Interrumpido.</translation>
+    </message>
+    <message id="2031">
+        <source>The results could not be written to standard output: %1.</source>
+        <extracomment>%1 reason</extracomment>
+        <translation>Los resultados no se pudieron escribir en la salida estándar: %1.</translation>
+    </message>
+    <message id="2032">
+        <source>yes</source>
+        <extracomment>Typed as an answer; its first letter is enough</extracomment>
+        <translation>sí</translation>
+    </message>
+    <message id="2033">
+        <source>The file %1 exists. Overwrite it?</source>
+        <extracomment>%1 path</extracomment>
+        <translation>El archivo %1 existe. ¿Sobrescribirlo?</translation>
+    </message>
+    <message id="2034">
+        <source>The file %1 exists and was not overwritten. --yes overwrites it.</source>
+        <extracomment>%1 path</extracomment>
+        <translation>El archivo %1 existe y no se sobrescribió. --yes lo sobrescribe.</translation>
+    </message>
+    <message id="2035">
+        <source>%1 is no parameter of a sensor.</source>
+        <extracomment>%1 what was given</extracomment>
+        <translation>%1 no es un parámetro de un sensor.</translation>
+    </message>
+    <message id="2036">
+        <source>The file %1 is neither a backup file nor a lookup table.</source>
+        <extracomment>%1 path</extracomment>
+        <translation>El archivo %1 no es ni un archivo de copia de seguridad ni una tabla de valores.</translation>
+    </message>
+    <message id="2037">
+        <source>Sensor of type %1, version answer %2</source>
+        <translation>Sensor de tipo %1, respuesta de versión %2</translation>
+    </message>
+    <message id="2038">
+        <source>Sensor of type %1 (chosen by hand), version answer %2</source>
+        <translation>Sensor de tipo %1 (elegido a mano), respuesta de versión %2</translation>
+    </message>
+    <message id="2039">
+        <source>Sensor that is not identified, version answer %1</source>
+        <translation>Sensor no identificado, respuesta de versión %1</translation>
+    </message>
+    <message id="2040">
+        <source>All are equal.</source>
+        <extracomment>Parameters of a comparison</extracomment>
+        <translation>Todos son iguales.</translation>
+    </message>
+    <message id="2041">
+        <source>not there</source>
+        <extracomment>Of a parameter in a file</extracomment>
+        <translation>no existe</translation>
+    </message>
+    <message id="2042">
+        <source>The settings file %1 does not exist.</source>
+        <extracomment>%1 path</extracomment>
+        <translation>El archivo de ajustes %1 no existe.</translation>
     </message>
 </context>
 </TS>

@@ -23,7 +23,6 @@ namespace {
 constexpr int kReconnectLimit = 10;
 constexpr auto kReconnectPeriod = 500ms;
 constexpr auto kSupplyOffTime = 500ms;
-constexpr auto kSwitchOnTime = 3000ms;
 constexpr auto kCommandStoreTime = 500ms;
 
 } // namespace
@@ -63,14 +62,11 @@ void ConnectionSupervisor::beginConnect()
     }
     m_statusBar.showString(strings::kConnecting);
     m_statusBar.setExplanation(nullptr);
+    Q_EMIT sensorLeft();
     Plan plan = connectPlan();
     if (m_manualPower) {
         m_link.forgetIdentification();
-        plan = readPlan("V");
-        if (askForSupply()) {
-            plan.insert(plan.begin(), {.kind = Step::Kind::KeepAliveOff});
-            plan.insert(plan.begin(), {.kind = Step::Kind::Pause, .pauseAfter = kSwitchOnTime});
-        }
+        plan = connectByHandPlan(askForSupply());
     }
     const bool begun = !m_stopped && m_runner.start(*this, plan, {.ended = [this](auto& outcome) {
         m_keepAlive = 0;
@@ -167,11 +163,8 @@ void ConnectionSupervisor::explainIdentification()
     const QByteArray version = m_link.versionText();
     if (version.isEmpty() || m_link.ssiType() != kSsiTypeUnknown)
         return;
-    m_statusBar.setExplanation([revision = QString::fromLatin1(version.left(2))] {
-        return QStringLiteral("SSY Type: Unknown\n") +
-               (hasRevisionBounds() ? languageString(strings::kOutsideBounds).arg(revision)
-                                    : languageString(strings::kNoBounds));
-    });
+    m_statusBar.setExplanation(
+        [version] { return QStringLiteral("SSY Type: Unknown\n") + unidentifiedText(version); });
 }
 
 void ConnectionSupervisor::tellKeptFormats(const QList<KeptFormat>& formats)
@@ -269,6 +262,7 @@ void ConnectionSupervisor::onLinkLost()
                             .arg(m_link.portNumber()));
     m_statusBar.setLinkState(0);
     m_statusBar.setExplanation(nullptr);
+    Q_EMIT sensorLeft();
     if (m_link.linkFailed() != 1)
         return;
     if (!m_reconnectTimer.isActive())

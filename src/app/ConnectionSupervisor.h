@@ -73,6 +73,8 @@ public:
 Q_SIGNALS:
     /// The sensor is to be connected as soon as that is possible.
     void connectWanted();
+    /// A Connect begins, or the link was lost: what was told of the sensor before may not hold.
+    void sensorLeft();
     void connected(bool success);
     /// The user has given up a port that does not come back.
     void givenUp();

@@ -3,8 +3,8 @@
 #include "app/PelorinMainWindow.h"
 #include "pages/SelectPortDialog.h"
 #include "platform/core/LanguageStrings.h"
+#include "platform/core/ProgramSettings.h"
 #include "platform/core/RegistryConfig.h"
-#include "platform/core/RegistryFile.h"
 #include "platform/core/SettingsLocation.h"
 #include "platform/core/SignalWait.h"
 #include "platform/core/Strings.h"
@@ -20,30 +20,12 @@ namespace pelorin {
 namespace {
 
 constexpr int kLanguageCount = 5;
-constexpr int kDefaultLanguage = 1;
 constexpr int kDefaultPort = 1;
 constexpr std::chrono::seconds kSessionEndLimit{60};
-
-QString applicationName()
-{
-    return QStringLiteral("Pelorin");
-}
 
 QString portEntry()
 {
     return QStringLiteral("COMPort");
-}
-
-QString languageEntry()
-{
-    return QStringLiteral("Language");
-}
-
-/// A text of the language, or what must be said even without one.
-QString textOr(int number, const QString& plain)
-{
-    const QString text = languageString(number);
-    return text.isNull() ? plain : text;
 }
 
 /// The port that a "/CP:" switch names: the one or two digits behind it, 0 if there is no digit;
@@ -68,18 +50,14 @@ std::optional<int> portOfCommandLine(const QString& commandLine)
 } // namespace
 
 PelorinApp::PelorinApp(const ComPortFactory& factory)
-    : m_factory(factory), m_link(factory), m_runner(m_link), m_restore(m_runner, m_formats)
+    : m_factory(factory), m_installPath(installPath()), m_link(factory), m_runner(m_link),
+      m_restore(m_runner, m_formats)
 {
     connect(qApp, &QGuiApplication::commitDataRequest, this, [this] {
         requestClose();
         if (!m_portLeft)
             waitForSignal(*this, &PelorinApp::portLeft, kSessionEndLimit);
     });
-    RegistryConfig config;
-    if (config.setStorage(productKey(), 0) == 1)
-        m_installPath = config.getValue(QStringLiteral("Path"), QString());
-    if (!m_installPath.isEmpty() && !m_installPath.endsWith(QLatin1Char('\\')))
-        m_installPath += QLatin1Char('\\');
 }
 
 PelorinApp::~PelorinApp()
@@ -205,7 +183,7 @@ bool PelorinApp::loadLanguage(int code)
                                  "application!"));
         return false;
     }
-    m_languages.init(m_installPath, applicationName());
+    m_languages.init(m_installPath, productName());
     if (m_languages.loadLanguage(code) == 1)
         return true;
     showError(QStringLiteral("Unable to load language DLL code language code %1. Please "
@@ -218,23 +196,18 @@ bool PelorinApp::loadLanguage(int code)
 /// Without them there may be no installation path, so the texts come from beside the program then.
 void PelorinApp::reportUnusableSettings(int languageCode)
 {
-    const auto damage = RegistryFile::read(registryFilePath()).damage();
     const WholeFile::Outcome& unreadable = m_profile.unreadable();
-    if (!damage && unreadable.isDone() && !m_profile.isDamaged())
+    if (settingsFault().isNull() && unreadable.isDone() && !m_profile.isDamaged())
         return;
-    m_languages.init(m_installPath.isEmpty() ? programFolder() : m_installPath, applicationName());
+    m_languages.init(m_installPath.isEmpty() ? programFolder() : m_installPath, productName());
     if (m_languages.loadLanguage(languageCode) != 1)
-        (void)m_languages.loadLanguage(kDefaultLanguage); // which may fail: see textOr
-    const auto report = [this](int text, const QString& path, const QString& detail) {
-        showError(textOr(text, QStringLiteral("%1: %2")).arg(path, detail));
-    };
-    if (damage && damage->line == 0) {
-        report(strings::kRegistryUnreadable, damage->path, damage->reason);
-    } else if (damage) {
-        report(strings::kRegistryDamaged, damage->path, QString::number(damage->line));
+        (void)m_languages.loadLanguage(kDefaultLanguage);       // which may fail: see textOr
+    if (const QString fault = settingsFault(); !fault.isNull()) // in the language now
+        showError(fault);
+    if (!unreadable.isDone()) {
+        showError(textOr(strings::kRegistryUnreadable, QStringLiteral("%1: %2"))
+                      .arg(unreadable.path, unreadable.reason()));
     }
-    if (!unreadable.isDone())
-        report(strings::kRegistryUnreadable, unreadable.path, unreadable.reason());
     if (m_profile.isDamaged())
         showError(textOr(strings::kProfileDamaged, QStringLiteral("%1")).arg(m_profile.fileName()));
     m_languages.shutDown();

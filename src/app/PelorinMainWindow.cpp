@@ -20,7 +20,7 @@
 #include "platform/core/LanguageManager.h"
 #include "platform/core/LanguageStrings.h"
 #include "platform/core/MessageNumbers.h"
-#include "platform/core/RegistryConfig.h"
+#include "platform/core/ProgramSettings.h"
 #include "platform/core/Strings.h"
 #include "platform/core/WindowMessage.h"
 #include "platform/ui/HelpWindow.h"
@@ -40,29 +40,15 @@
 
 namespace pelorin {
 
-namespace {
-
-/// A switch of the product's settings; as it is without a value if they cannot be read.
-bool isSwitchedOn(const QString& name, bool otherwise = false)
-{
-    RegistryConfig config;
-    const qint32 unset = otherwise ? 1 : 0;
-    return (config.setStorage(productKey(), 0) == 1 ? config.getValue(name, unset) : unset) == 1;
-}
-
-} // namespace
-
 PelorinMainWindow::PelorinMainWindow(const ComPortFactory& factory,
                                      const Conversation& conversation, LanguageManager& languages)
     : m_factory(factory), m_runner(conversation.runner), m_link(conversation.runner.link()),
-      m_restore(conversation.restore), m_languages(languages),
-      m_manualPowerMode(isSwitchedOn(QStringLiteral("ManualPowerMode"))),
+      m_restore(conversation.restore), m_languages(languages), m_manualPowerMode(isPowerManual()),
       m_displayUnitEnabled(isSwitchedOn(QStringLiteral("EnableQDL3"))),
       m_tempCompEnabled(isSwitchedOn(QStringLiteral("EnableTempComp"))), m_gate(*this),
       m_busy(new BusyFilter([this] { return isBusy(); }, this)),
       m_writer(new SafeWriter(m_runner, m_journal,
-                              {.enabled = isSwitchedOn(QStringLiteral("SafeWrites"), true),
-                               .manualPower = m_manualPowerMode})),
+                              {.enabled = areWritesSafe(), .manualPower = m_manualPowerMode})),
       m_statusBar(new LinkStatusBar(this)),
       m_stream(new PositionStream(m_runner, conversation.formats, m_restore, m_manualPowerMode)),
       m_menu(new MainMenu(*menuBar(), m_displayUnitEnabled, m_link, languages)),
@@ -126,6 +112,7 @@ void PelorinMainWindow::connectParts()
 
     connect(m_connection, &ConnectionSupervisor::connectWanted, this,
             &PelorinMainWindow::wantConnect);
+    connect(m_connection, &ConnectionSupervisor::sensorLeft, m_report, &WriteReport::endVerified);
     connect(m_connection, &ConnectionSupervisor::connected, this, &PelorinMainWindow::onConnected);
     connect(m_connection, &ConnectionSupervisor::givenUp, this, &PelorinMainWindow::close);
     const auto onBusyChanged = [this] {

@@ -1,7 +1,9 @@
 #include "link/SensorIdentification.h"
 
 #include "platform/core/HexText.h"
+#include "platform/core/LanguageStrings.h"
 #include "platform/core/RegistryConfig.h"
+#include "platform/core/Strings.h"
 
 #include <algorithm>
 #include <array>
@@ -48,11 +50,15 @@ int ssiTypeOfVersion(const QByteArray& versionText)
     return kSsiTypeUnknown;
 }
 
-bool hasRevisionBounds()
+QString unidentifiedText(const QByteArray& versionText)
 {
     const auto bounds = configuredBounds();
-    return std::any_of(bounds.begin(), bounds.end(),
-                       [](const auto& range) { return range.low != 0 || range.high != 0; });
+    const bool configured = std::any_of(bounds.begin(), bounds.end(), [](const auto& range) {
+        return range.low != 0 || range.high != 0;
+    });
+    return configured ? languageString(strings::kOutsideBounds)
+                            .arg(QString::fromLatin1(versionText.left(2)))
+                      : languageString(strings::kNoBounds);
 }
 
 } // namespace pelorin

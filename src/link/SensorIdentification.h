@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QString>
 
 namespace pelorin {
 
@@ -14,7 +15,7 @@ inline constexpr int kSsiTypeUnknown = kSsiTypeCount;
 /// @return 0, 1 or 2, the lowest whose bounds hold the revision, or kSsiTypeUnknown
 [[nodiscard]] int ssiTypeOfVersion(const QByteArray& versionText);
 
-/// Whether the settings have any bounds at all.
-[[nodiscard]] bool hasRevisionBounds();
+/// What the user is told of a sensor whose version answer gives no type.
+[[nodiscard]] QString unidentifiedText(const QByteArray& versionText);
 
 } // namespace pelorin

@@ -30,9 +30,11 @@ constexpr auto kStreamByteTime = std::chrono::nanoseconds(1s) * 10 / kStreamLine
 constexpr auto kKeepAlivePeriod = 50ms;
 constexpr int kVersionMinimum = 2;
 
-QString deviceNameOf(int portNumber)
+/// What the user is told that was opened.
+QString deviceNameOf(int portNumber, const QString& device)
 {
-    return QStringLiteral("\\\\.\\COM%1").arg(portNumber);
+    const bool hasNumber = portNumber != 0 || device.isEmpty();
+    return !hasNumber ? device : QStringLiteral("\\\\.\\COM%1").arg(portNumber);
 }
 
 QString threadFailure(int error)
@@ -69,13 +71,15 @@ public:
     {
     }
 
+    [[nodiscard]] QString name() const { return deviceNameOf(number, device); }
+
     /// The first request.
     int open(RequestWorker::Context& context)
     {
         failure = openPort(context.port(), kParameterLine);
         if (failure) {
             if (failure.step != PortStep::Open)
-                log->append(failure.message(deviceNameOf(number)));
+                log->append(failure.message(name()));
             return 0;
         }
         protocol.emplace(context.port(), *log,
@@ -135,7 +139,7 @@ public:
         store(&Results::scale, scale.value_or(PositionScale()));
         const int error = context.port().setLine(scale ? kStreamLine : kParameterLine);
         if (error != 0)
-            log->append(PortFailure{PortStep::Line, error}.message(deviceNameOf(number)));
+            log->append(PortFailure{PortStep::Line, error}.message(name()));
         if (scale && error == 0) {
             (void)protocol->discardInput();
             stream.begin(context, *scale, Pacing::lineTime(kStreamByteTime));
@@ -154,7 +158,9 @@ public:
 
     int identify(const QByteArray& version)
     {
-        const int type = ssiTypeOfVersion(version);
+        const int ranged = ssiTypeOfVersion(version);
+        const int type = ranged == kSsiTypeUnknown ? typeByHand.load() : ranged;
+        byHand = type != ranged;
         ssiType = type;
         identified = type != kSsiTypeUnknown && linkFailed == 0;
         log->append(type == kSsiTypeUnknown ? QStringLiteral("SSY Type: Unknown")
@@ -189,6 +195,8 @@ public:
     PortFailure failure; ///< the worker's until the open is answered
     std::atomic<bool> opened = false;
     std::atomic<int> ssiType = 0;
+    std::atomic<int> typeByHand = kSsiTypeUnknown; ///< for a revision in no range
+    std::atomic<bool> byHand = false;              ///< whether ssiType is that one
     std::atomic<bool> identified = false;
     std::atomic<bool> restarted = false;
     std::atomic<int> linkFailed = 0;
@@ -236,16 +244,15 @@ SensorLink::~SensorLink()
 
 RequestId SensorLink::open(int portNumber)
 {
-    return openDevice(portNumber,
-                      ComPortNames().devicePath(QStringLiteral("COM%1").arg(portNumber)));
+    return open(portNumber, ComPortNames().devicePath(QStringLiteral("COM%1").arg(portNumber)));
 }
 
 RequestId SensorLink::reopen()
 {
-    return openDevice(portNumber(), device());
+    return open(portNumber(), device());
 }
 
-RequestId SensorLink::openDevice(int portNumber, const QString& device)
+RequestId SensorLink::open(int portNumber, const QString& device)
 {
     m_keepAliveTimer.stop(); // it serves the session before
     m_closing = false;
@@ -258,9 +265,11 @@ RequestId SensorLink::openDevice(int portNumber, const QString& device)
         session->ssiType = m_session->ssiType.load();
         session->linkFailed = m_session->linkFailed.load();
         session->deviceGone = m_session->deviceGone.load();
+        session->byHand = m_session->byHand.load();
         if (m_session->opened)
             m_former = m_session;
     }
+    session->typeByHand = m_typeByHand;
     m_session = session;
     int threadError = 0;
     const RequestId request = m_worker.start(
@@ -280,9 +289,8 @@ RequestId SensorLink::openDevice(int portNumber, const QString& device)
 
 QString SensorLink::openFailure() const
 {
-    return m_session && m_session->failure
-               ? m_session->failure.message(deviceNameOf(m_session->number))
-               : QString();
+    return m_session && m_session->failure ? m_session->failure.message(m_session->name())
+                                           : QString();
 }
 
 RequestId SensorLink::close(int supplyOff)
@@ -454,6 +462,18 @@ PositionBatch SensorLink::takeFrames()
 int SensorLink::ssiType() const
 {
     return m_session ? m_session->ssiType.load() : 0;
+}
+
+void SensorLink::setTypeByHand(int type)
+{
+    m_typeByHand = type;
+    if (m_session)
+        m_session->typeByHand = type;
+}
+
+bool SensorLink::isTypeByHand() const
+{
+    return m_session && m_session->byHand;
 }
 
 bool SensorLink::isIdentified() const

@@ -2,6 +2,7 @@
 
 #include "link/CommLog.h"
 #include "link/PositionFrame.h"
+#include "link/SensorIdentification.h"
 #include "link/SensorProtocol.h"
 #include "platform/core/PeriodicTimer.h"
 #include "platform/core/RequestWorker.h"
@@ -52,6 +53,9 @@ public:
     /// closed.
     /// @return answered with 1 if the port is ready; else openFailure tells why
     RequestId open(int portNumber);
+    /// The same for a device of any name.
+    /// @param portNumber its COM number, 0 if it has none
+    RequestId open(int portNumber, const QString& device);
     /// Opens the device of the last open again, whatever its COM number has come to mean.
     RequestId reopen();
     /// What the user is told about the last open; null if it has not failed.
@@ -106,7 +110,7 @@ public:
     /// @return 1 identified, 0 not
     int identifyFromLastReply();
 
-    /// The port that was last opened successfully, 1 before any was.
+    /// The port that was last opened successfully, 1 before any was; 0 if it has no number.
     [[nodiscard]] int portNumber() const;
     /// The device of that port; empty before any was opened.
     [[nodiscard]] QString device() const;
@@ -124,6 +128,11 @@ public:
 
     /// 0, 1 or 2; 3 not identified; 0 before any identification.
     [[nodiscard]] int ssiType() const;
+    /// Takes a sensor whose revision lies in no range for one of this type, from the next
+    /// identification on.
+    void setTypeByHand(int type);
+    /// Whether the sensor's type is the one that was set by hand.
+    [[nodiscard]] bool isTypeByHand() const;
     /// Whether the last connect on this port ended with a type and the link was not lost since.
     /// Without it nothing may be written to the sensor's parameters.
     [[nodiscard]] bool isIdentified() const;
@@ -147,7 +156,6 @@ public:
 private:
     class Session;
 
-    RequestId openDevice(int portNumber, const QString& device);
     RequestId submit(SensorRequest kind, std::function<int(Session&, SensorProtocol&)> perform);
     [[nodiscard]] const Session* opened() const;
 
@@ -159,8 +167,9 @@ private:
     PeriodicTimer m_keepAliveTimer;
     std::shared_ptr<Session> m_session; ///< of the last open, shared with its worker; null before
     std::shared_ptr<Session> m_former;  ///< the last before that whose port was opened, or null
-    bool m_closing = false;             ///< from close to the next open
-    int m_formerLosses = 0;             ///< of all sessions before, as the next
+    int m_typeByHand = kSsiTypeUnknown;
+    bool m_closing = false; ///< from close to the next open
+    int m_formerLosses = 0; ///< of all sessions before, as the next
     int m_formerCutFrames = 0;
 };
 

@@ -1,7 +1,7 @@
 #include "pages/CommLogPage.h"
 
+#include "link/CommLogFile.h"
 #include "link/SensorLink.h"
-#include "pages/CommLogFile.h"
 #include "pages/CommLogModel.h"
 #include "platform/core/LanguageStrings.h"
 #include "platform/core/Strings.h"

@@ -22,6 +22,7 @@ public:
 
     /// Before the sensor is read: see WholeFile.
     [[nodiscard]] WholeFile::Outcome prepareSaving() { return m_file.prepareSaving(); }
+    void giveUpSaving() { m_file.giveUpSaving(); }
 
     /// Saves the values that are not empty, by ascending identifier.
     [[nodiscard]] WholeFile::Outcome save(const SensorValues& values);

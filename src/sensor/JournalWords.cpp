@@ -19,6 +19,8 @@ QString timeInWords(const JournalEntry& entry)
 
 QString deviceInWords(const JournalEntry& entry)
 {
+    if (entry.port == 0)
+        return entry.device;
     return languageString(strings::kPort).arg(entry.port) + QStringLiteral(", ") + entry.device;
 }
 

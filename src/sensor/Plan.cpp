@@ -4,6 +4,12 @@
 
 namespace pelorin {
 
+namespace {
+
+constexpr std::chrono::milliseconds kSwitchOnTime{3000};
+
+} // namespace
+
 Plan readPlan(std::string_view ids, bool confirmed)
 {
     Plan plan;
@@ -55,6 +61,16 @@ Plan joined(Plan first, const Plan& second)
 Plan connectPlan()
 {
     return {{.kind = Step::Kind::Connect}};
+}
+
+Plan connectByHandPlan(bool switched)
+{
+    Plan plan = readPlan("V");
+    if (switched) {
+        plan.insert(plan.begin(), {.kind = Step::Kind::KeepAliveOff});
+        plan.insert(plan.begin(), {.kind = Step::Kind::Pause, .pauseAfter = kSwitchOnTime});
+    }
+    return plan;
 }
 
 Plan commandPlan(char id, std::chrono::milliseconds pauseAfter)

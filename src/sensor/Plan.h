@@ -79,6 +79,10 @@ inline constexpr std::chrono::milliseconds kStoreTime{2000};
 /// Switches the sensor off and on, and takes it into its programming mode.
 [[nodiscard]] Plan connectPlan();
 
+/// Reads the version of a sensor whose supply the user switches.
+/// @param switched whether the supply comes while PROG frames stream, which end then
+[[nodiscard]] Plan connectByHandPlan(bool switched);
+
 /// Writes a parameter without a value.
 [[nodiscard]] Plan commandPlan(char id, std::chrono::milliseconds pauseAfter);
 

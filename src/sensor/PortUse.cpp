@@ -24,6 +24,13 @@ void PortUse::open(int number, Done done)
            .changes = true});
 }
 
+void PortUse::open(int number, const QString& device, Done done)
+{
+    begin({.open = [this, number, device] { return m_link.open(number, device); },
+           .done = std::move(done),
+           .changes = true});
+}
+
 void PortUse::reopen(Done done)
 {
     begin({.open = [this] { return m_link.reopen(); }, .done = std::move(done)});

@@ -31,6 +31,7 @@ public:
 
     /// Opens another port, or the same again.
     void open(int number, Done done);
+    void open(int number, const QString& device, Done done);
     void reopen(Done done);
     /// @param supplyOff whether the sensor's supply is switched off before
     void close(bool supplyOff, Done done);

@@ -74,8 +74,7 @@ public:
     [[nodiscard]] bool isConnected(const JournalEntry& state) const;
 
     /// The sensor has been connected anew: compares with it what was written when the link was
-    /// lost, if it is the same sensor.
-    /// Nobody waits for one that is not the next to be connected.
+    /// lost. If another one is identified that stays unchecked for good.
     /// @param untouched nothing was written to the sensor since its restart
     /// @param done called in the end, at once where there is nothing to compare
     void compareAfterConnect(bool untouched, std::function<void()> done);
@@ -97,6 +96,7 @@ private:
     void onWritten(const Outcome& outcome);
     void restart();
     void compare();
+    [[nodiscard]] QByteArray proof() const;
     void readBack(const QByteArray& ids);
     void onCompared(const Outcome& outcome);
     void judge(const Outcome& outcome);

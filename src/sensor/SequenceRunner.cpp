@@ -461,6 +461,12 @@ void SequenceRunner::openPort(int number, std::function<void(bool)> done)
     settle(); // tells that it is busy
 }
 
+void SequenceRunner::openPort(int number, const QString& device, std::function<void(bool)> done)
+{
+    m_port.open(number, device, tellingOf(std::move(done)));
+    settle(); // tells that it is busy
+}
+
 void SequenceRunner::reopenPort(std::function<void(bool)> done)
 {
     m_port.reopen(tellingOf(std::move(done)));

@@ -106,6 +106,7 @@ public:
     /// when the next is asked for has failed.
     /// @param done gets whether it is open; else the link tells why
     void openPort(int number, std::function<void(bool)> done);
+    void openPort(int number, const QString& device, std::function<void(bool)> done);
     void reopenPort(std::function<void(bool)> done);
 
     // The end.

@@ -1,6 +1,6 @@
 #include "platform/core/WholeFile.h"
 
-#include "pages/CommLogFile.h"
+#include "link/CommLogFile.h"
 #include "platform/core/Profile.h"
 #include "platform/core/RegistryFile.h"
 #include "sensor/BackupFile.h"

@@ -105,7 +105,7 @@ QList<PresentPort> ComPortNames::presentPorts() const
     QList<SystemDevice> system;
     const auto infos = QSerialPortInfo::availablePorts();
     for (const QSerialPortInfo& info : infos)
-        system.append({info.systemLocation(), info.description()});
+        system.append({info.systemLocation(), info.description(), info.serialNumber()});
     return presentPorts(system);
 }
 
@@ -118,12 +118,13 @@ QList<PresentPort> ComPortNames::presentPorts(const QList<SystemDevice>& system)
         if (simulated || QFileInfo::exists(it.value()))
             ports.insert(it.key(), {it.key(), it.value(), name, QString(), simulated});
     }
-    for (const auto& [path, description] : system) {
+    for (const auto& [path, description, serialNumber] : system) {
         const int number = numberOf(path);
         if (number == 0)
             continue;
         const QString device = m_devices.value(number, path);
-        ports.insert(number, {number, device, QFileInfo(path).fileName(), description, false});
+        ports.insert(
+            number, {number, device, QFileInfo(path).fileName(), description, false, serialNumber});
     }
     return ports.values();
 }

@@ -18,6 +18,7 @@ struct PresentPort
     QString shortName;   ///< without its folder: "ttyUSB0"
     QString description; ///< of the adapter; often empty
     bool simulated = false;
+    QString serialNumber{}; ///< of the adapter; often empty
 };
 
 /// Which COM number stands for which device. The settings' key SERIALCOMM comes first; any other
@@ -33,6 +34,7 @@ public:
     {
         QString path;
         QString description;
+        QString serialNumber{};
     };
 
     /// Reads the settings of this run.

@@ -210,6 +210,8 @@ inline constexpr int kAllDecimals = 1857;
 inline constexpr int kRecordingFilter = 1858;
 inline constexpr int kMillimetresPerSecond = 1859;
 inline constexpr int kSecondsUnit = 1860;
+inline constexpr int kLongestGap = 1861;
+inline constexpr int kRecorded = 1862;
 
 // Output setup
 inline constexpr int kUnlock = 179;
@@ -310,6 +312,7 @@ inline constexpr int kNotAsThen = 1756;
 inline constexpr int kOffsetToBeCalculated = 1757;
 inline constexpr int kNothingDiffers = 1758;
 inline constexpr int kStateOfOtherType = 1759;
+inline constexpr int kNotOffered = 1870;
 
 // Safe writes
 inline constexpr int kCheckingSensor = 1700;
@@ -469,5 +472,48 @@ inline constexpr int kFormatNotRead = 1111;
 inline constexpr int kStreamingFormat = 1112;
 inline constexpr int kSavedDoubtful = 1331;
 inline constexpr int kWriteDoubtful = 1332;
+
+// The command line
+inline constexpr int kPortOption = 2000;
+inline constexpr int kJsonOption = 2001;
+inline constexpr int kTypeOption = 2002;
+inline constexpr int kManualPowerOption = 2003;
+inline constexpr int kWaitOption = 2004;
+inline constexpr int kLogOption = 2005;
+inline constexpr int kSettingsOption = 2006;
+inline constexpr int kLanguageOption = 2007;
+inline constexpr int kYesOption = 2008;
+inline constexpr int kDryRunOption = 2009;
+inline constexpr int kHelpOption = 2010;
+inline constexpr int kVersionOption = 2011;
+inline constexpr int kPortsDescription = 2012;
+inline constexpr int kInfoDescription = 2013;
+inline constexpr int kReadDescription = 2014;
+inline constexpr int kBackupDescription = 2015;
+inline constexpr int kCompareDescription = 2016;
+inline constexpr int kConvertDescription = 2017;
+inline constexpr int kBadOption = 2020;
+inline constexpr int kPortNeeded = 2021;
+inline constexpr int kWrongArguments = 2022;
+inline constexpr int kNobodyAtSupply = 2023;
+inline constexpr int kNoSuchCommand = 2024;
+inline constexpr int kNoLanguage = 2025;
+inline constexpr int kNoSuchPort = 2026;
+inline constexpr int kSwitchOffHere = 2027;
+inline constexpr int kSwitchOnHere = 2028;
+inline constexpr int kOtherType = 2029;
+inline constexpr int kInterrupted = 2030;
+inline constexpr int kOutputFailed = 2031;
+inline constexpr int kYesWord = 2032;
+inline constexpr int kFileExists = 2033;
+inline constexpr int kFileNotOverwritten = 2034;
+inline constexpr int kNoParameter = 2035;
+inline constexpr int kNeitherFile = 2036;
+inline constexpr int kSensorOfType = 2037;
+inline constexpr int kSensorByHand = 2038;
+inline constexpr int kSensorNotIdentified = 2039;
+inline constexpr int kAllEqual = 2040;
+inline constexpr int kNotThere = 2041;
+inline constexpr int kNoSettingsFile = 2042;
 
 } // namespace pelorin::strings

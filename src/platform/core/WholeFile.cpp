@@ -194,11 +194,20 @@ WholeFile::Outcome WholeFile::save(const QByteArray& content)
 
 WholeFile::Outcome WholeFile::save(const Pieces& next)
 {
-    Outcome outcome = write(next);
-    const QString prepared = std::exchange(m_prepared, QString());
-    if (!outcome.isDone() && !prepared.isEmpty())
-        (void)QFile::remove(prepared); // somebody else may have done so
+    const Outcome outcome = write(next);
+    if (outcome.isDone()) {
+        m_prepared.clear();
+    } else {
+        giveUpSaving();
+    }
     return outcome;
+}
+
+void WholeFile::giveUpSaving()
+{
+    const QString prepared = std::exchange(m_prepared, QString());
+    if (!prepared.isEmpty())
+        (void)QFile::remove(prepared); // somebody else may have done so
 }
 
 WholeFile::Outcome WholeFile::write(const Pieces& next) const

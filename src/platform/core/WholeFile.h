@@ -48,6 +48,8 @@ public:
     /// Finds out whether the file can be saved, for work that must not be done in vain. A file that
     /// was not there is from now on, empty; a save that fails takes it away again.
     [[nodiscard]] Outcome prepareSaving();
+    /// Takes that empty file away again.
+    void giveUpSaving();
 
     [[nodiscard]] Outcome save(const QByteArray& content);
     [[nodiscard]] Outcome save(const Pieces& next);

@@ -1,4 +1,4 @@
-#include "pages/CommLogFile.h"
+#include "link/CommLogFile.h"
 
 #include <QByteArray>
 

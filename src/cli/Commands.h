@@ -1,0 +1,15 @@
+#pragma once
+
+#include "cli/Command.h"
+
+namespace pelorin::cli {
+
+// Each stands in the file that is named like it.
+[[nodiscard]] Result runPorts(Invocation& invocation);
+[[nodiscard]] Result runInfo(Invocation& invocation);
+[[nodiscard]] Result runRead(Invocation& invocation);
+[[nodiscard]] Result runBackup(Invocation& invocation);
+[[nodiscard]] Result runCompare(Invocation& invocation);
+[[nodiscard]] Result runConvert(Invocation& invocation);
+
+} // namespace pelorin::cli

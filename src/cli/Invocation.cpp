@@ -1,0 +1,64 @@
+#include "cli/Invocation.h"
+
+#include "cli/Terminal.h"
+#include "link/CommLogFile.h"
+
+namespace pelorin::cli {
+
+Invocation::Invocation(const Session::Shared& shared, const QCommandLineParser& parser)
+    : m_shared(shared), m_parser(parser)
+{
+}
+
+Session& Invocation::session()
+{
+    if (!m_session)
+        m_session.emplace(m_shared);
+    return *m_session;
+}
+
+std::optional<bool> Invocation::confirm(const QString& question)
+{
+    if (options().yes)
+        return true;
+    if (!terminal().isThere())
+        return std::nullopt;
+    return terminal().askYesNo(question);
+}
+
+/// What is found out afterwards counts only if all was well; else it is told beside.
+Result Invocation::worseOf(const Result& result, const Result& afterwards)
+{
+    if (afterwards.isDone())
+        return result;
+    if (result.isDone() || result.exit == ExitCode::Differs)
+        return afterwards;
+    output().tell(afterwards.text);
+    return result;
+}
+
+Result Invocation::end(const Result& result)
+{
+    if (!m_session)
+        return result;
+    m_session->close();
+    const auto log = m_session->link().commLog().snapshot();
+    Result worst = worseOf(result, m_session->formatFault());
+    if (!options().logFile.isEmpty())
+        worst = worseOf(worst, resultOf(saveCommLog(options().logFile, log)));
+    return worst;
+}
+
+Result resultOf(const WholeFile::Outcome& outcome)
+{
+    if (outcome.isDone())
+        return {};
+    return {.exit = ExitCode::FileUnfit, .code = "file", .text = outcome.message()};
+}
+
+Result usage(const QString& text)
+{
+    return {.exit = ExitCode::Usage, .code = "usage", .text = text};
+}
+
+} // namespace pelorin::cli

@@ -1,0 +1,56 @@
+#pragma once
+
+#include "cli/Options.h"
+#include "cli/Output.h"
+#include "cli/Result.h"
+#include "cli/Session.h"
+#include "platform/core/WholeFile.h"
+
+#include <QCommandLineParser>
+#include <QStringList>
+
+#include <optional>
+
+namespace pelorin::cli {
+
+/// One call of a command: what it was asked for, and what it works with.
+class Invocation
+{
+public:
+    /// @param shared outlives this
+    Invocation(const Session::Shared& shared, const QCommandLineParser& parser);
+
+    [[nodiscard]] const Options& options() const { return m_shared.options; }
+    /// The options of the command itself.
+    [[nodiscard]] const QCommandLineParser& parser() const { return m_parser; }
+    /// What follows the command's name.
+    [[nodiscard]] QStringList arguments() const { return m_parser.positionalArguments().mid(1); }
+
+    [[nodiscard]] Output& output() { return m_shared.output; }
+    [[nodiscard]] Terminal& terminal() { return m_shared.terminal; }
+    /// Made when it is first asked for.
+    [[nodiscard]] Session& session();
+
+    /// Answers a question: yes where everything was answered so, else as the terminal does.
+    /// @return nothing if nobody can be asked
+    [[nodiscard]] std::optional<bool> confirm(const QString& question);
+
+    /// Closes the port and stores the communications log.
+    /// @param result of the command
+    /// @return the same, or what else went wrong
+    [[nodiscard]] Result end(const Result& result);
+
+private:
+    [[nodiscard]] Result worseOf(const Result& result, const Result& afterwards);
+
+    const Session::Shared& m_shared;
+    const QCommandLineParser& m_parser;
+    std::optional<Session> m_session;
+};
+
+/// The result of an operation on a file of the user.
+[[nodiscard]] Result resultOf(const WholeFile::Outcome& outcome);
+/// A command line that cannot be understood.
+[[nodiscard]] Result usage(const QString& text);
+
+} // namespace pelorin::cli

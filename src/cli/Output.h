@@ -1,0 +1,52 @@
+#pragma once
+
+#include "cli/Result.h"
+
+#include <QJsonObject>
+#include <QString>
+
+#include <cerrno>
+
+namespace pelorin::cli {
+
+/// What a command says: results on standard output, in words or as one JSON object; words and a
+/// progress line, where that is a terminal, on standard error.
+class Output
+{
+public:
+    explicit Output(bool json);
+
+    [[nodiscard]] bool isJson() const { return m_json; }
+
+    /// A line of results; nothing with JSON.
+    void print(const QString& line);
+    /// A member of the JSON object.
+    void set(const QString& name, const QJsonValue& value) { m_object.insert(name, value); }
+    /// A JSON object of its own before the last one, at once.
+    void printObject(const QJsonObject& object);
+
+    /// Words for the user, beside the results.
+    void tell(const QString& text);
+    /// What is being done, and how much of it.
+    void showProgress(const QString& text, int done, int of);
+
+    /// Says how the command has ended.
+    /// @param command its name; empty without one
+    /// @return the same, or that the results could not be written
+    [[nodiscard]] Result finish(const QString& command, const Result& result);
+
+    /// Whether whoever has read standard output has closed it.
+    [[nodiscard]] bool isClosed() const { return m_error == EPIPE; }
+
+private:
+    void write(const QByteArray& bytes);
+    void clearProgress();
+
+    const bool m_json;
+    const bool m_showsProgress;
+    bool m_progressShown = false;
+    int m_error = 0; ///< the system's, of standard output
+    QJsonObject m_object;
+};
+
+} // namespace pelorin::cli

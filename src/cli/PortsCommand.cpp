@@ -1,0 +1,39 @@
+#include "cli/Commands.h"
+#include "cli/Invocation.h"
+#include "cli/Output.h"
+#include "platform/core/ComPortNames.h"
+#include "platform/core/LanguageStrings.h"
+#include "platform/core/Strings.h"
+
+#include <QJsonArray>
+
+namespace pelorin::cli {
+
+Result runPorts(Invocation& invocation)
+{
+    QJsonArray array;
+    const auto ports = ComPortNames().presentPorts();
+    for (const PresentPort& port : ports) {
+        const QString name = QStringLiteral("COM%1").arg(port.number);
+        const QString description =
+            port.simulated ? languageString(strings::kSimulated) : port.description;
+        QJsonObject object{{QStringLiteral("number"), port.number},
+                           {QStringLiteral("name"), name},
+                           {QStringLiteral("device"), port.device}};
+        const std::pair<const char*, QString> others[] = {{"description", port.description},
+                                                          {"serialNumber", port.serialNumber}};
+        for (const auto& [member, text] : others) {
+            if (!text.isEmpty())
+                object.insert(QLatin1String(member), text);
+        }
+        array.append(object);
+        QStringList fields{name, port.device, description, port.serialNumber};
+        while (fields.last().isEmpty())
+            fields.removeLast();
+        invocation.output().print(fields.join(QLatin1Char('\t')));
+    }
+    invocation.output().set(QStringLiteral("ports"), array);
+    return {};
+}
+
+} // namespace pelorin::cli

@@ -1,0 +1,265 @@
+#include "cli/Session.h"
+
+#include "cli/EventLoop.h"
+#include "cli/Interruption.h"
+#include "cli/Options.h"
+#include "cli/Output.h"
+#include "cli/Terminal.h"
+#include "link/SensorIdentification.h"
+#include "platform/core/ComPortNames.h"
+#include "platform/core/LanguageStrings.h"
+#include "platform/core/MessageNumbers.h"
+#include "platform/core/ProgramSettings.h"
+#include "platform/core/Strings.h"
+#include "sensor/FailureText.h"
+
+#include <QDeadlineTimer>
+
+#include <utility>
+
+namespace pelorin::cli {
+
+namespace {
+
+/// A port as it is named on the command line; digits alone are a COM number, too.
+QString portName(const QString& given)
+{
+    bool isNumber = false;
+    (void)given.toUInt(&isNumber);
+    return isNumber ? QStringLiteral("COM") + given : given;
+}
+
+} // namespace
+
+Session::Session(const Shared& shared)
+    : m_options(shared.options), m_output(shared.output), m_terminal(shared.terminal),
+      m_interruption(shared.interruption),
+      m_manualPower(shared.options.manualPower || pelorin::isPowerManual()), m_link(shared.factory),
+      m_runner(m_link), m_restore(m_runner, m_formats),
+      m_writer(m_runner, m_journal, {.enabled = areWritesSafe(), .manualPower = m_manualPower})
+{
+    m_link.setLossTarget(this);
+    connect(&m_interruption, &Interruption::came, this, [this] { m_runner.windDown([] {}); });
+    connect(&m_runner, &SequenceRunner::portStuck, this,
+            [this](int number) { m_output.tell(languageString(strings::kPortStuck).arg(number)); });
+}
+
+Session::~Session()
+{
+    close();
+    m_link.setLossTarget(nullptr);
+}
+
+bool Session::isInterrupted() const
+{
+    return m_interruption.hasCome();
+}
+
+void Session::customEvent(QEvent* event)
+{
+    const auto* message = WindowMessage::from(event);
+    if (message && message->message() == WM_LINK_LOST)
+        m_runner.linkLost();
+}
+
+Result Session::connectSensor()
+{
+    if (m_options.type)
+        m_link.setTypeByHand(*m_options.type);
+    Result result = openPort();
+    if (!result.isDone())
+        return result;
+    const QDeadlineTimer limit(m_options.wait);
+    do {
+        result = connectOnce();
+    } while (result.exit == ExitCode::NoAnswer && !limit.hasExpired());
+    if (!result.isDone())
+        return result;
+    showSensor();
+    if (result = checkType(); !result.isDone())
+        return result;
+    if (!m_options.dryRun)
+        restoreFormat();
+    return isInterrupted() ? interrupted() : result;
+}
+
+Result Session::openPort()
+{
+    const ComPortNames names;
+    const QString name = portName(m_options.port);
+    const QString device = names.devicePath(name);
+    if (device.isEmpty()) {
+        return {.exit = ExitCode::PortNotOpened,
+                .code = "port",
+                .text = languageString(strings::kNoSuchPort).arg(name)};
+    }
+    const int number = names.numberOf(device);
+    QJsonObject port{{QStringLiteral("device"), device}};
+    if (number != 0)
+        port.insert(QStringLiteral("name"), QStringLiteral("COM%1").arg(number));
+    m_output.set(QStringLiteral("port"), port);
+
+    // It may be told only while the port is closed again.
+    const auto opened = std::make_shared<std::optional<bool>>();
+    m_runner.openPort(number, device, [opened](bool ready) { *opened = ready; });
+    runUntil([&] { return opened->has_value() || isInterrupted(); });
+    if (isInterrupted())
+        return interrupted();
+    if (**opened)
+        return {};
+    return {.exit = ExitCode::PortNotOpened, .code = "port", .text = m_link.openFailure()};
+}
+
+/// @return NoAnswer if there was none; done after any other
+Result Session::connectOnce()
+{
+    Plan plan = connectPlan();
+    if (m_manualPower) {
+        m_link.forgetIdentification();
+        plan = connectByHandPlan(askForSupply());
+    }
+    const Outcome outcome = run(std::move(plan), languageString(strings::kConnecting));
+    m_link.setKeepAlive(0);
+    if (outcome.kind == Outcome::Kind::Lost || outcome.kind == Outcome::Kind::Abandoned)
+        return resultOf(outcome);
+    if (m_manualPower && outcome.isDone())
+        (void)m_link.identifyFromLastReply();
+    if (!m_link.versionText().isEmpty())
+        return {};
+    return {.exit = ExitCode::NoAnswer,
+            .code = "no-answer",
+            .text = languageString(strings::kNotConnected)};
+}
+
+/// Has the user switch the supply off and on while PROG frames stream.
+/// @return false if the sensor is ready already
+bool Session::askForSupply()
+{
+    const auto off = m_terminal.ask(languageString(strings::kSwitchOffHere));
+    if (!off || !off->isEmpty())
+        return false;
+    m_link.setKeepAlive(1);
+    (void)m_terminal.ask(languageString(strings::kSwitchOnHere));
+    return true;
+}
+
+Result Session::checkType() const
+{
+    if (!m_link.isIdentified()) {
+        return {.exit = ExitCode::NotIdentified,
+                .code = "not-identified",
+                .text = unidentifiedText(m_link.versionText())};
+    }
+    if (!m_options.type || m_link.ssiType() == *m_options.type)
+        return {};
+    return {.exit = ExitCode::Refused,
+            .code = "other-type",
+            .text = languageString(strings::kOtherType)
+                        .arg(QString::fromLatin1(m_link.versionText().left(2)))
+                        .arg(m_link.ssiType())};
+}
+
+/// What could not be written back is said in the end: the sensor can still be read.
+void Session::restoreFormat()
+{
+    std::optional<FormatRestore::Result> format;
+    m_restore.begin(*this, [&](FormatRestore::Result result) { format = result; });
+    runUntil([&] { return format.has_value(); });
+    m_formatFault = {.exit = ExitCode::Failed, .code = "format-not-restored"};
+    if (format == FormatRestore::Result::NotRead) {
+        m_formatFault.text = languageString(strings::kFormatNotRead);
+    } else if (format == FormatRestore::Result::NotRestored) {
+        for (const KeptFormat& kept : m_restore.keptForSensor()) {
+            m_formatFault.text = languageString(strings::kKeptFormat)
+                                     .arg(kept.device, QString::fromLatin1(kept.version),
+                                          QString::fromLatin1(kept.own));
+        }
+    } else {
+        m_formatFault = {};
+    }
+}
+
+void Session::showSensor()
+{
+    QJsonObject sensor{{QStringLiteral("version"), QString::fromLatin1(m_link.versionText())}};
+    if (m_link.isIdentified()) {
+        sensor.insert(QStringLiteral("type"), m_link.ssiType());
+        sensor.insert(QStringLiteral("byHand"), m_link.isTypeByHand());
+    }
+    m_output.set(QStringLiteral("sensor"), sensor);
+}
+
+Outcome Session::run(Plan plan, const QString& text, std::function<void(const Reply&)> reply)
+{
+    const int steps = static_cast<int>(plan.size());
+    std::optional<Outcome> outcome;
+    m_output.showProgress(text, 0, steps);
+    const bool begun =
+        m_runner.start(*this, std::move(plan),
+                       {.reply = std::move(reply),
+                        .progress = [&](int done) { m_output.showProgress(text, done, steps); },
+                        .ended = [&](const Outcome& ended) { outcome = ended; }});
+    if (!begun)
+        return {.kind = Outcome::Kind::Abandoned};
+    runUntil([&] { return outcome.has_value(); });
+    return *outcome;
+}
+
+Result Session::read(const Plan& plan, SensorValues& values)
+{
+    return resultOf(run(plan, languageString(strings::kReading),
+                        [&values](const Reply& reply) { values[reply.id] = reply.text; }));
+}
+
+WriteResult Session::write(WriteRequest request, SafeWriter::Question question)
+{
+    m_writer.setQuestion(std::move(question));
+    std::optional<WriteResult> result;
+    SafeWriter::Listener listener;
+    QString text;
+    listener.phase = [&](SafeWriter::Phase phase) { text = languageString(textNumberOf(phase)); };
+    listener.progress = [&](int done, int of) { m_output.showProgress(text, done, of); };
+    listener.ended = [&](const WriteResult& ended) { result = ended; };
+    if (!m_writer.write(*this, std::move(request), std::move(listener)))
+        return {}; // only after a signal: nothing was written
+    runUntil([&] { return result.has_value(); });
+    return *result;
+}
+
+Result Session::resultOf(const Outcome& outcome)
+{
+    switch (outcome.kind) {
+    case Outcome::Kind::Done:
+        return {};
+    case Outcome::Kind::Abandoned:
+        return interrupted();
+    case Outcome::Kind::Lost:
+        return {.exit = ExitCode::Failed, .code = "lost", .text = readingFailure(outcome)};
+    case Outcome::Kind::Failed:
+    case Outcome::Kind::StreamNotEnded:
+        break;
+    }
+    return {.exit = ExitCode::Failed,
+            .code = "failed",
+            .text = readingFailure(outcome),
+            .parameter = outcome.parameter};
+}
+
+Result Session::interrupted()
+{
+    return {.exit = ExitCode::Interrupted,
+            .code = "interrupted",
+            .text = languageString(strings::kInterrupted)};
+}
+
+void Session::close()
+{
+    if (!m_link.isOpen())
+        return;
+    bool closed = false;
+    const bool supplyOff = !m_manualPower && m_link.linkFailed() == 0;
+    m_runner.closePort(supplyOff, [&closed] { closed = true; });
+    runUntil([&closed] { return closed; });
+}
+
+} // namespace pelorin::cli

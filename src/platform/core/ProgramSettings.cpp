@@ -1,0 +1,64 @@
+#include "platform/core/ProgramSettings.h"
+
+#include "platform/core/LanguageStrings.h"
+#include "platform/core/RegistryConfig.h"
+#include "platform/core/RegistryFile.h"
+#include "platform/core/SettingsLocation.h"
+#include "platform/core/Strings.h"
+
+namespace pelorin {
+
+QString productName()
+{
+    return QStringLiteral("Pelorin");
+}
+
+QString installPath()
+{
+    RegistryConfig config;
+    if (config.setStorage(productKey()) != 1)
+        return {};
+    const QString path = config.getValue(QStringLiteral("Path"), QString());
+    return path.isEmpty() || path.endsWith(QLatin1Char('\\')) ? path : path + QLatin1Char('\\');
+}
+
+bool isSwitchedOn(const QString& name, bool otherwise)
+{
+    RegistryConfig config;
+    const qint32 unset = otherwise ? 1 : 0;
+    return (config.setStorage(productKey()) == 1 ? config.getValue(name, unset) : unset) == 1;
+}
+
+bool isPowerManual()
+{
+    return isSwitchedOn(QStringLiteral("ManualPowerMode"));
+}
+
+bool areWritesSafe()
+{
+    return isSwitchedOn(QStringLiteral("SafeWrites"), true);
+}
+
+QString languageEntry()
+{
+    return QStringLiteral("Language");
+}
+
+QString textOr(int number, const QString& plain)
+{
+    const QString text = languageString(number);
+    return text.isNull() ? plain : text;
+}
+
+QString settingsFault()
+{
+    const auto damage = RegistryFile::read(registryFilePath()).damage();
+    if (!damage)
+        return {};
+    const bool unreadable = damage->line == 0;
+    return textOr(unreadable ? strings::kRegistryUnreadable : strings::kRegistryDamaged,
+                  QStringLiteral("%1: %2"))
+        .arg(damage->path, unreadable ? damage->reason : QString::number(damage->line));
+}
+
+} // namespace pelorin

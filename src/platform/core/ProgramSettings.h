@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QString>
+
+namespace pelorin {
+
+/// What settings and profile say to every program of the product. Any thread.
+
+/// What the names of the language modules begin with.
+[[nodiscard]] QString productName();
+
+/// The installation path, ending in a backslash; empty if the settings have none.
+[[nodiscard]] QString installPath();
+
+/// A switch of the product's settings; as it is without a value if they cannot be read.
+[[nodiscard]] bool isSwitchedOn(const QString& name, bool otherwise = false);
+
+/// Whether the user switches the sensor's supply.
+[[nodiscard]] bool isPowerManual();
+/// Whether what is written is kept, verified and can be put back.
+[[nodiscard]] bool areWritesSafe();
+
+/// The profile's entry of the language's code, and what it is without one.
+[[nodiscard]] QString languageEntry();
+inline constexpr int kDefaultLanguage = 1;
+
+/// A text of the language, or what must be said even without one.
+[[nodiscard]] QString textOr(int number, const QString& plain);
+
+/// Why the settings file of this run, which exists, is not used, for the user; null if it is.
+[[nodiscard]] QString settingsFault();
+
+} // namespace pelorin
