@@ -842,9 +842,8 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <translation>Program:</translation>
     </message>
     <message id="1019">
-        <source>No serial port is present. Plug the adapter in and open this list again.</source>
-        <extracomment>Hint in an empty list of ports</extracomment>
-        <translation>No serial port is present. Plug the adapter in and open this list again.</translation>
+        <source>No serial port is present. Plug the adapter in.</source>
+        <translation>No serial port is present. Plug the adapter in.</translation>
     </message>
     <message id="1020">
         <source>Sensor values</source>
@@ -1531,6 +1530,29 @@ Without that it cannot be put back. Write all the same?</translation>
     <message id="1805">
         <source>Write It Multiplied</source>
         <translation>Write It Multiplied</translation>
+    </message>
+    <message id="1960">
+        <source>new number</source>
+        <extracomment>In the list of ports, in the place of COM7: the device gets a number when it is chosen</extracomment>
+        <translation>new number</translation>
+    </message>
+    <message id="1961">
+        <source>No serial adapter is plugged in. As soon as one is, it appears in the list.</source>
+        <translation>No serial adapter is plugged in. As soon as one is, it appears in the list.</translation>
+    </message>
+    <message id="1962">
+        <source>%1 is not there. Plug the adapter in, or choose another port.</source>
+        <translation>%1 is not there. Plug the adapter in, or choose another port.</translation>
+    </message>
+    <message id="1963">
+        <source>Without a Port</source>
+        <extracomment>Button</extracomment>
+        <translation>Without a Port</translation>
+    </message>
+    <message id="1964">
+        <source>Demonstration</source>
+        <extracomment>Button</extracomment>
+        <translation>Demonstration</translation>
     </message>
 </context>
 </TS>

@@ -842,9 +842,8 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <translation>Programma:</translation>
     </message>
     <message id="1019">
-        <source>No serial port is present. Plug the adapter in and open this list again.</source>
-        <extracomment>Hint in an empty list of ports</extracomment>
-        <translation>Nessuna porta seriale presente. Collegare l'adattatore e riaprire questo elenco.</translation>
+        <source>No serial port is present. Plug the adapter in.</source>
+        <translation>Nessuna porta seriale presente. Collegare l'adattatore.</translation>
     </message>
     <message id="1020">
         <source>Sensor values</source>
@@ -1531,6 +1530,29 @@ Senza di ciò non può essere ripristinato. Scrivere comunque?</translation>
     <message id="1805">
         <source>Write It Multiplied</source>
         <translation>Scrivi moltiplicato</translation>
+    </message>
+    <message id="1960">
+        <source>new number</source>
+        <extracomment>In the list of ports, in the place of COM7: the device gets a number when it is chosen</extracomment>
+        <translation>numero nuovo</translation>
+    </message>
+    <message id="1961">
+        <source>No serial adapter is plugged in. As soon as one is, it appears in the list.</source>
+        <translation>Nessun adattatore seriale è collegato. Appena lo è, compare nell'elenco.</translation>
+    </message>
+    <message id="1962">
+        <source>%1 is not there. Plug the adapter in, or choose another port.</source>
+        <translation>%1 non è presente. Collegare l'adattatore o scegliere un'altra porta.</translation>
+    </message>
+    <message id="1963">
+        <source>Without a Port</source>
+        <extracomment>Button</extracomment>
+        <translation>Senza porta</translation>
+    </message>
+    <message id="1964">
+        <source>Demonstration</source>
+        <extracomment>Button</extracomment>
+        <translation>Dimostrazione</translation>
     </message>
 </context>
 </TS>

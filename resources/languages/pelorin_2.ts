@@ -842,9 +842,8 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <translation>Programm:</translation>
     </message>
     <message id="1019">
-        <source>No serial port is present. Plug the adapter in and open this list again.</source>
-        <extracomment>Hint in an empty list of ports</extracomment>
-        <translation>Kein serieller Anschluss vorhanden. Stecken Sie den Adapter ein und öffnen Sie diese Liste erneut.</translation>
+        <source>No serial port is present. Plug the adapter in.</source>
+        <translation>Kein serieller Anschluss vorhanden. Stecken Sie den Adapter ein.</translation>
     </message>
     <message id="1020">
         <source>Sensor values</source>
@@ -1531,6 +1530,29 @@ Ohne das kann es nicht zurückgeschrieben werden. Trotzdem schreiben?</translati
     <message id="1805">
         <source>Write It Multiplied</source>
         <translation>Multipliziert schreiben</translation>
+    </message>
+    <message id="1960">
+        <source>new number</source>
+        <extracomment>In the list of ports, in the place of COM7: the device gets a number when it is chosen</extracomment>
+        <translation>neue Nummer</translation>
+    </message>
+    <message id="1961">
+        <source>No serial adapter is plugged in. As soon as one is, it appears in the list.</source>
+        <translation>Es ist kein serieller Adapter eingesteckt. Sobald einer eingesteckt wird, erscheint er in der Liste.</translation>
+    </message>
+    <message id="1962">
+        <source>%1 is not there. Plug the adapter in, or choose another port.</source>
+        <translation>%1 ist nicht vorhanden. Stecken Sie den Adapter ein, oder wählen Sie einen anderen Anschluss.</translation>
+    </message>
+    <message id="1963">
+        <source>Without a Port</source>
+        <extracomment>Button</extracomment>
+        <translation>Ohne Anschluss</translation>
+    </message>
+    <message id="1964">
+        <source>Demonstration</source>
+        <extracomment>Button</extracomment>
+        <translation>Vorführung</translation>
     </message>
 </context>
 </TS>

@@ -842,9 +842,8 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <translation>Programme :</translation>
     </message>
     <message id="1019">
-        <source>No serial port is present. Plug the adapter in and open this list again.</source>
-        <extracomment>Hint in an empty list of ports</extracomment>
-        <translation>Aucun port série n'est présent. Branchez l'adaptateur et rouvrez cette liste.</translation>
+        <source>No serial port is present. Plug the adapter in.</source>
+        <translation>Aucun port série n'est présent. Branchez l'adaptateur.</translation>
     </message>
     <message id="1020">
         <source>Sensor values</source>
@@ -1531,6 +1530,29 @@ Sans cela, il ne peut pas être rétabli. Écrire malgré tout ?</translation>
     <message id="1805">
         <source>Write It Multiplied</source>
         <translation>Écrire multiplié</translation>
+    </message>
+    <message id="1960">
+        <source>new number</source>
+        <extracomment>In the list of ports, in the place of COM7: the device gets a number when it is chosen</extracomment>
+        <translation>nouveau numéro</translation>
+    </message>
+    <message id="1961">
+        <source>No serial adapter is plugged in. As soon as one is, it appears in the list.</source>
+        <translation>Aucun adaptateur série n'est branché. Dès qu'il l'est, il apparaît dans la liste.</translation>
+    </message>
+    <message id="1962">
+        <source>%1 is not there. Plug the adapter in, or choose another port.</source>
+        <translation>%1 n'est pas présent. Branchez l'adaptateur ou choisissez un autre port.</translation>
+    </message>
+    <message id="1963">
+        <source>Without a Port</source>
+        <extracomment>Button</extracomment>
+        <translation>Sans port</translation>
+    </message>
+    <message id="1964">
+        <source>Demonstration</source>
+        <extracomment>Button</extracomment>
+        <translation>Démonstration</translation>
     </message>
 </context>
 </TS>

@@ -842,9 +842,8 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <translation>Programa:</translation>
     </message>
     <message id="1019">
-        <source>No serial port is present. Plug the adapter in and open this list again.</source>
-        <extracomment>Hint in an empty list of ports</extracomment>
-        <translation>No hay ningún puerto serie. Conecte el adaptador y vuelva a abrir esta lista.</translation>
+        <source>No serial port is present. Plug the adapter in.</source>
+        <translation>No hay ningún puerto serie. Conecte el adaptador.</translation>
     </message>
     <message id="1020">
         <source>Sensor values</source>
@@ -1531,6 +1530,29 @@ Sin eso no se puede restablecer. ¿Escribir de todos modos?</translation>
     <message id="1805">
         <source>Write It Multiplied</source>
         <translation>Escribir multiplicado</translation>
+    </message>
+    <message id="1960">
+        <source>new number</source>
+        <extracomment>In the list of ports, in the place of COM7: the device gets a number when it is chosen</extracomment>
+        <translation>número nuevo</translation>
+    </message>
+    <message id="1961">
+        <source>No serial adapter is plugged in. As soon as one is, it appears in the list.</source>
+        <translation>No hay ningún adaptador serie conectado. En cuanto se conecte, aparecerá en la lista.</translation>
+    </message>
+    <message id="1962">
+        <source>%1 is not there. Plug the adapter in, or choose another port.</source>
+        <translation>%1 no está presente. Conecte el adaptador o elija otro puerto.</translation>
+    </message>
+    <message id="1963">
+        <source>Without a Port</source>
+        <extracomment>Button</extracomment>
+        <translation>Sin puerto</translation>
+    </message>
+    <message id="1964">
+        <source>Demonstration</source>
+        <extracomment>Button</extracomment>
+        <translation>Demostración</translation>
     </message>
 </context>
 </TS>

@@ -9,9 +9,11 @@
 #include "platform/core/MessageNumbers.h"
 #include "platform/core/Pacing.h"
 #include "platform/core/PortOpening.h"
+#include "platform/core/SerialDevices.h"
 #include "platform/core/Strings.h"
 
 #include <atomic>
+#include <chrono>
 #include <mutex>
 #include <optional>
 #include <string>
@@ -26,6 +28,7 @@ namespace {
 constexpr LineSettings kParameterLine{4800, 'N', 8, 1};
 constexpr LineSettings kStreamLine{38400, 'N', 8, 1};
 constexpr auto kKeepAlivePeriod = 50ms;
+constexpr auto kOpenPeriod = 500ms;
 constexpr int kVersionMinimum = 2;
 
 QString deviceNameOf(int portNumber)
@@ -71,6 +74,8 @@ public:
     int open(RequestWorker::Context& context)
     {
         failure = openPort(context.port(), kParameterLine);
+        while (mayPass() && context.pause(Pacing::pause(kOpenPeriod)))
+            failure = openPort(context.port(), kParameterLine);
         if (failure) {
             if (failure.step != PortStep::Open)
                 log->append(failure.message(deviceNameOf(number)));
@@ -187,6 +192,15 @@ public:
     std::optional<SensorProtocol> protocol; ///< the worker's; there once the port is open
 
 private:
+    /// Whether the port could not be opened only since its device was just plugged in.
+    [[nodiscard]] bool mayPass() const
+    {
+        const auto now = std::chrono::system_clock::now().time_since_epoch();
+        return failure.step == PortStep::Open &&
+               SerialDevices().mayPass(failure.error, device,
+                                       std::chrono::duration_cast<std::chrono::seconds>(now));
+    }
+
     void reportLoss(RequestWorker::Context& context)
     {
         if (linkFailed.exchange(1) == 0)

@@ -1,12 +1,12 @@
 #include "platform/core/ComPortNames.h"
 
+#include "platform/core/PortNumbers.h"
 #include "platform/core/RegistryFile.h"
 #include "platform/core/SettingsLocation.h"
 
 #include <QDir>
 #include <QFileInfo>
 #include <QRegularExpression>
-#include <QSerialPortInfo>
 
 #include <algorithm>
 #include <optional>
@@ -16,6 +16,7 @@ namespace pelorin {
 namespace {
 
 constexpr int kDevicesPerKind = 32;
+constexpr int kFirstFreeNumber = 100; ///< behind the fixed ones
 constexpr const char* kKinds[] = {"ttyS", "ttyUSB", "ttyACM"};
 
 /// Where the system keeps a link to each adapter, named after maker and serial number.
@@ -78,6 +79,11 @@ ComPortNames::ComPortNames()
         if (number && !isWindowsPath(entry.name))
             m_devices.insert(*number, entry.name);
     }
+    const auto kept = keptPortNumbers();
+    for (auto it = kept.cbegin(); it != kept.cend(); ++it) {
+        if (!m_devices.contains(it.key()) && numberOf(it.value()) == 0)
+            m_devices.insert(it.key(), it.value());
+    }
 }
 
 QString ComPortNames::devicePath(const QString& name) const
@@ -102,32 +108,36 @@ int ComPortNames::numberOf(const QString& device) const
     return m_devices.contains(number) ? 0 : number;
 }
 
-QList<PresentPort> ComPortNames::presentPorts() const
-{
-    QList<SystemDevice> system;
-    const auto infos = QSerialPortInfo::availablePorts();
-    for (const QSerialPortInfo& info : infos)
-        system.append({info.systemLocation(), info.description()});
-    return presentPorts(system);
-}
-
-QList<PresentPort> ComPortNames::presentPorts(const QList<SystemDevice>& system) const
+QList<PresentPort> ComPortNames::presentPorts(const QList<SerialDevice>& system) const
 {
     QMap<int, PresentPort> ports;
     for (auto it = m_devices.cbegin(); it != m_devices.cend(); ++it) {
         const bool simulated = isSimulatedDevice(it.value());
         const QString name = simulated ? it.value() : QFileInfo(it.value()).fileName();
         if (simulated || QFileInfo::exists(it.value()))
-            ports.insert(it.key(), {it.key(), it.value(), name, QString(), simulated});
+            ports.insert(it.key(), {it.key(), it.value(), name, {}, simulated});
     }
-    for (const auto& [path, description] : system) {
-        const int number = numberOf(path);
-        if (number == 0)
-            continue;
-        const QString device = m_devices.value(number, path);
-        ports.insert(number, {number, device, QFileInfo(path).fileName(), description, false});
+    QList<PresentPort> unnumbered;
+    for (const SerialDevice& adapter : system) {
+        const int number = m_devices.key(adapter.byId.isEmpty() ? adapter.path : adapter.byId,
+                                         numberOf(adapter.path));
+        const PresentPort port{number, m_devices.value(number, adapter.path),
+                               QFileInfo(adapter.path).fileName(), adapter, false};
+        if (number == 0) {
+            unnumbered << port;
+        } else {
+            ports.insert(number, port);
+        }
     }
-    return ports.values();
+    return ports.values() + unnumbered;
+}
+
+int ComPortNames::freeNumber() const
+{
+    int number = kFirstFreeNumber;
+    while (m_devices.contains(number))
+        ++number;
+    return number;
 }
 
 QString ComPortNames::stableName(const QString& device)

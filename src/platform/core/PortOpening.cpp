@@ -1,7 +1,9 @@
 #include "platform/core/PortOpening.h"
 
 #include "platform/core/ComPort.h"
+#include "platform/core/ComPortNames.h"
 #include "platform/core/LanguageStrings.h"
+#include "platform/core/SerialDevices.h"
 #include "platform/core/Strings.h"
 
 #include <cerrno>
@@ -34,9 +36,9 @@ QString PortFailure::message(const QString& deviceName) const
     if (step != PortStep::Open)
         return message;
     if (error == EACCES || error == EPERM) {
+        const QString group = SerialDevices().groupOf(ComPortNames().devicePath(deviceName));
         message +=
-            QLatin1Char('\n') +
-            languageString(strings::kNoPermission).arg(deviceName, QStringLiteral("dialout"));
+            QLatin1Char('\n') + languageString(strings::kNoPermission).arg(deviceName, group);
     } else if (error == EBUSY) {
         message += QLatin1Char('\n') + languageString(strings::kPortInUse).arg(deviceName);
     }

@@ -61,6 +61,11 @@ inline constexpr int kNoPermission = 1001;
 inline constexpr int kPortInUse = 1002;
 inline constexpr int kPortLabel = 1010;
 inline constexpr int kNoPortPresent = 1019;
+inline constexpr int kNewPortNumber = 1960;
+inline constexpr int kNoAdapter = 1961;
+inline constexpr int kPortMissing = 1962;
+inline constexpr int kWithoutPort = 1963;
+inline constexpr int kDemonstration = 1964;
 
 // Connection
 inline constexpr int kConnecting = 116;
