@@ -1554,5 +1554,10 @@ Without that it cannot be put back. Write all the same?</translation>
         <extracomment>Button</extracomment>
         <translation>Demonstration</translation>
     </message>
+    <message id="1965">
+        <source>No port is open: there is no sensor to work with. Everything that needs none can be used.</source>
+        <extracomment>Above the page</extracomment>
+        <translation>No port is open: there is no sensor to work with. Everything that needs none can be used.</translation>
+    </message>
 </context>
 </TS>

@@ -1554,5 +1554,10 @@ Senza di ciò non può essere ripristinato. Scrivere comunque?</translation>
         <extracomment>Button</extracomment>
         <translation>Dimostrazione</translation>
     </message>
+    <message id="1965">
+        <source>No port is open: there is no sensor to work with. Everything that needs none can be used.</source>
+        <extracomment>Above the page</extracomment>
+        <translation>Nessuna porta è aperta: non c'è un sensore con cui lavorare. Tutto ciò che non ne richiede uno è utilizzabile.</translation>
+    </message>
 </context>
 </TS>

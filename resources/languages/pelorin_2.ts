@@ -1554,5 +1554,10 @@ Ohne das kann es nicht zurückgeschrieben werden. Trotzdem schreiben?</translati
         <extracomment>Button</extracomment>
         <translation>Vorführung</translation>
     </message>
+    <message id="1965">
+        <source>No port is open: there is no sensor to work with. Everything that needs none can be used.</source>
+        <extracomment>Above the page</extracomment>
+        <translation>Kein Anschluss ist geöffnet: es gibt keinen Sensor, mit dem gearbeitet werden kann. Alles, was keinen braucht, lässt sich benutzen.</translation>
+    </message>
 </context>
 </TS>

@@ -1554,5 +1554,10 @@ Sans cela, il ne peut pas être rétabli. Écrire malgré tout ?</translation>
         <extracomment>Button</extracomment>
         <translation>Démonstration</translation>
     </message>
+    <message id="1965">
+        <source>No port is open: there is no sensor to work with. Everything that needs none can be used.</source>
+        <extracomment>Above the page</extracomment>
+        <translation>Aucun port n'est ouvert : il n'y a pas de capteur avec lequel travailler. Tout ce qui n'en demande pas est utilisable.</translation>
+    </message>
 </context>
 </TS>

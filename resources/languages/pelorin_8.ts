@@ -1554,5 +1554,10 @@ Sin eso no se puede restablecer. ¿Escribir de todos modos?</translation>
         <extracomment>Button</extracomment>
         <translation>Demostración</translation>
     </message>
+    <message id="1965">
+        <source>No port is open: there is no sensor to work with. Everything that needs none can be used.</source>
+        <extracomment>Above the page</extracomment>
+        <translation>No hay ningún puerto abierto: no hay sensor con el que trabajar. Todo lo que no necesita uno se puede usar.</translation>
+    </message>
 </context>
 </TS>

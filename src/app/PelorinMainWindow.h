@@ -12,6 +12,7 @@ namespace pelorin {
 struct BackupResult;
 class BusyFilter;
 class ComPortFactory;
+class ConnectionNotices;
 class ConnectionSupervisor;
 class DisplayUnitDialog;
 class FormatRestore;
@@ -127,6 +128,7 @@ private:
     MainMenu* m_menu;
     ConnectionSupervisor* m_connection;
     PagePane* m_pages;
+    ConnectionNotices* m_notices;
     WriteReport* m_report;
     HelpWindow* m_help = nullptr;              ///< null until it is asked for
     QPointer<DisplayUnitDialog> m_displayUnit; ///< null while it is closed

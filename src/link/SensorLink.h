@@ -100,6 +100,8 @@ public:
 
     /// The port that was last opened successfully, 1 before any was.
     [[nodiscard]] int portNumber() const;
+    /// The same, but 0 before any was opened.
+    [[nodiscard]] int openedPort() const { return hasOpened() ? portNumber() : 0; }
     /// The device of that port; empty before any was opened.
     [[nodiscard]] QString device() const;
     /// True once any port has been opened in this run.

@@ -41,6 +41,11 @@ int Profile::readInt(const QString& name, int defaultValue) const
     return isNumber ? value : defaultValue;
 }
 
+bool Profile::has(const QString& name) const
+{
+    return !IniText(m_text).value(section(), name.toUtf8()).isNull();
+}
+
 QMap<QString, QString> Profile::readTexts(const QString& name) const
 {
     QMap<QString, QString> texts;

@@ -32,6 +32,8 @@ public:
     /// The value, or the default if it is absent or no whole number.
     [[nodiscard]] int readInt(const QString& name, int defaultValue) const;
 
+    [[nodiscard]] bool has(const QString& name) const;
+
     /// The texts of a section, by their names; in the file they are percent-encoded.
     [[nodiscard]] QMap<QString, QString> readTexts(const QString& section) const;
 

@@ -66,6 +66,7 @@ inline constexpr int kNoAdapter = 1961;
 inline constexpr int kPortMissing = 1962;
 inline constexpr int kWithoutPort = 1963;
 inline constexpr int kDemonstration = 1964;
+inline constexpr int kWithoutPortNotice = 1965;
 
 // Connection
 inline constexpr int kConnecting = 116;
