@@ -1531,6 +1531,369 @@ Without that it cannot be put back. Write all the same?</translation>
         <source>Write It Multiplied</source>
         <translation>Write It Multiplied</translation>
     </message>
+    <message id="1815">
+        <source>Reading the data format…</source>
+        <translation>Reading the data format…</translation>
+    </message>
+    <message id="1816">
+        <source>Writing the data format for the position stream…</source>
+        <translation>Writing the data format for the position stream…</translation>
+    </message>
+    <message id="1817">
+        <source>Waiting for the sensor to store the data format…</source>
+        <translation>Waiting for the sensor to store the data format…</translation>
+    </message>
+    <message id="1818">
+        <source>Restarting the sensor…</source>
+        <translation>Restarting the sensor…</translation>
+    </message>
+    <message id="1819">
+        <source>Waiting for the position stream…</source>
+        <translation>Waiting for the position stream…</translation>
+    </message>
+    <message id="1820">
+        <source>Ending the position stream and connecting the sensor…</source>
+        <translation>Ending the position stream and connecting the sensor…</translation>
+    </message>
+    <message id="1821">
+        <source>Writing the sensor's own data format back…</source>
+        <translation>Writing the sensor's own data format back…</translation>
+    </message>
+    <message id="1830">
+        <source>Time shown</source>
+        <extracomment>Caption of a list of durations</extracomment>
+        <translation>Time shown</translation>
+    </message>
+    <message id="1831">
+        <source>%1 s</source>
+        <extracomment>%1 seconds</extracomment>
+        <translation>%1 s</translation>
+    </message>
+    <message id="1832">
+        <source>%1 min</source>
+        <extracomment>%1 minutes</extracomment>
+        <translation>%1 min</translation>
+    </message>
+    <message id="1833">
+        <source>Whole recording</source>
+        <extracomment>Entry of the list of durations</extracomment>
+        <translation>Whole recording</translation>
+    </message>
+    <message id="1834">
+        <source>Hold range</source>
+        <extracomment>Check box: the range of the position axis stays as it is</extracomment>
+        <translation>Hold range</translation>
+    </message>
+    <message id="1835">
+        <source>Pause</source>
+        <extracomment>Button that stays pressed</extracomment>
+        <translation>Pause</translation>
+    </message>
+    <message id="1836">
+        <source>Zero here</source>
+        <extracomment>Button that stays pressed: positions are shown relative to this one</extracomment>
+        <translation>Zero here</translation>
+    </message>
+    <message id="1837">
+        <source>Record…</source>
+        <extracomment>Button</extracomment>
+        <translation>Record…</translation>
+    </message>
+    <message id="1838">
+        <source>Stop recording</source>
+        <extracomment>Button</extracomment>
+        <translation>Stop recording</translation>
+    </message>
+    <message id="1839">
+        <source>Open recording…</source>
+        <extracomment>Button</extracomment>
+        <translation>Open recording…</translation>
+    </message>
+    <message id="1840">
+        <source>Minimum</source>
+        <extracomment>Figure</extracomment>
+        <translation>Minimum</translation>
+    </message>
+    <message id="1841">
+        <source>Maximum</source>
+        <extracomment>Figure</extracomment>
+        <translation>Maximum</translation>
+    </message>
+    <message id="1842">
+        <source>Span</source>
+        <extracomment>Figure: maximum less minimum</extracomment>
+        <translation>Span</translation>
+    </message>
+    <message id="1843">
+        <source>Mean</source>
+        <extracomment>Figure</extracomment>
+        <translation>Mean</translation>
+    </message>
+    <message id="1844">
+        <source>Standard deviation</source>
+        <extracomment>Figure</extracomment>
+        <translation>Standard deviation</translation>
+    </message>
+    <message id="1845">
+        <source>Positions per second</source>
+        <extracomment>Figure</extracomment>
+        <translation>Positions per second</translation>
+    </message>
+    <message id="1846">
+        <source>Malformed frames</source>
+        <extracomment>Figure: what came and was no position</extracomment>
+        <translation>Malformed frames</translation>
+    </message>
+    <message id="1847">
+        <source>Time at the cursor</source>
+        <extracomment>Figure</extracomment>
+        <translation>Time at the cursor</translation>
+    </message>
+    <message id="1848">
+        <source>Position at the cursor</source>
+        <extracomment>Figure</extracomment>
+        <translation>Position at the cursor</translation>
+    </message>
+    <message id="1849">
+        <source>Trace of the position</source>
+        <extracomment>For screen readers</extracomment>
+        <translation>Trace of the position</translation>
+    </message>
+    <message id="1850">
+        <source>No positions</source>
+        <extracomment>In place of the trace</extracomment>
+        <translation>No positions</translation>
+    </message>
+    <message id="1851">
+        <source>Relative to %1 mm</source>
+        <extracomment>%1 position</extracomment>
+        <translation>Relative to %1 mm</translation>
+    </message>
+    <message id="1852">
+        <source>The recording %1 has ended: %2. What was recorded before is in the file.</source>
+        <extracomment>%1 path, %2 the system's reason</extracomment>
+        <translation>The recording %1 has ended: %2. What was recorded before is in the file.</translation>
+    </message>
+    <message id="1853">
+        <source>The file %1 is no recording of positions that this version can read: line 1 is not the first line of one.</source>
+        <extracomment>%1 path</extracomment>
+        <translation>The file %1 is no recording of positions that this version can read: line 1 is not the first line of one.</translation>
+    </message>
+    <message id="1854">
+        <source>The recording %1 is damaged at line %2. Lines that could not be read: %3. All others are shown.</source>
+        <extracomment>%1 path, %2 number of the first such line, %3 count</extracomment>
+        <translation>The recording %1 is damaged at line %2. Lines that could not be read: %3. All others are shown.</translation>
+    </message>
+    <message id="1855">
+        <source>Recording %1</source>
+        <extracomment>Title of a window, %1 file name</extracomment>
+        <translation>Recording %1</translation>
+    </message>
+    <message id="1856">
+        <source>Sensor version %1, type %2, port %3, resolution %4 mm, begun %5 (UTC)</source>
+        <extracomment>What a recording tells of itself</extracomment>
+        <translation>Sensor version %1, type %2, port %3, resolution %4 mm, begun %5 (UTC)</translation>
+    </message>
+    <message id="1857">
+        <source>All decimals</source>
+        <extracomment>Check box: the position is shown with the decimals of the resolution</extracomment>
+        <translation>All decimals</translation>
+    </message>
+    <message id="1858">
+        <source>Recordings (*.csv);;All files (*)</source>
+        <extracomment>File filter</extracomment>
+        <translation>Recordings (*.csv);;All files (*)</translation>
+    </message>
+    <message id="1859">
+        <source>mm/s</source>
+        <extracomment>Unit</extracomment>
+        <translation>mm/s</translation>
+    </message>
+    <message id="1860">
+        <source>s</source>
+        <extracomment>Unit</extracomment>
+        <translation>s</translation>
+    </message>
+    <message id="1900">
+        <source>&amp;Settings…</source>
+        <translation>&amp;Settings…</translation>
+    </message>
+    <message id="1901">
+        <source>Settings</source>
+        <translation>Settings</translation>
+    </message>
+    <message id="1902">
+        <source>Sensor Types</source>
+        <translation>Sensor Types</translation>
+    </message>
+    <message id="1903">
+        <source>General</source>
+        <translation>General</translation>
+    </message>
+    <message id="1904">
+        <source>Ports</source>
+        <translation>Ports</translation>
+    </message>
+    <message id="1905">
+        <source>Sensor Packages</source>
+        <translation>Sensor Packages</translation>
+    </message>
+    <message id="1906">
+        <source>Display Unit</source>
+        <translation>Display Unit</translation>
+    </message>
+    <message id="1907">
+        <source>Type %1</source>
+        <translation>Type %1</translation>
+    </message>
+    <message id="1908">
+        <source>Lowest revision (hexadecimal)</source>
+        <translation>Lowest revision (hexadecimal)</translation>
+    </message>
+    <message id="1909">
+        <source>Highest revision (hexadecimal)</source>
+        <translation>Highest revision (hexadecimal)</translation>
+    </message>
+    <message id="1910">
+        <source>The connected sensor has the revision %1 (version answer %2).</source>
+        <translation>The connected sensor has the revision %1 (version answer %2).</translation>
+    </message>
+    <message id="1911">
+        <source>No sensor has answered.</source>
+        <translation>No sensor has answered.</translation>
+    </message>
+    <message id="1912">
+        <source>Types %1 and %2 both have the revisions %3 to %4: a sensor with one of them counts as type %1.</source>
+        <translation>Types %1 and %2 both have the revisions %3 to %4: a sensor with one of them counts as type %1.</translation>
+    </message>
+    <message id="1913">
+        <source>The sensor's supply is switched by hand</source>
+        <translation>The sensor's supply is switched by hand</translation>
+    </message>
+    <message id="1914">
+        <source>Safe writes: keep what the sensor had, restart it and compare what was written</source>
+        <translation>Safe writes: keep what the sensor had, restart it and compare what was written</translation>
+    </message>
+    <message id="1915">
+        <source>Show the page for temperature compensation</source>
+        <translation>Show the page for temperature compensation</translation>
+    </message>
+    <message id="1916">
+        <source>Offer the display unit in the View menu</source>
+        <translation>Offer the display unit in the View menu</translation>
+    </message>
+    <message id="1917">
+        <source>Node:</source>
+        <translation>Node:</translation>
+    </message>
+    <message id="1918">
+        <source>Device</source>
+        <translation>Device</translation>
+    </message>
+    <message id="1919">
+        <source>Description</source>
+        <translation>Description</translation>
+    </message>
+    <message id="1920">
+        <source>COM Number</source>
+        <translation>COM Number</translation>
+    </message>
+    <message id="1921">
+        <source>not present</source>
+        <translation>not present</translation>
+    </message>
+    <message id="1922">
+        <source>Add</source>
+        <translation>Add</translation>
+    </message>
+    <message id="1923">
+        <source>Remove</source>
+        <translation>Remove</translation>
+    </message>
+    <message id="1924">
+        <source>Import ...</source>
+        <translation>Import ...</translation>
+    </message>
+    <message id="1925">
+        <source>Use the Site's Settings Again ...</source>
+        <translation>Use the Site's Settings Again ...</translation>
+    </message>
+    <message id="1926">
+        <source>These settings are those of the file %1.</source>
+        <translation>These settings are those of the file %1.</translation>
+    </message>
+    <message id="1927">
+        <source>These settings are those of the file %1. A change makes a copy of them, %2. From then on %1 is no longer read.</source>
+        <translation>These settings are those of the file %1. A change makes a copy of them, %2. From then on %1 is no longer read.</translation>
+    </message>
+    <message id="1928">
+        <source>These settings are shown only: the file %1 cannot be written: %2.</source>
+        <translation>These settings are shown only: the file %1 cannot be written: %2.</translation>
+    </message>
+    <message id="1929">
+        <source>Settings files (*.reg);;All files (*)</source>
+        <translation>Settings files (*.reg);;All files (*)</translation>
+    </message>
+    <message id="1930">
+        <source>Type %1: the lowest revision is above the highest one.</source>
+        <translation>Type %1: the lowest revision is above the highest one.</translation>
+    </message>
+    <message id="1931">
+        <source>%1 is the number of two devices, %2 and %3. Give one of them another number.</source>
+        <translation>%1 is the number of two devices, %2 and %3. Give one of them another number.</translation>
+    </message>
+    <message id="1932">
+        <source>“%1” is no COM number for %2. Enter a number from 1 on, or nothing.</source>
+        <translation>“%1” is no COM number for %2. Enter a number from 1 on, or nothing.</translation>
+    </message>
+    <message id="1933">
+        <source>The sensor's port is %1: the display unit needs another one.</source>
+        <translation>The sensor's port is %1: the display unit needs another one.</translation>
+    </message>
+    <message id="1934">
+        <source>Package %1: “%2” is no distance in millimetres.</source>
+        <translation>Package %1: “%2” is no distance in millimetres.</translation>
+    </message>
+    <message id="1935">
+        <source>The package in row %1 needs a name.</source>
+        <translation>The package in row %1 needs a name.</translation>
+    </message>
+    <message id="1936">
+        <source>The file %1 has changed since it was read. It can be overwritten with what is entered here, or read again, which gives up what is entered.</source>
+        <translation>The file %1 has changed since it was read. It can be overwritten with what is entered here, or read again, which gives up what is entered.</translation>
+    </message>
+    <message id="1937">
+        <source>Overwrite</source>
+        <translation>Overwrite</translation>
+    </message>
+    <message id="1938">
+        <source>Read Again</source>
+        <translation>Read Again</translation>
+    </message>
+    <message id="1939">
+        <source>The tables of the page for temperature compensation hold values, which are lost when the page is no longer shown. Go on?</source>
+        <translation>The tables of the page for temperature compensation hold values, which are lost when the page is no longer shown. Go on?</translation>
+    </message>
+    <message id="1940">
+        <source>Your settings file is renamed to %1, and what is entered here is given up. The site's settings are in force again then. Go on?</source>
+        <translation>Your settings file is renamed to %1, and what is entered here is given up. The site's settings are in force again then. Go on?</translation>
+    </message>
+    <message id="1941">
+        <source>COM%1 has become another device, so the port was closed. Choose where to connect.</source>
+        <translation>COM%1 has become another device, so the port was closed. Choose where to connect.</translation>
+    </message>
+    <message id="1942">
+        <source>The sensor is in use: nothing was changed. Try again when that has ended.</source>
+        <translation>The sensor is in use: nothing was changed. Try again when that has ended.</translation>
+    </message>
+    <message id="1943">
+        <source>The file %1 holds no sensor packages.</source>
+        <translation>The file %1 holds no sensor packages.</translation>
+    </message>
+    <message id="1944">
+        <source>Import Sensor Packages</source>
+        <translation>Import Sensor Packages</translation>
+    </message>
     <message id="1960">
         <source>new number</source>
         <extracomment>In the list of ports, in the place of COM7: the device gets a number when it is chosen</extracomment>

@@ -1531,6 +1531,369 @@ Senza di ciò non può essere ripristinato. Scrivere comunque?</translation>
         <source>Write It Multiplied</source>
         <translation>Scrivi moltiplicato</translation>
     </message>
+    <message id="1815">
+        <source>Reading the data format…</source>
+        <translation>Lettura del formato dati…</translation>
+    </message>
+    <message id="1816">
+        <source>Writing the data format for the position stream…</source>
+        <translation>Scrittura del formato dati per il flusso di posizioni…</translation>
+    </message>
+    <message id="1817">
+        <source>Waiting for the sensor to store the data format…</source>
+        <translation>Il sensore memorizza il formato dati…</translation>
+    </message>
+    <message id="1818">
+        <source>Restarting the sensor…</source>
+        <translation>Riavvio del sensore…</translation>
+    </message>
+    <message id="1819">
+        <source>Waiting for the position stream…</source>
+        <translation>In attesa del flusso di posizioni…</translation>
+    </message>
+    <message id="1820">
+        <source>Ending the position stream and connecting the sensor…</source>
+        <translation>Arresto del flusso di posizioni e connessione del sensore…</translation>
+    </message>
+    <message id="1821">
+        <source>Writing the sensor's own data format back…</source>
+        <translation>Riscrittura del formato dati proprio del sensore…</translation>
+    </message>
+    <message id="1830">
+        <source>Time shown</source>
+        <extracomment>Caption of a list of durations</extracomment>
+        <translation>Tempo mostrato</translation>
+    </message>
+    <message id="1831">
+        <source>%1 s</source>
+        <extracomment>%1 seconds</extracomment>
+        <translation>%1 s</translation>
+    </message>
+    <message id="1832">
+        <source>%1 min</source>
+        <extracomment>%1 minutes</extracomment>
+        <translation>%1 min</translation>
+    </message>
+    <message id="1833">
+        <source>Whole recording</source>
+        <extracomment>Entry of the list of durations</extracomment>
+        <translation>Tutta la registrazione</translation>
+    </message>
+    <message id="1834">
+        <source>Hold range</source>
+        <extracomment>Check box: the range of the position axis stays as it is</extracomment>
+        <translation>Blocca intervallo</translation>
+    </message>
+    <message id="1835">
+        <source>Pause</source>
+        <extracomment>Button that stays pressed</extracomment>
+        <translation>Pausa</translation>
+    </message>
+    <message id="1836">
+        <source>Zero here</source>
+        <extracomment>Button that stays pressed: positions are shown relative to this one</extracomment>
+        <translation>Zero qui</translation>
+    </message>
+    <message id="1837">
+        <source>Record…</source>
+        <extracomment>Button</extracomment>
+        <translation>Registra…</translation>
+    </message>
+    <message id="1838">
+        <source>Stop recording</source>
+        <extracomment>Button</extracomment>
+        <translation>Ferma registrazione</translation>
+    </message>
+    <message id="1839">
+        <source>Open recording…</source>
+        <extracomment>Button</extracomment>
+        <translation>Apri registrazione…</translation>
+    </message>
+    <message id="1840">
+        <source>Minimum</source>
+        <extracomment>Figure</extracomment>
+        <translation>Minimo</translation>
+    </message>
+    <message id="1841">
+        <source>Maximum</source>
+        <extracomment>Figure</extracomment>
+        <translation>Massimo</translation>
+    </message>
+    <message id="1842">
+        <source>Span</source>
+        <extracomment>Figure: maximum less minimum</extracomment>
+        <translation>Escursione</translation>
+    </message>
+    <message id="1843">
+        <source>Mean</source>
+        <extracomment>Figure</extracomment>
+        <translation>Media</translation>
+    </message>
+    <message id="1844">
+        <source>Standard deviation</source>
+        <extracomment>Figure</extracomment>
+        <translation>Deviazione standard</translation>
+    </message>
+    <message id="1845">
+        <source>Positions per second</source>
+        <extracomment>Figure</extracomment>
+        <translation>Posizioni al secondo</translation>
+    </message>
+    <message id="1846">
+        <source>Malformed frames</source>
+        <extracomment>Figure: what came and was no position</extracomment>
+        <translation>Trame errate</translation>
+    </message>
+    <message id="1847">
+        <source>Time at the cursor</source>
+        <extracomment>Figure</extracomment>
+        <translation>Tempo al cursore</translation>
+    </message>
+    <message id="1848">
+        <source>Position at the cursor</source>
+        <extracomment>Figure</extracomment>
+        <translation>Posizione al cursore</translation>
+    </message>
+    <message id="1849">
+        <source>Trace of the position</source>
+        <extracomment>For screen readers</extracomment>
+        <translation>Tracciato della posizione</translation>
+    </message>
+    <message id="1850">
+        <source>No positions</source>
+        <extracomment>In place of the trace</extracomment>
+        <translation>Nessuna posizione</translation>
+    </message>
+    <message id="1851">
+        <source>Relative to %1 mm</source>
+        <extracomment>%1 position</extracomment>
+        <translation>Relativo a %1 mm</translation>
+    </message>
+    <message id="1852">
+        <source>The recording %1 has ended: %2. What was recorded before is in the file.</source>
+        <extracomment>%1 path, %2 the system's reason</extracomment>
+        <translation>La registrazione %1 è terminata: %2. Quanto registrato prima è nel file.</translation>
+    </message>
+    <message id="1853">
+        <source>The file %1 is no recording of positions that this version can read: line 1 is not the first line of one.</source>
+        <extracomment>%1 path</extracomment>
+        <translation>Il file %1 non è una registrazione di posizioni che questa versione può leggere: la riga 1 non è la prima di una registrazione.</translation>
+    </message>
+    <message id="1854">
+        <source>The recording %1 is damaged at line %2. Lines that could not be read: %3. All others are shown.</source>
+        <extracomment>%1 path, %2 number of the first such line, %3 count</extracomment>
+        <translation>La registrazione %1 è danneggiata alla riga %2. Righe non leggibili: %3. Tutte le altre sono mostrate.</translation>
+    </message>
+    <message id="1855">
+        <source>Recording %1</source>
+        <extracomment>Title of a window, %1 file name</extracomment>
+        <translation>Registrazione %1</translation>
+    </message>
+    <message id="1856">
+        <source>Sensor version %1, type %2, port %3, resolution %4 mm, begun %5 (UTC)</source>
+        <extracomment>What a recording tells of itself</extracomment>
+        <translation>Versione del sensore %1, tipo %2, porta %3, risoluzione %4 mm, inizio %5 (UTC)</translation>
+    </message>
+    <message id="1857">
+        <source>All decimals</source>
+        <extracomment>Check box: the position is shown with the decimals of the resolution</extracomment>
+        <translation>Tutti i decimali</translation>
+    </message>
+    <message id="1858">
+        <source>Recordings (*.csv);;All files (*)</source>
+        <extracomment>File filter</extracomment>
+        <translation>Registrazioni (*.csv);;Tutti i file (*)</translation>
+    </message>
+    <message id="1859">
+        <source>mm/s</source>
+        <extracomment>Unit</extracomment>
+        <translation>mm/s</translation>
+    </message>
+    <message id="1860">
+        <source>s</source>
+        <extracomment>Unit</extracomment>
+        <translation>s</translation>
+    </message>
+    <message id="1900">
+        <source>&amp;Settings…</source>
+        <translation>&amp;Impostazioni…</translation>
+    </message>
+    <message id="1901">
+        <source>Settings</source>
+        <translation>Impostazioni</translation>
+    </message>
+    <message id="1902">
+        <source>Sensor Types</source>
+        <translation>Tipi di sensore</translation>
+    </message>
+    <message id="1903">
+        <source>General</source>
+        <translation>Generale</translation>
+    </message>
+    <message id="1904">
+        <source>Ports</source>
+        <translation>Porte</translation>
+    </message>
+    <message id="1905">
+        <source>Sensor Packages</source>
+        <translation>Modelli di sensore</translation>
+    </message>
+    <message id="1906">
+        <source>Display Unit</source>
+        <translation>Visualizzatore</translation>
+    </message>
+    <message id="1907">
+        <source>Type %1</source>
+        <translation>Tipo %1</translation>
+    </message>
+    <message id="1908">
+        <source>Lowest revision (hexadecimal)</source>
+        <translation>Revisione più bassa (esadecimale)</translation>
+    </message>
+    <message id="1909">
+        <source>Highest revision (hexadecimal)</source>
+        <translation>Revisione più alta (esadecimale)</translation>
+    </message>
+    <message id="1910">
+        <source>The connected sensor has the revision %1 (version answer %2).</source>
+        <translation>Il sensore connesso ha la revisione %1 (risposta di versione %2).</translation>
+    </message>
+    <message id="1911">
+        <source>No sensor has answered.</source>
+        <translation>Nessun sensore ha risposto.</translation>
+    </message>
+    <message id="1912">
+        <source>Types %1 and %2 both have the revisions %3 to %4: a sensor with one of them counts as type %1.</source>
+        <translation>I tipi %1 e %2 hanno entrambi le revisioni da %3 a %4: un sensore con una di esse vale come tipo %1.</translation>
+    </message>
+    <message id="1913">
+        <source>The sensor's supply is switched by hand</source>
+        <translation>L'alimentazione del sensore si commuta a mano</translation>
+    </message>
+    <message id="1914">
+        <source>Safe writes: keep what the sensor had, restart it and compare what was written</source>
+        <translation>Scrittura sicura: conservare lo stato precedente, riavviare il sensore e confrontare ciò che è stato scritto</translation>
+    </message>
+    <message id="1915">
+        <source>Show the page for temperature compensation</source>
+        <translation>Mostra la pagina della compensazione di temperatura</translation>
+    </message>
+    <message id="1916">
+        <source>Offer the display unit in the View menu</source>
+        <translation>Offri il visualizzatore nel menu Visualizza</translation>
+    </message>
+    <message id="1917">
+        <source>Node:</source>
+        <translation>Nodo:</translation>
+    </message>
+    <message id="1918">
+        <source>Device</source>
+        <translation>Dispositivo</translation>
+    </message>
+    <message id="1919">
+        <source>Description</source>
+        <translation>Descrizione</translation>
+    </message>
+    <message id="1920">
+        <source>COM Number</source>
+        <translation>Numero COM</translation>
+    </message>
+    <message id="1921">
+        <source>not present</source>
+        <translation>non presente</translation>
+    </message>
+    <message id="1922">
+        <source>Add</source>
+        <translation>Aggiungi</translation>
+    </message>
+    <message id="1923">
+        <source>Remove</source>
+        <translation>Rimuovi</translation>
+    </message>
+    <message id="1924">
+        <source>Import ...</source>
+        <translation>Importa ...</translation>
+    </message>
+    <message id="1925">
+        <source>Use the Site's Settings Again ...</source>
+        <translation>Usa di nuovo le impostazioni dell'impianto ...</translation>
+    </message>
+    <message id="1926">
+        <source>These settings are those of the file %1.</source>
+        <translation>Queste impostazioni sono quelle del file %1.</translation>
+    </message>
+    <message id="1927">
+        <source>These settings are those of the file %1. A change makes a copy of them, %2. From then on %1 is no longer read.</source>
+        <translation>Queste impostazioni sono quelle del file %1. Una modifica ne crea una copia, %2. Da quel momento %1 non viene più letto.</translation>
+    </message>
+    <message id="1928">
+        <source>These settings are shown only: the file %1 cannot be written: %2.</source>
+        <translation>Queste impostazioni vengono solo mostrate: impossibile scrivere il file %1: %2.</translation>
+    </message>
+    <message id="1929">
+        <source>Settings files (*.reg);;All files (*)</source>
+        <translation>File di impostazioni (*.reg);;Tutti i file (*)</translation>
+    </message>
+    <message id="1930">
+        <source>Type %1: the lowest revision is above the highest one.</source>
+        <translation>Tipo %1: la revisione più bassa è superiore alla più alta.</translation>
+    </message>
+    <message id="1931">
+        <source>%1 is the number of two devices, %2 and %3. Give one of them another number.</source>
+        <translation>%1 è il numero di due dispositivi, %2 e %3. Assegnare a uno di essi un altro numero.</translation>
+    </message>
+    <message id="1932">
+        <source>“%1” is no COM number for %2. Enter a number from 1 on, or nothing.</source>
+        <translation>«%1» non è un numero COM per %2. Immettere un numero da 1 in su, o nulla.</translation>
+    </message>
+    <message id="1933">
+        <source>The sensor's port is %1: the display unit needs another one.</source>
+        <translation>La porta del sensore è %1: il visualizzatore ne richiede un'altra.</translation>
+    </message>
+    <message id="1934">
+        <source>Package %1: “%2” is no distance in millimetres.</source>
+        <translation>Modello %1: «%2» non è una distanza in millimetri.</translation>
+    </message>
+    <message id="1935">
+        <source>The package in row %1 needs a name.</source>
+        <translation>Il modello della riga %1 richiede un nome.</translation>
+    </message>
+    <message id="1936">
+        <source>The file %1 has changed since it was read. It can be overwritten with what is entered here, or read again, which gives up what is entered.</source>
+        <translation>Il file %1 è cambiato da quando è stato letto. Può essere sovrascritto con quanto immesso qui, oppure riletto, perdendo quanto immesso.</translation>
+    </message>
+    <message id="1937">
+        <source>Overwrite</source>
+        <translation>Sovrascrivi</translation>
+    </message>
+    <message id="1938">
+        <source>Read Again</source>
+        <translation>Rileggi</translation>
+    </message>
+    <message id="1939">
+        <source>The tables of the page for temperature compensation hold values, which are lost when the page is no longer shown. Go on?</source>
+        <translation>Le tabelle della pagina della compensazione di temperatura contengono valori che vanno persi se la pagina non viene più mostrata. Continuare?</translation>
+    </message>
+    <message id="1940">
+        <source>Your settings file is renamed to %1, and what is entered here is given up. The site's settings are in force again then. Go on?</source>
+        <translation>Il file delle impostazioni viene rinominato in %1 e quanto immesso qui viene scartato. Valgono allora di nuovo le impostazioni dell'impianto. Continuare?</translation>
+    </message>
+    <message id="1941">
+        <source>COM%1 has become another device, so the port was closed. Choose where to connect.</source>
+        <translation>COM%1 è ora un altro dispositivo, perciò la porta è stata chiusa. Scegliere dove connettersi.</translation>
+    </message>
+    <message id="1942">
+        <source>The sensor is in use: nothing was changed. Try again when that has ended.</source>
+        <translation>Il sensore è in uso: non è stato modificato nulla. Riprovare quando sarà terminato.</translation>
+    </message>
+    <message id="1943">
+        <source>The file %1 holds no sensor packages.</source>
+        <translation>Il file %1 non contiene modelli di sensore.</translation>
+    </message>
+    <message id="1944">
+        <source>Import Sensor Packages</source>
+        <translation>Importa modelli di sensore</translation>
+    </message>
     <message id="1960">
         <source>new number</source>
         <extracomment>In the list of ports, in the place of COM7: the device gets a number when it is chosen</extracomment>

@@ -1531,6 +1531,369 @@ Ohne das kann es nicht zurückgeschrieben werden. Trotzdem schreiben?</translati
         <source>Write It Multiplied</source>
         <translation>Multipliziert schreiben</translation>
     </message>
+    <message id="1815">
+        <source>Reading the data format…</source>
+        <translation>Datenformat wird gelesen …</translation>
+    </message>
+    <message id="1816">
+        <source>Writing the data format for the position stream…</source>
+        <translation>Datenformat für die laufende Positionsausgabe wird geschrieben …</translation>
+    </message>
+    <message id="1817">
+        <source>Waiting for the sensor to store the data format…</source>
+        <translation>Der Sensor speichert das Datenformat …</translation>
+    </message>
+    <message id="1818">
+        <source>Restarting the sensor…</source>
+        <translation>Sensor wird neu gestartet …</translation>
+    </message>
+    <message id="1819">
+        <source>Waiting for the position stream…</source>
+        <translation>Warten auf die laufende Positionsausgabe …</translation>
+    </message>
+    <message id="1820">
+        <source>Ending the position stream and connecting the sensor…</source>
+        <translation>Laufende Positionsausgabe wird beendet und der Sensor verbunden …</translation>
+    </message>
+    <message id="1821">
+        <source>Writing the sensor's own data format back…</source>
+        <translation>Das eigene Datenformat des Sensors wird zurückgeschrieben …</translation>
+    </message>
+    <message id="1830">
+        <source>Time shown</source>
+        <extracomment>Caption of a list of durations</extracomment>
+        <translation>Gezeigte Zeit</translation>
+    </message>
+    <message id="1831">
+        <source>%1 s</source>
+        <extracomment>%1 seconds</extracomment>
+        <translation>%1 s</translation>
+    </message>
+    <message id="1832">
+        <source>%1 min</source>
+        <extracomment>%1 minutes</extracomment>
+        <translation>%1 min</translation>
+    </message>
+    <message id="1833">
+        <source>Whole recording</source>
+        <extracomment>Entry of the list of durations</extracomment>
+        <translation>Ganze Aufzeichnung</translation>
+    </message>
+    <message id="1834">
+        <source>Hold range</source>
+        <extracomment>Check box: the range of the position axis stays as it is</extracomment>
+        <translation>Bereich halten</translation>
+    </message>
+    <message id="1835">
+        <source>Pause</source>
+        <extracomment>Button that stays pressed</extracomment>
+        <translation>Pause</translation>
+    </message>
+    <message id="1836">
+        <source>Zero here</source>
+        <extracomment>Button that stays pressed: positions are shown relative to this one</extracomment>
+        <translation>Hier null</translation>
+    </message>
+    <message id="1837">
+        <source>Record…</source>
+        <extracomment>Button</extracomment>
+        <translation>Aufzeichnen…</translation>
+    </message>
+    <message id="1838">
+        <source>Stop recording</source>
+        <extracomment>Button</extracomment>
+        <translation>Aufzeichnung beenden</translation>
+    </message>
+    <message id="1839">
+        <source>Open recording…</source>
+        <extracomment>Button</extracomment>
+        <translation>Aufzeichnung öffnen…</translation>
+    </message>
+    <message id="1840">
+        <source>Minimum</source>
+        <extracomment>Figure</extracomment>
+        <translation>Minimum</translation>
+    </message>
+    <message id="1841">
+        <source>Maximum</source>
+        <extracomment>Figure</extracomment>
+        <translation>Maximum</translation>
+    </message>
+    <message id="1842">
+        <source>Span</source>
+        <extracomment>Figure: maximum less minimum</extracomment>
+        <translation>Spanne</translation>
+    </message>
+    <message id="1843">
+        <source>Mean</source>
+        <extracomment>Figure</extracomment>
+        <translation>Mittelwert</translation>
+    </message>
+    <message id="1844">
+        <source>Standard deviation</source>
+        <extracomment>Figure</extracomment>
+        <translation>Standardabweichung</translation>
+    </message>
+    <message id="1845">
+        <source>Positions per second</source>
+        <extracomment>Figure</extracomment>
+        <translation>Positionen je Sekunde</translation>
+    </message>
+    <message id="1846">
+        <source>Malformed frames</source>
+        <extracomment>Figure: what came and was no position</extracomment>
+        <translation>Fehlerhafte Telegramme</translation>
+    </message>
+    <message id="1847">
+        <source>Time at the cursor</source>
+        <extracomment>Figure</extracomment>
+        <translation>Zeit am Cursor</translation>
+    </message>
+    <message id="1848">
+        <source>Position at the cursor</source>
+        <extracomment>Figure</extracomment>
+        <translation>Position am Cursor</translation>
+    </message>
+    <message id="1849">
+        <source>Trace of the position</source>
+        <extracomment>For screen readers</extracomment>
+        <translation>Verlauf der Position</translation>
+    </message>
+    <message id="1850">
+        <source>No positions</source>
+        <extracomment>In place of the trace</extracomment>
+        <translation>Keine Positionen</translation>
+    </message>
+    <message id="1851">
+        <source>Relative to %1 mm</source>
+        <extracomment>%1 position</extracomment>
+        <translation>Relativ zu %1 mm</translation>
+    </message>
+    <message id="1852">
+        <source>The recording %1 has ended: %2. What was recorded before is in the file.</source>
+        <extracomment>%1 path, %2 the system's reason</extracomment>
+        <translation>Die Aufzeichnung %1 ist beendet: %2. Was zuvor aufgezeichnet wurde, steht in der Datei.</translation>
+    </message>
+    <message id="1853">
+        <source>The file %1 is no recording of positions that this version can read: line 1 is not the first line of one.</source>
+        <extracomment>%1 path</extracomment>
+        <translation>Die Datei %1 ist keine Aufzeichnung von Positionen, die diese Version lesen kann: Zeile 1 ist nicht deren erste.</translation>
+    </message>
+    <message id="1854">
+        <source>The recording %1 is damaged at line %2. Lines that could not be read: %3. All others are shown.</source>
+        <extracomment>%1 path, %2 number of the first such line, %3 count</extracomment>
+        <translation>Die Aufzeichnung %1 ist in Zeile %2 beschädigt. Nicht lesbare Zeilen: %3. Alle anderen werden gezeigt.</translation>
+    </message>
+    <message id="1855">
+        <source>Recording %1</source>
+        <extracomment>Title of a window, %1 file name</extracomment>
+        <translation>Aufzeichnung %1</translation>
+    </message>
+    <message id="1856">
+        <source>Sensor version %1, type %2, port %3, resolution %4 mm, begun %5 (UTC)</source>
+        <extracomment>What a recording tells of itself</extracomment>
+        <translation>Sensorversion %1, Typ %2, Anschluss %3, Auflösung %4 mm, begonnen %5 (UTC)</translation>
+    </message>
+    <message id="1857">
+        <source>All decimals</source>
+        <extracomment>Check box: the position is shown with the decimals of the resolution</extracomment>
+        <translation>Alle Nachkommastellen</translation>
+    </message>
+    <message id="1858">
+        <source>Recordings (*.csv);;All files (*)</source>
+        <extracomment>File filter</extracomment>
+        <translation>Aufzeichnungen (*.csv);;Alle Dateien (*)</translation>
+    </message>
+    <message id="1859">
+        <source>mm/s</source>
+        <extracomment>Unit</extracomment>
+        <translation>mm/s</translation>
+    </message>
+    <message id="1860">
+        <source>s</source>
+        <extracomment>Unit</extracomment>
+        <translation>s</translation>
+    </message>
+    <message id="1900">
+        <source>&amp;Settings…</source>
+        <translation>&amp;Einstellungen…</translation>
+    </message>
+    <message id="1901">
+        <source>Settings</source>
+        <translation>Einstellungen</translation>
+    </message>
+    <message id="1902">
+        <source>Sensor Types</source>
+        <translation>Sensortypen</translation>
+    </message>
+    <message id="1903">
+        <source>General</source>
+        <translation>Allgemein</translation>
+    </message>
+    <message id="1904">
+        <source>Ports</source>
+        <translation>Anschlüsse</translation>
+    </message>
+    <message id="1905">
+        <source>Sensor Packages</source>
+        <translation>Bauformen</translation>
+    </message>
+    <message id="1906">
+        <source>Display Unit</source>
+        <translation>Anzeigegerät</translation>
+    </message>
+    <message id="1907">
+        <source>Type %1</source>
+        <translation>Typ %1</translation>
+    </message>
+    <message id="1908">
+        <source>Lowest revision (hexadecimal)</source>
+        <translation>Niedrigste Revision (hexadezimal)</translation>
+    </message>
+    <message id="1909">
+        <source>Highest revision (hexadecimal)</source>
+        <translation>Höchste Revision (hexadezimal)</translation>
+    </message>
+    <message id="1910">
+        <source>The connected sensor has the revision %1 (version answer %2).</source>
+        <translation>Der verbundene Sensor hat die Revision %1 (Versionsantwort %2).</translation>
+    </message>
+    <message id="1911">
+        <source>No sensor has answered.</source>
+        <translation>Kein Sensor hat geantwortet.</translation>
+    </message>
+    <message id="1912">
+        <source>Types %1 and %2 both have the revisions %3 to %4: a sensor with one of them counts as type %1.</source>
+        <translation>Die Typen %1 und %2 haben beide die Revisionen %3 bis %4: Ein Sensor mit einer davon gilt als Typ %1.</translation>
+    </message>
+    <message id="1913">
+        <source>The sensor's supply is switched by hand</source>
+        <translation>Die Versorgung des Sensors wird von Hand geschaltet</translation>
+    </message>
+    <message id="1914">
+        <source>Safe writes: keep what the sensor had, restart it and compare what was written</source>
+        <translation>Sicheres Schreiben: Vorheriges aufbewahren, den Sensor neu starten und das Geschriebene vergleichen</translation>
+    </message>
+    <message id="1915">
+        <source>Show the page for temperature compensation</source>
+        <translation>Seite für die Temperaturkompensation zeigen</translation>
+    </message>
+    <message id="1916">
+        <source>Offer the display unit in the View menu</source>
+        <translation>Das Anzeigegerät im Menü Ansicht anbieten</translation>
+    </message>
+    <message id="1917">
+        <source>Node:</source>
+        <translation>Knoten:</translation>
+    </message>
+    <message id="1918">
+        <source>Device</source>
+        <translation>Gerät</translation>
+    </message>
+    <message id="1919">
+        <source>Description</source>
+        <translation>Beschreibung</translation>
+    </message>
+    <message id="1920">
+        <source>COM Number</source>
+        <translation>COM-Nummer</translation>
+    </message>
+    <message id="1921">
+        <source>not present</source>
+        <translation>nicht vorhanden</translation>
+    </message>
+    <message id="1922">
+        <source>Add</source>
+        <translation>Hinzufügen</translation>
+    </message>
+    <message id="1923">
+        <source>Remove</source>
+        <translation>Entfernen</translation>
+    </message>
+    <message id="1924">
+        <source>Import ...</source>
+        <translation>Importieren ...</translation>
+    </message>
+    <message id="1925">
+        <source>Use the Site's Settings Again ...</source>
+        <translation>Wieder die Einstellungen des Standorts verwenden ...</translation>
+    </message>
+    <message id="1926">
+        <source>These settings are those of the file %1.</source>
+        <translation>Diese Einstellungen sind die der Datei %1.</translation>
+    </message>
+    <message id="1927">
+        <source>These settings are those of the file %1. A change makes a copy of them, %2. From then on %1 is no longer read.</source>
+        <translation>Diese Einstellungen sind die der Datei %1. Eine Änderung legt eine Kopie davon an, %2. Von da an wird %1 nicht mehr gelesen.</translation>
+    </message>
+    <message id="1928">
+        <source>These settings are shown only: the file %1 cannot be written: %2.</source>
+        <translation>Diese Einstellungen werden nur gezeigt: Die Datei %1 kann nicht geschrieben werden: %2.</translation>
+    </message>
+    <message id="1929">
+        <source>Settings files (*.reg);;All files (*)</source>
+        <translation>Einstellungsdateien (*.reg);;Alle Dateien (*)</translation>
+    </message>
+    <message id="1930">
+        <source>Type %1: the lowest revision is above the highest one.</source>
+        <translation>Typ %1: Die niedrigste Revision liegt über der höchsten.</translation>
+    </message>
+    <message id="1931">
+        <source>%1 is the number of two devices, %2 and %3. Give one of them another number.</source>
+        <translation>%1 ist die Nummer zweier Geräte, %2 und %3. Geben Sie einem davon eine andere Nummer.</translation>
+    </message>
+    <message id="1932">
+        <source>“%1” is no COM number for %2. Enter a number from 1 on, or nothing.</source>
+        <translation>„%1“ ist keine COM-Nummer für %2. Geben Sie eine Zahl ab 1 ein, oder nichts.</translation>
+    </message>
+    <message id="1933">
+        <source>The sensor's port is %1: the display unit needs another one.</source>
+        <translation>Der Anschluss des Sensors ist %1: Das Anzeigegerät braucht einen anderen.</translation>
+    </message>
+    <message id="1934">
+        <source>Package %1: “%2” is no distance in millimetres.</source>
+        <translation>Bauform %1: „%2“ ist kein Abstand in Millimetern.</translation>
+    </message>
+    <message id="1935">
+        <source>The package in row %1 needs a name.</source>
+        <translation>Die Bauform in Zeile %1 braucht einen Namen.</translation>
+    </message>
+    <message id="1936">
+        <source>The file %1 has changed since it was read. It can be overwritten with what is entered here, or read again, which gives up what is entered.</source>
+        <translation>Die Datei %1 hat sich geändert, seit sie gelesen wurde. Sie kann mit dem hier Eingegebenen überschrieben oder neu gelesen werden; dabei geht das Eingegebene verloren.</translation>
+    </message>
+    <message id="1937">
+        <source>Overwrite</source>
+        <translation>Überschreiben</translation>
+    </message>
+    <message id="1938">
+        <source>Read Again</source>
+        <translation>Neu lesen</translation>
+    </message>
+    <message id="1939">
+        <source>The tables of the page for temperature compensation hold values, which are lost when the page is no longer shown. Go on?</source>
+        <translation>Die Tabellen der Seite für die Temperaturkompensation enthalten Werte, die verloren gehen, wenn die Seite nicht mehr gezeigt wird. Fortfahren?</translation>
+    </message>
+    <message id="1940">
+        <source>Your settings file is renamed to %1, and what is entered here is given up. The site's settings are in force again then. Go on?</source>
+        <translation>Ihre Einstellungsdatei wird in %1 umbenannt, das hier Eingegebene verworfen. Dann gelten wieder die Einstellungen des Standorts. Fortfahren?</translation>
+    </message>
+    <message id="1941">
+        <source>COM%1 has become another device, so the port was closed. Choose where to connect.</source>
+        <translation>COM%1 ist ein anderes Gerät geworden, deshalb wurde der Anschluss geschlossen. Wählen Sie, womit verbunden werden soll.</translation>
+    </message>
+    <message id="1942">
+        <source>The sensor is in use: nothing was changed. Try again when that has ended.</source>
+        <translation>Der Sensor wird gerade verwendet: Es wurde nichts geändert. Versuchen Sie es erneut, wenn das beendet ist.</translation>
+    </message>
+    <message id="1943">
+        <source>The file %1 holds no sensor packages.</source>
+        <translation>Die Datei %1 enthält keine Bauformen.</translation>
+    </message>
+    <message id="1944">
+        <source>Import Sensor Packages</source>
+        <translation>Bauformen importieren</translation>
+    </message>
     <message id="1960">
         <source>new number</source>
         <extracomment>In the list of ports, in the place of COM7: the device gets a number when it is chosen</extracomment>

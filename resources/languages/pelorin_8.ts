@@ -1531,6 +1531,369 @@ Sin eso no se puede restablecer. ¿Escribir de todos modos?</translation>
         <source>Write It Multiplied</source>
         <translation>Escribir multiplicado</translation>
     </message>
+    <message id="1815">
+        <source>Reading the data format…</source>
+        <translation>Leyendo el formato de datos…</translation>
+    </message>
+    <message id="1816">
+        <source>Writing the data format for the position stream…</source>
+        <translation>Escribiendo el formato de datos para el flujo de posiciones…</translation>
+    </message>
+    <message id="1817">
+        <source>Waiting for the sensor to store the data format…</source>
+        <translation>El sensor guarda el formato de datos…</translation>
+    </message>
+    <message id="1818">
+        <source>Restarting the sensor…</source>
+        <translation>Reiniciando el sensor…</translation>
+    </message>
+    <message id="1819">
+        <source>Waiting for the position stream…</source>
+        <translation>Esperando el flujo de posiciones…</translation>
+    </message>
+    <message id="1820">
+        <source>Ending the position stream and connecting the sensor…</source>
+        <translation>Terminando el flujo de posiciones y conectando el sensor…</translation>
+    </message>
+    <message id="1821">
+        <source>Writing the sensor's own data format back…</source>
+        <translation>Volviendo a escribir el formato de datos propio del sensor…</translation>
+    </message>
+    <message id="1830">
+        <source>Time shown</source>
+        <extracomment>Caption of a list of durations</extracomment>
+        <translation>Tiempo mostrado</translation>
+    </message>
+    <message id="1831">
+        <source>%1 s</source>
+        <extracomment>%1 seconds</extracomment>
+        <translation>%1 s</translation>
+    </message>
+    <message id="1832">
+        <source>%1 min</source>
+        <extracomment>%1 minutes</extracomment>
+        <translation>%1 min</translation>
+    </message>
+    <message id="1833">
+        <source>Whole recording</source>
+        <extracomment>Entry of the list of durations</extracomment>
+        <translation>Toda la grabación</translation>
+    </message>
+    <message id="1834">
+        <source>Hold range</source>
+        <extracomment>Check box: the range of the position axis stays as it is</extracomment>
+        <translation>Fijar el rango</translation>
+    </message>
+    <message id="1835">
+        <source>Pause</source>
+        <extracomment>Button that stays pressed</extracomment>
+        <translation>Pausa</translation>
+    </message>
+    <message id="1836">
+        <source>Zero here</source>
+        <extracomment>Button that stays pressed: positions are shown relative to this one</extracomment>
+        <translation>Cero aquí</translation>
+    </message>
+    <message id="1837">
+        <source>Record…</source>
+        <extracomment>Button</extracomment>
+        <translation>Grabar…</translation>
+    </message>
+    <message id="1838">
+        <source>Stop recording</source>
+        <extracomment>Button</extracomment>
+        <translation>Detener la grabación</translation>
+    </message>
+    <message id="1839">
+        <source>Open recording…</source>
+        <extracomment>Button</extracomment>
+        <translation>Abrir grabación…</translation>
+    </message>
+    <message id="1840">
+        <source>Minimum</source>
+        <extracomment>Figure</extracomment>
+        <translation>Mínimo</translation>
+    </message>
+    <message id="1841">
+        <source>Maximum</source>
+        <extracomment>Figure</extracomment>
+        <translation>Máximo</translation>
+    </message>
+    <message id="1842">
+        <source>Span</source>
+        <extracomment>Figure: maximum less minimum</extracomment>
+        <translation>Amplitud</translation>
+    </message>
+    <message id="1843">
+        <source>Mean</source>
+        <extracomment>Figure</extracomment>
+        <translation>Media</translation>
+    </message>
+    <message id="1844">
+        <source>Standard deviation</source>
+        <extracomment>Figure</extracomment>
+        <translation>Desviación típica</translation>
+    </message>
+    <message id="1845">
+        <source>Positions per second</source>
+        <extracomment>Figure</extracomment>
+        <translation>Posiciones por segundo</translation>
+    </message>
+    <message id="1846">
+        <source>Malformed frames</source>
+        <extracomment>Figure: what came and was no position</extracomment>
+        <translation>Tramas erróneas</translation>
+    </message>
+    <message id="1847">
+        <source>Time at the cursor</source>
+        <extracomment>Figure</extracomment>
+        <translation>Tiempo en el cursor</translation>
+    </message>
+    <message id="1848">
+        <source>Position at the cursor</source>
+        <extracomment>Figure</extracomment>
+        <translation>Posición en el cursor</translation>
+    </message>
+    <message id="1849">
+        <source>Trace of the position</source>
+        <extracomment>For screen readers</extracomment>
+        <translation>Gráfico de la posición</translation>
+    </message>
+    <message id="1850">
+        <source>No positions</source>
+        <extracomment>In place of the trace</extracomment>
+        <translation>Sin posiciones</translation>
+    </message>
+    <message id="1851">
+        <source>Relative to %1 mm</source>
+        <extracomment>%1 position</extracomment>
+        <translation>Relativo a %1 mm</translation>
+    </message>
+    <message id="1852">
+        <source>The recording %1 has ended: %2. What was recorded before is in the file.</source>
+        <extracomment>%1 path, %2 the system's reason</extracomment>
+        <translation>La grabación %1 ha terminado: %2. Lo grabado antes está en el archivo.</translation>
+    </message>
+    <message id="1853">
+        <source>The file %1 is no recording of positions that this version can read: line 1 is not the first line of one.</source>
+        <extracomment>%1 path</extracomment>
+        <translation>El archivo %1 no es una grabación de posiciones que esta versión pueda leer: la línea 1 no es la primera de una grabación.</translation>
+    </message>
+    <message id="1854">
+        <source>The recording %1 is damaged at line %2. Lines that could not be read: %3. All others are shown.</source>
+        <extracomment>%1 path, %2 number of the first such line, %3 count</extracomment>
+        <translation>La grabación %1 está dañada en la línea %2. Líneas que no se pudieron leer: %3. Se muestran todas las demás.</translation>
+    </message>
+    <message id="1855">
+        <source>Recording %1</source>
+        <extracomment>Title of a window, %1 file name</extracomment>
+        <translation>Grabación %1</translation>
+    </message>
+    <message id="1856">
+        <source>Sensor version %1, type %2, port %3, resolution %4 mm, begun %5 (UTC)</source>
+        <extracomment>What a recording tells of itself</extracomment>
+        <translation>Versión del sensor %1, tipo %2, puerto %3, resolución %4 mm, inicio %5 (UTC)</translation>
+    </message>
+    <message id="1857">
+        <source>All decimals</source>
+        <extracomment>Check box: the position is shown with the decimals of the resolution</extracomment>
+        <translation>Todos los decimales</translation>
+    </message>
+    <message id="1858">
+        <source>Recordings (*.csv);;All files (*)</source>
+        <extracomment>File filter</extracomment>
+        <translation>Grabaciones (*.csv);;Todos los archivos (*)</translation>
+    </message>
+    <message id="1859">
+        <source>mm/s</source>
+        <extracomment>Unit</extracomment>
+        <translation>mm/s</translation>
+    </message>
+    <message id="1860">
+        <source>s</source>
+        <extracomment>Unit</extracomment>
+        <translation>s</translation>
+    </message>
+    <message id="1900">
+        <source>&amp;Settings…</source>
+        <translation>&amp;Ajustes…</translation>
+    </message>
+    <message id="1901">
+        <source>Settings</source>
+        <translation>Ajustes</translation>
+    </message>
+    <message id="1902">
+        <source>Sensor Types</source>
+        <translation>Tipos de sensor</translation>
+    </message>
+    <message id="1903">
+        <source>General</source>
+        <translation>General</translation>
+    </message>
+    <message id="1904">
+        <source>Ports</source>
+        <translation>Puertos</translation>
+    </message>
+    <message id="1905">
+        <source>Sensor Packages</source>
+        <translation>Modelos de sensor</translation>
+    </message>
+    <message id="1906">
+        <source>Display Unit</source>
+        <translation>Visualizador</translation>
+    </message>
+    <message id="1907">
+        <source>Type %1</source>
+        <translation>Tipo %1</translation>
+    </message>
+    <message id="1908">
+        <source>Lowest revision (hexadecimal)</source>
+        <translation>Revisión más baja (hexadecimal)</translation>
+    </message>
+    <message id="1909">
+        <source>Highest revision (hexadecimal)</source>
+        <translation>Revisión más alta (hexadecimal)</translation>
+    </message>
+    <message id="1910">
+        <source>The connected sensor has the revision %1 (version answer %2).</source>
+        <translation>El sensor conectado tiene la revisión %1 (respuesta de versión %2).</translation>
+    </message>
+    <message id="1911">
+        <source>No sensor has answered.</source>
+        <translation>Ningún sensor ha respondido.</translation>
+    </message>
+    <message id="1912">
+        <source>Types %1 and %2 both have the revisions %3 to %4: a sensor with one of them counts as type %1.</source>
+        <translation>Los tipos %1 y %2 tienen ambos las revisiones %3 a %4: un sensor con una de ellas cuenta como tipo %1.</translation>
+    </message>
+    <message id="1913">
+        <source>The sensor's supply is switched by hand</source>
+        <translation>La alimentación del sensor se conmuta a mano</translation>
+    </message>
+    <message id="1914">
+        <source>Safe writes: keep what the sensor had, restart it and compare what was written</source>
+        <translation>Escritura segura: conservar lo anterior, reiniciar el sensor y comparar lo escrito</translation>
+    </message>
+    <message id="1915">
+        <source>Show the page for temperature compensation</source>
+        <translation>Mostrar la página de compensación de temperatura</translation>
+    </message>
+    <message id="1916">
+        <source>Offer the display unit in the View menu</source>
+        <translation>Ofrecer el visualizador en el menú Ver</translation>
+    </message>
+    <message id="1917">
+        <source>Node:</source>
+        <translation>Nodo:</translation>
+    </message>
+    <message id="1918">
+        <source>Device</source>
+        <translation>Dispositivo</translation>
+    </message>
+    <message id="1919">
+        <source>Description</source>
+        <translation>Descripción</translation>
+    </message>
+    <message id="1920">
+        <source>COM Number</source>
+        <translation>Número COM</translation>
+    </message>
+    <message id="1921">
+        <source>not present</source>
+        <translation>no presente</translation>
+    </message>
+    <message id="1922">
+        <source>Add</source>
+        <translation>Añadir</translation>
+    </message>
+    <message id="1923">
+        <source>Remove</source>
+        <translation>Quitar</translation>
+    </message>
+    <message id="1924">
+        <source>Import ...</source>
+        <translation>Importar ...</translation>
+    </message>
+    <message id="1925">
+        <source>Use the Site's Settings Again ...</source>
+        <translation>Volver a usar los ajustes de la instalación ...</translation>
+    </message>
+    <message id="1926">
+        <source>These settings are those of the file %1.</source>
+        <translation>Estos ajustes son los del archivo %1.</translation>
+    </message>
+    <message id="1927">
+        <source>These settings are those of the file %1. A change makes a copy of them, %2. From then on %1 is no longer read.</source>
+        <translation>Estos ajustes son los del archivo %1. Un cambio crea una copia, %2. A partir de entonces %1 ya no se lee.</translation>
+    </message>
+    <message id="1928">
+        <source>These settings are shown only: the file %1 cannot be written: %2.</source>
+        <translation>Estos ajustes solo se muestran: no se puede escribir el archivo %1: %2.</translation>
+    </message>
+    <message id="1929">
+        <source>Settings files (*.reg);;All files (*)</source>
+        <translation>Archivos de ajustes (*.reg);;Todos los archivos (*)</translation>
+    </message>
+    <message id="1930">
+        <source>Type %1: the lowest revision is above the highest one.</source>
+        <translation>Tipo %1: la revisión más baja está por encima de la más alta.</translation>
+    </message>
+    <message id="1931">
+        <source>%1 is the number of two devices, %2 and %3. Give one of them another number.</source>
+        <translation>%1 es el número de dos dispositivos, %2 y %3. Dé otro número a uno de ellos.</translation>
+    </message>
+    <message id="1932">
+        <source>“%1” is no COM number for %2. Enter a number from 1 on, or nothing.</source>
+        <translation>«%1» no es un número COM para %2. Introduzca un número a partir de 1, o nada.</translation>
+    </message>
+    <message id="1933">
+        <source>The sensor's port is %1: the display unit needs another one.</source>
+        <translation>El puerto del sensor es %1: el visualizador necesita otro.</translation>
+    </message>
+    <message id="1934">
+        <source>Package %1: “%2” is no distance in millimetres.</source>
+        <translation>Modelo %1: «%2» no es una distancia en milímetros.</translation>
+    </message>
+    <message id="1935">
+        <source>The package in row %1 needs a name.</source>
+        <translation>El modelo de la fila %1 necesita un nombre.</translation>
+    </message>
+    <message id="1936">
+        <source>The file %1 has changed since it was read. It can be overwritten with what is entered here, or read again, which gives up what is entered.</source>
+        <translation>El archivo %1 ha cambiado desde que se leyó. Se puede sobrescribir con lo introducido aquí o leer de nuevo, con lo que se pierde lo introducido.</translation>
+    </message>
+    <message id="1937">
+        <source>Overwrite</source>
+        <translation>Sobrescribir</translation>
+    </message>
+    <message id="1938">
+        <source>Read Again</source>
+        <translation>Leer de nuevo</translation>
+    </message>
+    <message id="1939">
+        <source>The tables of the page for temperature compensation hold values, which are lost when the page is no longer shown. Go on?</source>
+        <translation>Las tablas de la página de compensación de temperatura contienen valores que se pierden si la página deja de mostrarse. ¿Continuar?</translation>
+    </message>
+    <message id="1940">
+        <source>Your settings file is renamed to %1, and what is entered here is given up. The site's settings are in force again then. Go on?</source>
+        <translation>Su archivo de ajustes pasa a llamarse %1 y lo introducido aquí se descarta. Entonces vuelven a regir los ajustes de la instalación. ¿Continuar?</translation>
+    </message>
+    <message id="1941">
+        <source>COM%1 has become another device, so the port was closed. Choose where to connect.</source>
+        <translation>COM%1 es ahora otro dispositivo, por lo que se cerró el puerto. Elija dónde conectar.</translation>
+    </message>
+    <message id="1942">
+        <source>The sensor is in use: nothing was changed. Try again when that has ended.</source>
+        <translation>El sensor está en uso: no se cambió nada. Inténtelo de nuevo cuando haya terminado.</translation>
+    </message>
+    <message id="1943">
+        <source>The file %1 holds no sensor packages.</source>
+        <translation>El archivo %1 no contiene modelos de sensor.</translation>
+    </message>
+    <message id="1944">
+        <source>Import Sensor Packages</source>
+        <translation>Importar modelos de sensor</translation>
+    </message>
     <message id="1960">
         <source>new number</source>
         <extracomment>In the list of ports, in the place of COM7: the device gets a number when it is chosen</extracomment>

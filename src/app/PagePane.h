@@ -6,15 +6,18 @@
 
 class QListWidget;
 class QPushButton;
+class QShortcut;
 
 namespace pelorin {
 
+class CommandGate;
 class FormatRestore;
 class PositionStream;
 class SensorPage;
 class NoticeStrip;
 class SafeWriter;
 class SequenceRunner;
+class TempCompPage;
 
 /// What the main window shows: the list of pages on the left, the shown page beside it, and the
 /// refresh button under that. Owns the pages.
@@ -33,12 +36,23 @@ public:
     [[nodiscard]] int currentPage() const { return m_currentPage; }
     /// Null without one.
     [[nodiscard]] SensorPage* shownPage() const;
+    /// How much the user has entered on the shown page and not applied.
+    [[nodiscard]] int entryCount() const;
+    /// What the user has entered is discarded by nobody else: asks.
+    /// @return whether there is nothing of that (any more)
+    [[nodiscard]] bool mayDiscard(CommandGate& gate);
     /// Where the help tells of the shown page; empty without one.
     [[nodiscard]] QString helpAnchor() const;
 
     /// Leaves the shown page and shows another one, which then reads its values. No plan of the
     /// page that is left runs any more.
     void switchPage(int row);
+
+    /// Makes the page for the temperature compensation exist or not. One that is shown gives way to
+    /// the first page.
+    void showTempComp(bool shown);
+    /// Whether that page holds anything that the user has entered.
+    [[nodiscard]] bool hasTables() const;
 
     void translate();
 
@@ -65,9 +79,11 @@ private:
         SensorPage* widget;
         int caption; ///< string number
         const char* helpAnchor;
+        QShortcut* shortcut = nullptr;
     };
 
-    void addPage(const Page& page, const char* icon);
+    void addPage(Page page, const char* icon);
+    void removeLastPage();
     void markShownPage();
     [[nodiscard]] bool takeKey(int key);
     void layOut();
@@ -77,6 +93,7 @@ private:
     QListWidget* m_pageList;
     QPushButton* m_refreshButton;
     std::vector<Page> m_pages;
+    TempCompPage* m_tempComp = nullptr; ///< the last page, if there is one
     int m_currentPage = -1;
 };
 

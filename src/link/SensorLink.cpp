@@ -1,5 +1,6 @@
 #include "link/SensorLink.h"
 
+#include "link/FollowedStream.h"
 #include "link/PositionFrame.h"
 #include "link/SensorIdentification.h"
 #include "platform/core/ComPort.h"
@@ -27,6 +28,7 @@ namespace {
 
 constexpr LineSettings kParameterLine{4800, 'N', 8, 1};
 constexpr LineSettings kStreamLine{38400, 'N', 8, 1};
+constexpr auto kStreamByteTime = std::chrono::nanoseconds(1s) * 10 / kStreamLine.baud;
 constexpr auto kKeepAlivePeriod = 50ms;
 constexpr auto kOpenPeriod = 500ms;
 constexpr int kVersionMinimum = 2;
@@ -64,9 +66,9 @@ public:
     };
 
     Session(int port, QString openedDevice, std::shared_ptr<CommLog> commLog,
-            MessageTarget::Poster losses)
+            MessageTarget::Poster losses, MessageTarget::Poster frames)
         : number(port), device(std::move(openedDevice)), log(std::move(commLog)),
-          m_losses(std::move(losses))
+          stream(std::move(frames)), m_losses(std::move(losses))
     {
     }
 
@@ -123,26 +125,36 @@ public:
         return 1;
     }
 
-    int readPosition()
+    int readPosition(ComPort& port)
     {
-        const auto frame = protocol->readPositionFrame();
-        if (!frame)
-            return 0;
-        const auto position = decodePosition(
-            {frame->constData(), static_cast<std::size_t>(frame->size())}, results().scale);
+        const auto position =
+            stream.isFollowed() ? stream.readPosition(port, *protocol) : readSinglePosition();
         if (!position)
             return 0;
         store(&Results::position, *position);
         return 1;
     }
 
-    int setStreamMode(ComPort& port, const std::optional<PositionScale>& scale)
+    int setStreamMode(RequestWorker::Context& context, const std::optional<PositionScale>& scale)
     {
         store(&Results::scale, scale.value_or(PositionScale()));
-        const int error = port.setLine(scale ? kStreamLine : kParameterLine);
+        const int error = context.port().setLine(scale ? kStreamLine : kParameterLine);
         if (error != 0)
             log->append(PortFailure{PortStep::Line, error}.message(deviceNameOf(number)));
+        if (scale && error == 0) {
+            (void)protocol->discardInput();
+            stream.begin(context, *scale, Pacing::lineTime(kStreamByteTime));
+        } else {
+            stream.end(context);
+        }
         return error == 0 ? 1 : 0;
+    }
+
+    void switchSupply(bool on)
+    {
+        (void)protocol->setRts(on ? 1 : 0);
+        if (on)
+            stream.beginAgain();
     }
 
     int identify(const QByteArray& version)
@@ -190,8 +202,18 @@ public:
     std::atomic<int> cutFrames = 0;
 
     std::optional<SensorProtocol> protocol; ///< the worker's; there once the port is open
+    FollowedStream stream;
 
 private:
+    [[nodiscard]] std::optional<double> readSinglePosition()
+    {
+        const auto frame = protocol->readPositionFrame();
+        if (!frame)
+            return std::nullopt;
+        return decodePosition({frame->constData(), static_cast<std::size_t>(frame->size())},
+                              results().scale);
+    }
+
     /// Whether the port could not be opened only since its device was just plugged in.
     [[nodiscard]] bool mayPass() const
     {
@@ -242,8 +264,8 @@ RequestId SensorLink::openDevice(int portNumber, const QString& device)
     m_keepAliveTimer.stop(); // it serves the session before
     m_closing = false;
     m_lossTarget.withdraw();
-    const auto session =
-        std::make_shared<Session>(portNumber, device, m_commLog, m_lossTarget.poster());
+    const auto session = std::make_shared<Session>(portNumber, device, m_commLog,
+                                                   m_lossTarget.poster(), m_framesTarget.poster());
     if (m_session) {
         m_formerLosses += m_session->lossCount;
         m_formerCutFrames += m_session->cutFrames;
@@ -327,14 +349,15 @@ RequestId SensorLink::requestRawExchange(const QByteArray& bytes)
 
 RequestId SensorLink::requestPosition()
 {
-    return submit(SensorRequest::Position,
-                  [](Session& session, auto& /*protocol*/) { return session.readPosition(); });
+    return m_worker.submit(
+        static_cast<int>(SensorRequest::Position),
+        [session = m_session](auto& context) { return session->readPosition(context.port()); });
 }
 
 RequestId SensorLink::requestSupply(bool on)
 {
-    return submit(SensorRequest::Supply, [on](auto& /*session*/, SensorProtocol& protocol) {
-        (void)protocol.setRts(on ? 1 : 0);
+    return submit(SensorRequest::Supply, [on](Session& session, auto& /*protocol*/) {
+        session.switchSupply(on);
         return 1;
     });
 }
@@ -346,7 +369,7 @@ RequestId SensorLink::requestStreamMode(int on, int dataBits, int resolutionThou
         scale = PositionScale{dataBits & 0xFF, resolutionThousandths * 0.001};
     return m_worker.submit(static_cast<int>(SensorRequest::StreamMode),
                            [session = m_session, scale](auto& context) {
-                               (void)session->setStreamMode(context.port(), scale);
+                               (void)session->setStreamMode(context, scale);
                                return 1;
                            });
 }
@@ -359,6 +382,11 @@ void SensorLink::setReplyTarget(QObject* window, int message)
 void SensorLink::setLossTarget(QObject* window)
 {
     m_lossTarget.aim(window, WM_LINK_LOST);
+}
+
+void SensorLink::setFramesTarget(QObject* window)
+{
+    m_framesTarget.aim(window, WM_LINK_FRAMES);
 }
 
 void SensorLink::setKeepAlive(int on)
@@ -430,6 +458,11 @@ RawReply SensorLink::rawReply() const
 double SensorLink::position() const
 {
     return m_session ? m_session->results().position : 0.0;
+}
+
+PositionBatch SensorLink::takeFrames()
+{
+    return m_session ? m_session->stream.takeFrames() : PositionBatch();
 }
 
 int SensorLink::ssiType() const

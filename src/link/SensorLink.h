@@ -1,6 +1,7 @@
 #pragma once
 
 #include "link/CommLog.h"
+#include "link/PositionFrame.h"
 #include "link/SensorProtocol.h"
 #include "platform/core/PeriodicTimer.h"
 #include "platform/core/RequestWorker.h"
@@ -70,10 +71,13 @@ public:
     /// @param value at most 9 bytes
     RequestId requestWrite(char id, const QByteArray& value);
     RequestId requestRawExchange(const QByteArray& bytes);
+    /// A position of now; the log gets its frame. While the stream is followed nothing is discarded
+    /// for it.
     RequestId requestPosition();
     /// Switches the sensor's supply. A line without RTS is logged, and counts as switched.
     RequestId requestSupply(bool on);
-    /// Switches the port between parameter mode and, with on = 1, the position stream.
+    /// Switches the port between parameter mode and, with on = 1, the position stream, which is
+    /// followed from then on: takeFrames gives every frame that comes.
     /// @param dataBits low 8 bits: width of the streamed SSI word
     /// @param resolutionThousandths micrometres per count
     RequestId requestStreamMode(int on, int dataBits = 0, int resolutionThousandths = 0);
@@ -85,6 +89,10 @@ public:
     void setReplyTarget(QObject* window, int message);
     /// Where WM_LINK_LOST goes; no window stops it.
     void setLossTarget(QObject* window);
+
+    /// Where WM_LINK_FRAMES goes: at most about thirty times a second while the stream is followed,
+    /// and not again before takeFrames.
+    void setFramesTarget(QObject* window);
 
     /// 1 streams PROG frames every 50 ms until another value is given, or the port is closed or
     /// opened. Does nothing without an open port.
@@ -112,6 +120,9 @@ public:
     [[nodiscard]] RawReply rawReply() const;
     /// Millimetres; the last position that was received whole.
     [[nodiscard]] double position() const;
+
+    /// What has come of the followed stream since the last call.
+    [[nodiscard]] PositionBatch takeFrames();
 
     /// 0, 1 or 2; 3 not identified; 0 before any identification.
     [[nodiscard]] int ssiType() const;
@@ -145,6 +156,7 @@ private:
     const ComPortFactory& m_factory;
     const std::shared_ptr<CommLog> m_commLog;
     MessageTarget m_lossTarget;
+    MessageTarget m_framesTarget;
     RequestWorker m_worker;
     PeriodicTimer m_keepAliveTimer;
     std::shared_ptr<Session> m_session; ///< of the last open, shared with its worker; null before

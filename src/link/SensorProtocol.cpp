@@ -1,6 +1,7 @@
 #include "link/SensorProtocol.h"
 
 #include "link/CommLog.h"
+#include "link/StreamFollower.h"
 #include "platform/core/ComPort.h"
 #include "platform/core/Pacing.h"
 
@@ -29,7 +30,9 @@ constexpr int kReplyMaximum = 10;
 constexpr int kReplyMinimumWithTerminator = 7;
 constexpr int kReplyMaximumWithTerminator = 9;
 constexpr int kWriteDataMaximum = 9;
-constexpr int kPositionFrameLength = 9;
+
+constexpr std::chrono::milliseconds kPositionLimit = 501ms;
+constexpr auto kPositionOfNow = 100ms; ///< old at most
 
 // Of a late answer, counted from its request.
 constexpr auto kAnswerLimit = 1500ms;
@@ -187,9 +190,34 @@ RawReply SensorProtocol::rawExchange(const QByteArray& bytes)
 
 std::optional<QByteArray> SensorProtocol::readPositionFrame()
 {
-    if (purge(ComPort::Purge::Receive) != 0)
+    if (!discardInput())
         return std::nullopt;
-    return readFrame(kPositionFrameLength);
+    StreamFollower follower({}, {}, Clock::now());
+    if (!awaitPosition(follower))
+        return std::nullopt;
+    return QByteArray::fromStdString(follower.newestFrame());
+}
+
+bool SensorProtocol::awaitPosition(StreamFollower& follower)
+{
+    const auto age = [&follower] {
+        return Pacing::timeoutElapsed(Clock::now() - follower.lastWhole());
+    };
+    const auto isOfNow = [&] { return !follower.newestFrame().empty() && age() <= kPositionOfNow; };
+    ComPort::Timeouts limits;
+    while (!isOfNow() && age() < kPositionLimit) {
+        limits.readConstant =
+            static_cast<int>((kPositionLimit - age()).count()) - limits.readMultiplier;
+        (void)m_port.setTimeouts(limits); // what hinders it hinders the read, too
+        const auto result = readByte();
+        if (!result.received)
+            break;
+        follower.take({&result.byte, 1}, Clock::now());
+    }
+    (void)m_port.setTimeouts(ComPort::Timeouts());
+    const bool found = isOfNow();
+    logFrame(0, found ? follower.newestFrame() : follower.remainder());
+    return found;
 }
 
 int SensorProtocol::setRts(int clear)
@@ -243,15 +271,21 @@ int SensorProtocol::writeFrame(std::string_view frame, int purgeFirst)
     return 1;
 }
 
+ComPort::ReadResult SensorProtocol::readByte()
+{
+    const auto result = m_port.read();
+    if (result.error != 0 && result.error != ECANCELED)
+        m_log.append(QString::asprintf("Error in ReadFile. Error = %d", result.error));
+    if (result.error == ENODEV)
+        m_callbacks.reportLoss();
+    return result;
+}
+
 QByteArray SensorProtocol::readFrame(int maximum)
 {
     QByteArray bytes;
     while (bytes.size() < maximum) {
-        const auto result = m_port.read();
-        if (result.error != 0 && result.error != ECANCELED)
-            m_log.append(QString::asprintf("Error in ReadFile. Error = %d", result.error));
-        if (result.error == ENODEV)
-            m_callbacks.reportLoss();
+        const auto result = readByte();
         if (!result.received)
             break;
         bytes.append(result.byte);

@@ -12,6 +12,7 @@
 namespace pelorin {
 
 class CommLog;
+class StreamFollower;
 
 /// What a raw exchange collected.
 struct RawReply
@@ -64,9 +65,18 @@ public:
     /// fails is reported as a loss, once; nothing is logged.
     [[nodiscard]] RawReply rawExchange(const QByteArray& bytes);
 
-    /// Waits for the next whole frame of the position stream.
-    /// @return the bytes that came, whether or not they are a frame; nothing if the port failed
+    /// Discards what was received and not read. A port that fails is reported as a loss.
+    /// @return whether it was
+    [[nodiscard]] bool discardInput() { return purge(ComPort::Purge::Receive) == 0; }
+
+    /// Waits for a whole frame of the position stream, at most 501 ms. One whose beginning came
+    /// before is passed over.
+    /// @return nothing if none came, or the port failed
     [[nodiscard]] std::optional<QByteArray> readPositionFrame();
+
+    /// Whether a followed stream has a position of now; without one the next frame is waited for,
+    /// until 501 ms after the last whole one. The log gets the newest frame.
+    [[nodiscard]] bool awaitPosition(StreamFollower& follower);
 
     /// RTS switches the sensor's supply: set is off, cleared is on.
     /// @param clear 1 clears RTS, any other value sets it
@@ -84,6 +94,7 @@ private:
     [[nodiscard]] bool isQuietFor(std::chrono::milliseconds time);
     [[nodiscard]] int purge(ComPort::Purge what);
     int writeFrame(std::string_view frame, int purgeFirst);
+    [[nodiscard]] ComPort::ReadResult readByte();
     [[nodiscard]] QByteArray readFrame(int maximum);
     void logFrame(int transmit, std::string_view bytes);
 

@@ -1,14 +1,24 @@
 #include "pages/MagnetPositionPage.h"
 
 #include "link/SensorLink.h"
+#include "pages/PositionTrace.h"
+#include "pages/PositionView.h"
+#include "pages/RecordingDialog.h"
+#include "platform/core/ComPortNames.h"
 #include "platform/core/LanguageStrings.h"
 #include "platform/core/Pacing.h"
 #include "platform/core/Strings.h"
 #include "platform/ui/ColorableTextBox.h"
+#include "platform/ui/FileChooser.h"
 #include "sensor/FailureText.h"
+#include "sensor/ParameterCodec.h"
 #include "sensor/PositionStream.h"
+#include "sensor/SequenceRunner.h"
 
+#include <QCheckBox>
 #include <QPlainTextEdit>
+#include <QPushButton>
+#include <QVBoxLayout>
 
 #include <utility>
 
@@ -21,9 +31,14 @@ namespace {
 constexpr int kCaptionControl = 1060;
 constexpr int kPositionControl = 1061;
 constexpr int kNoteControl = 1062;
+constexpr int kUnitControl = 1070;
+constexpr int kAllDecimalsControl = 1071;
+constexpr int kViewControl = 1072;
 
 constexpr int kPositionPoints = 48;
-constexpr int kNotePoints = 14;
+constexpr int kUnitPoints = 24;
+constexpr int kNoteLines = 2;
+constexpr int kDecimals = 1;
 constexpr auto kPollPeriod = 333ms;
 
 QFont arial(int points)
@@ -45,33 +60,42 @@ MagnetPositionPage::MagnetPositionPage(PositionStream& stream)
 {
     m_pollTimer.setInterval(Pacing::pause(kPollPeriod));
     connect(&m_pollTimer, &QTimer::timeout, &m_stream, &PositionStream::requestPosition);
-    connect(&m_stream, &PositionStream::streaming, this, [this] { m_pollTimer.start(); });
+    connect(&m_stream, &PositionStream::streaming, this, &MagnetPositionPage::beginStreaming);
+    connect(&m_stream, &PositionStream::frames, this, &MagnetPositionPage::takeFrames);
     connect(&m_stream, &PositionStream::position, this, &MagnetPositionPage::showPosition);
-    connect(&m_stream, &PositionStream::missed, this, [this] { postLinkResult(0); });
+    connect(&m_stream, &PositionStream::missed, this, [this] {
+        showText(noPosition());
+        postLinkResult(0);
+    });
+    connect(&m_stream, &PositionStream::stepBegun, this, &MagnetPositionPage::showStep);
     connect(&m_stream, &PositionStream::failed, this, [this](char id) {
         stopPolling();
-        m_supplyWanted = false;
+        m_isStepShown = false;
         setStatusText(strings::kReadFailed, {parameterArgument(id)});
         postLinkResult(0);
     });
-    connect(&m_stream, &PositionStream::supplyWanted, this, [this] {
-        m_supplyWanted = true;
-        setStatusText(strings::kSwitchSupply);
-    });
+    connect(&m_stream, &PositionStream::supplyWanted, this,
+            [this] { showStep(strings::kSwitchSupply); });
     connect(&m_stream, &PositionStream::stopping, this, [this] {
         m_interrupted = m_pollTimer.isActive();
         stopPolling();
     });
     connect(&m_stream, &PositionStream::ended, this, [this] {
         stopPolling();
-        if (std::exchange(m_supplyWanted, false))
-            clearStatusText();
+        clearStep();
     });
     connect(&m_stream, &PositionStream::noticed, this, &MagnetPositionPage::noticed);
 }
 
+MagnetPositionPage::~MagnetPositionPage()
+{
+    (void)m_recorder.end(); // nobody is there any more to be told
+}
+
 void MagnetPositionPage::setupTranslationMap()
 {
+    addToTranslationMap(kUnitControl, strings::kMillimetres);
+    addToTranslationMap(kAllDecimalsControl, strings::kAllDecimals);
     addToTranslationMap(kCaptionControl, strings::kPositionCaption);
     addToTranslationMap(kNoteControl, strings::kPositionNote);
     addAccessibleName(kNoteControl, strings::kNoteName);
@@ -81,6 +105,10 @@ void MagnetPositionPage::translate()
 {
     SensorPage::translate();
     m_positionBox->setAccessibleDescription(languageString(strings::kPositionDescription));
+    m_openButton->setText(languageString(strings::kOpenRecording));
+    m_recordButton->setText(
+        languageString(m_recorder.isRecording() ? strings::kStopRecording : strings::kRecord));
+    m_view->translate();
 }
 
 void MagnetPositionPage::onInitDialog()
@@ -89,20 +117,50 @@ void MagnetPositionPage::onInitDialog()
     m_positionBox->foreColor(QColor(0, 255, 0));
     m_positionBox->backColor(QColor(0, 0, 0));
     m_positionBox->setFont(arial(kPositionPoints));
-    getControl<QPlainTextEdit>(kNoteControl)->setFont(arial(kNotePoints));
+    getControl<QLabel>(kUnitControl)->setFont(arial(kUnitPoints));
+    auto* note = getControl<QPlainTextEdit>(kNoteControl);
+    note->setFixedHeight(note->fontMetrics().lineSpacing() * kNoteLines + 16);
+    m_allDecimals = getControl<QCheckBox>(kAllDecimalsControl);
+    makeView();
     showText(noPosition());
+}
+
+void MagnetPositionPage::makeView()
+{
+    auto* place = getControl<QWidget>(kViewControl);
+    m_view = new PositionView(PositionView::Kind::Live, place);
+    auto* layout = new QVBoxLayout(place);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(m_view);
+    const auto add = [this](const char* name) {
+        auto* button = new QPushButton(m_view);
+        button->setObjectName(QLatin1String(name));
+        m_view->addButton(button);
+        return button;
+    };
+    m_recordButton = add("recordButton");
+    m_recordButton->setEnabled(false);
+    connect(m_recordButton, &QPushButton::clicked, this, &MagnetPositionPage::record);
+    m_openButton = add("openRecordingButton");
+    connect(m_openButton, &QPushButton::clicked, this, [this] { openRecording(window()); });
 }
 
 /// A stream that runs goes on: what was read of the sensor must not be overwritten meanwhile.
 void MagnetPositionPage::getCurrentValues()
 {
     m_interrupted = false;
+    if (!m_stream.isActive()) { // what is known now is forgotten when the format is written
+        const auto stroke = runner().known().find('L');
+        const bool isKnown = stroke != runner().known().end() && isWellFormed('L', stroke->second);
+        m_view->trace().setStroke(isKnown ? std::optional(decodeStrokeMm(stroke->second))
+                                          : std::nullopt);
+    }
     if (!link().isIdentified()) {
         showText(noPosition());
         setStatusText(strings::kPositionNotIdentified);
-    } else if (m_stream.start()) {
+    } else if (m_stream.isStreaming()) {
         clearStatusText();
-    } else {
+    } else if (!m_stream.start()) {
         setStatusText(strings::kConnecting);
     }
 }
@@ -116,10 +174,74 @@ void MagnetPositionPage::resume()
 /// An unchanged value causes no repaint.
 void MagnetPositionPage::showPosition(double position)
 {
-    if (std::exchange(m_supplyWanted, false))
-        clearStatusText(); // the user has switched it
-    showText(QString::asprintf("%01.01f", position));
+    clearStep();
+    const int decimals =
+        m_allDecimals->isChecked() ? positionDecimals(m_stream.resolution()) : kDecimals;
+    showText(QString::number(position, 'f', decimals));
     postLinkResult(1);
+}
+
+void MagnetPositionPage::showStep(int text)
+{
+    m_isStepShown = true;
+    setStatusText(text);
+}
+
+void MagnetPositionPage::clearStep()
+{
+    if (std::exchange(m_isStepShown, false) && isVisible()) // else the next page has its own
+        clearStatusText();
+}
+
+void MagnetPositionPage::beginStreaming()
+{
+    m_pollTimer.start();
+    m_recordButton->setEnabled(true);
+    m_view->trace().setResolution(m_stream.resolution());
+}
+
+void MagnetPositionPage::takeFrames(const QList<PositionSample>& samples, int malformed)
+{
+    if (!m_origin && !samples.isEmpty())
+        m_origin = samples.first().time;
+    std::vector<PositionPoint> points;
+    for (const auto& [time, millimetres] : samples)
+        points.push_back({std::chrono::duration<double>(time - *m_origin).count(), millimetres});
+    m_view->append(points, malformed);
+    if (m_recorder.isRecording()) {
+        if (const auto outcome = m_recorder.add(samples); !outcome.isDone())
+            endRecording(outcome);
+    }
+}
+
+/// Begins a recording, or ends the one that runs. The stream may have ended while the file was
+/// chosen.
+void MagnetPositionPage::record()
+{
+    if (m_recorder.isRecording())
+        return endRecording(m_recorder.end());
+    const QString path =
+        chooseFile(window(), QFileDialog::AcceptSave, languageString(strings::kRecord),
+                   languageString(strings::kRecordingFilter), QStringLiteral("csv"));
+    if (path.isEmpty() || !m_stream.isStreaming())
+        return;
+    const RecordingHead head{QString::fromLatin1(link().versionText()), link().ssiType(),
+                             ComPortNames::stableName(link().device()), m_stream.resolution(),
+                             QDateTime::currentDateTimeUtc()};
+    endRecording(m_recorder.begin(path, head, std::chrono::steady_clock::now()));
+}
+
+/// @param outcome what is wrong with the recording, if anything; it then has ended
+void MagnetPositionPage::endRecording(const WholeFile::Outcome& outcome)
+{
+    if (outcome.failure == WholeFile::Outcome::Failure::Opening)
+        Q_EMIT noticed(outcome.message());
+    else if (!outcome.isDone())
+        Q_EMIT noticed(
+            languageString(strings::kRecordingEnded).arg(outcome.path, outcome.reason()));
+    m_recordButton->setText(
+        languageString(m_recorder.isRecording() ? strings::kStopRecording : strings::kRecord));
+    m_recordButton->setEnabled(m_stream.isStreaming());
 }
 
 void MagnetPositionPage::showText(const QString& text)
@@ -131,6 +253,7 @@ void MagnetPositionPage::showText(const QString& text)
 void MagnetPositionPage::stopPolling()
 {
     m_pollTimer.stop();
+    endRecording(m_recorder.end());
     showText(noPosition());
 }
 

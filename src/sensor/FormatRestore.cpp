@@ -2,6 +2,7 @@
 
 #include "link/SensorLink.h"
 #include "platform/core/ComPortNames.h"
+#include "platform/core/Strings.h"
 #include "sensor/ParameterCodec.h"
 #include "sensor/SensorTypes.h"
 
@@ -17,6 +18,7 @@ namespace {
 constexpr auto kWriteTime = 250ms;
 constexpr auto kRestoreTime = 2500ms;
 constexpr int kAttempts = 3;
+constexpr int kStepsToClose = 2; ///< of the plan that writes back; no other has as many
 
 } // namespace
 
@@ -68,9 +70,10 @@ bool FormatRestore::isStreamingFormat(const QByteArray& reply) const
 }
 
 void FormatRestore::begin(QObject& owner, std::function<void(Result)> done,
-                          const std::optional<KeptFormat>& own)
+                          const std::optional<KeptFormat>& own, std::function<void(int)> stepBegun)
 {
     m_own = own;
+    m_stepBegun = std::move(stepBegun);
     if (!m_runner.link().isIdentified() || candidates().isEmpty()) {
         done(Result::NothingKept);
         return;
@@ -94,8 +97,15 @@ QList<KeptFormat> FormatRestore::candidates() const
     return formats;
 }
 
+void FormatRestore::tellStep(int text)
+{
+    if (m_owner && m_stepBegun)
+        m_stepBegun(text);
+}
+
 void FormatRestore::readFormat()
 {
+    tellStep(strings::kReadingFormat);
     run(readPlan("D"), [this](const Outcome& outcome) { decide(outcome); });
 }
 
@@ -133,6 +143,7 @@ void FormatRestore::writeBack(const KeptFormat& format)
                           kRestoreTime);
     plan.front().pauseAfter = kWriteTime;
     plan.push_back({.kind = Step::Kind::Read, .id = 'D'});
+    tellStep(strings::kWritingOwnFormat);
     run(plan, [this, unstored](const Outcome& outcome) { check(unstored, outcome); });
 }
 
@@ -175,6 +186,11 @@ void FormatRestore::run(Plan plan, std::function<void(const Outcome&)> ended)
         m_runner.start(
             *m_owner, std::move(plan),
             {.reply = [this](const Reply& reply) { m_answered = formatDigits(reply.text); },
+             .progress =
+                 [this](int done) {
+                     if (done == kStepsToClose)
+                         tellStep(strings::kStoringFormat);
+                 },
              .ended = std::move(ended)});
     if (!begun)
         finish(Result::NotRestored);

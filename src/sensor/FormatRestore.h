@@ -39,8 +39,10 @@ public:
     /// Looks after the sensor that has just been restarted, connected and identified.
     /// @param owner of the plans; done is called at once where nothing is kept for the sensor
     /// @param own a format that was kept for it in this run: whatever became of its file meanwhile
+    /// @param stepBegun gets the number of a text on what is done from here on
     void begin(QObject& owner, std::function<void(Result)> done,
-               const std::optional<KeptFormat>& own = std::nullopt);
+               const std::optional<KeptFormat>& own = std::nullopt,
+               std::function<void(int)> stepBegun = {});
 
     /// The own format of the connected sensor, which has answered this one: another one if that is
     /// a streaming format of ours.
@@ -66,11 +68,13 @@ private:
     [[nodiscard]] QList<KeptFormat> candidates() const;
     [[nodiscard]] static bool mayTryAgain(const Outcome& outcome, int& attempts);
     void run(Plan plan, std::function<void(const Outcome&)> ended);
+    void tellStep(int text);
 
     SequenceRunner& m_runner;
     KeptFormats& m_formats;
     QPointer<QObject> m_owner;
     std::function<void(Result)> m_done;
+    std::function<void(int)> m_stepBegun;
     std::optional<KeptFormat> m_own;
     int m_reads = 0;
     int m_writes = 0;

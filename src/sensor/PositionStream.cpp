@@ -8,6 +8,7 @@
 #include "sensor/ParameterCodec.h"
 #include "sensor/SensorTypes.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace pelorin {
@@ -43,18 +44,40 @@ bool PositionStream::begin()
     m_state = State::Starting;
     m_savedFormat = {};
     m_isKept = false;
+    m_resolution = 0.0;
     const bool begun = run(readPlan("D"), [this](const Outcome& outcome) { takeFormat(outcome); });
-    if (!begun)
+    if (!begun) {
         m_state = State::Idle;
+    } else {
+        Q_EMIT stepBegun(strings::kReadingFormat);
+    }
     return begun;
 }
 
-bool PositionStream::run(Plan plan, std::function<void(const Outcome&)> ended)
+/// @param closed called when the command that ends a write has been sent
+bool PositionStream::run(Plan plan, std::function<void(const Outcome&)> ended,
+                         std::function<void()> closed)
 {
     m_reply = {};
-    return m_runner.start(
-        *this, std::move(plan),
-        {.reply = [this](const Reply& reply) { m_reply = reply; }, .ended = std::move(ended)});
+    const auto close = std::ranges::find(plan, Kind::Close, &Step::kind) - plan.begin();
+    return m_runner.start(*this, std::move(plan),
+                          {.reply = [this](const Reply& reply) { m_reply = reply; },
+                           .progress =
+                               [close, closed = std::move(closed)](int done) {
+                                   if (closed && done == close + 1)
+                                       closed();
+                               },
+                           .ended = std::move(ended)});
+}
+
+/// Where the user switches the supply, that is asked for instead.
+void PositionStream::tellRestart(int text)
+{
+    if (m_manualPower) {
+        Q_EMIT supplyWanted();
+    } else {
+        Q_EMIT stepBegun(text);
+    }
 }
 
 void PositionStream::takeFormat(const Outcome& outcome)
@@ -96,12 +119,20 @@ void PositionStream::writeStreamingFormat()
                                          } else {
                                              Q_EMIT missed();
                                          }
+                                     },
+                                 .frames =
+                                     [this](const PositionBatch& batch) {
+                                         if (isStreaming())
+                                             Q_EMIT frames(batch.samples, batch.malformed);
                                      }});
     Plan plan = writePlan("D", {{'D', m_savedFormat.streaming}},
                           sensorType(m_runner.link().ssiType()).closing, kStoreTime);
     plan.front().pauseAfter = kWriteTime;
     plan.push_back({.kind = Kind::Read, .id = 'A'});
-    if (!run(plan, [this](const Outcome& done) { takeResolution(done); }))
+    Q_EMIT stepBegun(strings::kWritingStreamFormat);
+    if (!run(
+            plan, [this](const Outcome& done) { takeResolution(done); },
+            [this] { Q_EMIT stepBegun(strings::kStoringFormat); }))
         failStart('D');
 }
 
@@ -116,9 +147,9 @@ void PositionStream::takeResolution(const Outcome& outcome)
         failStart(outcome.isDone() || outcome.parameter == 'A' ? 'A' : 'D');
         return;
     }
+    m_resolution = decodeResolutionMm(m_reply.text);
     const int dataBits = DataFormat::decode(m_savedFormat.own).dataBits;
-    if (m_manualPower)
-        Q_EMIT supplyWanted();
+    tellRestart(strings::kRestartingSensor);
     const Plan plan{{.kind = Kind::SupplyOff},
                     {.kind = Kind::StreamLine,
                      .pauseAfter = kRestartTime,
@@ -129,6 +160,8 @@ void PositionStream::takeResolution(const Outcome& outcome)
         if (!done.isDone())
             return done.kind == Outcome::Kind::Lost ? lose() : failStart('A');
         m_state = State::Streaming;
+        if (!m_manualPower)
+            Q_EMIT stepBegun(strings::kAwaitingStream);
         Q_EMIT streaming();
     });
     if (!begun)
@@ -147,8 +180,7 @@ void PositionStream::stop()
 {
     m_state = State::Stopping;
     Q_EMIT stopping();
-    if (m_manualPower)
-        Q_EMIT supplyWanted();
+    tellRestart(strings::kEndingStream);
     m_connectAttempts = 0;
     const Plan plan{{.kind = Kind::SupplyOff},
                     {.kind = Kind::ParameterLine, .pauseAfter = kSupplyOffTime},
@@ -166,7 +198,7 @@ void PositionStream::connectAgain(const Outcome& outcome)
             [this](FormatRestore::Result result) {
                 finish(!m_isKept || result == FormatRestore::Result::Restored);
             },
-            own);
+            own, [this](int text) { Q_EMIT stepBegun(text); });
         return;
     }
     const bool lasting = outcome.kind == Outcome::Kind::Lost;

@@ -1,7 +1,9 @@
 #pragma once
 
+#include "link/PositionFrame.h"
 #include "sensor/FormatRestore.h"
 
+#include <QList>
 #include <QObject>
 
 namespace pelorin {
@@ -21,12 +23,17 @@ public:
     PositionStream(SequenceRunner& runner, KeptFormats& formats, FormatRestore& restore,
                    bool manualPower);
 
+    /// While there is no stream.
+    void setManualPower(bool manualPower) { m_manualPower = manualPower; }
+
     /// Starts the stream. Does nothing while it runs.
     /// @return false if it cannot begin now
     [[nodiscard]] bool start();
     /// From the start on until the sensor has its own format again, or cannot be reached.
     [[nodiscard]] bool isActive() const { return m_state != State::Idle; }
     [[nodiscard]] bool isStreaming() const { return m_state == State::Streaming; }
+    /// Millimetres per count, as read for this stream; 0 before it was.
+    [[nodiscard]] double resolution() const { return m_resolution; }
     /// Asks for the next position, which position or missed tells.
     void requestPosition() { m_runner.requestPosition(); }
 
@@ -35,11 +42,17 @@ Q_SIGNALS:
     /// The start has failed at a parameter; told again once the sensor has its own format back, if
     /// it had got the other one.
     void failed(char id);
+    /// What the start or the end does from here on, as the number of a text.
+    void stepBegun(int text);
     /// The user has to switch the sensor's supply off and on.
     void supplyWanted();
     /// Millimetres.
     void position(double value);
     void missed();
+    /// Every position that has come since the last time, in its order; at most about thirty times
+    /// a second while it streams.
+    /// @param malformed how many frames were none
+    void frames(const QList<PositionSample>& samples, int malformed);
     /// From here on there are no positions.
     void stopping();
     void ended();
@@ -60,18 +73,21 @@ private:
     void connectAgain(const Outcome& outcome);
     void finish(bool restored);
     void lose();
-    [[nodiscard]] bool run(Plan plan, std::function<void(const Outcome&)> ended);
+    void tellRestart(int text);
+    [[nodiscard]] bool run(Plan plan, std::function<void(const Outcome&)> ended,
+                           std::function<void()> closed = {});
 
     SequenceRunner& m_runner;
     KeptFormats& m_formats;
     FormatRestore& m_restore;
-    const bool m_manualPower;
+    bool m_manualPower;
 
     State m_state = State::Idle;
     Reply m_reply; ///< the last one
     KeptFormat m_savedFormat;
     bool m_isKept = false; ///< m_savedFormat is stored until the sensor has it again
     int m_connectAttempts = 0;
+    double m_resolution = 0.0;
 };
 
 } // namespace pelorin

@@ -54,6 +54,8 @@ public:
     ~SafeWriter() override;
 
     [[nodiscard]] const Settings& settings() const { return m_settings; }
+    /// While nothing is under way.
+    void setSettings(const Settings& settings) { m_settings = settings; }
     [[nodiscard]] SequenceRunner& runner() const { return m_runner; }
     [[nodiscard]] const Journal& journal() const { return m_journal; }
 
@@ -107,7 +109,7 @@ private:
 
     SequenceRunner& m_runner;
     const Journal& m_journal;
-    const Settings m_settings;
+    Settings m_settings;
     Question m_question;
     std::unique_ptr<Job> m_job;       ///< null while nothing is under way
     std::unique_ptr<Job> m_unchecked; ///< written when the link was lost; compared after a Connect

@@ -13,6 +13,8 @@ namespace pelorin {
 namespace {
 
 constexpr int kQueueSize = 4096;
+/// What others have done with the device meanwhile is not waited for.
+constexpr std::chrono::milliseconds kLookAgain{20};
 
 std::chrono::milliseconds timeLimit(int constant, int multiplier, std::size_t bytes)
 {
@@ -126,6 +128,16 @@ ComPort::ReadResult SimulatedComPort::read()
     }
 }
 
+ComPort::TakeResult SimulatedComPort::take()
+{
+    if (const int error = errorFor(Use::Transfer))
+        return {.error = error};
+    fetch(Clock::now());
+    TakeResult result{.bytes = std::string(m_received.begin(), m_received.end())};
+    m_received.clear();
+    return result;
+}
+
 ComPort::WriteResult SimulatedComPort::write(std::string_view bytes)
 {
     if (const int error = errorFor(Use::Transfer))
@@ -150,6 +162,15 @@ ComPort::WriteResult SimulatedComPort::write(std::string_view bytes)
 ComPort::Watch SimulatedComPort::watch() const
 {
     return {m_state == State::Open ? m_vanished.descriptor() : -1, POLLIN};
+}
+
+ComPort::Watch SimulatedComPort::watchBytes() const
+{
+    if (m_state != State::Open)
+        return {};
+    const auto now = Clock::now();
+    const auto due = m_device->nextDue(now).value_or(now + kLookAgain);
+    return {.due = m_received.empty() ? std::min(due, now + kLookAgain) : now};
 }
 
 void SimulatedComPort::beginExchange(std::uint64_t number)
@@ -223,9 +244,10 @@ std::chrono::nanoseconds SimulatedComPort::byteTime() const
 
 void SimulatedComPort::fetch(TimePoint now)
 {
-    for (const char byte : m_device->take(now))
+    for (const char byte : m_device->take(now)) {
         if (m_received.size() < kQueueSize)
             m_received.push_back(byte);
+    }
 }
 
 } // namespace pelorin

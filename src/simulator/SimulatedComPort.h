@@ -27,8 +27,11 @@ public:
     [[nodiscard]] int purge(Purge what) override;
     [[nodiscard]] int setRts(bool on) override;
     [[nodiscard]] ReadResult read() override;
+    [[nodiscard]] TakeResult take() override;
     [[nodiscard]] WriteResult write(std::string_view bytes) override;
     [[nodiscard]] Watch watch() const override;
+    /// By the clock: no byte comes before its time on the line is over.
+    [[nodiscard]] Watch watchBytes() const override;
     void beginExchange(std::uint64_t number) override;
     void cutShort(std::uint64_t number) override;
     void interrupt() override;

@@ -20,6 +20,7 @@ constexpr auto kEntryWindow = 3s; ///< after the supply came
 constexpr auto kAnswerDelay = 2ms;
 constexpr auto kBootTime = 53ms; ///< until the first position frame
 constexpr auto kLongestBacklog = 1s;
+constexpr double kNoise = 0.01;   ///< of a moving magnet's position, in millimetres
 constexpr auto kTravelTime = 20s; ///< of a moving magnet, there and back
 constexpr std::size_t kLongestFrame = 11;
 constexpr unsigned kReverse = 0x01; ///< in the first byte of 'D'
@@ -31,10 +32,11 @@ Number numberIn(std::string_view text, [[maybe_unused]] int base = 10)
 {
     Number number{};
     const auto* const last = text.data() + text.size();
-    if constexpr (std::is_floating_point_v<Number>)
+    if constexpr (std::is_floating_point_v<Number>) {
         (void)std::from_chars(text.data(), last, number); // stays 0
-    else
+    } else {
         (void)std::from_chars(text.data(), last, number, base); // stays 0
+    }
     return number;
 }
 
@@ -77,10 +79,11 @@ SimulatedSensor::Mode SimulatedSensor::mode() const
 void SimulatedSensor::setSupply(bool on, TimePoint now)
 {
     const std::lock_guard lock(mutex());
-    if (on)
+    if (on) {
         switchOn(now);
-    else
+    } else {
         switchOff();
+    }
     changed();
 }
 
@@ -121,6 +124,12 @@ int SimulatedSensor::progFrames() const
     return m_progFrames;
 }
 
+int SimulatedSensor::positionFrames() const
+{
+    const std::lock_guard lock(mutex());
+    return m_positionFrames;
+}
+
 int SimulatedSensor::ownBaud() const
 {
     switch (m_mode) {
@@ -158,10 +167,11 @@ void SimulatedSensor::handleFrame(std::string_view frame, TimePoint now)
         return;
 
     const char id = frame[0];
-    if (frame[1] == 'N')
+    if (frame[1] == 'N') {
         handleWrite(id, frame.substr(2));
-    else if (frame[1] == 'A' && frame.size() == 2 && m_parameters.has(id))
+    } else if (frame[1] == 'A' && frame.size() == 2 && m_parameters.has(id)) {
         transmit(frame, m_parameters.value(id) + '\r', now + kAnswerDelay);
+    }
 }
 
 void SimulatedSensor::handleProg(TimePoint now)
@@ -177,10 +187,11 @@ void SimulatedSensor::handleWrite(char id, std::string_view text)
 {
     constexpr char kVersion = 'V';
     // Type 1 knows one closing command, the others both.
-    if (text.empty() && (id == 'E' || (id == 'C' && m_options.type != 1)))
+    if (text.empty() && (id == 'E' || (id == 'C' && m_options.type != 1))) {
         m_parameters.commit();
-    else if (id != kVersion)
+    } else if (id != kVersion) {
         m_parameters.write(id, text);
+    }
 }
 
 void SimulatedSensor::lineChanged(TimePoint now)
@@ -193,59 +204,77 @@ void SimulatedSensor::rtsChanged(bool set, TimePoint now)
 {
     if (m_options.supply != Supply::ByRts)
         return;
-    if (set)
+    if (set) {
         switchOff();
-    else if (m_mode == Mode::Off)
+    } else if (m_mode == Mode::Off) {
         switchOn(now);
+    }
 }
 
 void SimulatedSensor::presenceChanged(bool present, TimePoint now)
 {
-    if (!present)
+    if (!present) {
         switchOff();
-    else if (m_options.supply == Supply::ByLineSpeed)
+    } else if (m_options.supply == Supply::ByLineSpeed) {
         switchOn(now);
+    }
 }
 
 void SimulatedSensor::produce(TimePoint now)
 {
+    if (const auto begin = streamBegin(); begin && *begin <= now) {
+        m_mode = Mode::Streaming;
+        m_nextFrame = *begin;
+    }
     if (m_mode != Mode::Streaming)
         return;
     const auto period = Clock::duration(1s) / m_options.framesPerSecond;
     // Nobody has looked for a while: what was sent in the meantime is gone.
     if (const auto lag = now - m_nextFrame; lag > kLongestBacklog)
         m_nextFrame += (lag - kLongestBacklog) / period * period;
-    for (; m_nextFrame <= now; m_nextFrame += period)
+    for (; m_nextFrame <= now; m_nextFrame += period) {
         transmit("stream", positionFrame(m_nextFrame), m_nextFrame);
+        ++m_positionFrames;
+    }
 }
 
 std::optional<SimulatedDevice::TimePoint> SimulatedSensor::nextProduction() const
 {
-    return m_mode == Mode::Streaming ? std::optional(m_nextFrame) : std::nullopt;
+    return m_mode == Mode::Streaming ? std::optional(m_nextFrame) : streamBegin();
+}
+
+/// When it stops listening; nothing if it does not, or has already. Too few PROG frames only
+/// delay it.
+std::optional<SimulatedDevice::TimePoint> SimulatedSensor::streamBegin() const
+{
+    if (m_mode != Mode::Listening || !wantsToStream())
+        return std::nullopt;
+    return m_switchedOn + (m_progFrames == 0 ? Clock::duration(kBootTime) : kEntryWindow);
 }
 
 void SimulatedSensor::switchOn(TimePoint now)
 {
     switchOff();
     m_switchedOn = now;
-    m_mode = wantsToStream() ? Mode::Streaming : Mode::Listening;
-    m_nextFrame = now + kBootTime;
+    m_mode = Mode::Listening;
 }
 
 void SimulatedSensor::switchOff()
 {
     m_mode = Mode::Off;
     m_progFrames = 0;
+    m_positionFrames = 0;
     m_parameters.discard();
     forgetTraffic();
 }
 
 bool SimulatedSensor::wantsToStream() const
 {
-    return line().baud == kStreamBaud && (hexByte(m_parameters.stored('D'), 0) & kStream) != 0;
+    const bool mayStream = m_options.supply == Supply::ByRts || line().baud == kStreamBaud;
+    return mayStream && (hexByte(m_parameters.stored('D'), 0) & kStream) != 0;
 }
 
-std::string SimulatedSensor::positionFrame(TimePoint now) const
+std::string SimulatedSensor::positionFrame(TimePoint now)
 {
     const std::string format = m_parameters.stored('D');
     const auto resolution = numberIn<long>(m_parameters.stored('A')); // micrometres
@@ -254,7 +283,9 @@ std::string SimulatedSensor::positionFrame(TimePoint now) const
         return hexFrame(0);
 
     const bool reverse = (hexByte(format, 0) & kReverse) != 0;
-    const auto counts = std::llround(positionAt(now) * 1000.0 / static_cast<double>(resolution));
+    std::normal_distribution<double> noise(0.0, kNoise);
+    const double position = positionAt(now) + (m_options.moving ? noise(m_noise) : 0.0);
+    const auto counts = std::llround(position * 1000.0 / static_cast<double>(resolution));
     const auto word = signed24(m_parameters.stored('N')) + (reverse ? -counts : counts);
     // The word is left-aligned: what does not fit its bits is lost at the top.
     return hexFrame(static_cast<std::uint32_t>(word) << (32 - bits));

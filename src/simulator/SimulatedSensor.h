@@ -3,22 +3,25 @@
 #include "simulator/SensorParameters.h"
 #include "simulator/SimulatedDevice.h"
 
+#include <random>
+
 namespace pelorin {
 
 /// A position sensor at its programming line.
 ///
 /// With its supply it listens at 4800 baud. PROG frames that reach it soon after put it into
 /// programming mode, in which it answers reads and takes writes; these last once the closing
-/// command has come. If its data format asks for the position stream and the line runs at 38400
-/// baud when the supply comes, it streams positions instead.
+/// command has come. If its data format asks for the position stream it streams positions at 38400
+/// baud instead, unless a PROG frame has reached it by then.
 class SimulatedSensor final : public SimulatedDevice
 {
 public:
     /// What switches the sensor's supply.
     enum class Supply {
         ByRts,       ///< RTS set is off, cleared is on
-        ByLineSpeed, ///< every change of the line speed restarts it, and PROG frames are heard at
-                     ///< any time: for a line without RTS, and for a supply switched by hand
+        ByLineSpeed, ///< every change of the line speed restarts it, PROG frames are heard at any
+                     ///< time, and it streams only on a line of 38400 baud: for a line without
+                     ///< RTS, and for a supply switched by hand
     };
 
     enum class Mode { Off, Listening, Programming, Streaming };
@@ -27,7 +30,7 @@ public:
     {
         int type = 2; ///< 0, 1 or 2
         Supply supply = Supply::ByRts;
-        bool moving = false;         ///< the magnet moves by itself
+        bool moving = false;         ///< the magnet moves by itself, and is measured with noise
         double magnetPosition = 100; ///< where it is, in millimetres, if it does not
         int framesPerSecond = 100;   ///< of the position stream
     };
@@ -54,6 +57,8 @@ public:
 
     /// PROG frames heard since the supply came.
     [[nodiscard]] int progFrames() const;
+    /// Position frames sent since the supply came.
+    [[nodiscard]] int positionFrames() const;
 
 private:
     [[nodiscard]] int ownBaud() const override;
@@ -70,7 +75,8 @@ private:
     void handleProg(TimePoint now);
     void handleWrite(char id, std::string_view text);
     [[nodiscard]] bool wantsToStream() const;
-    [[nodiscard]] std::string positionFrame(TimePoint now) const;
+    [[nodiscard]] std::optional<TimePoint> streamBegin() const;
+    [[nodiscard]] std::string positionFrame(TimePoint now);
     [[nodiscard]] double positionAt(TimePoint now) const;
 
     // Guarded by mutex(), as everything a device holds.
@@ -80,6 +86,8 @@ private:
     TimePoint m_switchedOn;
     int m_progFrames = 0;
     TimePoint m_nextFrame; ///< of the position stream
+    int m_positionFrames = 0;
+    std::minstd_rand m_noise;
 };
 
 } // namespace pelorin

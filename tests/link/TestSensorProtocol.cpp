@@ -5,6 +5,7 @@
 #include "support/LogLines.h"
 #include "support/PortDecorator.h"
 
+#include <QDeadlineTimer>
 #include <QTest>
 
 #include <algorithm>
@@ -209,6 +210,25 @@ private Q_SLOTS:
             (void)line.protocol.readParameter('D'); // need not wait for what has come
             QVERIFY(cut || line.waits.isEmpty());
         }
+    }
+
+    void positionIsReadUpToAWholeFrame()
+    {
+        for (const auto& [script, frame, log] :
+             {std::tuple("0030\r00000010\r", "00000010\r", "RX: [30][30][30][30][30][30][31][30]"),
+              std::tuple("0000001x\r00000010\r", "00000010\r", "RX: [30][30][30][30][30]"),
+              std::tuple("0000030\r0000030\r.", "none", "RX: [30][30][30][30][30][33][30][TERM]"),
+              std::tuple("00000010x.", "none", "RX: [30][30][30][30][30][30][31][30][78]|"),
+              std::tuple(".00000010\r", "none", "RX: |")}) {
+            Line line(script);
+            QCOMPARE(line.protocol.readPositionFrame().value_or("none"), QByteArray(frame));
+            QVERIFY2(line.logged().startsWith(QLatin1String(log)), script);
+        }
+        Pacing::setSpeeds({100, 100, 2});
+        Line endless("");
+        const QDeadlineTimer early(240);
+        QVERIFY(!endless.protocol.readPositionFrame());
+        QVERIFY(early.hasExpired() && endless.waits.last() < 400);
     }
 
     void positionFrameIsScaled()

@@ -1,4 +1,5 @@
 #include "app/NoticeStrip.h"
+#include "pages/CalculateOffsetDialog.h"
 #include "pages/FactoryParamsPage.h"
 #include "pages/OutputSetupPage.h"
 #include "platform/core/UserFolders.h"
@@ -232,6 +233,28 @@ private Q_SLOTS:
                     QVERIFY(!rig.apply().isEmpty() && rig.writes().isEmpty());
             }
         });
+    }
+
+    /// The next Apply calculates the offset with the sensor's stroke, which was not read back.
+    void readingBackKeepsTheStroke()
+    {
+        Rig rig(false);
+        QVERIFY(rig.open());
+        QCOMPARE(rig.apply(), QString());
+        QTest::keyClick(
+            rig.page<OutputSetupPage>().findChild<QComboBox*>(QStringLiteral("modeCombo")),
+            Qt::Key_Home);
+        QTest::keyClick(
+            rig.page<OutputSetupPage>().findChild<QComboBox*>(QStringLiteral("directionCombo")),
+            Qt::Key_End);
+        QString stroke;
+        const ModalAnswer<CalculateOffsetDialog> offset([&stroke](CalculateOffsetDialog& dialog) {
+            stroke = dialog.findChild<QLineEdit*>(QStringLiteral("strokeEdit"))->text();
+            dialog.reject();
+        });
+        QTest::mouseClick(&rig.applyButton(), Qt::LeftButton);
+        QTRY_COMPARE(stroke, QStringLiteral("1250.0"));
+        QVERIFY(rig.waitIdle());
     }
 
     void nothingIsWrittenToASensorThatIsNotAsThePageShowsIt()

@@ -84,6 +84,7 @@ struct Operation
 
 const std::vector<Operation> kOperations = {
     {"read", [](ComPort& port) { return port.read().error; }},
+    {"take", [](ComPort& port) { return port.take().error; }},
     {"write", [](ComPort& port) { return port.write("PROG\r").error; }},
     {"purge", [](ComPort& port) { return port.purge(ComPort::Purge::Both); }},
     {"setLine", [](ComPort& port) { return port.setLine({38400}); }},
@@ -220,6 +221,22 @@ private Q_SLOTS:
         QCOMPARE(whatArrivesOf("kept"), std::string("kept"));
     }
 
+    void whatHasComeIsTakenAtOnce()
+    {
+        QCOMPARE(m_port->take().bytes + std::to_string(m_port->take().error), std::string("0"));
+        m_peer.send("00000100\r");
+        std::string taken;
+        for (int waits = 0; taken.size() < 9 && waits < 1000; ++waits) { // else it does not wait
+            const auto [descriptor, events, due] = m_port->watchBytes();
+            const auto limit = std::min(due, std::chrono::steady_clock::now() + 30s);
+            const auto rest = (limit - std::chrono::steady_clock::now()) / 1ms;
+            pollfd entry = {descriptor, events, 0};
+            QVERIFY(poll(&entry, 1, static_cast<int>(rest)) > 0 || due == limit);
+            taken += m_port->take().bytes;
+        }
+        QCOMPARE(taken, std::string("00000100\r"));
+    }
+
     void purgeDiscardsWhatWasReceivedAndNotWhatWasWritten()
     {
         for (const auto what : {ComPort::Purge::Receive, ComPort::Purge::Both}) {
@@ -292,15 +309,16 @@ private:
     bool isCancelled()
     {
         const auto result = m_port->write("lost");
-        return m_port->isOpen() && m_port->read().error == ECANCELED && result.error == ECANCELED &&
+        return m_port->isOpen() && m_port->read().error == ECANCELED &&
+               m_port->take().error == ECANCELED && result.error == ECANCELED &&
                result.written == 0;
     }
 
     /// Waits for the device to go. @return 1 if the wait ended early, 0 if the time passed
     [[nodiscard]] int watch(int milliseconds) const
     {
-        const auto [descriptor, events] = m_port->watch();
-        pollfd entry = {descriptor, events, 0};
+        const ComPort::Watch watched = m_port->watch();
+        pollfd entry = {watched.descriptor, watched.events, 0};
         return poll(&entry, 1, milliseconds);
     }
 

@@ -1,5 +1,6 @@
 #include "platform/core/ComPortNames.h"
 #include "platform/core/PortNumbers.h"
+#include "platform/core/Profile.h"
 #include "platform/core/UserFolders.h"
 #include "support/Rows.h"
 #include "support/TestFolder.h"
@@ -21,7 +22,8 @@ private Q_SLOTS:
         QVERIFY(m_folder.put(u"adapter"_s, "") && m_folder.put(u"terminal"_s, ""));
         QVERIFY(QFile::link(m_adapter, m_link));
         (void)QFile::remove(profilePath());
-        QVERIFY(keepPortNumber(101, u"/dev/serial/by-id/kept"_s).isDone());
+        const QString kept = u"/dev/serial/by-id/kept"_s;
+        QVERIFY(Profile().writeTexts(u"Ports"_s, {{u"COM101"_s, kept}}).isDone());
     }
 
     void nameStandsForOneDeviceAndADeviceHasOneNumber()
@@ -84,19 +86,28 @@ private Q_SLOTS:
         QCOMPARE(found, expected);
     }
 
-    /// What the settings say comes before what the program has chosen.
+    /// What the settings say comes before what the profile has.
     void numberGivenToADeviceIsKept()
     {
-        QVERIFY(keepPortNumber(7, u"/dev/ttyUSB50"_s).isDone());
-        QVERIFY(keepPortNumber(102, m_adapter).isDone());
         const QString odd = u"/dev/serial/by-id/a \"b\"; ü%20"_s;
-        QCOMPARE(ComPortNames().freeNumber(), 100);
-        QVERIFY(keepPortNumber(100, odd).isDone());
+        QVERIFY(Profile()
+                    .writeTexts(u"Ports"_s, {{u"COM7"_s, u"/dev/ttyUSB50"_s},
+                                             {u"COM100"_s, odd},
+                                             {u"COM103"_s, m_adapter}})
+                    .isDone());
         const ComPortNames names;
         QCOMPARE(names.devicePath(u"COM100"_s), odd);
         QCOMPARE(names.numberOf(u"/dev/ttyUSB50"_s), 0);
         QCOMPARE(names.numberOf(m_adapter), 12);
         QCOMPARE(names.freeNumber(), 102);
+
+        QVERIFY(keepPortNumber(102, u"/dev/settings"_s).isDone());
+        QVERIFY(contentOf(m_settings.path()).contains("\"/dev/settings\"=\"COM102\""));
+        qunsetenv("PELORIN_REGISTRY"); // the user has no file of their own
+        QVERIFY(keepPortNumber(104, u"/dev/profile"_s).isDone());
+        qputenv("PELORIN_REGISTRY", m_settings.path().toUtf8());
+        QCOMPARE(Profile().readTexts(u"Ports"_s).value(u"COM104"_s), u"/dev/profile"_s);
+        QCOMPARE(ComPortNames().devicePath(u"COM104"_s), u"/dev/profile"_s);
     }
 
     /// /dev/null and /dev/zero stand for adapters: they are devices, as those are.

@@ -57,6 +57,7 @@ private Q_SLOTS:
         const QByteArray enter = "!" + four + "PROG\r"; // the programming mode
         const QByteArray write = enter + "NN123456\rVN1A0000\r";
         const QByteArray ask = "!" + four + "PROG\rNA\rVA\r"; // after a restart
+        const QByteArray stream = enter + "DN4E0519\rCN\r";   // from its next start on
         const std::vector<Row> rows = {
             {"without supply", "", four + "PROG\rVA\r", ""},
             {"too few frames", "", "!" + four + "VA\r", ""},
@@ -78,6 +79,10 @@ private Q_SLOTS:
             {"type 2 closes with E", "type=2", write + "EN\r" + ask, "123456\r3A0102\r"},
             {"another command", "", write + "QN\r" + ask, "00000A\r3A0102\r"},
             {"more behind the command", "", write + "EN1\r" + ask, "00000A\r3A0102\r"},
+
+            {"streams to a line of any speed", "fault=short:1@stream", stream + "!~",
+             '~' + QByteArray(101, '\xB0')},
+            {"does not stream when it is called", "", stream + enter + "~VA\r", "~3A0102\r"},
 
             {"silent", "fault=silent", enter + "VA\r~", "~"},
             {"silent for another", "fault=silent@A", enter + "VA\rAA\r~", "3A0102\r~"},

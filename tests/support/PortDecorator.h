@@ -24,8 +24,10 @@ public:
     int purge(Purge what) override { return m_port->purge(what); }
     int setRts(bool on) override { return m_port->setRts(on); }
     ReadResult read() override { return m_port->read(); }
+    TakeResult take() override { return m_port->take(); }
     WriteResult write(std::string_view bytes) override { return m_port->write(bytes); }
     Watch watch() const override { return m_port->watch(); }
+    Watch watchBytes() const override { return m_port->watchBytes(); }
     void beginExchange(std::uint64_t number) override { m_port->beginExchange(number); }
     void cutShort(std::uint64_t number) override { m_port->cutShort(number); }
     void interrupt() override { m_port->interrupt(); }

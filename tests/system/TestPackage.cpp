@@ -75,7 +75,7 @@ private Q_SLOTS:
         const QString path = m_usr + u"share/pelorin/demo.reg"_s;
         const QString line = m_root.filePath(u"sensor"_s);
         QByteArray settings = contentOf(path);
-        settings.replace("\"simulator:sensor?type=2\"=\"COM99\"",
+        settings.replace("\"simulator:sensor?type=2&moving=1\"=\"COM99\"",
                          '"' + line.toUtf8() + "\"=\"COM99\"");
         QVERIFY(settings.contains(line.toUtf8()) && putContent(path, settings));
         const Program simulator(m_usr + u"bin/pelorin-simulator"_s,

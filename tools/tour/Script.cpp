@@ -1,6 +1,8 @@
 #include "Script.h"
 
 #include "app/Commands.h"
+#include "platform/core/LanguageStrings.h"
+#include "platform/core/Strings.h"
 #include "simulator/SimulatedDisplayUnit.h"
 #include "simulator/SimulatedPorts.h"
 #include "simulator/SimulatedSensor.h"
@@ -8,6 +10,7 @@
 #include <QApplication>
 #include <QDialog>
 #include <QFile>
+#include <QLabel>
 #include <QProgressBar>
 
 #include <bit>
@@ -17,6 +20,7 @@ namespace pelorin {
 namespace {
 
 // The pages, by the numbers of their captions.
+constexpr int kRecordingLines = 10;
 constexpr int kInformation = 110;
 constexpr int kOutputSetup = 168;
 constexpr int kLog = 188;
@@ -56,7 +60,7 @@ QString textOf(const SimulatedDisplayUnit::Settings& settings)
 
 std::vector<Tour::Step> script(Tour& tour, SimulatedPorts& simulators, int language)
 {
-    const auto sensor = simulators.sensor(QStringLiteral("simulator:sensor?type=2"));
+    const auto sensor = simulators.sensor(QStringLiteral("simulator:sensor?type=2&moving=1"));
     const auto unit = simulators.displayUnit(QStringLiteral("simulator:display"));
     const auto holds = [sensor](char parameter, const char* text) {
         return Tour::expect("the sensor holds what was written",
@@ -70,9 +74,12 @@ std::vector<Tour::Step> script(Tour& tour, SimulatedPorts& simulators, int langu
         });
     };
     const auto isAsking = [] { return QApplication::activeModalWidget() != nullptr; };
+    const auto says = [&tour](int text) {
+        return [&tour, text] { return tour.textOf("messagePane") == languageString(text); };
+    };
     const auto noDialog = [] { return QApplication::activeModalWidget() == nullptr; };
-    for (const char* name :
-         {"log.txt", "backup.dat", "comparison.csv", "lookup-table.csv"}) // of an earlier tour
+    for (const char* name : {"log.txt", "backup.dat", "comparison.csv", "lookup-table.csv",
+                             "recording.csv"}) // of an earlier tour
         (void)QFile::remove(tour.path(QLatin1String(name)));
 
     std::vector<Tour::Step> steps = {
@@ -84,16 +91,45 @@ std::vector<Tour::Step> script(Tour& tour, SimulatedPorts& simulators, int langu
         tour.picture("information"),
 
         Tour::print(QStringLiteral("Magnet position")),
-        tour.print(
-            [sensor] { return sensor->setMoving(true), QStringLiteral("the magnet moves"); }),
         tour.page(kPosition),
+        Tour::when(says(strings::kStoringFormat), tour.picture("position-starting")),
         tour.printChanged("positionBox"),
         tour.printChanged("positionBox"),
         tour.printChanged("positionBox"),
+        Tour::expect("the light is green beside a position",
+                     [&tour] {
+                         const auto& light = tour.find<QLabel>("linkLight");
+                         return light.accessibleDescription() ==
+                                languageString(strings::kLightConnected);
+                     }),
         tour.picture("position"),
+        tour.click("recordButton"),
+        tour.file(QStringLiteral("recording.csv")),
+        tour.printChanged("positionBox"),
+        tour.printChanged("positionBox"),
+        tour.click("recordButton"),
+        tour.print([&tour] {
+            const auto lines = contentOf(tour.path(QStringLiteral("recording.csv"))).split('\n');
+            return QString::fromUtf8(lines.mid(0, kRecordingLines).join('\n'));
+        }),
+        tour.click("allDecimalsCheck"),
+        tour.printChanged("positionBox"),
+        tour.click("pauseButton"),
+        tour.key("positionTrace", Qt::Key_Home),
+        tour.key("positionTrace", Qt::Key_Right),
+        tour.printChanged("figure1848"),
+        tour.picture("position-paused"),
+        tour.click("openRecordingButton"),
+        tour.file(QStringLiteral("recording.csv")),
+        Tour::when(isAsking, tour.key("positionTrace", Qt::Key_End)),
+        tour.printChanged("figure1848"),
+        tour.picture("recording"),
+        tour.key("positionTrace", Qt::Key_Escape), // the cursor
+        tour.key("positionTrace", Qt::Key_Escape),
 
         Tour::print(QStringLiteral("Output setup")),
         tour.page(kOutputSetup),
+        Tour::when(says(strings::kWritingOwnFormat), tour.picture("position-ending")),
         tour.printControls(),
         tour.picture("output-setup"),
         tour.key("modeCombo", Qt::Key_Home), // the reverse direction needs the asynchronous mode
@@ -143,8 +179,7 @@ std::vector<Tour::Step> script(Tour& tour, SimulatedPorts& simulators, int langu
 
         Tour::print(QStringLiteral("Manual communications")),
         tour.command(kManualCommCommand),
-        Tour::when([] { return QApplication::activeModalWidget() != nullptr; },
-                   tour.type("sendEdit", QStringLiteral("56,41,0D"))),
+        Tour::when(isAsking, tour.type("sendEdit", QStringLiteral("56,41,0D"))),
         tour.click("executeButton"),
         tour.printChanged("receiveEdit"),
         tour.picture("manual-communications"),
@@ -166,8 +201,7 @@ std::vector<Tour::Step> script(Tour& tour, SimulatedPorts& simulators, int langu
 
         Tour::print(QStringLiteral("Earlier states")),
         tour.command(kEarlierStatesCommand),
-        Tour::when([] { return QApplication::activeModalWidget() != nullptr; },
-                   tour.printList("entryList", 2)),
+        Tour::when(isAsking, tour.printList("entryList", 2)),
         Tour::expect(
             "what was written last is the newest entry",
             [&tour] {

@@ -2,7 +2,9 @@
 
 #include "platform/core/LineSettings.h"
 
+#include <chrono>
 #include <cstdint>
+#include <string>
 #include <string_view>
 
 namespace pelorin {
@@ -41,18 +43,27 @@ public:
         char byte = 0;
     };
 
+    struct TakeResult
+    {
+        int error = 0;       ///< 0 or the system's error code
+        std::string bytes{}; ///< all that had been received; empty if nothing had
+    };
+
     struct WriteResult
     {
         int error = 0;   ///< 0 or the system's error code
         int written = 0; ///< bytes that left on the line; fewer than asked when time ran out
     };
 
-    /// What a poll() waits on to notice that the device has gone, without touching its bytes. No
-    /// descriptor (-1) while the port is closed or the device has been found gone.
+    /// What a poll() waits on. No descriptor (-1) while the port is closed or the device has been
+    /// found gone, or where only the clock says it.
     struct Watch
     {
+        using TimePoint = std::chrono::steady_clock::time_point;
+
         int descriptor = -1;
         short events = 0;
+        TimePoint due = TimePoint::max(); ///< when it ends by the clock at the latest
     };
 
     ComPort() = default;
@@ -70,10 +81,15 @@ public:
     [[nodiscard]] virtual int purge(Purge what) = 0;
     [[nodiscard]] virtual int setRts(bool on) = 0;
     [[nodiscard]] virtual ReadResult read() = 0;
+    /// Reads what has been received already, without waiting.
+    [[nodiscard]] virtual TakeResult take() = 0;
     /// Returns when the bytes have left on the line, or time ran out.
     [[nodiscard]] virtual WriteResult write(std::string_view bytes) = 0;
 
+    /// To notice that the device has gone, without touching its bytes.
     [[nodiscard]] virtual Watch watch() const = 0;
+    /// To notice that there are bytes to take. It may end without any.
+    [[nodiscard]] virtual Watch watchBytes() const = 0;
 
     /// Begins an exchange: every read and write until the next begin belongs to it. Numbers grow.
     virtual void beginExchange(std::uint64_t number) = 0;

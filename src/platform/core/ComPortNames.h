@@ -6,7 +6,11 @@
 #include <QMap>
 #include <QString>
 
+#include <optional>
+
 namespace pelorin {
+
+class RegistryFile;
 
 /// A port that can be chosen now.
 struct PresentPort
@@ -28,6 +32,11 @@ class ComPortNames
 public:
     /// Reads the settings of this run.
     ComPortNames();
+    /// The numbers that a settings file gives, which need not be that of this run.
+    explicit ComPortNames(const RegistryFile& settings);
+
+    /// The n of "COMn" or "\\.\COMn"; nothing for any other text.
+    [[nodiscard]] static std::optional<int> numberIn(const QString& name);
 
     /// The device that a name stands for. "COM7" and "\\.\COM7" name the same port, in either
     /// letter case; null if no device has the number. Any other text is a device already and
@@ -39,6 +48,7 @@ public:
 
     /// The serial devices of this machine, and those that the settings name if they exist or are
     /// simulated; by number, then those that have none.
+    [[nodiscard]] QList<PresentPort> presentPorts() const;
     [[nodiscard]] QList<PresentPort> presentPorts(const QList<SerialDevice>& system) const;
 
     /// The lowest number from 100 on that no device has.

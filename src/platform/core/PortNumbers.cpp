@@ -1,6 +1,9 @@
 #include "platform/core/PortNumbers.h"
 
 #include "platform/core/Profile.h"
+#include "platform/core/RegistryConfig.h"
+#include "platform/core/RegistryFileEditor.h"
+#include "platform/core/SettingsFile.h"
 
 namespace pelorin {
 
@@ -32,6 +35,12 @@ QMap<int, QString> keptPortNumbers()
 
 WholeFile::Outcome keepPortNumber(int number, const QString& device)
 {
+    SettingsFile settings(SettingsFile::placesOfThisRun());
+    if (settings.problem().isEmpty() && settings.replaced().isEmpty()) {
+        RegistryFileEditor editor(settings.content());
+        editor.set(serialPortsKey(), device, nameOf(number));
+        return settings.save(editor.content());
+    }
     return Profile().writeTexts(section(), {{nameOf(number), device}});
 }
 

@@ -6,11 +6,13 @@
 
 #include <poll.h>
 
+#include <algorithm>
 #include <atomic>
 #include <condition_variable>
 #include <cstdint>
 #include <map>
 #include <mutex>
+#include <span>
 #include <system_error>
 #include <utility>
 #include <vector>
@@ -25,13 +27,13 @@ namespace {
 constexpr auto kStopLimit = 1000ms;
 constexpr auto kNoLimit = Clock::time_point::max();
 
-/// The rest of a time for poll(), which must not return before it is over; -1 without limit.
-int pollTime(Clock::time_point limit)
+/// Waits for one of the entries' events, until a time; a signal only wakes it.
+void pollUntil(std::span<pollfd> entries, Clock::time_point limit)
 {
-    if (limit == kNoLimit)
-        return -1;
-    const auto rest = std::chrono::ceil<std::chrono::milliseconds>(limit - Clock::now());
-    return rest > 0ms ? static_cast<int>(rest.count()) : 0;
+    const auto rest = std::max<std::chrono::nanoseconds>(limit - Clock::now(), 0ns);
+    const auto seconds = std::chrono::floor<std::chrono::seconds>(rest);
+    const timespec time{seconds.count(), static_cast<long>((rest - seconds).count())};
+    (void)ppoll(entries.data(), entries.size(), limit == kNoLimit ? nullptr : &time, nullptr);
 }
 
 } // namespace
@@ -83,6 +85,12 @@ public:
                 return true;
             (void)waitForWake(limit, {});
         }
+    }
+
+    void follow(Follower follower) override
+    {
+        m_follower = std::move(follower);
+        m_followTimes = {};
     }
 
     [[nodiscard]] bool isLeft() const override { return m_left; }
@@ -167,7 +175,7 @@ private:
     {
         const std::lock_guard lock(m_mutex);
         post(m_current.id, result);
-        m_current = {};
+        begin({}); // what is taken between requests is no part of one that was cut short
     }
 
     /// Waits for the next request. @return nothing when the worker is to stop
@@ -185,18 +193,35 @@ private:
             }
             if (m_hasGone) {
                 (void)waitForWake(kNoLimit, {});
-            } else if (!m_port->isOpen() || waitForWake(kNoLimit, m_port->watch())) {
+            } else if (!m_port->isOpen() || idle()) {
                 m_hasGone = true; // a job has found it so, or it has gone just now
                 (void)gone(*this);
             }
         }
     }
 
-    /// @return whether the watched device has gone
-    [[nodiscard]] bool waitForWake(Clock::time_point limit, ComPort::Watch watch)
+    /// Waits between requests, until there may be one. @return whether the device has gone
+    [[nodiscard]] bool idle()
     {
-        pollfd entries[] = {{m_wake.descriptor(), POLLIN, 0}, {watch.descriptor, watch.events, 0}};
-        (void)poll(entries, std::size(entries), pollTime(limit)); // a signal only wakes it
+        if (!m_follower)
+            return waitForWake(kNoLimit, m_port->watch());
+        if (Clock::now() < m_followTimes.bytesFrom)
+            return waitForWake(m_followTimes.bytesFrom, m_port->watch());
+        const bool gone =
+            waitForWake(m_followTimes.atLatest, m_port->watch(), m_port->watchBytes());
+        if (!gone)
+            m_followTimes = m_follower(*this);
+        return gone;
+    }
+
+    /// @return whether the watched device has gone
+    [[nodiscard]] bool waitForWake(Clock::time_point limit, ComPort::Watch watch,
+                                   ComPort::Watch bytes = {})
+    {
+        pollfd entries[] = {{m_wake.descriptor(), POLLIN, 0},
+                            {watch.descriptor, watch.events, 0},
+                            {bytes.descriptor, bytes.events, 0}};
+        pollUntil(entries, std::min(limit, bytes.due));
         if (entries[0].revents != 0)
             m_wake.reset();
         return entries[1].revents != 0;
@@ -263,7 +288,9 @@ private:
     const std::unique_ptr<ComPort> m_port;
     const MessageTarget::Poster m_replies;
     EventDescriptor m_wake;
-    bool m_hasGone = false; ///< the worker's
+    bool m_hasGone = false; ///< the worker's, as the next
+    Follower m_follower;
+    FollowTimes m_followTimes;
     std::atomic<bool> m_left = false;
 
     mutable std::mutex m_mutex; ///< guards all below

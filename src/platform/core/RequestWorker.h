@@ -25,6 +25,20 @@ class ComPort;
 class RequestWorker
 {
 public:
+    class Context;
+
+    /// When a follower is called again.
+    struct FollowTimes
+    {
+        using TimePoint = std::chrono::steady_clock::time_point;
+
+        TimePoint bytesFrom{};                 ///< once bytes have come, but not before this
+        TimePoint atLatest = TimePoint::max(); ///< without any, too
+    };
+
+    /// Takes what comes over the port unasked.
+    using Follower = std::function<FollowTimes(Context&)>;
+
     /// What the jobs of one run of the worker have: called on its thread only.
     class Context
     {
@@ -32,6 +46,9 @@ public:
         [[nodiscard]] virtual ComPort& port() = 0;
         /// Waits. @return false at once when the request is cut short or the worker is to stop
         [[nodiscard]] virtual bool pause(std::chrono::milliseconds duration) = 0;
+        /// Has everything that comes between the requests of this run taken by a follower from now
+        /// on, or by nobody.
+        virtual void follow(Follower follower) = 0;
         /// Whether nobody waits for this worker any more; what it notices concerns nobody then.
         [[nodiscard]] virtual bool isLeft() const = 0;
 

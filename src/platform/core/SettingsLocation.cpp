@@ -20,18 +20,25 @@ constexpr const char* kVariable = "PELORIN_REGISTRY";
 
 QString registryFilePath()
 {
-    QString named = qEnvironmentVariable(kVariable);
-    if (!named.isEmpty())
+    if (QString named = namedRegistryFile(); !named.isEmpty())
         return named;
-
-    const QString users = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
-                          QStringLiteral("/pelorin/pelorin.reg");
     const QString sites = QStringLiteral("/etc/pelorin/pelorin.reg");
-    for (const QString& path : {users, sites}) {
+    for (const QString& path : {usersRegistryFile(), sites}) {
         if (QFileInfo::exists(path))
             return path;
     }
     return programFolder() + QStringLiteral("/pelorin.reg");
+}
+
+QString namedRegistryFile()
+{
+    return qEnvironmentVariable(kVariable);
+}
+
+QString usersRegistryFile()
+{
+    return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
+           QStringLiteral("/pelorin/pelorin.reg");
 }
 
 QString useSettingsFile(const QString& path)
@@ -53,13 +60,13 @@ QString programFolder()
                            QStringLiteral("/../share/pelorin"));
 }
 
-QString installationFolder(const QString& installPath)
+QString installationFolder(const QString& installPath, const QString& settingsFile)
 {
     if (isWindowsPath(installPath))
         return programFolder();
     QString path = installPath;
     path.replace(QLatin1Char('\\'), QLatin1Char('/'));
-    const QDir settingsFolder = QFileInfo(registryFilePath()).absoluteDir();
+    const QDir settingsFolder = QFileInfo(settingsFile).absoluteDir();
     return QDir::cleanPath(settingsFolder.absoluteFilePath(path));
 }
 

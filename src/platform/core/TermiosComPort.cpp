@@ -4,6 +4,7 @@
 #include "platform/core/TermiosDevice.h"
 
 #include <algorithm>
+#include <array>
 #include <utility>
 
 namespace pelorin {
@@ -66,6 +67,11 @@ bool TermiosComPort::isOpen() const
 void TermiosComPort::close()
 {
     dropDevice(EBADF);
+}
+
+ComPort::Watch TermiosComPort::watchBytes() const
+{
+    return {m_device ? m_device->descriptor() : -1, POLLIN};
 }
 
 ComPort::Watch TermiosComPort::watch() const
@@ -160,12 +166,30 @@ int TermiosComPort::receive(TermiosDevice& device, TimePoint deadline, char& byt
     int error = EAGAIN;
     while (error == EAGAIN) {
         error = device.wait(POLLIN, deadline);
+        std::size_t count = 0;
         if (error == 0)
-            error = device.read(byte);
+            error = device.read({&byte, 1}, count);
         if (error == EAGAIN && m_calls.now() >= deadline)
             error = ETIMEDOUT;
     }
     return error;
+}
+
+ComPort::TakeResult TermiosComPort::take()
+{
+    if (!m_device)
+        return {.error = m_absence};
+    {
+        const std::lock_guard lock(m_mutex);
+        if (m_cancellation.isCancelled())
+            return {.error = ECANCELED};
+    }
+    std::array<char, kQueueSize> room{};
+    std::size_t count = 0;
+    const int error = m_device->read(room, count);
+    if (error == EAGAIN)
+        return {};
+    return {.error = outcome(error), .bytes = std::string(room.data(), count)};
 }
 
 ComPort::WriteResult TermiosComPort::write(std::string_view bytes)

@@ -34,8 +34,10 @@ public:
     [[nodiscard]] int purge(Purge what) override;
     [[nodiscard]] int setRts(bool on) override;
     [[nodiscard]] ReadResult read() override;
+    [[nodiscard]] TakeResult take() override;
     [[nodiscard]] WriteResult write(std::string_view bytes) override;
     [[nodiscard]] Watch watch() const override;
+    [[nodiscard]] Watch watchBytes() const override;
     void beginExchange(std::uint64_t number) override;
     void cutShort(std::uint64_t number) override;
     void interrupt() override;

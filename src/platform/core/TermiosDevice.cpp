@@ -233,10 +233,11 @@ void TermiosDevice::cancel(bool on)
     });
 }
 
-int TermiosDevice::read(char& byte)
+int TermiosDevice::read(std::span<char> room, std::size_t& count)
 {
-    const auto count = uninterrupted([&] { return m_calls.read(m_fd, &byte, 1); });
-    return count == 0 ? ENODEV : errorAfter(count);
+    const auto result = uninterrupted([&] { return m_calls.read(m_fd, room.data(), room.size()); });
+    count = result > 0 ? static_cast<std::size_t>(result) : 0;
+    return result == 0 ? ENODEV : errorAfter(result);
 }
 
 int TermiosDevice::write(std::string_view bytes, std::size_t& taken)

@@ -3,6 +3,7 @@
 #include "platform/core/LineSettings.h"
 #include "platform/core/PosixCalls.h"
 
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -48,8 +49,9 @@ public:
     /// What a poll() reports POLLHUP or POLLERR for once the device has gone.
     [[nodiscard]] int descriptor() const { return m_fd; }
 
-    /// @return EAGAIN if there is none
-    [[nodiscard]] int read(char& byte);
+    /// @param count how many bytes have come into the room
+    /// @return EAGAIN if there are none
+    [[nodiscard]] int read(std::span<char> room, std::size_t& count);
 
     /// @param taken how many of the bytes the system took
     /// @return EAGAIN if there is no room

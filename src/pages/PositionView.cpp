@@ -1,0 +1,270 @@
+#include "pages/PositionView.h"
+
+#include "pages/PositionTrace.h"
+#include "platform/core/LanguageStrings.h"
+#include "platform/core/Strings.h"
+
+#include <QCheckBox>
+#include <QClipboard>
+#include <QComboBox>
+#include <QGridLayout>
+#include <QGuiApplication>
+#include <QLabel>
+#include <QPushButton>
+
+#include <algorithm>
+#include <chrono>
+
+namespace pelorin {
+
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr auto kFiguresPeriod = 250ms; ///< more often nobody can read them
+constexpr int kDurations[] = {10, 30, 60, 120, 300, 600};
+constexpr int kFirstDuration = 1;
+constexpr int kRateDecimals = 1;
+
+QString number(std::optional<double> value, int decimals)
+{
+    return value ? QString::number(*value, 'f', decimals) : QString();
+}
+
+} // namespace
+
+PositionView::PositionView(Kind kind, QWidget* parent)
+    : QWidget(parent), m_trace(new PositionTrace(this))
+{
+    auto* layout = new QGridLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setColumnStretch(0, 1);
+    layout->setRowStretch(0, 1);
+    layout->addWidget(m_trace, 0, 0);
+    m_trace->setObjectName(QStringLiteral("positionTrace"));
+    makeFigures(kind);
+    makeControls(kind);
+    m_figuresTimer.setSingleShot(true);
+    m_figuresTimer.setInterval(kFiguresPeriod);
+    connect(&m_figuresTimer, &QTimer::timeout, this, &PositionView::showFigures);
+    connect(m_trace, &PositionTrace::changed, this, [this] {
+        if (m_trace->isPaused())
+            showFigures();
+        else
+            showFiguresSoon();
+    });
+    connect(m_trace, &PositionTrace::zoomWanted, this, &PositionView::zoom);
+    translate();
+}
+
+void PositionView::makeFigures(Kind kind)
+{
+    m_figures = {
+        {strings::kMinimum, strings::kMillimetres,
+         [this](const PositionFigures& figures) { return m_trace->valueText(figures.minimum); }},
+        {strings::kMaximum, strings::kMillimetres,
+         [this](const PositionFigures& figures) { return m_trace->valueText(figures.maximum); }},
+        {strings::kSpan, strings::kMillimetres,
+         [this](const PositionFigures& figures) { return length(figures.span()); }},
+        {strings::kMean, strings::kMillimetres,
+         [this](const PositionFigures& figures) { return m_trace->valueText(figures.mean); }},
+        {strings::kDeviation, strings::kMillimetres,
+         [](const PositionFigures& figures) { return number(figures.deviation, 4); }},
+        {strings::kVelocity, strings::kMillimetresPerSecond,
+         [](const PositionFigures& figures) { return number(figures.velocity, kRateDecimals); }},
+        {strings::kPositionsPerSecond, 0,
+         [](const PositionFigures& figures) { return number(figures.perSecond, kRateDecimals); }},
+    };
+    if (kind == Kind::Live) {
+        m_figures.push_back({strings::kMalformedFrames, 0, [this](const PositionFigures&) {
+                                 return QString::number(malformedShown());
+                             }});
+    }
+    m_figures.push_back({strings::kCursorTime, strings::kSecondsUnit, [this](const auto&) {
+                             const auto at = m_trace->cursor();
+                             return at ? QString::number(at->seconds, 'f', 4) : QString();
+                         }});
+    m_figures.push_back({strings::kCursorPosition, strings::kMillimetres, [this](const auto&) {
+                             const auto at = m_trace->cursor();
+                             return at ? m_trace->valueText(at->millimetres) : QString();
+                         }});
+    auto* grid = new QGridLayout;
+    int row = 0;
+    for (Figure& figure : m_figures) {
+        figure.captionLabel = new QLabel(this);
+        figure.valueLabel = new QLabel(this);
+        figure.valueLabel->setTextFormat(Qt::PlainText);
+        figure.valueLabel->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+        figure.valueLabel->setMinimumWidth(fontMetrics().horizontalAdvance(
+            QStringLiteral("-00000.0000 mm/s"))); // or the trace would change its width
+        figure.valueLabel->setObjectName(QStringLiteral("figure%1").arg(figure.caption));
+        grid->addWidget(figure.captionLabel, row, 0);
+        grid->addWidget(figure.valueLabel, row++, 1);
+    }
+    m_relative = new QLabel(this);
+    m_relative->setTextFormat(Qt::PlainText);
+    grid->addWidget(m_relative, row++, 0, 1, 2);
+    grid->setRowStretch(row, 1);
+    static_cast<QGridLayout*>(layout())->addLayout(grid, 0, 1);
+}
+
+void PositionView::makeControls(Kind kind)
+{
+    m_controls = new QHBoxLayout;
+    m_timeCaption = new QLabel(this);
+    m_durations = new QComboBox(this);
+    m_durations->setObjectName(QStringLiteral("durationCombo"));
+    m_timeCaption->setBuddy(m_durations);
+    m_controls->addWidget(m_timeCaption);
+    m_controls->addWidget(m_durations);
+    for (const int seconds : kDurations)
+        m_durations->addItem(QString(), seconds);
+    if (kind == Kind::Recording)
+        m_durations->addItem(QString(), 0);
+    const int chosen = kind == Kind::Recording ? m_durations->count() - 1 : kFirstDuration;
+    m_durations->setCurrentIndex(chosen);
+    connect(m_durations, &QComboBox::activated, this,
+            [this] { m_trace->setDuration(m_durations->currentData().toInt()); });
+
+    const auto add = [this](QAbstractButton* button, const char* name, int caption) {
+        button->setObjectName(QLatin1String(name));
+        m_buttons.emplace_back(button, caption);
+        m_controls->addWidget(button);
+        if (auto* push = qobject_cast<QPushButton*>(button))
+            push->setAutoDefault(false); // Enter closes a recording
+        return button;
+    };
+    connect(add(new QCheckBox(this), "holdRangeCheck", strings::kHoldRange),
+            &QAbstractButton::toggled, m_trace, &PositionTrace::setRangeHeld);
+    if (kind == Kind::Live) {
+        QAbstractButton* pause = add(new QPushButton(this), "pauseButton", strings::kPause);
+        pause->setCheckable(true);
+        connect(pause, &QAbstractButton::toggled, m_trace, &PositionTrace::setPaused);
+    }
+    QAbstractButton* zero = add(new QPushButton(this), "zeroButton", strings::kZeroHere);
+    zero->setCheckable(true);
+    connect(zero, &QAbstractButton::toggled, this, [this, zero](bool wanted) {
+        const auto at = m_trace->cursor() ? m_trace->cursor() : m_trace->last();
+        m_trace->setZero(wanted && at ? std::optional(at->millimetres) : std::nullopt);
+        zero->setChecked(m_trace->zero().has_value()); // not before there is a position
+    });
+    connect(add(new QPushButton(this), "copyFiguresButton", strings::kCopy),
+            &QAbstractButton::clicked, this, &PositionView::copyFigures);
+    m_controls->addStretch(1);
+    static_cast<QGridLayout*>(layout())->addLayout(m_controls, 1, 0, 1, 2);
+}
+
+void PositionView::addButton(QPushButton* button)
+{
+    m_controls->addWidget(button);
+}
+
+void PositionView::translate()
+{
+    m_timeCaption->setText(languageString(strings::kTimeShown));
+    for (int i = 0; i < m_durations->count(); ++i) {
+        const int seconds = m_durations->itemData(i).toInt();
+        const bool minutes = seconds >= 60;
+        m_durations->setItemText(
+            i, seconds == 0 ? languageString(strings::kWholeRecording)
+                            : languageString(minutes ? strings::kMinutes : strings::kSeconds)
+                                  .arg(minutes ? seconds / 60 : seconds));
+    }
+    for (const auto& [button, caption] : m_buttons)
+        button->setText(languageString(caption));
+    for (const Figure& figure : m_figures) {
+        figure.captionLabel->setText(languageString(figure.caption));
+        figure.valueLabel->setAccessibleDescription(languageString(figure.caption));
+    }
+    m_trace->setAccessibleName(languageString(strings::kTraceName));
+    showFigures();
+}
+
+void PositionView::append(PositionPoints points, int malformed)
+{
+    m_trace->append(points);
+    const auto newest = m_trace->last();
+    if (malformed > 0)
+        m_malformed.append({points.empty() && newest ? newest->seconds
+                            : newest                 ? points.back().seconds
+                                                     : 0.0,
+                            malformed});
+    const double oldest = newest ? newest->seconds - 2 * PositionTrace::kLongest : 0.0;
+    while (!m_malformed.isEmpty() && m_malformed.first().first < oldest)
+        m_malformed.removeFirst();
+    if (malformed > 0)
+        showFiguresSoon();
+}
+
+int PositionView::malformedShown() const
+{
+    int count = 0;
+    for (const auto& [seconds, frames] : m_malformed) {
+        if (seconds >= m_trace->from() && seconds <= m_trace->end())
+            count += frames;
+    }
+    return count;
+}
+
+QString PositionView::length(std::optional<double> millimetres) const
+{
+    return millimetres ? m_trace->valueText(*millimetres + m_trace->zero().value_or(0.0))
+                       : QString();
+}
+
+/// Frames that are none are told also where no positions are.
+QString PositionView::textOf(const Figure& figure, const PositionFigures& figures)
+{
+    const bool isKnown = figures.count > 0 || figure.caption == strings::kMalformedFrames;
+    return isKnown ? figure.text(figures) : QString();
+}
+
+void PositionView::zoom(int steps)
+{
+    const int index = m_durations->currentIndex() - steps;
+    if (index < 0 || index >= m_durations->count())
+        return;
+    m_durations->setCurrentIndex(index);
+    m_trace->setDuration(m_durations->currentData().toInt());
+}
+
+void PositionView::showFiguresSoon()
+{
+    if (!m_figuresTimer.isActive())
+        m_figuresTimer.start();
+}
+
+void PositionView::showFigures()
+{
+    const PositionFigures figures = positionFigures(m_trace->visible());
+    QStringList words;
+    for (const Figure& figure : m_figures) {
+        QString text = textOf(figure, figures);
+        if (!text.isEmpty() && figure.unit != 0)
+            text += u' ' + languageString(figure.unit);
+        figure.valueLabel->setText(text);
+        if (!text.isEmpty())
+            words << languageString(figure.caption) + u' ' + text;
+    }
+    const auto zero = m_trace->zero();
+    m_relative->setText(zero ? languageString(strings::kRelativeTo).arg(length(*zero)) : QString());
+    const QString description =
+        words.isEmpty() ? languageString(strings::kNoPositions) : words.join(QStringLiteral(", "));
+    if (description != m_trace->accessibleDescription())
+        m_trace->setAccessibleDescription(description);
+}
+
+void PositionView::copyFigures() const
+{
+    const PositionFigures figures = positionFigures(m_trace->visible());
+    QString text;
+    for (const Figure& figure : m_figures) {
+        text += languageString(figure.caption) + u'\t' + textOf(figure, figures) + u'\t' +
+                (figure.unit != 0 ? languageString(figure.unit) : QString()) + u'\n';
+    }
+    if (const auto zero = m_trace->zero())
+        text += languageString(strings::kRelativeTo).arg(length(*zero)) + u'\n';
+    QGuiApplication::clipboard()->setText(text);
+}
+
+} // namespace pelorin

@@ -1,0 +1,72 @@
+#pragma once
+
+#include "sensor/PositionFigures.h"
+
+#include <QList>
+#include <QTimer>
+#include <QWidget>
+
+#include <functional>
+#include <optional>
+#include <utility>
+#include <vector>
+
+class QAbstractButton;
+class QComboBox;
+class QHBoxLayout;
+class QLabel;
+class QPushButton;
+
+namespace pelorin {
+
+class PositionTrace;
+
+/// A trace of positions with its controls, and beside it the figures of what it shows.
+class PositionView final : public QWidget
+{
+    Q_OBJECT
+
+public:
+    enum class Kind { Live, Recording };
+
+    PositionView(Kind kind, QWidget* parent);
+
+    /// @param malformed how many frames were none
+    void append(PositionPoints points, int malformed);
+    [[nodiscard]] PositionTrace& trace() { return *m_trace; }
+    /// Puts a further button behind the controls.
+    void addButton(QPushButton* button);
+    void translate();
+
+private:
+    struct Figure
+    {
+        int caption;
+        int unit; ///< number of a text; 0 without one
+        std::function<QString(const PositionFigures&)> text;
+        QLabel* captionLabel = nullptr;
+        QLabel* valueLabel = nullptr;
+    };
+
+    void makeFigures(Kind kind);
+    void makeControls(Kind kind);
+    void zoom(int steps);
+    void showFigures();
+    void showFiguresSoon();
+    void copyFigures() const;
+    [[nodiscard]] static QString textOf(const Figure& figure, const PositionFigures& figures);
+    [[nodiscard]] int malformedShown() const;
+    [[nodiscard]] QString length(std::optional<double> millimetres) const;
+
+    PositionTrace* m_trace = nullptr;
+    QLabel* m_timeCaption = nullptr;
+    QComboBox* m_durations = nullptr;
+    QHBoxLayout* m_controls = nullptr;
+    QLabel* m_relative = nullptr;
+    std::vector<std::pair<QAbstractButton*, int>> m_buttons; ///< with the numbers of their texts
+    std::vector<Figure> m_figures;
+    QList<std::pair<double, int>> m_malformed; ///< when, and how many frames
+    QTimer m_figuresTimer;
+};
+
+} // namespace pelorin

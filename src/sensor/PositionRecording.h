@@ -1,0 +1,74 @@
+#pragma once
+
+#include "link/PositionFrame.h"
+#include "platform/core/AppendedFile.h"
+#include "sensor/PositionFigures.h"
+
+#include <QByteArray>
+#include <QDateTime>
+#include <QString>
+
+#include <vector>
+
+namespace pelorin {
+
+/// What a recording of positions tells of itself.
+struct RecordingHead
+{
+    QString version; ///< of the sensor, as it answers it
+    int sensorType = -1;
+    QString port;
+    double resolution = 0.0; ///< mm; 0 if not known
+    QDateTime start;         ///< the moment from which the times count
+
+    bool operator==(const RecordingHead&) const = default;
+};
+
+/// The lines before the positions. Names and values are parted by commas, numbers have a decimal
+/// point, lines end in CR LF.
+[[nodiscard]] QByteArray recordingHeadText(const RecordingHead& head);
+
+/// Lines of a time in s with four decimals and a position in mm with these decimals.
+[[nodiscard]] QByteArray recordingLines(PositionPoints points, int decimals);
+
+/// Records the positions that come from a moment on, as long as the disk has room.
+class PositionRecorder
+{
+public:
+    /// @param head its start stands for the moment
+    [[nodiscard]] WholeFile::Outcome begin(const QString& path, const RecordingHead& head,
+                                           std::chrono::steady_clock::time_point moment);
+    [[nodiscard]] bool isRecording() const { return m_file.isOpen(); }
+    /// A failure has ended the recording; what was recorded before is in the file.
+    [[nodiscard]] WholeFile::Outcome add(const QList<PositionSample>& samples);
+    [[nodiscard]] WholeFile::Outcome end();
+
+private:
+    AppendedFile m_file;
+    std::chrono::steady_clock::time_point m_begin;
+    int m_decimals = 0;
+};
+
+struct RecordingContent
+{
+    RecordingHead head;
+    std::vector<PositionPoint> points; ///< of all lines that are whole
+    int badLines = 0;
+    int firstBadLine = 0; ///< counted from 1; 0 if there is none
+    bool isRecording = false;
+};
+
+/// What a text holds. A line that is none of a recording, or whose time is before the one before
+/// it, is passed over and counted.
+[[nodiscard]] RecordingContent recordingOf(const QByteArray& text);
+
+struct RecordingReading
+{
+    WholeFile::Outcome outcome;
+    RecordingContent content;
+};
+
+/// Refuses what is larger than 512 MiB, which is about a day of positions.
+[[nodiscard]] RecordingReading readRecording(const QString& path);
+
+} // namespace pelorin
