@@ -1922,5 +1922,54 @@ Without that it cannot be put back. Write all the same?</translation>
         <extracomment>Above the page</extracomment>
         <translation>No port is open: there is no sensor to work with. Everything that needs none can be used.</translation>
     </message>
+    <message id="1966">
+        <source>Not identified: the sensor answered with firmware revision %1 (decimal %2). Ranges set: %3.</source>
+        <extracomment>%3 is a list of 1967 and 1968</extracomment>
+        <translation>Not identified: the sensor answered with firmware revision %1 (decimal %2). Ranges set: %3.</translation>
+    </message>
+    <message id="1967">
+        <source>type %1: %2 to %3</source>
+        <translation>type %1: %2 to %3</translation>
+    </message>
+    <message id="1968">
+        <source>type %1: none</source>
+        <translation>type %1: none</translation>
+    </message>
+    <message id="1969">
+        <source>Use as Type</source>
+        <extracomment>Button that opens a menu</extracomment>
+        <translation>Use as Type</translation>
+    </message>
+    <message id="1971">
+        <source>Always type %1: from now on %2 to %3, so far %4 to %5</source>
+        <extracomment>Menu item: widens the range of revisions in the settings</extracomment>
+        <translation>Always type %1: from now on %2 to %3, so far %4 to %5</translation>
+    </message>
+    <message id="1972">
+        <source>Always type %1: from now on %2 to %2, so far none</source>
+        <translation>Always type %1: from now on %2 to %2, so far none</translation>
+    </message>
+    <message id="1973">
+        <source>Firmware revision %1 is used as type %2: chosen by hand.</source>
+        <translation>Firmware revision %1 is used as type %2: chosen by hand.</translation>
+    </message>
+    <message id="1974">
+        <source>%1, chosen by hand</source>
+        <extracomment>A sensor type</extracomment>
+        <translation>%1, chosen by hand</translation>
+    </message>
+    <message id="1975">
+        <source>The range is entered in a settings file of your own, a copy of the one that is read now.
+
+From then on %1 is read, and %2 no longer.</source>
+        <translation>The range is entered in a settings file of your own, a copy of the one that is read now.
+
+From then on %1 is read, and %2 no longer.</translation>
+    </message>
+    <message id="1976">
+        <source>Last files:</source>
+        <extracomment>In the file dialog, before a list</extracomment>
+        <translation>Last files:</translation>
+    </message>
 </context>
 </TS>

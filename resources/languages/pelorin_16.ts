@@ -1922,5 +1922,54 @@ Senza di ciò non può essere ripristinato. Scrivere comunque?</translation>
         <extracomment>Above the page</extracomment>
         <translation>Nessuna porta è aperta: non c'è un sensore con cui lavorare. Tutto ciò che non ne richiede uno è utilizzabile.</translation>
     </message>
+    <message id="1966">
+        <source>Not identified: the sensor answered with firmware revision %1 (decimal %2). Ranges set: %3.</source>
+        <extracomment>%3 is a list of 1967 and 1968</extracomment>
+        <translation>Non identificato: il sensore ha risposto con la revisione firmware %1 (decimale %2). Intervalli impostati: %3.</translation>
+    </message>
+    <message id="1967">
+        <source>type %1: %2 to %3</source>
+        <translation>tipo %1: da %2 a %3</translation>
+    </message>
+    <message id="1968">
+        <source>type %1: none</source>
+        <translation>tipo %1: nessuno</translation>
+    </message>
+    <message id="1969">
+        <source>Use as Type</source>
+        <extracomment>Button that opens a menu</extracomment>
+        <translation>Usare come tipo</translation>
+    </message>
+    <message id="1971">
+        <source>Always type %1: from now on %2 to %3, so far %4 to %5</source>
+        <extracomment>Menu item: widens the range of revisions in the settings</extracomment>
+        <translation>Sempre tipo %1: d'ora in poi da %2 a %3, finora da %4 a %5</translation>
+    </message>
+    <message id="1972">
+        <source>Always type %1: from now on %2 to %2, so far none</source>
+        <translation>Sempre tipo %1: d'ora in poi da %2 a %2, finora nessuno</translation>
+    </message>
+    <message id="1973">
+        <source>Firmware revision %1 is used as type %2: chosen by hand.</source>
+        <translation>La revisione firmware %1 è usata come tipo %2: scelto a mano.</translation>
+    </message>
+    <message id="1974">
+        <source>%1, chosen by hand</source>
+        <extracomment>A sensor type</extracomment>
+        <translation>%1, scelto a mano</translation>
+    </message>
+    <message id="1975">
+        <source>The range is entered in a settings file of your own, a copy of the one that is read now.
+
+From then on %1 is read, and %2 no longer.</source>
+        <translation>L'intervallo viene scritto in un file di impostazioni proprio, copia di quello letto ora.
+
+Da allora viene letto %1, e %2 non più.</translation>
+    </message>
+    <message id="1976">
+        <source>Last files:</source>
+        <extracomment>In the file dialog, before a list</extracomment>
+        <translation>Ultimi file:</translation>
+    </message>
 </context>
 </TS>

@@ -1922,5 +1922,54 @@ Ohne das kann es nicht zurückgeschrieben werden. Trotzdem schreiben?</translati
         <extracomment>Above the page</extracomment>
         <translation>Kein Anschluss ist geöffnet: es gibt keinen Sensor, mit dem gearbeitet werden kann. Alles, was keinen braucht, lässt sich benutzen.</translation>
     </message>
+    <message id="1966">
+        <source>Not identified: the sensor answered with firmware revision %1 (decimal %2). Ranges set: %3.</source>
+        <extracomment>%3 is a list of 1967 and 1968</extracomment>
+        <translation>Nicht identifiziert: der Sensor hat mit der Firmware-Revision %1 (dezimal %2) geantwortet. Eingestellte Bereiche: %3.</translation>
+    </message>
+    <message id="1967">
+        <source>type %1: %2 to %3</source>
+        <translation>Typ %1: %2 bis %3</translation>
+    </message>
+    <message id="1968">
+        <source>type %1: none</source>
+        <translation>Typ %1: keiner</translation>
+    </message>
+    <message id="1969">
+        <source>Use as Type</source>
+        <extracomment>Button that opens a menu</extracomment>
+        <translation>Verwenden als Typ</translation>
+    </message>
+    <message id="1971">
+        <source>Always type %1: from now on %2 to %3, so far %4 to %5</source>
+        <extracomment>Menu item: widens the range of revisions in the settings</extracomment>
+        <translation>Immer Typ %1: ab jetzt %2 bis %3, bisher %4 bis %5</translation>
+    </message>
+    <message id="1972">
+        <source>Always type %1: from now on %2 to %2, so far none</source>
+        <translation>Immer Typ %1: ab jetzt %2 bis %2, bisher keiner</translation>
+    </message>
+    <message id="1973">
+        <source>Firmware revision %1 is used as type %2: chosen by hand.</source>
+        <translation>Die Firmware-Revision %1 wird als Typ %2 verwendet: von Hand gewählt.</translation>
+    </message>
+    <message id="1974">
+        <source>%1, chosen by hand</source>
+        <extracomment>A sensor type</extracomment>
+        <translation>%1, von Hand gewählt</translation>
+    </message>
+    <message id="1975">
+        <source>The range is entered in a settings file of your own, a copy of the one that is read now.
+
+From then on %1 is read, and %2 no longer.</source>
+        <translation>Der Bereich wird in eine eigene Einstellungsdatei eingetragen, eine Kopie der jetzt gelesenen.
+
+Von da an wird %1 gelesen und %2 nicht mehr.</translation>
+    </message>
+    <message id="1976">
+        <source>Last files:</source>
+        <extracomment>In the file dialog, before a list</extracomment>
+        <translation>Letzte Dateien:</translation>
+    </message>
 </context>
 </TS>

@@ -1922,5 +1922,54 @@ Sans cela, il ne peut pas être rétabli. Écrire malgré tout ?</translation>
         <extracomment>Above the page</extracomment>
         <translation>Aucun port n'est ouvert : il n'y a pas de capteur avec lequel travailler. Tout ce qui n'en demande pas est utilisable.</translation>
     </message>
+    <message id="1966">
+        <source>Not identified: the sensor answered with firmware revision %1 (decimal %2). Ranges set: %3.</source>
+        <extracomment>%3 is a list of 1967 and 1968</extracomment>
+        <translation>Non identifié : le capteur a répondu avec la révision de firmware %1 (décimal %2). Plages réglées : %3.</translation>
+    </message>
+    <message id="1967">
+        <source>type %1: %2 to %3</source>
+        <translation>type %1 : %2 à %3</translation>
+    </message>
+    <message id="1968">
+        <source>type %1: none</source>
+        <translation>type %1 : aucune</translation>
+    </message>
+    <message id="1969">
+        <source>Use as Type</source>
+        <extracomment>Button that opens a menu</extracomment>
+        <translation>Utiliser comme type</translation>
+    </message>
+    <message id="1971">
+        <source>Always type %1: from now on %2 to %3, so far %4 to %5</source>
+        <extracomment>Menu item: widens the range of revisions in the settings</extracomment>
+        <translation>Toujours type %1 : désormais %2 à %3, jusqu'ici %4 à %5</translation>
+    </message>
+    <message id="1972">
+        <source>Always type %1: from now on %2 to %2, so far none</source>
+        <translation>Toujours type %1 : désormais %2 à %2, jusqu'ici aucune</translation>
+    </message>
+    <message id="1973">
+        <source>Firmware revision %1 is used as type %2: chosen by hand.</source>
+        <translation>La révision de firmware %1 est utilisée comme type %2 : choisi à la main.</translation>
+    </message>
+    <message id="1974">
+        <source>%1, chosen by hand</source>
+        <extracomment>A sensor type</extracomment>
+        <translation>%1, choisi à la main</translation>
+    </message>
+    <message id="1975">
+        <source>The range is entered in a settings file of your own, a copy of the one that is read now.
+
+From then on %1 is read, and %2 no longer.</source>
+        <translation>La plage est inscrite dans un fichier de réglages à vous, copie de celui qui est lu maintenant.
+
+Désormais %1 est lu, et %2 ne l'est plus.</translation>
+    </message>
+    <message id="1976">
+        <source>Last files:</source>
+        <extracomment>In the file dialog, before a list</extracomment>
+        <translation>Derniers fichiers :</translation>
+    </message>
 </context>
 </TS>

@@ -1922,5 +1922,54 @@ Sin eso no se puede restablecer. ¿Escribir de todos modos?</translation>
         <extracomment>Above the page</extracomment>
         <translation>No hay ningún puerto abierto: no hay sensor con el que trabajar. Todo lo que no necesita uno se puede usar.</translation>
     </message>
+    <message id="1966">
+        <source>Not identified: the sensor answered with firmware revision %1 (decimal %2). Ranges set: %3.</source>
+        <extracomment>%3 is a list of 1967 and 1968</extracomment>
+        <translation>No identificado: el sensor respondió con la revisión de firmware %1 (decimal %2). Intervalos definidos: %3.</translation>
+    </message>
+    <message id="1967">
+        <source>type %1: %2 to %3</source>
+        <translation>tipo %1: %2 a %3</translation>
+    </message>
+    <message id="1968">
+        <source>type %1: none</source>
+        <translation>tipo %1: ninguno</translation>
+    </message>
+    <message id="1969">
+        <source>Use as Type</source>
+        <extracomment>Button that opens a menu</extracomment>
+        <translation>Usar como tipo</translation>
+    </message>
+    <message id="1971">
+        <source>Always type %1: from now on %2 to %3, so far %4 to %5</source>
+        <extracomment>Menu item: widens the range of revisions in the settings</extracomment>
+        <translation>Siempre tipo %1: desde ahora %2 a %3, hasta ahora %4 a %5</translation>
+    </message>
+    <message id="1972">
+        <source>Always type %1: from now on %2 to %2, so far none</source>
+        <translation>Siempre tipo %1: desde ahora %2 a %2, hasta ahora ninguno</translation>
+    </message>
+    <message id="1973">
+        <source>Firmware revision %1 is used as type %2: chosen by hand.</source>
+        <translation>La revisión de firmware %1 se usa como tipo %2: elegido a mano.</translation>
+    </message>
+    <message id="1974">
+        <source>%1, chosen by hand</source>
+        <extracomment>A sensor type</extracomment>
+        <translation>%1, elegido a mano</translation>
+    </message>
+    <message id="1975">
+        <source>The range is entered in a settings file of your own, a copy of the one that is read now.
+
+From then on %1 is read, and %2 no longer.</source>
+        <translation>El intervalo se anota en un archivo de ajustes propio, copia del que se lee ahora.
+
+Desde entonces se lee %1, y %2 ya no.</translation>
+    </message>
+    <message id="1976">
+        <source>Last files:</source>
+        <extracomment>In the file dialog, before a list</extracomment>
+        <translation>Últimos archivos:</translation>
+    </message>
 </context>
 </TS>

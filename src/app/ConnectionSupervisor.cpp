@@ -165,6 +165,12 @@ void ConnectionSupervisor::finishConnect(bool success, FormatRestore::Result for
 void ConnectionSupervisor::explainIdentification()
 {
     const QByteArray version = m_link.versionText();
+    if (m_link.isTypeChosen()) {
+        m_statusBar.setExplanation(
+            [revision = QString::fromLatin1(version.left(2)), type = m_link.ssiType()] {
+                return languageString(strings::kChosenByHand).arg(revision, QString::number(type));
+            });
+    }
     if (version.isEmpty() || m_link.ssiType() != kSsiTypeUnknown)
         return;
     m_statusBar.setExplanation([revision = QString::fromLatin1(version.left(2))] {

@@ -71,7 +71,7 @@ PelorinMainWindow::PelorinMainWindow(const ComPortFactory& factory,
           *this, {m_gate, *m_statusBar, m_runner, conversation.formats, m_restore, *m_writer},
           m_manualPowerMode)),
       m_pages(new PagePane(this, *m_writer, *m_stream, m_restore, m_tempCompEnabled)),
-      m_notices(new ConnectionNotices(this, m_pages->strip(), m_link)),
+      m_notices(new ConnectionNotices(this, {m_pages->strip(), m_gate, m_link})),
       m_report(new WriteReport(*this, {*m_writer, m_gate, m_pages->strip(), *m_statusBar})),
       m_settings(new SettingsCommand(
           *this, {m_gate, *m_writer, *m_stream, *m_connection, *m_menu, *m_pages})),
@@ -135,6 +135,7 @@ void PelorinMainWindow::connectParts()
     connect(m_connection, &ConnectionSupervisor::connectWanted, this,
             &PelorinMainWindow::wantConnect);
     connect(m_connection, &ConnectionSupervisor::connected, this, &PelorinMainWindow::onConnected);
+    connect(m_connection, &ConnectionSupervisor::connected, m_notices, &ConnectionNotices::update);
     connect(m_connection, &ConnectionSupervisor::givenUp, this, &PelorinMainWindow::close);
     const auto onBusyChanged = [this] {
         m_busy->update();
@@ -219,6 +220,8 @@ void PelorinMainWindow::postCommand(int command)
 /// Connects as soon as that is possible; until then nothing else begins.
 void PelorinMainWindow::wantConnect()
 {
+    if (!m_link.hasOpened())
+        return; // and nothing would take the reservation back
     m_runner.reserveConnect(*m_connection);
     postCommand(kConnectCommand);
 }
@@ -313,7 +316,7 @@ void PelorinMainWindow::selectPort()
         m_runner.cancelConnect();
         showTitle();
         if (formerPort == 0) {
-            m_pages->strip().clear();
+            m_notices->update();
             wantConnect();
         } else {
             switchPage(0);

@@ -3,6 +3,7 @@
 #include "link/FollowedStream.h"
 #include "link/PositionFrame.h"
 #include "link/SensorIdentification.h"
+#include "link/TypeChoice.h"
 #include "platform/core/ComPort.h"
 #include "platform/core/ComPortFactory.h"
 #include "platform/core/ComPortNames.h"
@@ -10,11 +11,9 @@
 #include "platform/core/MessageNumbers.h"
 #include "platform/core/Pacing.h"
 #include "platform/core/PortOpening.h"
-#include "platform/core/SerialDevices.h"
 #include "platform/core/Strings.h"
 
 #include <atomic>
-#include <chrono>
 #include <mutex>
 #include <optional>
 #include <string>
@@ -30,7 +29,6 @@ constexpr LineSettings kParameterLine{4800, 'N', 8, 1};
 constexpr LineSettings kStreamLine{38400, 'N', 8, 1};
 constexpr auto kStreamByteTime = std::chrono::nanoseconds(1s) * 10 / kStreamLine.baud;
 constexpr auto kKeepAlivePeriod = 50ms;
-constexpr auto kOpenPeriod = 500ms;
 constexpr int kVersionMinimum = 2;
 
 QString deviceNameOf(int portNumber)
@@ -75,9 +73,8 @@ public:
     /// The first request.
     int open(RequestWorker::Context& context)
     {
-        failure = openPort(context.port(), kParameterLine);
-        while (mayPass() && context.pause(Pacing::pause(kOpenPeriod)))
-            failure = openPort(context.port(), kParameterLine);
+        failure = openPluggedPort(context.port(), kParameterLine, device,
+                                  [&context](auto time) { return context.pause(time); });
         if (failure) {
             if (failure.step != PortStep::Open)
                 log->append(failure.message(deviceNameOf(number)));
@@ -159,7 +156,15 @@ public:
 
     int identify(const QByteArray& version)
     {
-        const int type = ssiTypeOfVersion(version);
+        int type = ssiTypeOfVersion(version);
+        const int revision = revisionOf(version);
+        typeChosen = false;
+        if (const auto chosen = choice.typeFor(revision, type != kSsiTypeUnknown)) {
+            type = *chosen;
+            typeChosen = true;
+            log->append(QStringLiteral("Revision %1 used as type %2, chosen by hand")
+                            .arg(QString::fromLatin1(version.left(2)), QString::number(type)));
+        }
         ssiType = type;
         identified = type != kSsiTypeUnknown && linkFailed == 0;
         log->append(type == kSsiTypeUnknown ? QStringLiteral("SSY Type: Unknown")
@@ -170,6 +175,7 @@ public:
     void forgetIdentification()
     {
         identified = false;
+        typeChosen = false;
         restarted = false;
         store(&Results::versionText, {});
     }
@@ -195,6 +201,8 @@ public:
     std::atomic<bool> opened = false;
     std::atomic<int> ssiType = 0;
     std::atomic<bool> identified = false;
+    std::atomic<bool> typeChosen = false;
+    TypeChoice choice;
     std::atomic<bool> restarted = false;
     std::atomic<int> linkFailed = 0;
     std::atomic<bool> deviceGone = false;
@@ -212,15 +220,6 @@ private:
             return std::nullopt;
         return decodePosition({frame->constData(), static_cast<std::size_t>(frame->size())},
                               results().scale);
-    }
-
-    /// Whether the port could not be opened only since its device was just plugged in.
-    [[nodiscard]] bool mayPass() const
-    {
-        const auto now = std::chrono::system_clock::now().time_since_epoch();
-        return failure.step == PortStep::Open &&
-               SerialDevices().mayPass(failure.error, device,
-                                       std::chrono::duration_cast<std::chrono::seconds>(now));
     }
 
     void reportLoss(RequestWorker::Context& context)
@@ -272,6 +271,8 @@ RequestId SensorLink::openDevice(int portNumber, const QString& device)
         session->ssiType = m_session->ssiType.load();
         session->linkFailed = m_session->linkFailed.load();
         session->deviceGone = m_session->deviceGone.load();
+        if (m_session->device == device)
+            session->choice.takeOver(m_session->choice);
         if (m_session->opened)
             m_former = m_session;
     }
@@ -409,6 +410,17 @@ void SensorLink::forgetIdentification()
 {
     if (m_session)
         m_session->forgetIdentification();
+}
+
+void SensorLink::chooseType(int type)
+{
+    if (m_session)
+        m_session->choice.choose(revisionOf(versionText()), type);
+}
+
+bool SensorLink::isTypeChosen() const
+{
+    return m_session && m_session->typeChosen;
 }
 
 int SensorLink::identifyFromLastReply()

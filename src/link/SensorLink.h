@@ -106,6 +106,12 @@ public:
     /// @return 1 identified, 0 not
     int identifyFromLastReply();
 
+    /// Takes the revision that has answered last for a type, though the settings do not: from the
+    /// next connect on, until another revision answers or another device is opened.
+    void chooseType(int type);
+    /// Whether the type of the sensor was chosen so.
+    [[nodiscard]] bool isTypeChosen() const;
+
     /// The port that was last opened successfully, 1 before any was.
     [[nodiscard]] int portNumber() const;
     /// The same, but 0 before any was opened.

@@ -287,6 +287,7 @@ private Q_SLOTS:
                  u"Gray: no exchange yet"_s);
         QVERIFY(text("noticeText").startsWith(u"No port is open"));
         QVERIFY(!possible(kConnectCommand) && possible(kSelectPortCommand));
+        QVERIFY(waitFor([&] { return text("messagePane").startsWith(u"Parameter"); }));
         const auto clickUntilSaid = [&](qsizetype left) { // what comes while it reads is dropped
             return waitFor([&, left] {
                 if (!QApplication::activeModalWidget() && run.talk.size() > left)
