@@ -1,9 +1,11 @@
 #include "Script.h"
+#include "StartTour.h"
 #include "Tour.h"
 
 #include "app/PelorinApp.h"
 #include "app/PelorinMainWindow.h"
 #include "platform/core/ComPortFactory.h"
+#include "platform/core/Demonstration.h"
 #include "platform/core/TermiosComPort.h"
 #include "simulator/SimulatedPorts.h"
 
@@ -12,8 +14,8 @@
 
 using namespace pelorin;
 
-/// Runs the program, on the demonstration's settings and its type 2 sensor, and makes the tour.
-/// Arguments: the folder for the pictures, and the code of the language (1, English).
+/// Runs the program, on a copy of the demonstration's settings and its type 2 sensor, and makes the
+/// tour. Arguments: the folder for the pictures, and the code of the language (1, English).
 int main(int argc, char* argv[])
 {
     QApplication application(argc, argv);
@@ -23,12 +25,15 @@ int main(int argc, char* argv[])
     if (!folder.mkpath(QStringLiteral(".")))
         return EXIT_FAILURE;
 
+    useDemonstration();
     SimulatedPorts simulators;
     ComPortFactory factory([](const QString& device) {
         return std::make_unique<TermiosComPort>(device.toStdString());
     });
     factory.addScheme(QStringLiteral("simulator:"),
                       [&simulators](const QString& name) { return simulators.makePort(name); });
+    if (!startWithoutPort(factory, folder))
+        return EXIT_FAILURE;
     PelorinApp pelorin(factory);
     bool ended = false;
     QObject::connect(&pelorin, &PelorinApp::closed, [&ended] { ended = true; });
