@@ -21,8 +21,7 @@ else
     build dev pelorin-tour
     say "No display: running the tour, pictures go to build/tour"
     # The user's own settings and profile stay out of it.
-    PELORIN_REGISTRY=$PWD/build/dev/share/pelorin/demo.reg \
-        XDG_CONFIG_HOME=$PWD/build/tour/config \
+    XDG_CONFIG_HOME=$PWD/build/tour/config \
         XDG_DATA_HOME=$PWD/build/tour/data \
         QT_QPA_PLATFORM=offscreen:configfile=tests/support/screen.json \
         build/dev/bin/pelorin-tour build/tour "$@"

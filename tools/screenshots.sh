@@ -10,7 +10,6 @@ build dev pelorin-tour
 tour=build/screenshots
 mkdir -p "$tour"
 sed -e 's/1920/1280/' -e 's/1080/720/' tests/support/screen.json >"$tour/screen.json"
-PELORIN_REGISTRY=$PWD/build/dev/share/pelorin/demo.reg \
     XDG_CONFIG_HOME=$PWD/$tour/config \
     XDG_DATA_HOME=$PWD/$tour/data \
     QT_QPA_PLATFORM=offscreen:configfile=$tour/screen.json \

@@ -5,7 +5,7 @@
 # Debian packages without which the project is not configured, built or checked.
 packages=(
     cmake ninja-build g++
-    qt6-base-dev qt6-tools-dev qt6-l10n-tools qt6-serialport-dev
+    qt6-base-dev qt6-tools-dev qt6-l10n-tools
     libqt6opengl6-dev qt6-translations-l10n
     libbenchmark-dev
     clang-format clang-tidy locales

@@ -842,9 +842,8 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <translation>Program:</translation>
     </message>
     <message id="1019">
-        <source>No serial port is present. Plug the adapter in and open this list again.</source>
-        <extracomment>Hint in an empty list of ports</extracomment>
-        <translation>No serial port is present. Plug the adapter in and open this list again.</translation>
+        <source>No serial port is present. Plug the adapter in.</source>
+        <translation>No serial port is present. Plug the adapter in.</translation>
     </message>
     <message id="1020">
         <source>Sensor values</source>
@@ -1909,6 +1908,83 @@ Without that it cannot be put back. Write all the same?</translation>
     <message id="1944">
         <source>Import Sensor Packages</source>
         <translation>Import Sensor Packages</translation>
+    </message>
+    <message id="1960">
+        <source>new number</source>
+        <extracomment>In the list of ports, in the place of COM7: the device gets a number when it is chosen</extracomment>
+        <translation>new number</translation>
+    </message>
+    <message id="1961">
+        <source>No serial adapter is plugged in. As soon as one is, it appears in the list.</source>
+        <translation>No serial adapter is plugged in. As soon as one is, it appears in the list.</translation>
+    </message>
+    <message id="1962">
+        <source>%1 is not there. Plug the adapter in, or choose another port.</source>
+        <translation>%1 is not there. Plug the adapter in, or choose another port.</translation>
+    </message>
+    <message id="1963">
+        <source>Without a Port</source>
+        <extracomment>Button</extracomment>
+        <translation>Without a Port</translation>
+    </message>
+    <message id="1964">
+        <source>Demonstration</source>
+        <extracomment>Button</extracomment>
+        <translation>Demonstration</translation>
+    </message>
+    <message id="1965">
+        <source>No port is open: there is no sensor to work with. Everything that needs none can be used.</source>
+        <extracomment>Above the page</extracomment>
+        <translation>No port is open: there is no sensor to work with. Everything that needs none can be used.</translation>
+    </message>
+    <message id="1966">
+        <source>Not identified: the sensor answered with firmware revision %1 (decimal %2). Ranges set: %3.</source>
+        <extracomment>%3 is a list of 1967 and 1968</extracomment>
+        <translation>Not identified: the sensor answered with firmware revision %1 (decimal %2). Ranges set: %3.</translation>
+    </message>
+    <message id="1967">
+        <source>type %1: %2 to %3</source>
+        <translation>type %1: %2 to %3</translation>
+    </message>
+    <message id="1968">
+        <source>type %1: none</source>
+        <translation>type %1: none</translation>
+    </message>
+    <message id="1969">
+        <source>Use as Type</source>
+        <extracomment>Button that opens a menu</extracomment>
+        <translation>Use as Type</translation>
+    </message>
+    <message id="1971">
+        <source>Always type %1: from now on %2 to %3, so far %4 to %5</source>
+        <extracomment>Menu item: widens the range of revisions in the settings</extracomment>
+        <translation>Always type %1: from now on %2 to %3, so far %4 to %5</translation>
+    </message>
+    <message id="1972">
+        <source>Always type %1: from now on %2 to %2, so far none</source>
+        <translation>Always type %1: from now on %2 to %2, so far none</translation>
+    </message>
+    <message id="1973">
+        <source>Firmware revision %1 is used as type %2: chosen by hand.</source>
+        <translation>Firmware revision %1 is used as type %2: chosen by hand.</translation>
+    </message>
+    <message id="1974">
+        <source>%1, chosen by hand</source>
+        <extracomment>A sensor type</extracomment>
+        <translation>%1, chosen by hand</translation>
+    </message>
+    <message id="1975">
+        <source>The range is entered in a settings file of your own, a copy of the one that is read now.
+
+From then on %1 is read, and %2 no longer.</source>
+        <translation>The range is entered in a settings file of your own, a copy of the one that is read now.
+
+From then on %1 is read, and %2 no longer.</translation>
+    </message>
+    <message id="1976">
+        <source>Last files:</source>
+        <extracomment>In the file dialog, before a list</extracomment>
+        <translation>Last files:</translation>
     </message>
     <message id="2000">
         <source>The sensor's port: a COM number, the path of a device, or simulator:...</source>

@@ -842,9 +842,8 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <translation>Programma:</translation>
     </message>
     <message id="1019">
-        <source>No serial port is present. Plug the adapter in and open this list again.</source>
-        <extracomment>Hint in an empty list of ports</extracomment>
-        <translation>Nessuna porta seriale presente. Collegare l'adattatore e riaprire questo elenco.</translation>
+        <source>No serial port is present. Plug the adapter in.</source>
+        <translation>Nessuna porta seriale presente. Collegare l'adattatore.</translation>
     </message>
     <message id="1020">
         <source>Sensor values</source>
@@ -1909,6 +1908,83 @@ Senza di ciò non può essere ripristinato. Scrivere comunque?</translation>
     <message id="1944">
         <source>Import Sensor Packages</source>
         <translation>Importa modelli di sensore</translation>
+    </message>
+    <message id="1960">
+        <source>new number</source>
+        <extracomment>In the list of ports, in the place of COM7: the device gets a number when it is chosen</extracomment>
+        <translation>numero nuovo</translation>
+    </message>
+    <message id="1961">
+        <source>No serial adapter is plugged in. As soon as one is, it appears in the list.</source>
+        <translation>Nessun adattatore seriale è collegato. Appena lo è, compare nell'elenco.</translation>
+    </message>
+    <message id="1962">
+        <source>%1 is not there. Plug the adapter in, or choose another port.</source>
+        <translation>%1 non è presente. Collegare l'adattatore o scegliere un'altra porta.</translation>
+    </message>
+    <message id="1963">
+        <source>Without a Port</source>
+        <extracomment>Button</extracomment>
+        <translation>Senza porta</translation>
+    </message>
+    <message id="1964">
+        <source>Demonstration</source>
+        <extracomment>Button</extracomment>
+        <translation>Dimostrazione</translation>
+    </message>
+    <message id="1965">
+        <source>No port is open: there is no sensor to work with. Everything that needs none can be used.</source>
+        <extracomment>Above the page</extracomment>
+        <translation>Nessuna porta è aperta: non c'è un sensore con cui lavorare. Tutto ciò che non ne richiede uno è utilizzabile.</translation>
+    </message>
+    <message id="1966">
+        <source>Not identified: the sensor answered with firmware revision %1 (decimal %2). Ranges set: %3.</source>
+        <extracomment>%3 is a list of 1967 and 1968</extracomment>
+        <translation>Non identificato: il sensore ha risposto con la revisione firmware %1 (decimale %2). Intervalli impostati: %3.</translation>
+    </message>
+    <message id="1967">
+        <source>type %1: %2 to %3</source>
+        <translation>tipo %1: da %2 a %3</translation>
+    </message>
+    <message id="1968">
+        <source>type %1: none</source>
+        <translation>tipo %1: nessuno</translation>
+    </message>
+    <message id="1969">
+        <source>Use as Type</source>
+        <extracomment>Button that opens a menu</extracomment>
+        <translation>Usare come tipo</translation>
+    </message>
+    <message id="1971">
+        <source>Always type %1: from now on %2 to %3, so far %4 to %5</source>
+        <extracomment>Menu item: widens the range of revisions in the settings</extracomment>
+        <translation>Sempre tipo %1: d'ora in poi da %2 a %3, finora da %4 a %5</translation>
+    </message>
+    <message id="1972">
+        <source>Always type %1: from now on %2 to %2, so far none</source>
+        <translation>Sempre tipo %1: d'ora in poi da %2 a %2, finora nessuno</translation>
+    </message>
+    <message id="1973">
+        <source>Firmware revision %1 is used as type %2: chosen by hand.</source>
+        <translation>La revisione firmware %1 è usata come tipo %2: scelto a mano.</translation>
+    </message>
+    <message id="1974">
+        <source>%1, chosen by hand</source>
+        <extracomment>A sensor type</extracomment>
+        <translation>%1, scelto a mano</translation>
+    </message>
+    <message id="1975">
+        <source>The range is entered in a settings file of your own, a copy of the one that is read now.
+
+From then on %1 is read, and %2 no longer.</source>
+        <translation>L'intervallo viene scritto in un file di impostazioni proprio, copia di quello letto ora.
+
+Da allora viene letto %1, e %2 non più.</translation>
+    </message>
+    <message id="1976">
+        <source>Last files:</source>
+        <extracomment>In the file dialog, before a list</extracomment>
+        <translation>Ultimi file:</translation>
     </message>
     <message id="2000">
         <source>The sensor's port: a COM number, the path of a device, or simulator:...</source>

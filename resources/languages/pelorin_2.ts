@@ -842,9 +842,8 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <translation>Programm:</translation>
     </message>
     <message id="1019">
-        <source>No serial port is present. Plug the adapter in and open this list again.</source>
-        <extracomment>Hint in an empty list of ports</extracomment>
-        <translation>Kein serieller Anschluss vorhanden. Stecken Sie den Adapter ein und öffnen Sie diese Liste erneut.</translation>
+        <source>No serial port is present. Plug the adapter in.</source>
+        <translation>Kein serieller Anschluss vorhanden. Stecken Sie den Adapter ein.</translation>
     </message>
     <message id="1020">
         <source>Sensor values</source>
@@ -1909,6 +1908,83 @@ Ohne das kann es nicht zurückgeschrieben werden. Trotzdem schreiben?</translati
     <message id="1944">
         <source>Import Sensor Packages</source>
         <translation>Bauformen importieren</translation>
+    </message>
+    <message id="1960">
+        <source>new number</source>
+        <extracomment>In the list of ports, in the place of COM7: the device gets a number when it is chosen</extracomment>
+        <translation>neue Nummer</translation>
+    </message>
+    <message id="1961">
+        <source>No serial adapter is plugged in. As soon as one is, it appears in the list.</source>
+        <translation>Es ist kein serieller Adapter eingesteckt. Sobald einer eingesteckt wird, erscheint er in der Liste.</translation>
+    </message>
+    <message id="1962">
+        <source>%1 is not there. Plug the adapter in, or choose another port.</source>
+        <translation>%1 ist nicht vorhanden. Stecken Sie den Adapter ein, oder wählen Sie einen anderen Anschluss.</translation>
+    </message>
+    <message id="1963">
+        <source>Without a Port</source>
+        <extracomment>Button</extracomment>
+        <translation>Ohne Anschluss</translation>
+    </message>
+    <message id="1964">
+        <source>Demonstration</source>
+        <extracomment>Button</extracomment>
+        <translation>Vorführung</translation>
+    </message>
+    <message id="1965">
+        <source>No port is open: there is no sensor to work with. Everything that needs none can be used.</source>
+        <extracomment>Above the page</extracomment>
+        <translation>Kein Anschluss ist geöffnet: es gibt keinen Sensor, mit dem gearbeitet werden kann. Alles, was keinen braucht, lässt sich benutzen.</translation>
+    </message>
+    <message id="1966">
+        <source>Not identified: the sensor answered with firmware revision %1 (decimal %2). Ranges set: %3.</source>
+        <extracomment>%3 is a list of 1967 and 1968</extracomment>
+        <translation>Nicht identifiziert: der Sensor hat mit der Firmware-Revision %1 (dezimal %2) geantwortet. Eingestellte Bereiche: %3.</translation>
+    </message>
+    <message id="1967">
+        <source>type %1: %2 to %3</source>
+        <translation>Typ %1: %2 bis %3</translation>
+    </message>
+    <message id="1968">
+        <source>type %1: none</source>
+        <translation>Typ %1: keiner</translation>
+    </message>
+    <message id="1969">
+        <source>Use as Type</source>
+        <extracomment>Button that opens a menu</extracomment>
+        <translation>Verwenden als Typ</translation>
+    </message>
+    <message id="1971">
+        <source>Always type %1: from now on %2 to %3, so far %4 to %5</source>
+        <extracomment>Menu item: widens the range of revisions in the settings</extracomment>
+        <translation>Immer Typ %1: ab jetzt %2 bis %3, bisher %4 bis %5</translation>
+    </message>
+    <message id="1972">
+        <source>Always type %1: from now on %2 to %2, so far none</source>
+        <translation>Immer Typ %1: ab jetzt %2 bis %2, bisher keiner</translation>
+    </message>
+    <message id="1973">
+        <source>Firmware revision %1 is used as type %2: chosen by hand.</source>
+        <translation>Die Firmware-Revision %1 wird als Typ %2 verwendet: von Hand gewählt.</translation>
+    </message>
+    <message id="1974">
+        <source>%1, chosen by hand</source>
+        <extracomment>A sensor type</extracomment>
+        <translation>%1, von Hand gewählt</translation>
+    </message>
+    <message id="1975">
+        <source>The range is entered in a settings file of your own, a copy of the one that is read now.
+
+From then on %1 is read, and %2 no longer.</source>
+        <translation>Der Bereich wird in eine eigene Einstellungsdatei eingetragen, eine Kopie der jetzt gelesenen.
+
+Von da an wird %1 gelesen und %2 nicht mehr.</translation>
+    </message>
+    <message id="1976">
+        <source>Last files:</source>
+        <extracomment>In the file dialog, before a list</extracomment>
+        <translation>Letzte Dateien:</translation>
     </message>
     <message id="2000">
         <source>The sensor's port: a COM number, the path of a device, or simulator:...</source>

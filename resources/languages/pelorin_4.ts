@@ -842,9 +842,8 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <translation>Programme :</translation>
     </message>
     <message id="1019">
-        <source>No serial port is present. Plug the adapter in and open this list again.</source>
-        <extracomment>Hint in an empty list of ports</extracomment>
-        <translation>Aucun port série n'est présent. Branchez l'adaptateur et rouvrez cette liste.</translation>
+        <source>No serial port is present. Plug the adapter in.</source>
+        <translation>Aucun port série n'est présent. Branchez l'adaptateur.</translation>
     </message>
     <message id="1020">
         <source>Sensor values</source>
@@ -1909,6 +1908,83 @@ Sans cela, il ne peut pas être rétabli. Écrire malgré tout ?</translation>
     <message id="1944">
         <source>Import Sensor Packages</source>
         <translation>Importer des modèles de capteur</translation>
+    </message>
+    <message id="1960">
+        <source>new number</source>
+        <extracomment>In the list of ports, in the place of COM7: the device gets a number when it is chosen</extracomment>
+        <translation>nouveau numéro</translation>
+    </message>
+    <message id="1961">
+        <source>No serial adapter is plugged in. As soon as one is, it appears in the list.</source>
+        <translation>Aucun adaptateur série n'est branché. Dès qu'il l'est, il apparaît dans la liste.</translation>
+    </message>
+    <message id="1962">
+        <source>%1 is not there. Plug the adapter in, or choose another port.</source>
+        <translation>%1 n'est pas présent. Branchez l'adaptateur ou choisissez un autre port.</translation>
+    </message>
+    <message id="1963">
+        <source>Without a Port</source>
+        <extracomment>Button</extracomment>
+        <translation>Sans port</translation>
+    </message>
+    <message id="1964">
+        <source>Demonstration</source>
+        <extracomment>Button</extracomment>
+        <translation>Démonstration</translation>
+    </message>
+    <message id="1965">
+        <source>No port is open: there is no sensor to work with. Everything that needs none can be used.</source>
+        <extracomment>Above the page</extracomment>
+        <translation>Aucun port n'est ouvert : il n'y a pas de capteur avec lequel travailler. Tout ce qui n'en demande pas est utilisable.</translation>
+    </message>
+    <message id="1966">
+        <source>Not identified: the sensor answered with firmware revision %1 (decimal %2). Ranges set: %3.</source>
+        <extracomment>%3 is a list of 1967 and 1968</extracomment>
+        <translation>Non identifié : le capteur a répondu avec la révision de firmware %1 (décimal %2). Plages réglées : %3.</translation>
+    </message>
+    <message id="1967">
+        <source>type %1: %2 to %3</source>
+        <translation>type %1 : %2 à %3</translation>
+    </message>
+    <message id="1968">
+        <source>type %1: none</source>
+        <translation>type %1 : aucune</translation>
+    </message>
+    <message id="1969">
+        <source>Use as Type</source>
+        <extracomment>Button that opens a menu</extracomment>
+        <translation>Utiliser comme type</translation>
+    </message>
+    <message id="1971">
+        <source>Always type %1: from now on %2 to %3, so far %4 to %5</source>
+        <extracomment>Menu item: widens the range of revisions in the settings</extracomment>
+        <translation>Toujours type %1 : désormais %2 à %3, jusqu'ici %4 à %5</translation>
+    </message>
+    <message id="1972">
+        <source>Always type %1: from now on %2 to %2, so far none</source>
+        <translation>Toujours type %1 : désormais %2 à %2, jusqu'ici aucune</translation>
+    </message>
+    <message id="1973">
+        <source>Firmware revision %1 is used as type %2: chosen by hand.</source>
+        <translation>La révision de firmware %1 est utilisée comme type %2 : choisi à la main.</translation>
+    </message>
+    <message id="1974">
+        <source>%1, chosen by hand</source>
+        <extracomment>A sensor type</extracomment>
+        <translation>%1, choisi à la main</translation>
+    </message>
+    <message id="1975">
+        <source>The range is entered in a settings file of your own, a copy of the one that is read now.
+
+From then on %1 is read, and %2 no longer.</source>
+        <translation>La plage est inscrite dans un fichier de réglages à vous, copie de celui qui est lu maintenant.
+
+Désormais %1 est lu, et %2 ne l'est plus.</translation>
+    </message>
+    <message id="1976">
+        <source>Last files:</source>
+        <extracomment>In the file dialog, before a list</extracomment>
+        <translation>Derniers fichiers :</translation>
     </message>
     <message id="2000">
         <source>The sensor's port: a COM number, the path of a device, or simulator:...</source>

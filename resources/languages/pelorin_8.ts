@@ -842,9 +842,8 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <translation>Programa:</translation>
     </message>
     <message id="1019">
-        <source>No serial port is present. Plug the adapter in and open this list again.</source>
-        <extracomment>Hint in an empty list of ports</extracomment>
-        <translation>No hay ningún puerto serie. Conecte el adaptador y vuelva a abrir esta lista.</translation>
+        <source>No serial port is present. Plug the adapter in.</source>
+        <translation>No hay ningún puerto serie. Conecte el adaptador.</translation>
     </message>
     <message id="1020">
         <source>Sensor values</source>
@@ -1909,6 +1908,83 @@ Sin eso no se puede restablecer. ¿Escribir de todos modos?</translation>
     <message id="1944">
         <source>Import Sensor Packages</source>
         <translation>Importar modelos de sensor</translation>
+    </message>
+    <message id="1960">
+        <source>new number</source>
+        <extracomment>In the list of ports, in the place of COM7: the device gets a number when it is chosen</extracomment>
+        <translation>número nuevo</translation>
+    </message>
+    <message id="1961">
+        <source>No serial adapter is plugged in. As soon as one is, it appears in the list.</source>
+        <translation>No hay ningún adaptador serie conectado. En cuanto se conecte, aparecerá en la lista.</translation>
+    </message>
+    <message id="1962">
+        <source>%1 is not there. Plug the adapter in, or choose another port.</source>
+        <translation>%1 no está presente. Conecte el adaptador o elija otro puerto.</translation>
+    </message>
+    <message id="1963">
+        <source>Without a Port</source>
+        <extracomment>Button</extracomment>
+        <translation>Sin puerto</translation>
+    </message>
+    <message id="1964">
+        <source>Demonstration</source>
+        <extracomment>Button</extracomment>
+        <translation>Demostración</translation>
+    </message>
+    <message id="1965">
+        <source>No port is open: there is no sensor to work with. Everything that needs none can be used.</source>
+        <extracomment>Above the page</extracomment>
+        <translation>No hay ningún puerto abierto: no hay sensor con el que trabajar. Todo lo que no necesita uno se puede usar.</translation>
+    </message>
+    <message id="1966">
+        <source>Not identified: the sensor answered with firmware revision %1 (decimal %2). Ranges set: %3.</source>
+        <extracomment>%3 is a list of 1967 and 1968</extracomment>
+        <translation>No identificado: el sensor respondió con la revisión de firmware %1 (decimal %2). Intervalos definidos: %3.</translation>
+    </message>
+    <message id="1967">
+        <source>type %1: %2 to %3</source>
+        <translation>tipo %1: %2 a %3</translation>
+    </message>
+    <message id="1968">
+        <source>type %1: none</source>
+        <translation>tipo %1: ninguno</translation>
+    </message>
+    <message id="1969">
+        <source>Use as Type</source>
+        <extracomment>Button that opens a menu</extracomment>
+        <translation>Usar como tipo</translation>
+    </message>
+    <message id="1971">
+        <source>Always type %1: from now on %2 to %3, so far %4 to %5</source>
+        <extracomment>Menu item: widens the range of revisions in the settings</extracomment>
+        <translation>Siempre tipo %1: desde ahora %2 a %3, hasta ahora %4 a %5</translation>
+    </message>
+    <message id="1972">
+        <source>Always type %1: from now on %2 to %2, so far none</source>
+        <translation>Siempre tipo %1: desde ahora %2 a %2, hasta ahora ninguno</translation>
+    </message>
+    <message id="1973">
+        <source>Firmware revision %1 is used as type %2: chosen by hand.</source>
+        <translation>La revisión de firmware %1 se usa como tipo %2: elegido a mano.</translation>
+    </message>
+    <message id="1974">
+        <source>%1, chosen by hand</source>
+        <extracomment>A sensor type</extracomment>
+        <translation>%1, elegido a mano</translation>
+    </message>
+    <message id="1975">
+        <source>The range is entered in a settings file of your own, a copy of the one that is read now.
+
+From then on %1 is read, and %2 no longer.</source>
+        <translation>El intervalo se anota en un archivo de ajustes propio, copia del que se lee ahora.
+
+Desde entonces se lee %1, y %2 ya no.</translation>
+    </message>
+    <message id="1976">
+        <source>Last files:</source>
+        <extracomment>In the file dialog, before a list</extracomment>
+        <translation>Últimos archivos:</translation>
     </message>
     <message id="2000">
         <source>The sensor's port: a COM number, the path of a device, or simulator:...</source>

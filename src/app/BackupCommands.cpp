@@ -150,7 +150,7 @@ BackupCommands::End BackupCommands::runWithFile(Mode mode)
     const QString path = chooseFile(
         &m_window, mode == Mode::Backup ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen,
         languageString(titleOf(mode)), languageString(strings::kBackupFileFilter),
-        QStringLiteral("dat"));
+        QStringLiteral("dat"), true);
     if (path.isNull())
         return {};
     if (link().lossCount() != losses)

@@ -46,6 +46,13 @@ enum Command : int {
     }
 }
 
+/// Whether a command has no meaning until a port has been opened.
+[[nodiscard]] constexpr bool needsPort(int command)
+{
+    return command == kConnectCommand || command == kWriteECommand || command == kWriteQCommand ||
+           command == kManualCommCommand;
+}
+
 /// The code of a language item, 0 for any other command.
 [[nodiscard]] constexpr int languageCodeOf(int command)
 {

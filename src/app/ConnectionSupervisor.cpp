@@ -32,7 +32,7 @@ ConnectionSupervisor::ConnectionSupervisor(QWidget& window, const Shared& shared
       m_runner(shared.runner), m_link(shared.runner.link()), m_formats(shared.formats),
       m_restore(shared.restore), m_writer(shared.writer), m_manualPower(manualPower)
 {
-    m_statusBar.setPort(m_link.portNumber());
+    m_statusBar.setPort(m_link.openedPort());
     m_reconnectTimer.setInterval(Pacing::pause(kReconnectPeriod));
     connect(&m_reconnectTimer, &QTimer::timeout, this, &ConnectionSupervisor::onReconnectTimer);
     connect(&m_runner, &SequenceRunner::portStuck, this, [this](int number) {
@@ -161,6 +161,12 @@ void ConnectionSupervisor::finishConnect(bool success, FormatRestore::Result for
 void ConnectionSupervisor::explainIdentification()
 {
     const QByteArray version = m_link.versionText();
+    if (m_link.isTypeByHand()) {
+        m_statusBar.setExplanation(
+            [revision = QString::fromLatin1(version.left(2)), type = m_link.ssiType()] {
+                return languageString(strings::kChosenByHand).arg(revision, QString::number(type));
+            });
+    }
     if (version.isEmpty() || m_link.ssiType() != kSsiTypeUnknown)
         return;
     m_statusBar.setExplanation(
@@ -322,7 +328,7 @@ void ConnectionSupervisor::stop()
 
 void ConnectionSupervisor::shutDown(std::function<void()> done)
 {
-    const bool supplyOff = !m_manualPower && m_link.linkFailed() == 0;
+    const bool supplyOff = !m_manualPower && m_link.isOpen() && m_link.linkFailed() == 0;
     m_runner.closePort(supplyOff, [this, supplyOff, done = std::move(done)] {
         QTimer::singleShot(supplyOff ? Pacing::pause(kSupplyOffTime) : 0ms, this, done);
     });

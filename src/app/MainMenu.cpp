@@ -129,6 +129,8 @@ void MainMenu::updateItems(const QMenu& menu)
 
 bool MainMenu::isPossible(int command) const
 {
+    if (needsPort(command) && !m_link.hasOpened())
+        return false;
     if (command == kWriteECommand || command == kWriteQCommand)
         return m_link.ssiType() != 1;
     return !isLanguageCommand(command) ||

@@ -6,6 +6,7 @@
 
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QMenu>
 #include <QPushButton>
 #include <QScrollArea>
 
@@ -105,12 +106,29 @@ void NoticeStrip::render()
     m_text->setVisible(shown);
     m_text->setFocusPolicy(shown ? Qt::StrongFocus : Qt::NoFocus);
     setAccessibleName(languageString(strings::kNoticeName));
-    for (std::size_t index = 0; index < m_buttons.size(); ++index) {
-        const bool used = index < m_notice.buttons.size();
-        m_buttons[index]->setVisible(used);
-        if (used)
-            m_buttons[index]->setText(languageString(m_notice.buttons[index].caption));
+    for (std::size_t index = 0; index < m_buttons.size(); ++index)
+        renderButton(index);
+}
+
+void NoticeStrip::renderButton(std::size_t index)
+{
+    QPushButton& button = *m_buttons[index];
+    const bool used = index < m_notice.buttons.size();
+    button.setVisible(used);
+    const bool opensMenu = used && m_notice.buttons[index].fill;
+    if (QMenu* former = button.menu(); former && !opensMenu) {
+        button.setMenu(nullptr);
+        former->deleteLater(); // an item of it may have brought this notice
+    } else if (opensMenu && !former) {
+        auto* menu = new QMenu(&button);
+        connect(menu, &QMenu::aboutToShow, this, [this, menu, index] {
+            menu->clear();
+            m_notice.buttons[index].fill(*menu);
+        });
+        button.setMenu(menu);
     }
+    if (used)
+        button.setText(languageString(m_notice.buttons[index].caption));
 }
 
 } // namespace pelorin

@@ -7,6 +7,7 @@
 #include <vector>
 
 class QLabel;
+class QMenu;
 class QPushButton;
 
 namespace pelorin {
@@ -24,7 +25,8 @@ public:
     struct Button
     {
         int caption; ///< string number
-        std::function<void()> clicked;
+        std::function<void()> clicked{};
+        std::function<void(QMenu&)> fill{}; ///< of a button that opens a menu: fills it anew
     };
 
     struct Notice
@@ -32,6 +34,7 @@ public:
         std::function<QString()> text; ///< in the current language
         Light light = Light::Gray;
         std::vector<Button> buttons{}; ///< at most two
+        const void* owner = nullptr;   ///< whose notice it is
     };
 
     explicit NoticeStrip(QWidget* parent);
@@ -40,6 +43,8 @@ public:
     void show(Notice notice);
     void clear();
     [[nodiscard]] bool isEmpty() const { return !m_notice.text; }
+    [[nodiscard]] Light light() const { return m_notice.light; }
+    [[nodiscard]] bool isOf(const void* owner) const { return m_notice.owner == owner; }
     /// All of the text, of which a long one is scrolled.
     [[nodiscard]] QString text() const;
 
@@ -51,6 +56,7 @@ Q_SIGNALS:
 
 private:
     void render();
+    void renderButton(std::size_t index);
 
     Notice m_notice;
     QLabel* m_light;

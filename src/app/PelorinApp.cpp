@@ -2,6 +2,7 @@
 
 #include "app/PelorinMainWindow.h"
 #include "pages/SelectPortDialog.h"
+#include "platform/core/ComPortNames.h"
 #include "platform/core/LanguageStrings.h"
 #include "platform/core/ProgramSettings.h"
 #include "platform/core/RegistryConfig.h"
@@ -11,6 +12,7 @@
 #include "platform/ui/MessageBox.h"
 
 #include <QApplication>
+#include <QFileInfo>
 
 #include <optional>
 #include <utility>
@@ -47,6 +49,12 @@ std::optional<int> portOfCommandLine(const QString& commandLine)
     return second < 0 ? first : first * 10 + second;
 }
 
+bool portExists(int port)
+{
+    const QString device = ComPortNames().devicePath(QStringLiteral("COM%1").arg(port));
+    return ComPortNames().isSimulated(device) || QFileInfo::exists(device);
+}
+
 } // namespace
 
 PelorinApp::PelorinApp(const ComPortFactory& factory)
@@ -77,6 +85,10 @@ bool PelorinApp::initInstance(const QString& commandLine)
     if (const auto given = portOfCommandLine(commandLine)) {
         m_savePortOnExit = 0;
         port = *given;
+    } else if (!m_profile.has(portEntry()) && !portExists(port)) {
+        QMetaObject::invokeMethod(
+            this, [this] { selectPort(0); }, Qt::QueuedConnection);
+        return true; // nobody has chosen the port that is not there
     }
     connectToPort(port);
     return true;
@@ -93,27 +105,40 @@ void PelorinApp::connectToPort(int port)
         if (opened)
             return showMainWindow();
         showError(m_link.openFailure());
-        const auto next = m_closeRequested ? std::nullopt : askForPort(port);
-        if (next && !m_closeRequested) {
-            connectToPort(*next);
-        } else {
-            giveUp();
-        }
+        askForPort(port);
     });
 }
 
-/// @return nothing if the user gives up
-std::optional<int> PelorinApp::askForPort(int port)
+void PelorinApp::askForPort(int port)
 {
+    if (m_closeRequested)
+        return giveUp();
     const auto answer = messageBox(nullptr, languageString(strings::kAskForOtherPort).arg(port),
                                    QMessageBox::Abort | QMessageBox::Retry | QMessageBox::Ignore,
                                    QMessageBox::Warning);
-    if (answer == QMessageBox::Abort || m_closeRequested)
-        return std::nullopt;
-    if (answer == QMessageBox::Retry)
-        return port;
-    SelectPortDialog dialog(nullptr, port);
-    return dialog.exec() == QDialog::Accepted ? std::optional(dialog.selectedPort()) : std::nullopt;
+    if (answer == QMessageBox::Abort || m_closeRequested) {
+        giveUp();
+    } else if (answer == QMessageBox::Retry) {
+        connectToPort(port);
+    } else {
+        selectPort(port);
+    }
+}
+
+/// @param port preselected; 0 for none
+void PelorinApp::selectPort(int port)
+{
+    SelectPortDialog dialog(nullptr, port, SelectPortDialog::Use::Start);
+    const int result = dialog.exec();
+    if (m_closeRequested || result == QDialog::Rejected)
+        return giveUp();
+    if (result == QDialog::Accepted)
+        return connectToPort(dialog.selectedPort());
+    if (result == SelectPortDialog::kWithoutPort)
+        return showMainWindow();
+    m_profileStays = true;
+    giveUp();
+    Q_EMIT demonstrationWanted();
 }
 
 void PelorinApp::showMainWindow()
@@ -140,6 +165,8 @@ void PelorinApp::giveUp()
 
 void PelorinApp::exitInstance()
 {
+    if (m_profileStays)
+        return;
     QMap<QString, int> values;
     if (m_savePortOnExit == 1 && m_link.hasOpened())
         values[portEntry()] = m_link.portNumber();

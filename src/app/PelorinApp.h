@@ -50,6 +50,8 @@ Q_SIGNALS:
     /// The main window has been closed, or there is none since the user has given up opening a
     /// port: the program ends.
     void closed();
+    /// The user wants a demonstration instead: this run ends, and leaves the profile as it is.
+    void demonstrationWanted();
     /// The sensor's port is closed for good.
     void portLeft();
 
@@ -59,7 +61,8 @@ private:
     [[nodiscard]] bool loadLanguage(int code);
     void loadHelpFiles();
     void connectToPort(int port);
-    [[nodiscard]] std::optional<int> askForPort(int port);
+    void askForPort(int port);
+    void selectPort(int port);
     void showMainWindow();
     void leavePort();
     void giveUp();
@@ -68,6 +71,7 @@ private:
     QString m_installPath; ///< ends in "\" when not empty
     Profile m_profile;
     int m_savePortOnExit = 1; ///< 0 after a port was given on the command line
+    bool m_profileStays = false;
     bool m_closeRequested = false;
     bool m_portLeft = false;
     LanguageManager m_languages;

@@ -3,6 +3,7 @@
 #include "app/BackupCommands.h"
 #include "app/BusyFilter.h"
 #include "app/Commands.h"
+#include "app/ConnectionNotices.h"
 #include "app/ConnectionSupervisor.h"
 #include "app/LinkStatusBar.h"
 #include "app/MainMenu.h"
@@ -56,6 +57,7 @@ PelorinMainWindow::PelorinMainWindow(const ComPortFactory& factory,
           *this, {m_gate, *m_statusBar, m_runner, conversation.formats, m_restore, *m_writer},
           m_manualPowerMode)),
       m_pages(new PagePane(this, *m_writer, *m_stream, m_restore, m_tempCompEnabled)),
+      m_notices(new ConnectionNotices(this, {m_pages->strip(), m_gate, m_link})),
       m_report(new WriteReport(*this, {*m_writer, m_gate, m_pages->strip(), *m_statusBar})),
       m_settings(new SettingsCommand(
           *this, {m_gate, *m_writer, *m_stream, *m_connection, *m_menu, *m_pages})),
@@ -77,7 +79,12 @@ PelorinMainWindow::PelorinMainWindow(const ComPortFactory& factory,
                 m_connection->onLinkLost();
         },
         Qt::QueuedConnection);
-    wantConnect();
+    if (m_link.hasOpened()) {
+        wantConnect();
+    } else {
+        switchPage(0);
+        m_notices->update();
+    }
 }
 
 PelorinMainWindow::~PelorinMainWindow()
@@ -110,10 +117,12 @@ void PelorinMainWindow::connectParts()
             [this] { m_statusBar->setEntryCount(m_pages->entryCount()); });
     connect(&m_gate, &CommandGate::freed, this, &PelorinMainWindow::runDeferred);
 
+    connect(m_notices, &ConnectionNotices::commandWanted, this, &PelorinMainWindow::chooseCommand);
     connect(m_connection, &ConnectionSupervisor::connectWanted, this,
             &PelorinMainWindow::wantConnect);
     connect(m_connection, &ConnectionSupervisor::sensorLeft, m_report, &WriteReport::endVerified);
     connect(m_connection, &ConnectionSupervisor::connected, this, &PelorinMainWindow::onConnected);
+    connect(m_connection, &ConnectionSupervisor::connected, m_notices, &ConnectionNotices::update);
     connect(m_connection, &ConnectionSupervisor::givenUp, this, &PelorinMainWindow::close);
     const auto onBusyChanged = [this] {
         m_busy->update();
@@ -156,7 +165,7 @@ void PelorinMainWindow::translate()
 void PelorinMainWindow::showTitle()
 {
     QString title = languageString(strings::kMainTitle);
-    if (ComPortNames().isSimulated(QStringLiteral("COM%1").arg(m_link.portNumber())))
+    if (ComPortNames().isSimulated(QStringLiteral("COM%1").arg(m_link.openedPort())))
         title += QStringLiteral(" - ") + languageString(strings::kSimulated);
     setWindowTitle(title);
 }
@@ -198,6 +207,8 @@ void PelorinMainWindow::postCommand(int command)
 /// Connects as soon as that is possible; until then nothing else begins.
 void PelorinMainWindow::wantConnect()
 {
+    if (!m_link.hasOpened())
+        return; // and nothing would take the reservation back
     m_runner.reserveConnect(*m_connection);
     postCommand(kConnectCommand);
 }
@@ -270,24 +281,33 @@ void PelorinMainWindow::connectSensor()
 
 void PelorinMainWindow::selectPort()
 {
-    SelectPortDialog dialog(this, m_link.portNumber());
+    const int formerPort = m_link.openedPort();
+    SelectPortDialog dialog(this, formerPort);
     if (dialog.exec() != QDialog::Accepted ||
-        (m_link.isOpen() && dialog.selectedPort() == m_link.portNumber()))
+        (m_link.isOpen() && dialog.selectedPort() == formerPort))
         return;
     if (m_displayUnit && m_displayUnit->usesPort(dialog.selectedPort())) {
         m_gate.addNotice(languageString(strings::kPortIsDisplays)
                              .arg(QStringLiteral("COM%1").arg(dialog.selectedPort())));
         return;
     }
-    m_connection->changePort(dialog.selectedPort(), [this](bool opened) {
+    m_connection->changePort(dialog.selectedPort(), [this, formerPort](bool opened) {
         if (!opened) {
-            m_gate.addNotice({m_link.openFailure(), {}, [this](int) { close(); }});
+            m_gate.addNotice({m_link.openFailure(), {}, [this, formerPort](int) {
+                                  if (formerPort != 0)
+                                      close();
+                              }});
             return;
         }
         m_connectWanted = false; // it was meant for the port that was left
         m_runner.cancelConnect();
         showTitle();
-        switchPage(0);
+        if (formerPort == 0) {
+            m_notices->update();
+            wantConnect();
+        } else {
+            switchPage(0);
+        }
     });
 }
 
@@ -300,7 +320,7 @@ void PelorinMainWindow::communicateManually()
 void PelorinMainWindow::showDisplayUnit()
 {
     if (!m_displayUnit) {
-        m_displayUnit = new DisplayUnitDialog(this, m_factory, m_link.portNumber());
+        m_displayUnit = new DisplayUnitDialog(this, m_factory, m_link.openedPort());
         m_displayUnit->setAttribute(Qt::WA_DeleteOnClose);
         connect(m_displayUnit, &QDialog::finished, this, [this] {
             m_displayUnit.clear();

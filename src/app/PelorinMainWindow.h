@@ -11,6 +11,7 @@ namespace pelorin {
 class BackupCommands;
 class BusyFilter;
 class ComPortFactory;
+class ConnectionNotices;
 class ConnectionSupervisor;
 class DisplayUnitDialog;
 class FormatRestore;
@@ -122,6 +123,7 @@ private:
     MainMenu* m_menu;
     ConnectionSupervisor* m_connection;
     PagePane* m_pages;
+    ConnectionNotices* m_notices;
     WriteReport* m_report;
     SettingsCommand* m_settings;
     BackupCommands* m_backups;

@@ -48,6 +48,12 @@ QString factoryText(const JournalEntry& entry)
     return text == entry.values.end() ? QString() : parameterText('F', text->second);
 }
 
+QString typeInWords(const JournalEntry& entry)
+{
+    const QString type = QString::number(entry.ssiType);
+    return entry.typeChosen ? languageString(strings::kTypeChosenByHand).arg(type) : type;
+}
+
 /// The first two characters are the firmware revision.
 QString revisionText(const QByteArray& version)
 {
@@ -209,7 +215,7 @@ void EarlierStatesDialog::showEntry(int row)
 {
     const JournalEntry& entry = m_entries.at(row);
     setRow(*m_list, row,
-           {timeInWords(entry), deviceInWords(entry), QString::number(entry.ssiType),
+           {timeInWords(entry), deviceInWords(entry), typeInWords(entry),
             revisionText(entry.version), factoryText(entry), writerInWords(entry.by),
             wordsOf(entry.written), outcomeInWords(entry).replace(u'\n', u' ')});
 }

@@ -14,20 +14,21 @@ Result runPorts(Invocation& invocation)
     QJsonArray array;
     const auto ports = ComPortNames().presentPorts();
     for (const PresentPort& port : ports) {
-        const QString name = QStringLiteral("COM%1").arg(port.number);
+        const QString name = // one without a number is opened by its path
+            port.number == 0 ? port.device : QStringLiteral("COM%1").arg(port.number);
         const QString description =
-            port.simulated ? languageString(strings::kSimulated) : port.description;
+            port.simulated ? languageString(strings::kSimulated) : port.adapter.description;
         QJsonObject object{{QStringLiteral("number"), port.number},
                            {QStringLiteral("name"), name},
                            {QStringLiteral("device"), port.device}};
-        const std::pair<const char*, QString> others[] = {{"description", port.description},
-                                                          {"serialNumber", port.serialNumber}};
+        const std::pair<const char*, QString> others[] = {
+            {"description", port.adapter.description}, {"serialNumber", port.adapter.serialNumber}};
         for (const auto& [member, text] : others) {
             if (!text.isEmpty())
                 object.insert(QLatin1String(member), text);
         }
         array.append(object);
-        QStringList fields{name, port.device, description, port.serialNumber};
+        QStringList fields{name, port.device, description, port.adapter.serialNumber};
         while (fields.last().isEmpty())
             fields.removeLast();
         invocation.output().print(fields.join(QLatin1Char('\t')));

@@ -6,42 +6,53 @@
 #include "platform/core/Strings.h"
 
 #include <algorithm>
-#include <array>
 
 namespace pelorin {
 
-namespace {
-
-/// An inclusive range of firmware revisions; only revision 0 while nothing is configured.
-struct RevisionBounds
+AllRevisionBounds revisionBounds()
 {
-    quint8 low = 0;
-    quint8 high = 0;
-};
-
-std::array<RevisionBounds, kSsiTypeCount> configuredBounds()
-{
-    std::array<RevisionBounds, kSsiTypeCount> bounds;
+    AllRevisionBounds bounds;
     RegistryConfig config;
     if (config.setStorage(productKey(QStringLiteral("Firmware Rev Bounds"))) != 1)
         return bounds;
 
+    const auto boundOf = [&config](const QString& name) {
+        return static_cast<quint8>(config.getValue(name, qint32{0}));
+    };
     for (int type = 0; type < kSsiTypeCount; ++type) {
-        auto& range = bounds[static_cast<std::size_t>(type)];
-        range.low =
-            static_cast<quint8>(config.getValue(QStringLiteral("Type%1Low").arg(type), qint32{0}));
-        range.high =
-            static_cast<quint8>(config.getValue(QStringLiteral("Type%1High").arg(type), qint32{0}));
+        bounds[static_cast<std::size_t>(type)] = {boundOf(QStringLiteral("Type%1Low").arg(type)),
+                                                  boundOf(QStringLiteral("Type%1High").arg(type))};
     }
     return bounds;
 }
 
-} // namespace
+RevisionBounds RevisionBounds::widenedTo(int revision) const
+{
+    if (!hasAny() || low > high)
+        return {revision, revision};
+    return {std::min(low, revision), std::max(high, revision)};
+}
+
+bool canWiden(const AllRevisionBounds& bounds, int type, int revision)
+{
+    const RevisionBounds wide = bounds[static_cast<std::size_t>(type)].widenedTo(revision);
+    for (int other = 0; other < kSsiTypeCount; ++other) {
+        const RevisionBounds& range = bounds[static_cast<std::size_t>(other)];
+        if (other != type && range.hasAny() && range.low <= wide.high && wide.low <= range.high)
+            return false;
+    }
+    return true;
+}
+
+int revisionOf(const QByteArray& versionText)
+{
+    return static_cast<quint8>(hexToLong(versionText.left(2)));
+}
 
 int ssiTypeOfVersion(const QByteArray& versionText)
 {
-    const auto revision = static_cast<quint8>(hexToLong(versionText.left(2)));
-    const auto bounds = configuredBounds();
+    const int revision = revisionOf(versionText);
+    const auto bounds = revisionBounds();
     for (int type = 0; type < kSsiTypeCount; ++type) {
         const auto& range = bounds[static_cast<std::size_t>(type)];
         if (range.low <= revision && revision <= range.high)
@@ -52,9 +63,9 @@ int ssiTypeOfVersion(const QByteArray& versionText)
 
 QString unidentifiedText(const QByteArray& versionText)
 {
-    const auto bounds = configuredBounds();
+    const auto bounds = revisionBounds();
     const bool configured = std::any_of(bounds.begin(), bounds.end(), [](const auto& range) {
-        return range.low != 0 || range.high != 0;
+        return range.hasAny();
     });
     return configured ? languageString(strings::kOutsideBounds)
                             .arg(QString::fromLatin1(versionText.left(2)))

@@ -3,12 +3,39 @@
 #include <QByteArray>
 #include <QString>
 
+#include <array>
+
 namespace pelorin {
 
 /// The sensor types that differ in their parameters and in the command that closes a write
 /// sequence, as the program counts them.
 inline constexpr int kSsiTypeCount = 3;
 inline constexpr int kSsiTypeUnknown = kSsiTypeCount;
+
+/// An inclusive range of firmware revisions of one type; without any only revision 0.
+struct RevisionBounds
+{
+    int low = 0; ///< 0 to 255, as the next
+    int high = 0;
+
+    [[nodiscard]] bool hasAny() const { return low != 0 || high != 0; }
+    /// The range that holds a revision, too.
+    [[nodiscard]] RevisionBounds widenedTo(int revision) const;
+
+    bool operator==(const RevisionBounds&) const = default;
+};
+
+/// By sensor type.
+using AllRevisionBounds = std::array<RevisionBounds, kSsiTypeCount>;
+
+/// Those of the settings. Any thread.
+[[nodiscard]] AllRevisionBounds revisionBounds();
+
+/// Whether the range of a type can be widened to a revision without touching that of another one.
+[[nodiscard]] bool canWiden(const AllRevisionBounds& bounds, int type, int revision);
+
+/// The firmware revision in a version answer.
+[[nodiscard]] int revisionOf(const QByteArray& versionText);
 
 /// Finds the sensor's type from its version answer, whose first two characters are the firmware
 /// revision in hexadecimal, and the site's revision bounds in the settings. Any thread.

@@ -3,6 +3,7 @@
 #include "link/FollowedStream.h"
 #include "link/PositionFrame.h"
 #include "link/SensorIdentification.h"
+#include "link/TypeChoice.h"
 #include "platform/core/ComPort.h"
 #include "platform/core/ComPortFactory.h"
 #include "platform/core/ComPortNames.h"
@@ -76,7 +77,8 @@ public:
     /// The first request.
     int open(RequestWorker::Context& context)
     {
-        failure = openPort(context.port(), kParameterLine);
+        failure = openPluggedPort(context.port(), kParameterLine, device,
+                                  [&context](auto time) { return context.pause(time); });
         if (failure) {
             if (failure.step != PortStep::Open)
                 log->append(failure.message(name()));
@@ -159,7 +161,12 @@ public:
     int identify(const QByteArray& version)
     {
         const int ranged = ssiTypeOfVersion(version);
-        const int type = ranged == kSsiTypeUnknown ? typeByHand.load() : ranged;
+        int type = ranged == kSsiTypeUnknown ? typeByHand.load() : ranged;
+        if (const auto chosen = choice.typeFor(revisionOf(version), ranged != kSsiTypeUnknown)) {
+            type = *chosen;
+            log->append(QStringLiteral("Revision %1 used as type %2, chosen by hand")
+                            .arg(QString::fromLatin1(version.left(2)), QString::number(type)));
+        }
         byHand = type != ranged;
         ssiType = type;
         identified = type != kSsiTypeUnknown && linkFailed == 0;
@@ -171,6 +178,7 @@ public:
     void forgetIdentification()
     {
         identified = false;
+        byHand = false;
         restarted = false;
         store(&Results::versionText, {});
     }
@@ -198,6 +206,7 @@ public:
     std::atomic<int> typeByHand = kSsiTypeUnknown; ///< for a revision in no range
     std::atomic<bool> byHand = false;              ///< whether ssiType is that one
     std::atomic<bool> identified = false;
+    TypeChoice choice;
     std::atomic<bool> restarted = false;
     std::atomic<int> linkFailed = 0;
     std::atomic<bool> deviceGone = false;
@@ -266,6 +275,8 @@ RequestId SensorLink::open(int portNumber, const QString& device)
         session->linkFailed = m_session->linkFailed.load();
         session->deviceGone = m_session->deviceGone.load();
         session->byHand = m_session->byHand.load();
+        if (m_session->device == device)
+            session->choice.takeOver(m_session->choice);
         if (m_session->opened)
             m_former = m_session;
     }
@@ -403,6 +414,12 @@ void SensorLink::forgetIdentification()
 {
     if (m_session)
         m_session->forgetIdentification();
+}
+
+void SensorLink::chooseType(int type)
+{
+    if (m_session)
+        m_session->choice.choose(revisionOf(versionText()), type);
 }
 
 int SensorLink::identifyFromLastReply()

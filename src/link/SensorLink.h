@@ -110,8 +110,14 @@ public:
     /// @return 1 identified, 0 not
     int identifyFromLastReply();
 
+    /// Takes the revision that has answered last for a type, though the settings do not: from the
+    /// next connect on, until another revision answers or another device is opened.
+    void chooseType(int type);
+
     /// The port that was last opened successfully, 1 before any was; 0 if it has no number.
     [[nodiscard]] int portNumber() const;
+    /// The same, but 0 before any was opened.
+    [[nodiscard]] int openedPort() const { return hasOpened() ? portNumber() : 0; }
     /// The device of that port; empty before any was opened.
     [[nodiscard]] QString device() const;
     /// True once any port has been opened in this run.

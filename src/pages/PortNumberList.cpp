@@ -26,7 +26,8 @@ QString descriptionOf(const PresentPort& port)
 {
     if (port.simulated)
         return languageString(strings::kSimulated);
-    QStringList details{port.shortName, port.description};
+    QStringList details{port.shortName, port.adapter.description, port.adapter.manufacturer,
+                        port.adapter.serialNumber};
     details.removeAll(QString());
     return details.join(QStringLiteral(", "));
 }
@@ -59,11 +60,12 @@ void PortNumberList::show(const QList<PortSetting>& ports)
             return other.device == present.device;
         });
         if (row == m_rows.end()) {
-            m_rows.push_back({ComPortNames::stableName(present.device),
-                              {},
-                              QStringLiteral("COM%1").arg(present.number),
-                              false,
-                              false});
+            m_rows.push_back(
+                {ComPortNames::stableName(present.device),
+                 {},
+                 present.number == 0 ? QString() : QStringLiteral("COM%1").arg(present.number),
+                 false,
+                 false});
             row = std::prev(m_rows.end());
         }
         row->description = descriptionOf(present);

@@ -2,11 +2,17 @@
 
 #include "pages/SerialPortComboBox.h"
 #include "platform/core/ComPortNames.h"
+#include "platform/core/LanguageStrings.h"
+#include "platform/core/PortNumbers.h"
 #include "platform/core/Strings.h"
+#include "platform/ui/MessageBox.h"
 
 #include <QDesktopServices>
+#include <QLabel>
 #include <QPushButton>
 #include <QUrl>
+
+#include <utility>
 
 namespace pelorin {
 
@@ -15,8 +21,12 @@ namespace {
 constexpr int kOkButton = 1;
 constexpr int kCancelButton = 2;
 constexpr int kDeviceManagerButton = 3;
+constexpr int kWithoutPortButton = 4;
+constexpr int kDemonstrationButton = 5;
 constexpr int kPortCombo = 1001;
 constexpr int kPortLabel = 1002;
+constexpr int kStateLabel = 1003;
+constexpr int kStateLines = 3;
 
 void openDeviceFolder()
 {
@@ -25,8 +35,9 @@ void openDeviceFolder()
 
 } // namespace
 
-SelectPortDialog::SelectPortDialog(QWidget* parent, int port)
-    : BaseDialog(QStringLiteral("112_SelectPort"), parent), m_port(port)
+SelectPortDialog::SelectPortDialog(QWidget* parent, int port, Use use, const SerialDevices& devices)
+    : BaseDialog(QStringLiteral("112_SelectPort"), parent), m_port(port), m_use(use),
+      m_devices(devices)
 {
 }
 
@@ -43,20 +54,89 @@ void SelectPortDialog::setupTranslationMap()
     addToTranslationMap(kPortLabel, strings::kPortLabel);
     addToTranslationMap(kOkButton, strings::kOk);
     addToTranslationMap(kCancelButton, strings::kCancel);
+    addToTranslationMap(kWithoutPortButton, strings::kWithoutPort);
+    addToTranslationMap(kDemonstrationButton, strings::kDemonstration);
 }
 
 void SelectPortDialog::onInitDialog()
 {
+    auto* state = getControl<QLabel>(kStateLabel);
+    state->setMinimumHeight(kStateLines * state->fontMetrics().lineSpacing());
+
     auto* ports = getControl<SerialPortComboBox>(kPortCombo);
+    ports->setDevices(m_devices);
     ports->init();
     ports->selectPort(m_port);
+    connect(ports, &SerialPortComboBox::refreshed, this, &SelectPortDialog::showState);
+    connect(ports, &QComboBox::currentIndexChanged, this, &SelectPortDialog::showState);
     connect(getControl<QPushButton>(kDeviceManagerButton), &QPushButton::clicked, this,
             &openDeviceFolder);
+    for (const auto& [id, result] : {std::pair(kWithoutPortButton, kWithoutPort),
+                                     std::pair(kDemonstrationButton, kDemonstration)}) {
+        auto* button = getControl<QPushButton>(id);
+        button->setVisible(m_use == Use::Start);
+        connect(button, &QPushButton::clicked, this, [this, code = result] { done(code); });
+    }
+    showState();
+}
+
+void SelectPortDialog::translate()
+{
+    BaseDialog::translate();
+    showState();
+}
+
+void SelectPortDialog::showState()
+{
+    auto* ports = getControl<SerialPortComboBox>(kPortCombo);
+    if (ports->currentIndex() < 0) // nobody has chosen yet: what is plugged in is meant
+        ports->selectFirstRealPort();
+    getControl<QLabel>(kStateLabel)->setText(stateText());
+    getControl<QPushButton>(kOkButton)->setEnabled(ports->currentIndex() >= 0);
+}
+
+/// What keeps the chosen port from being used.
+QString SelectPortDialog::stateText() const
+{
+    const auto* ports = getControl<SerialPortComboBox>(kPortCombo);
+    if (!ports->hasRealPort() && !ports->selectedDevice())
+        return languageString(strings::kNoAdapter);
+    if (ports->currentIndex() < 0)
+        return QString();
+    const PresentPort* port = ports->selectedDevice();
+    if (!port)
+        return languageString(strings::kPortMissing).arg(ports->currentText());
+    if (port->simulated)
+        return QString();
+    const QString device = port->adapter.path.isEmpty() ? port->device : port->adapter.path;
+    switch (m_devices.stateOf(device)) {
+    case SerialDevices::State::Usable:
+        return QString();
+    case SerialDevices::State::Missing:
+        return languageString(strings::kPortMissing).arg(device);
+    case SerialDevices::State::NotPermitted:
+        return languageString(strings::kNoPermission).arg(device, m_devices.groupOf(device));
+    case SerialDevices::State::InUse:
+        return languageString(strings::kPortInUse).arg(device);
+    }
+    return QString();
 }
 
 void SelectPortDialog::accept()
 {
-    m_port = getControl<SerialPortComboBox>(kPortCombo)->getSelectedPort();
+    const auto* ports = getControl<SerialPortComboBox>(kPortCombo);
+    const PresentPort* port = ports->selectedDevice();
+    if (port && port->number == 0) {
+        const int number = ComPortNames().freeNumber();
+        const SerialDevice& adapter = port->adapter;
+        const auto kept =
+            keepPortNumber(number, adapter.byId.isEmpty() ? adapter.path : adapter.byId);
+        if (!kept.isDone())
+            return warn(this, kept.message());
+        m_port = number;
+    } else {
+        m_port = ports->getSelectedPort();
+    }
     BaseDialog::accept();
 }
 

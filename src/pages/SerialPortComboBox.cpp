@@ -1,68 +1,147 @@
 #include "pages/SerialPortComboBox.h"
 
-#include "platform/core/ComPortNames.h"
 #include "platform/core/LanguageStrings.h"
+#include "platform/core/Pacing.h"
 #include "platform/core/Strings.h"
 
 #include <QEvent>
 #include <QStringList>
 
+#include <algorithm>
+#include <chrono>
+
 namespace pelorin {
 
+using namespace std::chrono_literals;
+
 namespace {
+
+/// The system tells of new devices in no way that works everywhere, and looking is quick.
+constexpr auto kPollPeriod = 500ms;
+constexpr int kKeyRole = Qt::UserRole;
 
 QString comName(int port)
 {
     return QStringLiteral("COM%1").arg(port);
 }
 
-/// "COM33 - ttyUSB0, FT232R USB UART" or "COM98 - simulated, sensor?type=1".
+/// What an entry is found again by: the number of a port that has one, else its device.
+QString keyOf(const PresentPort& port)
+{
+    return port.number == 0 ? port.device : comName(port.number);
+}
+
+/// "COM33 - ttyUSB0, FT232R USB UART, FTDI, A50285BI" or "COM98 - simulated, sensor?type=1".
 QString description(const PresentPort& port)
 {
-    QStringList details{port.shortName, port.description};
+    QStringList details{port.shortName, port.adapter.description, port.adapter.manufacturer,
+                        port.adapter.serialNumber};
     if (port.simulated) {
         details = {languageString(strings::kSimulated),
                    port.shortName.section(QLatin1Char(':'), 1)};
     }
     details.removeAll(QString());
-    return comName(port.number) + QStringLiteral(" - ") + details.join(QStringLiteral(", "));
+    const QString name =
+        port.number == 0 ? languageString(strings::kNewPortNumber) : comName(port.number);
+    return name + QStringLiteral(" - ") + details.join(QStringLiteral(", "));
 }
 
 } // namespace
 
+SerialPortComboBox::SerialPortComboBox(QWidget* parent) : QComboBox(parent)
+{
+    m_poll.setInterval(Pacing::pause(kPollPeriod));
+    connect(&m_poll, &QTimer::timeout, this, &SerialPortComboBox::init);
+}
+
+void SerialPortComboBox::setDevices(const SerialDevices& devices)
+{
+    m_devices = devices;
+}
+
 void SerialPortComboBox::init()
 {
-    const int selected = getSelectedPort();
-    clear();
-    const auto ports = ComPortNames().presentPorts();
-    for (const PresentPort& port : ports)
-        addItem(description(port), port.number);
-    selectPort(selected);
+    m_ports = ComPortNames().presentPorts(m_devices.all());
+    const QString selected = currentData(kKeyRole).toString();
+    QStringList keys;
+    for (const PresentPort& port : std::as_const(m_ports))
+        keys << keyOf(port);
+    if (!selected.isEmpty() && !keys.contains(selected)) {
+        // It keeps its place, as far as the entries before it have kept theirs.
+        qsizetype place = 0;
+        for (int row = 0; row < currentIndex(); ++row)
+            place = std::max(place, keys.indexOf(itemData(row, kKeyRole).toString()) + 1);
+        keys.insert(place, selected);
+    }
+    show(keys);
+    setCurrentIndex(selected.isEmpty() ? -1 : findData(selected, kKeyRole));
     setPlaceholderText(count() == 0 ? languageString(strings::kNoPortPresent) : QString());
+    Q_EMIT refreshed();
+}
+
+/// Changes what has changed: the list may be open.
+void SerialPortComboBox::show(const QStringList& keys)
+{
+    for (int row = 0; row < keys.size(); ++row) {
+        const QString& key = keys.at(row);
+        const int former = findData(key, kKeyRole);
+        if (former < row)
+            insertItem(row, key, key);
+        for (int surplus = row; surplus < former; ++surplus)
+            removeItem(row);
+    }
+    while (count() > keys.size())
+        removeItem(count() - 1);
+    for (const PresentPort& port : std::as_const(m_ports)) {
+        const int row = findData(keyOf(port), kKeyRole);
+        setItemText(row, description(port));
+        setItemData(row, port.adapter.byId.isEmpty() ? port.device : port.adapter.byId,
+                    Qt::ToolTipRole);
+    }
 }
 
 void SerialPortComboBox::selectPort(int port)
 {
     m_givenPort = port;
-    int index = findData(port);
+    int index = findData(comName(port), kKeyRole);
     if (index < 0 && port > 0) {
         index = 0;
-        while (index < count() && itemData(index).toInt() < port)
+        while (index < count() && index < m_ports.size() && m_ports.at(index).number != 0 &&
+               m_ports.at(index).number < port)
             ++index;
-        insertItem(index, comName(port), port);
+        insertItem(index, comName(port), comName(port));
     }
     setCurrentIndex(index);
 }
 
-int SerialPortComboBox::getSelectedPort() const
+void SerialPortComboBox::selectFirstRealPort()
 {
-    return currentIndex() < 0 ? m_givenPort : currentData().toInt();
+    const auto found = std::find_if(m_ports.cbegin(), m_ports.cend(),
+                                    [](const PresentPort& port) { return !port.simulated; });
+    if (found != m_ports.cend())
+        setCurrentIndex(findData(keyOf(*found), kKeyRole));
 }
 
-void SerialPortComboBox::showPopup()
+int SerialPortComboBox::getSelectedPort() const
 {
-    init();
-    QComboBox::showPopup();
+    if (currentIndex() < 0)
+        return m_givenPort;
+    const QString key = currentData(kKeyRole).toString();
+    return key.startsWith(QLatin1Char('/')) ? 0 : key.mid(3).toInt();
+}
+
+const PresentPort* SerialPortComboBox::selectedDevice() const
+{
+    const auto found = std::find_if(
+        m_ports.cbegin(), m_ports.cend(),
+        [key = currentData(kKeyRole).toString()](const auto& port) { return keyOf(port) == key; });
+    return found == m_ports.cend() ? nullptr : &*found;
+}
+
+bool SerialPortComboBox::hasRealPort() const
+{
+    return std::any_of(m_ports.cbegin(), m_ports.cend(),
+                       [](const PresentPort& port) { return !port.simulated; });
 }
 
 void SerialPortComboBox::changeEvent(QEvent* event)
@@ -70,6 +149,18 @@ void SerialPortComboBox::changeEvent(QEvent* event)
     if (event->type() == QEvent::LanguageChange)
         init();
     QComboBox::changeEvent(event);
+}
+
+void SerialPortComboBox::showEvent(QShowEvent* event)
+{
+    m_poll.start();
+    QComboBox::showEvent(event);
+}
+
+void SerialPortComboBox::hideEvent(QHideEvent* event)
+{
+    m_poll.stop();
+    QComboBox::hideEvent(event);
 }
 
 } // namespace pelorin

@@ -1,17 +1,23 @@
 #pragma once
 
+#include "platform/core/ComPortNames.h"
+
 #include <QComboBox>
+#include <QTimer>
 
 namespace pelorin {
 
-/// A choice among the serial ports of the machine, by COM number. The list is read again each
-/// time it is opened, so that an adapter plugged in meanwhile is there.
+/// A choice among the serial ports of the machine, by COM number. While it is shown it follows
+/// what is plugged in and out; the selected port stays in the list.
 class SerialPortComboBox : public QComboBox
 {
     Q_OBJECT
 
 public:
-    using QComboBox::QComboBox;
+    explicit SerialPortComboBox(QWidget* parent);
+
+    /// Has the list show the devices of another machine.
+    void setDevices(const SerialDevices& devices);
 
     /// Fills the list with the ports that are present now; the selected port stays selected.
     void init();
@@ -19,15 +25,34 @@ public:
     /// Selects a port. One that is not present gets an entry too; 0 stands for none.
     void selectPort(int port);
 
-    /// The number of the selected port; with nothing selected the one given to selectPort.
+    /// Selects the first port that is not built into the program, if there is one.
+    void selectFirstRealPort();
+
+    /// The number of the selected port, 0 for one that has none yet; with nothing selected the one
+    /// given to selectPort.
     [[nodiscard]] int getSelectedPort() const;
 
-    void showPopup() override;
+    /// What is selected, if that is present.
+    [[nodiscard]] const PresentPort* selectedDevice() const;
+    /// Whether there is any port that is not built into the program.
+    [[nodiscard]] bool hasRealPort() const;
+    [[nodiscard]] const SerialDevices& devices() const { return m_devices; }
+
+Q_SIGNALS:
+    /// The list has been looked at anew.
+    void refreshed();
 
 protected:
     void changeEvent(QEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
 
 private:
+    void show(const QStringList& keys);
+
+    SerialDevices m_devices;
+    QList<PresentPort> m_ports; ///< those that are present
+    QTimer m_poll;
     int m_givenPort = 0;
 };
 

@@ -145,8 +145,10 @@ void SettingsDialog::showSettings(const Settings& settings)
     m_packages.show(settings.packages);
     auto* displayPort = getControl<QComboBox>(kDisplayPortCombo);
     displayPort->clear();
-    for (const PresentPort& port : ComPortNames().presentPorts())
-        displayPort->addItem(QStringLiteral("COM%1").arg(port.number));
+    for (const PresentPort& port : ComPortNames().presentPorts()) {
+        if (port.number != 0)
+            displayPort->addItem(QStringLiteral("COM%1").arg(port.number));
+    }
     displayPort->setEditText(settings.displayPort);
     getControl<QSpinBox>(kNodeSpin)->setValue(settings.displayNode);
     showOverlaps();

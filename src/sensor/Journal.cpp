@@ -99,6 +99,7 @@ QByteArray textOf(const JournalEntry& entry)
                        {QStringLiteral("port"), entry.port},
                        {QStringLiteral("version"), QString::fromLatin1(entry.version)},
                        {QStringLiteral("type"), entry.ssiType},
+                       {QStringLiteral("chosenByHand"), entry.typeChosen},
                        {QStringLiteral("by"), kWriters.wordOf(entry.by)},
                        {QStringLiteral("written"), objectOf(entry.written)},
                        {QStringLiteral("values"), digestOf(BackupFile::textOf(entry.values))}};
@@ -121,6 +122,7 @@ std::optional<JournalEntry> entryOf(const QByteArray& text, const QByteArray& va
     entry.port = value("port").toInt();
     entry.version = value("version").toString().toLatin1();
     entry.ssiType = value("type").toInt(-1);
+    entry.typeChosen = value("chosenByHand").toBool();
     entry.written = valuesOf(value("written").toObject());
     const auto by = kWriters.valueOf(value("by").toString());
     const auto kept = BackupFile::valuesOf(values);

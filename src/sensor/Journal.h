@@ -35,8 +35,9 @@ struct JournalEntry
     int port = 0;         ///< its COM number then
     QByteArray version{}; ///< the sensor's version answer
     int ssiType = 0;
-    SensorValues values{};  ///< what the sensor had, the factory text 'F' included if it is known
-    SensorValues written{}; ///< what was about to be written
+    bool typeChosen = false; ///< by hand, since the settings did not know the revision
+    SensorValues values{};   ///< what the sensor had, the factory text 'F' included if it is known
+    SensorValues written{};  ///< what was about to be written
     WriteRequest::By by = WriteRequest::By::OutputSetup;
     std::optional<End> end{}; ///< nothing while the writing is not known to have ended
 

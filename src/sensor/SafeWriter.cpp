@@ -127,6 +127,7 @@ void SafeWriter::takeState(const Outcome& outcome)
     job.state.port = link.portNumber();
     job.state.version = link.versionText();
     job.state.ssiType = link.ssiType();
+    job.state.typeChosen = link.isTypeByHand();
     job.state.values = m_runner.known();
     job.state.written = job.request.values;
     job.state.by = job.request.by;

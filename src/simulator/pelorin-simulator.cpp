@@ -1,8 +1,8 @@
+#include "platform/core/ProgramOptions.h"
 #include "simulator/PtyServer.h"
 #include "simulator/SimulatedDisplayUnit.h"
 #include "simulator/SimulatedSensor.h"
 
-#include <QCommandLineParser>
 #include <QCoreApplication>
 #include <QStringList>
 
@@ -25,28 +25,30 @@ struct Device
     std::shared_ptr<SimulatedDevice> model;
 };
 
-void addOptions(QCommandLineParser& parser)
+QString description()
 {
-    parser.setApplicationDescription(QStringLiteral(
+    return QStringLiteral(
         "Runs simulated position sensors and display units behind pseudo-terminals.\n"
         "A sensor restarts whenever the line speed changes: at 4800 baud it listens for PROG\n"
-        "frames, at 38400 baud it streams positions if its data format says so."));
-    parser.addHelpOption();
-    const QString number = QStringLiteral("number");
-    parser.addOption({QStringLiteral("type"),
-                      QStringLiteral("A sensor of type 0, 1 or 2; may be given several times. "
-                                     "Without it and --display: one of type 2."),
-                      number});
-    parser.addOption({QStringLiteral("display"), QStringLiteral("A display unit.")});
-    parser.addOption({QStringLiteral("moving"), QStringLiteral("The magnets move by themselves.")});
-    parser.addOption({QStringLiteral("link"),
-                      QStringLiteral("A symbolic link to the terminal, one for each device in the "
-                                     "order in which they are printed."),
-                      QStringLiteral("path")});
-    parser.addOption({QStringLiteral("fault"),
-                      QStringLiteral("A fault of all devices, kind[:amount][@command]. Kinds: "
-                                     "silent, late, short, long, wrong-byte, no-cr, deaf, vanish."),
-                      QStringLiteral("rule")});
+        "frames, at 38400 baud it streams positions if its data format says so.");
+}
+
+QList<QCommandLineOption> options()
+{
+    return {{QStringLiteral("type"),
+             QStringLiteral("A sensor of type 0, 1 or 2; may be given several times. Without it "
+                            "and --display: one of type 2."),
+             QStringLiteral("number")},
+            {QStringLiteral("display"), QStringLiteral("A display unit.")},
+            {QStringLiteral("moving"), QStringLiteral("The magnets move by themselves.")},
+            {QStringLiteral("link"),
+             QStringLiteral("A symbolic link to the terminal, one for each device in the order in "
+                            "which they are printed."),
+             QStringLiteral("path")},
+            {QStringLiteral("fault"),
+             QStringLiteral("A fault of all devices, kind[:amount][@command]. Kinds: silent, late, "
+                            "short, long, wrong-byte, no-cr, deaf, vanish."),
+             QStringLiteral("rule")}};
 }
 
 std::shared_ptr<SimulatedDevice> makeSensor(int type, bool moving)
@@ -122,16 +124,22 @@ int main(int argc, char* argv[])
 
     const QCoreApplication application(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("pelorin-simulator"));
-    QCommandLineParser parser;
-    addOptions(parser);
-    parser.process(application);
+    ProgramOptions commandLine(description(), options());
+    commandLine.parse(QCoreApplication::arguments());
+    if (commandLine.wantAnswer()) {
+        commandLine.answer();
+        return 0;
+    }
+    if (const QString fault = commandLine.fault(); !fault.isNull())
+        return commandLine.refuse(fault);
 
+    const QCommandLineParser& parser = commandLine.values();
     const auto devices = makeDevices(parser);
     const QStringList links = parser.values(QStringLiteral("link"));
     if (devices.empty() || links.size() > static_cast<qsizetype>(devices.size()) ||
         !parser.positionalArguments().isEmpty()) {
         (void)std::fputs("pelorin-simulator: these options make no sense, see --help\n", stderr);
-        return 2;
+        return ProgramOptions::kRefused;
     }
     return serve(devices, links, signals);
 }

@@ -1,5 +1,6 @@
 #include "app/Commands.h"
 #include "pages/SelectPortDialog.h"
+#include "pages/SerialPortComboBox.h"
 #include "platform/core/MessageNumbers.h"
 #include "platform/core/Pacing.h"
 #include "platform/core/WindowMessage.h"
@@ -10,7 +11,6 @@
 #include "support/Rows.h"
 #include "support/WaitFor.h"
 
-#include <QComboBox>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QSignalSpy>
@@ -300,9 +300,7 @@ private Q_SLOTS:
                 if (row.isBack)
                     rig.sensor().comeBack();
                 if (row.port == 9) {
-                    auto* combo = dialog.findChild<QComboBox*>();
-                    combo->addItem(u"COM9"_s, 9);
-                    combo->setCurrentIndex(combo->count() - 1);
+                    dialog.findChild<SerialPortComboBox*>()->selectPort(9);
                     return QTest::keyClick(&dialog, Qt::Key_Return);
                 }
                 QVERIFY(!row.isBack || waitFor([&rig] { return rig.link().linkFailed() == 0; }));

@@ -1,6 +1,7 @@
 #include "app/PelorinApp.h"
 
 #include "app/Commands.h"
+#include "app/MainMenu.h"
 #include "app/PelorinMainWindow.h"
 #include "pages/SerialPortComboBox.h"
 #include "platform/core/ComPortFactory.h"
@@ -18,6 +19,7 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
@@ -70,7 +72,7 @@ struct Run
         if (!app->initInstance(commandLine))
             return -1;
         (void)waitFor([this] { return app->mainWindow() || closed > 0; });
-        return app->mainWindow() ? app->link().portNumber() : 0;
+        return app->mainWindow() ? app->link().openedPort() : 0;
     }
 
     /// Ends the program, unless it has ended, by its window or as a signal does. It tells once that
@@ -166,6 +168,14 @@ Turn choosePort(int port)
             }};
 }
 
+/// Clicks what the start offers besides the ports.
+Turn start(const QString& button)
+{
+    return {u"Select Communications Port"_s, [button](QDialog& dialog, Run& /*run*/) {
+                QTest::mouseClick(dialog.findChild<QPushButton*>(button), Qt::LeftButton);
+            }};
+}
+
 /// Chooses an item of the main menu, if that can be chosen.
 void choose(const QWidget& window, int command)
 {
@@ -240,6 +250,59 @@ private Q_SLOTS:
             {"signal at the list", {}, kFive, 0, kFive, which},
             {"signal later", {}, kFive, 0, kFive, notOpen(5, kRetry) + notOpen(5, kSignal)},
         });
+    }
+
+    /// Nobody has chosen a port that is not there: the list comes at once.
+    void firstRunWithoutItsPortOffersAll()
+    {
+        const QByteArray settings =
+            QByteArray(kSettings).replace("type=0\"=\"COM1\"", "type=0\"=\"COM9\"") +
+            "\r\n[HKEY_LOCAL_MACHINE\\HARDWARE\\DEVICEMAP\\SERIALCOMM]\r\n"
+            "\"/nonexistent/tty1\"=\"COM1\"\r\n";
+        const QByteArray language = "[Setup]\nLanguage=1\n";
+        const QByteArray other = "[Other]\nLanguage=2\n";
+        check({
+            {"a port", {}, language, 7, kSeven, {choosePort(7)}, settings},
+            {"Cancel", {}, language, 0, language, {choosePort(0)}, settings},
+            {"demonstration", {}, other, 0, other, {start(u"demonstrationButton"_s)}, settings},
+            {"chosen before", {}, kOne, 0, kOne, notOpen(1, kAbort), settings},
+        });
+    }
+
+    void withoutAPortAllWorksThatNeedsNoSensor()
+    {
+        Run run(kSettings, notOpen(5, kIgnore) << start(u"withoutPortButton"_s) << choosePort(5)
+                                               << notOpen(5, kOk).front() << choosePort(7));
+        QVERIFY(putContent(run.profile, kFive));
+        QCOMPARE(run.start(), 0);
+        const auto& window = *run.app->mainWindow();
+        const auto text = [&window](const char* name) {
+            return window.findChild<QLabel*>(QLatin1String(name))->text();
+        };
+        const auto possible = [&window](int command) {
+            return window.findChild<MainMenu*>()->isPossible(command);
+        };
+        QCOMPARE(text("portPane"), u"No port"_s);
+        QCOMPARE(window.findChild<QLabel*>(u"linkLight"_s)->accessibleDescription(),
+                 u"Gray: no exchange yet"_s);
+        QVERIFY(text("noticeText").startsWith(u"No port is open"));
+        QVERIFY(!possible(kConnectCommand) && possible(kSelectPortCommand));
+        QVERIFY(waitFor([&] { return text("messagePane").startsWith(u"Parameter"); }));
+        const auto clickUntilSaid = [&](qsizetype left) { // what comes while it reads is dropped
+            return waitFor([&, left] {
+                if (!QApplication::activeModalWidget() && run.talk.size() > left)
+                    QTest::mouseClick(window.findChild<QPushButton*>(u"noticeButton1"_s),
+                                      Qt::LeftButton);
+                return run.talk.size() == left;
+            });
+        };
+        QVERIFY(clickUntilSaid(1));
+        QVERIFY(clickUntilSaid(0));
+        QVERIFY(waitFor([&] { return run.app->link().isIdentified() && !window.isBusy(); }));
+        QCOMPARE(text("portPane"), u"COM7"_s);
+        QVERIFY(text("noticeText").isEmpty() && possible(kConnectCommand));
+        QCOMPARE(run.end(true), QString());
+        QCOMPARE(contentOf(run.profile), kSeven);
     }
 
     void whatCannotBeUsedIsNamed()

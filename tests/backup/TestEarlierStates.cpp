@@ -73,6 +73,7 @@ JournalEntry state(int minute)
     entry.port = 7;
     entry.version = "3A0102";
     entry.ssiType = 2;
+    entry.typeChosen = true;
     entry.values = {{'A', "00000005"}, {'F', "SN012345"}, {'N', "000064"}};
     entry.written = {{'N', "0000C8"}};
     return entry;
@@ -126,6 +127,7 @@ private Q_SLOTS:
         other.device = QStringLiteral("/dev/other");
         other.version = "1E0100";
         other.ssiType = 0;
+        other.typeChosen = false;
         other.by = WriteRequest::By::CommandLine;
         other.values.erase('F');
         rig.keep(state(1), End{Kind::NotChecked, Reason::LinkLost});
@@ -134,7 +136,7 @@ private Q_SLOTS:
         QVERIFY(putContent(QDir(rig.journal.folder()).filePath(QStringLiteral("x.json")), "{"));
         QVERIFY(rig.startConnected());
         const QString row = QStringLiteral("4 Mar 2026 05:0%1:07|COM7, %2|%3|Offset (N)|%4|");
-        const QString mine = QStringLiteral("2|3A (3A0102)|SN012345|Output Setup");
+        const QString mine = QStringLiteral("2, chosen by hand|3A (3A0102)|SN012345|Output Setup");
         const QString others = QStringLiteral("0|1E (1E0100)||Command line");
         const auto outcome = [](int number) { return languageString(number); };
         const QStringList rows{

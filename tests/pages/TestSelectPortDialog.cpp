@@ -1,12 +1,14 @@
 #include "pages/SelectPortDialog.h"
 
 #include "pages/SerialPortComboBox.h"
+#include "platform/core/Pacing.h"
+#include "platform/core/UserFolders.h"
 #include "support/Languages.h"
-#include "support/TestFolder.h"
+#include "support/MadeMachine.h"
 #include "support/TestRegistry.h"
-#include "support/WaitFor.h"
 
 #include <QDesktopServices>
+#include <QLabel>
 #include <QPushButton>
 #include <QTest>
 
@@ -16,11 +18,10 @@ using namespace pelorin::test;
 
 namespace {
 
-/// The last ports of the list; the machine may have others before them.
-QStringList lastPorts(const QComboBox& list, int count)
+QStringList entries(const QComboBox& list)
 {
     QStringList texts;
-    for (int index = list.count() - count; index < list.count(); ++index)
+    for (int index = 0; index < list.count(); ++index)
         texts << list.itemText(index);
     return texts;
 }
@@ -36,37 +37,83 @@ public Q_SLOTS:
     void open(const QUrl& url) { m_opened << url.toLocalFile(); }
 
 private Q_SLOTS:
+    void initTestCase()
+    {
+        Pacing::setSpeeds({50, 1, 1});
+        (void)QFile::remove(profilePath());
+    }
+
     void currentPortIsKeptByCancel()
     {
-        SelectPortDialog dialog(nullptr, 710);
+        SelectPortDialog dialog(nullptr, 710, SelectPortDialog::Use::Change, m_devices);
         dialog.show();
         auto& list = *dialog.getControl<SerialPortComboBox>(1001);
         QCOMPARE(list.currentText(), u"COM710 - simulated, sensor?type=2"_s);
+        QVERIFY(!dialog.getControl<QPushButton>(4)->isVisible());
         QTest::keyClick(&list, Qt::Key_End);
         QCOMPARE(m_languages.loadLanguage(2), 1);
-        const QStringList german{u"COM798 - simuliert, sensor?type=1"_s};
-        QVERIFY(waitFor([&] { return lastPorts(list, 1) == german; }));
+        QTRY_COMPARE(list.currentText(), u"COM798 - simuliert, sensor?type=1"_s);
         QCOMPARE(m_languages.loadLanguage(1), 1);
-
-        QVERIFY(m_folder.put(u"plug"_s, {})); // is there when the list opens
-        QTest::mouseClick(&list, Qt::LeftButton);
-        list.hidePopup();
-        QCOMPARE(lastPorts(list, 3),
-                 QStringList({u"COM703 - plug"_s, u"COM710 - simulated, sensor?type=2"_s,
-                              u"COM798 - simulated, sensor?type=1"_s}));
-        QCOMPARE(list.getSelectedPort(), 798);
         QTest::mouseClick(dialog.getControl<QPushButton>(2), Qt::LeftButton);
         QCOMPARE(dialog.result(), int(QDialog::Rejected));
         QCOMPARE(dialog.selectedPort(), 710);
     }
 
+    void openListFollowsWhatIsPluggedInAndOut()
+    {
+        SelectPortDialog dialog(nullptr, 0, SelectPortDialog::Use::Start, m_devices);
+        dialog.show();
+        auto& list = *dialog.getControl<SerialPortComboBox>(1001);
+        auto& ok = *dialog.getControl<QPushButton>(1);
+        const auto& state = *dialog.getControl<QLabel>(1003);
+        const QStringList simulated = entries(list);
+        QCOMPARE(simulated.size(), 2);
+        QVERIFY(state.text().startsWith(u"No serial adapter is plugged in.") && !ok.isEnabled());
+        QTest::mouseClick(&list, Qt::LeftButton);
+        QVERIFY(m_machine.plugIn(u"ttyUSB1"_s, "FT232R"));
+        const QString adapter = u"COM34 - ttyUSB1, FT232R, Maker, SN1"_s;
+        QTRY_COMPARE(entries(list), QStringList(adapter) + simulated);
+        QCOMPARE(list.currentText(), adapter);
+        QVERIFY(state.text().isEmpty() && ok.isEnabled());
+
+        QVERIFY(m_machine.plugIn(u"ttyUSB0"_s, "Other"));
+        const QString other = u"COM33 - ttyUSB0, Other, Maker, SN1"_s;
+        QTRY_COMPARE(entries(list), QStringList({other, adapter}) + simulated);
+        m_machine.plugOut(u"ttyUSB1"_s);
+        QTRY_COMPARE(state.text(),
+                     adapter + u" is not there. Plug the adapter in, or choose another port."_s);
+        QCOMPARE(entries(list), QStringList({other, adapter}) + simulated);
+        list.selectPort(33);
+        QTRY_COMPARE(entries(list), QStringList(other) + simulated);
+        QVERIFY(m_machine.put(u"run/lock/LCK..ttyUSB0"_s, "77"));
+        QTRY_COMPARE(state.text(), u"/dev/ttyUSB0 is in use by another program."_s);
+        list.hidePopup();
+        QTest::mouseClick(dialog.getControl<QPushButton>(4), Qt::LeftButton);
+        QCOMPARE(dialog.result(), SelectPortDialog::kWithoutPort);
+        m_machine.plugOut(u"ttyUSB0"_s);
+    }
+
+    void deviceWithoutANumberGetsOneWhenItIsChosen()
+    {
+        QVERIFY(m_machine.plugIn(u"ttyUSB40"_s, "Fortieth", u"usb-Fortieth"_s));
+        SelectPortDialog dialog(nullptr, 710, SelectPortDialog::Use::Change, m_devices);
+        dialog.show();
+        auto& list = *dialog.getControl<SerialPortComboBox>(1001);
+        QTest::keyClick(&list, Qt::Key_End);
+        QCOMPARE(list.currentText(), u"new number - ttyUSB40, Fortieth, Maker, SN1"_s);
+        QTest::mouseClick(dialog.getControl<QPushButton>(1), Qt::LeftButton);
+        QCOMPARE(dialog.selectedPort(), 100);
+        QCOMPARE(ComPortNames().devicePath(u"COM100"_s), u"/dev/serial/by-id/usb-Fortieth"_s);
+        m_machine.plugOut(u"ttyUSB40"_s);
+    }
+
     void absentPortIsShownAndAnotherOneReturnedAfterOk()
     {
-        SelectPortDialog dialog(nullptr, 705);
+        SelectPortDialog dialog(nullptr, 705, SelectPortDialog::Use::Change, m_devices);
         dialog.show();
         auto& list = *dialog.getControl<SerialPortComboBox>(1001);
         QCOMPARE(list.currentText(), u"COM705"_s);
-        QCOMPARE(lastPorts(list, 3).first(), u"COM705"_s);
+        QCOMPARE(entries(list).first(), u"COM705"_s);
         QDesktopServices::setUrlHandler(u"file"_s, this, "open");
         QTest::mouseClick(dialog.getControl<QPushButton>(3), Qt::LeftButton);
         QDesktopServices::unsetUrlHandler(u"file"_s);
@@ -79,12 +126,11 @@ private Q_SLOTS:
     }
 
 private:
-    const TestFolder m_folder;
-    const TestRegistry m_settings{
-        u"[HKEY_LOCAL_MACHINE\\HARDWARE\\DEVICEMAP\\SERIALCOMM]\r\n"
-        "\"simulator:sensor?type=2\"=\"COM710\"\r\n\"%1\"=\"COM703\"\r\n"
-        "\"simulator:sensor?type=1\"=\"COM798\"\r\n"_s.arg(m_folder.path(u"plug"_s))
-            .toUtf8()};
+    const MadeMachine m_machine;
+    const SerialDevices m_devices{m_machine.root()};
+    const TestRegistry m_settings{"[HKEY_LOCAL_MACHINE\\HARDWARE\\DEVICEMAP\\SERIALCOMM]\r\n"
+                                  "\"simulator:sensor?type=2\"=\"COM710\"\r\n"
+                                  "\"simulator:sensor?type=1\"=\"COM798\"\r\n"};
     Languages m_languages{1};
     QStringList m_opened;
 };

@@ -1,4 +1,7 @@
 #include "platform/core/ComPortNames.h"
+#include "platform/core/PortNumbers.h"
+#include "platform/core/Profile.h"
+#include "platform/core/UserFolders.h"
 #include "support/Rows.h"
 #include "support/TestFolder.h"
 #include "support/TestRegistry.h"
@@ -18,6 +21,9 @@ private Q_SLOTS:
     {
         QVERIFY(m_folder.put(u"adapter"_s, "") && m_folder.put(u"terminal"_s, ""));
         QVERIFY(QFile::link(m_adapter, m_link));
+        (void)QFile::remove(profilePath());
+        const QString kept = u"/dev/serial/by-id/kept"_s;
+        QVERIFY(Profile().writeTexts(u"Ports"_s, {{u"COM101"_s, kept}}).isDone());
     }
 
     void nameStandsForOneDeviceAndADeviceHasOneNumber()
@@ -59,21 +65,49 @@ private Q_SLOTS:
 
     void presentPortsAreThoseOfTheSystemAndOfTheSettings()
     {
-        const QList<ComPortNames::SystemDevice> system = {{u"/dev/ttyACM1"_s, u"Probe"_s},
-                                                          {u"/dev/ttyUSB0"_s, u"USB adapter"_s},
-                                                          {u"/dev/ttyS6"_s, {}},
-                                                          {m_adapter, u"Other adapter"_s}};
+        const QList<SerialDevice> system = {{u"/dev/ttyACM1"_s, {}, u"Probe"_s},
+                                            {u"/dev/ttyUSB0"_s, {}, u"USB adapter"_s},
+                                            {u"/dev/ttyS6"_s},
+                                            {u"/dev/ttyUSB40"_s, u"/dev/serial/by-id/kept"_s},
+                                            {m_adapter, {}, u"Other adapter"_s}};
         QStringList found;
         for (const PresentPort& port : ComPortNames().presentPorts(system))
             found << u"%1 %2 %3 %4%5"_s.arg(port.number)
-                         .arg(port.device, port.shortName, port.description)
+                         .arg(port.device, port.shortName, port.adapter.description)
                          .arg(port.simulated ? u"simulated"_s : QString());
         const QStringList expected = {
-            u"7 /dev/ttyUSB0 ttyUSB0 USB adapter"_s, u"12 %1 adapter Other adapter"_s.arg(m_link),
+            u"7 /dev/ttyUSB0 ttyUSB0 USB adapter"_s,
+            u"12 %1 adapter Other adapter"_s.arg(m_link),
             u"66 /dev/ttyACM1 ttyACM1 Probe"_s,
             u"99 simulator:sensor?type=2 simulator:sensor?type=2 simulated"_s,
-            u"200 %1 terminal "_s.arg(m_folder.path(u"terminal"_s))};
+            u"101 /dev/serial/by-id/kept ttyUSB40 "_s,
+            u"200 %1 terminal "_s.arg(m_folder.path(u"terminal"_s)),
+            u"0 /dev/ttyS6 ttyS6 "_s};
         QCOMPARE(found, expected);
+    }
+
+    /// What the settings say comes before what the profile has.
+    void numberGivenToADeviceIsKept()
+    {
+        const QString odd = u"/dev/serial/by-id/a \"b\"; ü%20"_s;
+        QVERIFY(Profile()
+                    .writeTexts(u"Ports"_s, {{u"COM7"_s, u"/dev/ttyUSB50"_s},
+                                             {u"COM100"_s, odd},
+                                             {u"COM103"_s, m_adapter}})
+                    .isDone());
+        const ComPortNames names;
+        QCOMPARE(names.devicePath(u"COM100"_s), odd);
+        QCOMPARE(names.numberOf(u"/dev/ttyUSB50"_s), 0);
+        QCOMPARE(names.numberOf(m_adapter), 12);
+        QCOMPARE(names.freeNumber(), 102);
+
+        QVERIFY(keepPortNumber(102, u"/dev/settings"_s).isDone());
+        QVERIFY(contentOf(m_settings.path()).contains("\"/dev/settings\"=\"COM102\""));
+        qunsetenv("PELORIN_REGISTRY"); // the user has no file of their own
+        QVERIFY(keepPortNumber(104, u"/dev/profile"_s).isDone());
+        qputenv("PELORIN_REGISTRY", m_settings.path().toUtf8());
+        QCOMPARE(Profile().readTexts(u"Ports"_s).value(u"COM104"_s), u"/dev/profile"_s);
+        QCOMPARE(ComPortNames().devicePath(u"COM104"_s), u"/dev/profile"_s);
     }
 
     /// /dev/null and /dev/zero stand for adapters: they are devices, as those are.

@@ -1,8 +1,12 @@
 #include "platform/ui/BaseDialog.h"
 #include "platform/ui/CellEditor.h"
+#include "platform/ui/FileChooser.h"
 #include "platform/ui/MessageBox.h"
+#include "support/FileDialogUser.h"
 #include "support/ModalAnswer.h"
+#include "support/TestFolder.h"
 
+#include <QComboBox>
 #include <QLineEdit>
 #include <QPointer>
 #include <QPushButton>
@@ -103,6 +107,28 @@ class TestDialogs : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void fileDialogBeginsWhereTheLastFileWasAndOffersIt()
+    {
+        const TestFolder folder;
+        QVERIFY(folder.put(u"first.dat"_s, "1") && folder.put(u"second.dat"_s, "2"));
+        const auto choose = [](const QString& typed,
+                               const std::function<void(QFileDialog&)>& look) {
+            const FileDialogUser user(typed, look);
+            return chooseFile(nullptr, QFileDialog::AcceptOpen, {}, u"Backup (*.dat)"_s, u"dat"_s,
+                              true);
+        };
+        const QString first = folder.path(u"first.dat"_s);
+        QCOMPARE(choose(first, {}), first);
+        QCOMPARE(choose(u"second.dat"_s, {}), folder.path(u"second.dat"_s)); // in the same folder
+        QString offered;
+        (void)choose(first, [&](QFileDialog& dialog) {
+            auto& list = *dialog.findChild<QComboBox*>(u"recentFiles"_s);
+            Q_EMIT list.activated(1);
+            offered = list.itemText(1) + dialog.findChild<QLineEdit*>(u"fileNameEdit"_s)->text();
+        });
+        QCOMPARE(offered, first + first);
+    }
+
     void dialogIsMadeOnceAndEndedByItsButtonsAndKeys()
     {
         TestDialog dialog;

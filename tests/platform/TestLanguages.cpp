@@ -26,7 +26,7 @@ namespace {
 const QList<int> kLanguages{1, 2, 4, 8, 16};
 
 const QString kChapters =
-    u"connect port settings information position output offset factory backup safe log manual "
+    u"first connect port settings information position output offset factory backup safe log manual "
     "compensation display keyboard troubleshooting"_s;
 
 /// The captions in menus that are no titles as well: they alone mark a letter.

@@ -1,4 +1,5 @@
 #include "platform/core/Profile.h"
+#include "platform/core/RecentFiles.h"
 #include "platform/core/RegistryConfig.h"
 #include "platform/core/SettingsFile.h"
 #include "platform/core/SettingsLocation.h"
@@ -66,6 +67,26 @@ private Q_SLOTS:
             QVERIFY2(!Profile().isDamaged() && Profile().readInt(kPort, 1) == 1, value);
             QCOMPARE(Profile().readInt(u"Language"_s, 1), 2);
         }
+    }
+
+    void lastFilesAreKeptAsFarAsTheyAreThere()
+    {
+        const RecentFiles recent(u"dat"_s);
+        QVERIFY(recent.files().isEmpty() && recent.folder().isEmpty());
+        QStringList expected;
+        for (int number = 1; number <= 12; ++number) {
+            const QString name = u"Ü %1.dat"_s.arg(number);
+            QVERIFY(number == 11 || m_folder->put(name, {}));
+            recent.add(m_folder->path(name));
+            if (number > 2 && number != 11)
+                expected.prepend(m_folder->path(name));
+        }
+        QCOMPARE(RecentFiles(u"dat"_s).files(), expected);
+        recent.add(expected.back());
+        expected.prepend(expected.takeLast());
+        QCOMPARE(recent.files(), expected);
+        QCOMPARE(recent.folder(), m_folder->path({}));
+        QVERIFY(RecentFiles(u"csv"_s).files().isEmpty());
     }
 
     void allElseInTheProfileIsKept()

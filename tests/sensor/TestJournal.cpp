@@ -28,6 +28,7 @@ JournalEntry state()
     entry.device = QStringLiteral("/dev/serial/by-id/usb-Wandler_Ü1");
     entry.version = "3A0102";
     entry.ssiType = 2;
+    entry.typeChosen = true;
     entry.values = {{'D', "4A0519"}, {'F', "SN012345"}, {'N', "00000A"}};
     entry.written = {{'N', "000122"}};
     return entry;

@@ -338,6 +338,27 @@ std::vector<Tour::Step> script(Tour& tour, SimulatedPorts& simulators, int langu
         Tour::expect(
             "the display unit's window has closed",
             [] { return qobject_cast<QDialog*>(QApplication::activeWindow()) == nullptr; }),
+
+        Tour::print(QStringLiteral("The ports of this machine")),
+        tour.command(kSelectPortCommand),
+        Tour::when(isShown("portCombo"), tour.picture("port-list")),
+        tour.click("cancelButton"),
+
+        Tour::print(QStringLiteral("A sensor of a revision that is in no range")),
+        Tour::when(noDialog, tour.print([sensor] {
+            sensor->setParameter('V', "4A0203");
+            return QStringLiteral("the next sensor is connected");
+        })),
+        tour.command(kConnectCommand),
+        Tour::expect("the strip tells the revision, 4A",
+                     [&tour] { return tour.textOf("noticeText").contains(QLatin1String("74")); }),
+        tour.printChanged("noticeText"),
+        tour.picture("not-identified"),
+        tour.item("noticeButton2", 2),
+        Tour::expect("the strip tells what was chosen",
+                     [&tour] { return !tour.textOf("noticeText").contains(QLatin1String("74")); }),
+        tour.printChanged("noticeText"),
+        tour.picture("chosen-by-hand"),
     });
     return steps;
 }

@@ -16,6 +16,7 @@
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QPlainTextEdit>
+#include <QPushButton>
 #include <QRadioButton>
 #include <QTabBar>
 #include <QTableWidget>
@@ -126,6 +127,17 @@ Tour::Step Tour::click(const char* control)
 {
     return step(QStringLiteral("click on %1").arg(QLatin1String(control)),
                 [this, control] { QTest::mouseClick(&findWidget(control), Qt::LeftButton); });
+}
+
+Tour::Step Tour::item(const char* button, int item)
+{
+    return step(QStringLiteral("item %1 of ").arg(item) + QLatin1String(button),
+                [this, button, item] {
+                    QMenu& menu = *find<QPushButton>(button).menu();
+                    menu.popup(QCursor::pos()); // the button itself would wait for its end
+                    QTest::mouseClick(&menu, Qt::LeftButton, {},
+                                      menu.actionGeometry(menu.actions().at(item)).center());
+                });
 }
 
 Tour::Step Tour::cell(const char* list, int row, int column, const QString& text)

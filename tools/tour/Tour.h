@@ -40,6 +40,8 @@ public:
     /// Clicks the item of a command in its menu.
     [[nodiscard]] Step command(int command);
     [[nodiscard]] Step click(const char* control);
+    /// Opens the menu of a button and clicks one of its items, counted from 0.
+    [[nodiscard]] Step item(const char* button, int item);
     /// Clicks a cell, which then opens for editing if it can, and types.
     [[nodiscard]] Step cell(const char* list, int row, int column, const QString& text = {});
     /// Types a text in the place of the one that is there.

@@ -1,10 +1,11 @@
 #include "Script.h"
+#include "StartTour.h"
 #include "Tour.h"
 
 #include "app/PelorinApp.h"
 #include "app/PelorinMainWindow.h"
 #include "platform/core/ComPortFactory.h"
-#include "platform/core/SettingsLocation.h"
+#include "platform/core/Demonstration.h"
 #include "platform/core/TermiosComPort.h"
 #include "simulator/SimulatedPorts.h"
 
@@ -25,19 +26,15 @@ int main(int argc, char* argv[])
     if (!folder.mkpath(QStringLiteral(".")))
         return EXIT_FAILURE;
 
-    // The tour changes the settings.
-    const QString settings = folder.absoluteFilePath(QStringLiteral("settings.reg"));
-    (void)QFile::remove(settings); // of an earlier tour
-    if (!QFile::copy(registryFilePath(), settings) ||
-        !qputenv("PELORIN_REGISTRY", settings.toUtf8()))
-        return EXIT_FAILURE;
-
+    useDemonstration();
     SimulatedPorts simulators;
     ComPortFactory factory([](const QString& device) {
         return std::make_unique<TermiosComPort>(device.toStdString());
     });
     factory.addScheme(QStringLiteral("simulator:"),
                       [&simulators](const QString& name) { return simulators.makePort(name); });
+    if (!startWithoutPort(factory, folder))
+        return EXIT_FAILURE;
     PelorinApp pelorin(factory);
     bool ended = false;
     QObject::connect(&pelorin, &PelorinApp::closed, [&ended] { ended = true; });

@@ -1,5 +1,6 @@
 #include "platform/core/ComPortNames.h"
 
+#include "platform/core/PortNumbers.h"
 #include "platform/core/RegistryConfig.h"
 #include "platform/core/RegistryFile.h"
 #include "platform/core/SettingsLocation.h"
@@ -7,7 +8,6 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QRegularExpression>
-#include <QSerialPortInfo>
 
 #include <algorithm>
 
@@ -16,6 +16,7 @@ namespace pelorin {
 namespace {
 
 constexpr int kDevicesPerKind = 32;
+constexpr int kFirstFreeNumber = 100; ///< behind the fixed ones
 constexpr const char* kKinds[] = {"ttyS", "ttyUSB", "ttyACM"};
 
 /// Where the system keeps a link to each adapter, named after maker and serial number.
@@ -68,6 +69,11 @@ ComPortNames::ComPortNames(const RegistryFile& settings)
         if (number && !isWindowsPath(entry.name))
             m_devices.insert(*number, entry.name);
     }
+    const auto kept = keptPortNumbers();
+    for (auto it = kept.cbegin(); it != kept.cend(); ++it) {
+        if (!m_devices.contains(it.key()) && numberOf(it.value()) == 0)
+            m_devices.insert(it.key(), it.value());
+    }
 }
 
 std::optional<int> ComPortNames::numberIn(const QString& name)
@@ -102,31 +108,39 @@ int ComPortNames::numberOf(const QString& device) const
 
 QList<PresentPort> ComPortNames::presentPorts() const
 {
-    QList<SystemDevice> system;
-    const auto infos = QSerialPortInfo::availablePorts();
-    for (const QSerialPortInfo& info : infos)
-        system.append({info.systemLocation(), info.description(), info.serialNumber()});
-    return presentPorts(system);
+    return presentPorts(SerialDevices().all());
 }
 
-QList<PresentPort> ComPortNames::presentPorts(const QList<SystemDevice>& system) const
+QList<PresentPort> ComPortNames::presentPorts(const QList<SerialDevice>& system) const
 {
     QMap<int, PresentPort> ports;
     for (auto it = m_devices.cbegin(); it != m_devices.cend(); ++it) {
         const bool simulated = isSimulatedDevice(it.value());
         const QString name = simulated ? it.value() : QFileInfo(it.value()).fileName();
         if (simulated || QFileInfo::exists(it.value()))
-            ports.insert(it.key(), {it.key(), it.value(), name, QString(), simulated});
+            ports.insert(it.key(), {it.key(), it.value(), name, {}, simulated});
     }
-    for (const auto& [path, description, serialNumber] : system) {
-        const int number = numberOf(path);
-        if (number == 0)
-            continue;
-        const QString device = m_devices.value(number, path);
-        ports.insert(
-            number, {number, device, QFileInfo(path).fileName(), description, false, serialNumber});
+    QList<PresentPort> unnumbered;
+    for (const SerialDevice& adapter : system) {
+        const int number = m_devices.key(adapter.byId.isEmpty() ? adapter.path : adapter.byId,
+                                         numberOf(adapter.path));
+        const PresentPort port{number, m_devices.value(number, adapter.path),
+                               QFileInfo(adapter.path).fileName(), adapter, false};
+        if (number == 0) {
+            unnumbered << port;
+        } else {
+            ports.insert(number, port);
+        }
     }
-    return ports.values();
+    return ports.values() + unnumbered;
+}
+
+int ComPortNames::freeNumber() const
+{
+    int number = kFirstFreeNumber;
+    while (m_devices.contains(number))
+        ++number;
+    return number;
 }
 
 QString ComPortNames::stableName(const QString& device)

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/core/SerialDevices.h"
+
 #include <QList>
 #include <QMap>
 #include <QString>
@@ -13,30 +15,21 @@ class RegistryFile;
 /// A port that can be chosen now.
 struct PresentPort
 {
-    int number = 0;
-    QString device;      ///< what devicePath gives for the number
-    QString shortName;   ///< without its folder: "ttyUSB0"
-    QString description; ///< of the adapter; often empty
+    int number = 0;       ///< 0: gets one when it is chosen
+    QString device;       ///< what devicePath gives for the number
+    QString shortName;    ///< without its folder: "ttyUSB0"
+    SerialDevice adapter; ///< what the system knows of it
     bool simulated = false;
-    QString serialNumber{}; ///< of the adapter; often empty
 };
 
 /// Which COM number stands for which device. The settings' key SERIALCOMM comes first; any other
 /// device has a fixed number: ttyS0 to ttyS31 are COM1 to COM32, ttyUSB0 to ttyUSB31 COM33 to
-/// COM64, ttyACM0 to ttyACM31 COM65 to COM96. A device has one number, a number one device. A
-/// link to a device stands for the device. The object holds the numbers as they were when it was
-/// made.
+/// COM64, ttyACM0 to ttyACM31 COM65 to COM96. Then comes what the profile has for devices that
+/// had no number. A device has one number, a number one device. A link to a device stands for the
+/// device. The object holds the numbers as they were when it was made.
 class ComPortNames
 {
 public:
-    /// A serial device as the system reports it.
-    struct SystemDevice
-    {
-        QString path;
-        QString description;
-        QString serialNumber{};
-    };
-
     /// Reads the settings of this run.
     ComPortNames();
     /// The numbers that a settings file gives, which need not be that of this run.
@@ -53,10 +46,13 @@ public:
     /// The COM number of a device, 0 if it has none.
     [[nodiscard]] int numberOf(const QString& device) const;
 
-    /// The ports of this machine that have a number, and those that the settings name if they
-    /// exist or are simulated; by number.
+    /// The serial devices of this machine, and those that the settings name if they exist or are
+    /// simulated; by number, then those that have none.
     [[nodiscard]] QList<PresentPort> presentPorts() const;
-    [[nodiscard]] QList<PresentPort> presentPorts(const QList<SystemDevice>& system) const;
+    [[nodiscard]] QList<PresentPort> presentPorts(const QList<SerialDevice>& system) const;
+
+    /// The lowest number from 100 on that no device has.
+    [[nodiscard]] int freeNumber() const;
 
     /// The name under which a device is found again on another socket and after a restart, for
     /// files that concern what is connected to it: its link in /dev/serial/by-id, in the order of

@@ -1,7 +1,10 @@
 #include "platform/core/PortOpening.h"
 
 #include "platform/core/ComPort.h"
+#include "platform/core/ComPortNames.h"
 #include "platform/core/LanguageStrings.h"
+#include "platform/core/Pacing.h"
+#include "platform/core/SerialDevices.h"
 #include "platform/core/Strings.h"
 
 #include <cerrno>
@@ -11,6 +14,7 @@ namespace pelorin {
 namespace {
 
 constexpr int kQueueSize = 128;
+constexpr std::chrono::milliseconds kOpenPeriod{500};
 
 PortFailure configure(ComPort& port, const LineSettings& line)
 {
@@ -34,9 +38,9 @@ QString PortFailure::message(const QString& deviceName) const
     if (step != PortStep::Open)
         return message;
     if (error == EACCES || error == EPERM) {
+        const QString group = SerialDevices().groupOf(ComPortNames().devicePath(deviceName));
         message +=
-            QLatin1Char('\n') +
-            languageString(strings::kNoPermission).arg(deviceName, QStringLiteral("dialout"));
+            QLatin1Char('\n') + languageString(strings::kNoPermission).arg(deviceName, group);
     } else if (error == EBUSY) {
         message += QLatin1Char('\n') + languageString(strings::kPortInUse).arg(deviceName);
     }
@@ -50,6 +54,21 @@ PortFailure openPort(ComPort& port, const LineSettings& line)
     const PortFailure failure = configure(port, line);
     if (failure)
         port.close();
+    return failure;
+}
+
+PortFailure openPluggedPort(ComPort& port, const LineSettings& line, const QString& device,
+                            const std::function<bool(std::chrono::milliseconds)>& pause)
+{
+    const auto mayPass = [&device](const PortFailure& failure) {
+        const auto now = std::chrono::system_clock::now().time_since_epoch();
+        return failure.step == PortStep::Open &&
+               SerialDevices().mayPass(failure.error, device,
+                                       std::chrono::duration_cast<std::chrono::seconds>(now));
+    };
+    PortFailure failure = openPort(port, line);
+    while (mayPass(failure) && pause(Pacing::pause(kOpenPeriod)))
+        failure = openPort(port, line);
     return failure;
 }
 

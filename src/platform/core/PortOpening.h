@@ -5,6 +5,9 @@
 
 #include <QString>
 
+#include <chrono>
+#include <functional>
+
 namespace pelorin {
 
 class ComPort;
@@ -34,5 +37,12 @@ struct PortFailure
 /// Opens a port and sets its line, the usual time limits and queues of 128 bytes. A port that
 /// cannot be configured is closed again.
 [[nodiscard]] PortFailure openPort(ComPort& port, const LineSettings& line);
+
+/// The same, and again as long as it fails only since the device was just plugged in.
+/// @param device its path
+/// @param pause waits on this thread; false ends the attempts
+[[nodiscard]] PortFailure
+openPluggedPort(ComPort& port, const LineSettings& line, const QString& device,
+                const std::function<bool(std::chrono::milliseconds)>& pause);
 
 } // namespace pelorin

@@ -41,11 +41,48 @@ int Profile::readInt(const QString& name, int defaultValue) const
     return isNumber ? value : defaultValue;
 }
 
-/// Another run of the program may have written the file meanwhile.
+bool Profile::has(const QString& name) const
+{
+    return !IniText(m_text).value(section(), name.toUtf8()).isNull();
+}
+
+QMap<QString, QString> Profile::readTexts(const QString& name) const
+{
+    QMap<QString, QString> texts;
+    for (const auto& entry : IniText(m_text).entries()) {
+        if (entry.section == name.toUtf8())
+            texts[QString::fromUtf8(entry.key)] =
+                QString::fromUtf8(QByteArray::fromPercentEncoding(entry.value));
+    }
+    return texts;
+}
+
 WholeFile::Outcome Profile::write(const QMap<QString, int>& values)
 {
     if (values.isEmpty())
         return {};
+    return change([&values](IniText& ini) {
+        for (auto value = values.cbegin(); value != values.cend(); ++value)
+            ini.set(section(), value.key().toUtf8(), QByteArray::number(value.value()));
+    });
+}
+
+WholeFile::Outcome Profile::writeTexts(const QString& name, const QMap<QString, QString>& texts)
+{
+    return change([&](IniText& ini) {
+        for (auto text = texts.cbegin(); text != texts.cend(); ++text) {
+            const QByteArray key = text.key().toUtf8();
+            if (text.value().isEmpty())
+                ini.remove(name.toUtf8(), key);
+            else
+                ini.set(name.toUtf8(), key, text.value().toUtf8().toPercentEncoding("/:?=+@,"));
+        }
+    });
+}
+
+/// Another run of the program may have written the file meanwhile.
+WholeFile::Outcome Profile::change(const std::function<void(IniText&)>& edit)
+{
     read();
     if (!m_unreadable.isDone())
         return m_unreadable;
@@ -54,8 +91,7 @@ WholeFile::Outcome Profile::write(const QMap<QString, int>& values)
             return outcome;
     }
     IniText ini(m_text);
-    for (auto value = values.cbegin(); value != values.cend(); ++value)
-        ini.set(section(), value.key().toUtf8(), QByteArray::number(value.value()));
+    edit(ini);
     const QByteArray text = ini.text();
     if (text == m_text)
         return {};

@@ -1,11 +1,22 @@
 #include "platform/core/SettingsLocation.h"
 
+#include "platform/core/RegistryFile.h"
+
 #include <QCoreApplication>
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 #include <QStandardPaths>
 
+#include <cerrno>
+
 namespace pelorin {
+
+namespace {
+
+constexpr const char* kVariable = "PELORIN_REGISTRY";
+
+} // namespace
 
 QString registryFilePath()
 {
@@ -21,13 +32,26 @@ QString registryFilePath()
 
 QString namedRegistryFile()
 {
-    return qEnvironmentVariable("PELORIN_REGISTRY");
+    return qEnvironmentVariable(kVariable);
 }
 
 QString usersRegistryFile()
 {
     return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
            QStringLiteral("/pelorin/pelorin.reg");
+}
+
+QString useSettingsFile(const QString& path)
+{
+    const QFileInfo file(path);
+    if (!file.exists())
+        return path + QStringLiteral(": ") + qt_error_string(ENOENT);
+    if (const auto damage = RegistryFile::read(path).damage()) {
+        const QString where = QStringLiteral("damaged in line %1").arg(damage->line);
+        return path + QStringLiteral(": ") + (damage->line == 0 ? damage->reason : where);
+    }
+    qputenv(kVariable, QFile::encodeName(file.absoluteFilePath()));
+    return QString();
 }
 
 QString programFolder()

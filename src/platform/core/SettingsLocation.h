@@ -9,6 +9,11 @@ namespace pelorin {
 /// that is installed with the program. The file need not exist.
 [[nodiscard]] QString registryFilePath();
 
+/// Has this run, and what it starts, use a settings file, whatever the environment names. To be
+/// called before anything reads the settings.
+/// @return why it cannot be used, in English; null if it can
+[[nodiscard]] QString useSettingsFile(const QString& path);
+
 /// The settings file that was named for this run; empty if none was.
 [[nodiscard]] QString namedRegistryFile();
 

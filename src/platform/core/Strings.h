@@ -61,6 +61,22 @@ inline constexpr int kNoPermission = 1001;
 inline constexpr int kPortInUse = 1002;
 inline constexpr int kPortLabel = 1010;
 inline constexpr int kNoPortPresent = 1019;
+inline constexpr int kNewPortNumber = 1960;
+inline constexpr int kNoAdapter = 1961;
+inline constexpr int kPortMissing = 1962;
+inline constexpr int kWithoutPort = 1963;
+inline constexpr int kDemonstration = 1964;
+inline constexpr int kWithoutPortNotice = 1965;
+inline constexpr int kNotIdentifiedNotice = 1966;
+inline constexpr int kTypeRange = 1967;
+inline constexpr int kTypeWithoutRange = 1968;
+inline constexpr int kUseAsType = 1969;
+inline constexpr int kAlwaysWidened = 1971;
+inline constexpr int kAlwaysNew = 1972;
+inline constexpr int kChosenByHand = 1973;
+inline constexpr int kTypeChosenByHand = 1974;
+inline constexpr int kOwnSettingsFirst = 1975;
+inline constexpr int kRecentFiles = 1976;
 
 // Connection
 inline constexpr int kConnecting = 116;

@@ -12,10 +12,18 @@ QString pathOf(const QString& name)
            QStringLiteral("/Korvex Systems/") + name;
 }
 
+QString dataPathOf(const QString& name)
+{
+    return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) +
+           QStringLiteral("/pelorin/") + name;
+}
+
 } // namespace
 
 QString profilePath()
 {
+    if (const QString named = qEnvironmentVariable("PELORIN_PROFILE"); !named.isEmpty())
+        return named;
     return pathOf(QStringLiteral("Pelorin.ini"));
 }
 
@@ -24,10 +32,14 @@ QString keptFormatsFolder()
     return pathOf(QStringLiteral("formats"));
 }
 
+QString demonstrationFolder()
+{
+    return dataPathOf(QStringLiteral("demonstration"));
+}
+
 QString journalFolder()
 {
-    return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) +
-           QStringLiteral("/pelorin/journal");
+    return dataPathOf(QStringLiteral("journal"));
 }
 
 QString formerFormatsPath()

@@ -7,8 +7,11 @@ namespace pelorin {
 /// Where the program keeps what it remembers for its user: below "Korvex Systems" in the user's
 /// configuration folder, and what it keeps of sensors in the user's data folder.
 
-/// "Pelorin.ini".
+/// "Pelorin.ini", or the file that the environment variable PELORIN_PROFILE names.
 [[nodiscard]] QString profilePath();
+
+/// "pelorin/demonstration" in the data folder: settings and profile of a demonstration.
+[[nodiscard]] QString demonstrationFolder();
 
 /// "formats", a folder.
 [[nodiscard]] QString keptFormatsFolder();

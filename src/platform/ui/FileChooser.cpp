@@ -1,19 +1,64 @@
 #include "platform/ui/FileChooser.h"
 
+#include "platform/core/LanguageStrings.h"
+#include "platform/core/RecentFiles.h"
+#include "platform/core/Strings.h"
+
+#include <QComboBox>
+#include <QDir>
+#include <QGridLayout>
+#include <QLabel>
+#include <QLineEdit>
+
 namespace pelorin {
+
+namespace {
+
+/// Offers files in a row of its own below the others.
+void offer(QFileDialog& dialog, const QStringList& files)
+{
+    auto* grid = qobject_cast<QGridLayout*>(dialog.layout());
+    if (!grid || files.isEmpty())
+        return;
+    auto* list = new QComboBox(&dialog);
+    list->setObjectName(QStringLiteral("recentFiles"));
+    list->setPlaceholderText(QString());
+    for (const QString& file : files)
+        list->addItem(QDir::toNativeSeparators(file));
+    list->setCurrentIndex(-1);
+    list->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    auto* caption = new QLabel(languageString(strings::kRecentFiles), &dialog);
+    caption->setBuddy(list);
+    const int row = grid->rowCount();
+    grid->addWidget(caption, row, 0);
+    grid->addWidget(list, row, 1, 1, -1);
+    QObject::connect(list, &QComboBox::activated, &dialog, [&dialog, files](int index) {
+        if (auto* name = dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit")))
+            name->setText(files.at(index));
+    });
+}
+
+} // namespace
 
 /// The toolkit's own dialog: those of the desktops ask whether a file may be replaced before its
 /// name gets the ending, and so would have another one replaced unasked.
 QString chooseFile(QWidget* parent, QFileDialog::AcceptMode acceptMode, const QString& title,
-                   const QString& filter, const QString& suffix)
+                   const QString& filter, const QString& suffix, bool offerRecent)
 {
-    QFileDialog dialog(parent, title, QString(), filter);
+    const RecentFiles recent(suffix);
+    QFileDialog dialog(parent, title, recent.folder(), filter);
     dialog.setOption(QFileDialog::DontUseNativeDialog);
     dialog.setAcceptMode(acceptMode);
     dialog.setFileMode(acceptMode == QFileDialog::AcceptSave ? QFileDialog::AnyFile
                                                              : QFileDialog::ExistingFile);
     dialog.setDefaultSuffix(suffix);
-    return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
+    if (offerRecent)
+        offer(dialog, recent.files());
+    if (dialog.exec() != QDialog::Accepted)
+        return QString();
+    const QString path = dialog.selectedFiles().value(0);
+    recent.add(path);
+    return path;
 }
 
 } // namespace pelorin

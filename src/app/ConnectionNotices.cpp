@@ -1,0 +1,178 @@
+#include "app/ConnectionNotices.h"
+
+#include "app/CommandGate.h"
+#include "app/Commands.h"
+#include "app/NoticeStrip.h"
+#include "link/SensorIdentification.h"
+#include "link/SensorLink.h"
+#include "platform/core/LanguageStrings.h"
+#include "platform/core/RegistryFile.h"
+#include "platform/core/RegistryFileEditor.h"
+#include "platform/core/SettingsFile.h"
+#include "platform/core/Strings.h"
+#include "sensor/Settings.h"
+
+#include <QAction>
+#include <QMenu>
+
+namespace pelorin {
+
+namespace {
+
+QString hex(int revision)
+{
+    return QString::asprintf("%02X", static_cast<unsigned>(revision));
+}
+
+/// "type 0: 10 to 1F, type 1: none" and so on.
+QString rangesInWords()
+{
+    QStringList words;
+    const auto bounds = revisionBounds();
+    for (int type = 0; type < kSsiTypeCount; ++type) {
+        const RevisionBounds& range = bounds[static_cast<std::size_t>(type)];
+        words << (range.hasAny() ? languageString(strings::kTypeRange)
+                                       .arg(QString::number(type), hex(range.low), hex(range.high))
+                                 : languageString(strings::kTypeWithoutRange).arg(type));
+    }
+    return words.join(QStringLiteral(", "));
+}
+
+/// What "always" does to the range of a type.
+QString wideningInWords(int type, const RevisionBounds& range, const RevisionBounds& wide)
+{
+    if (range.hasAny() && range.low <= range.high) {
+        return languageString(strings::kAlwaysWidened)
+            .arg(QString::number(type), hex(wide.low), hex(wide.high), hex(range.low),
+                 hex(range.high));
+    }
+    return languageString(strings::kAlwaysNew).arg(QString::number(type), hex(wide.low));
+}
+
+} // namespace
+
+ConnectionNotices::ConnectionNotices(QObject* parent, const Shared& shared)
+    : QObject(parent), m_strip(shared.strip), m_gate(shared.gate), m_link(shared.link)
+{
+    connect(&m_strip, &NoticeStrip::emptied, this, [this] {
+        if (m_waiting)
+            update();
+    });
+}
+
+void ConnectionNotices::update()
+{
+    const bool saysMore = !m_strip.isEmpty() && m_strip.light() != NoticeStrip::Light::Green;
+    m_waiting = saysMore && !m_strip.isOf(this);
+    if (!m_waiting)
+        tell();
+}
+
+void ConnectionNotices::tell()
+{
+    const bool answered = !m_link.versionText().isEmpty();
+    if (!m_link.hasOpened()) {
+        tellNoPort();
+    } else if (answered && m_link.isTypeByHand()) {
+        tellChosen();
+    } else if (answered && m_link.ssiType() == kSsiTypeUnknown) {
+        tellNotIdentified();
+    } else if (m_strip.isOf(this)) {
+        m_strip.clear();
+    }
+}
+
+void ConnectionNotices::tellNoPort()
+{
+    m_strip.show({.text = [] { return languageString(strings::kWithoutPortNotice); },
+                  .buttons = {{.caption = strings::kSelectPort,
+                               .clicked = [this] { Q_EMIT commandWanted(kSelectPortCommand); }}},
+                  .owner = this});
+}
+
+void ConnectionNotices::tellNotIdentified()
+{
+    m_strip.show({.text =
+                      [revision = revisionOf(m_link.versionText())] {
+                          return languageString(strings::kNotIdentifiedNotice)
+                              .arg(hex(revision), QString::number(revision), rangesInWords());
+                      },
+                  .light = NoticeStrip::Light::Red,
+                  .buttons = {{.caption = strings::kSettingsTitle,
+                               .clicked = [this] { Q_EMIT commandWanted(kSettingsCommand); }},
+                              {.caption = strings::kUseAsType,
+                               .fill = [this](QMenu& menu) { fillTypes(menu); }}},
+                  .owner = this});
+}
+
+void ConnectionNotices::tellChosen()
+{
+    m_strip.show({.text =
+                      [revision = revisionOf(m_link.versionText()), type = m_link.ssiType()] {
+                          return languageString(strings::kChosenByHand)
+                              .arg(hex(revision), QString::number(type));
+                      },
+                  .buttons = {{.caption = strings::kSettingsTitle,
+                               .clicked = [this] { Q_EMIT commandWanted(kSettingsCommand); }}},
+                  .owner = this});
+}
+
+void ConnectionNotices::fillTypes(QMenu& menu)
+{
+    const auto addItem = [this, &menu](const QString& text, int type, auto use) {
+        connect(menu.addAction(text), &QAction::triggered, this,
+                [this, type, use] { (this->*use)(type); });
+    };
+    for (int type = 0; type < kSsiTypeCount; ++type)
+        addItem(languageString(strings::kTypeLabel).arg(type), type, &ConnectionNotices::useAs);
+    menu.addSeparator();
+    const auto bounds = revisionBounds();
+    const int revision = revisionOf(m_link.versionText());
+    for (int type = 0; type < kSsiTypeCount; ++type) {
+        const RevisionBounds& range = bounds[static_cast<std::size_t>(type)];
+        if (canWiden(bounds, type, revision)) {
+            addItem(wideningInWords(type, range, range.widenedTo(revision)), type,
+                    &ConnectionNotices::useAlways);
+        }
+    }
+}
+
+void ConnectionNotices::useAs(int type)
+{
+    m_link.chooseType(type);
+    Q_EMIT commandWanted(kConnectCommand);
+}
+
+/// A copy of the site's settings comes in their place only if the user wants that.
+void ConnectionNotices::useAlways(int type)
+{
+    const SettingsFile file(SettingsFile::placesOfThisRun());
+    const int revision = revisionOf(m_link.versionText());
+    if (!file.problem().isEmpty())
+        return m_gate.addNotice(file.problem());
+    if (file.replaced().isEmpty())
+        return widenRange(type, revision);
+    m_gate.addNotice({languageString(strings::kOwnSettingsFirst).arg(file.path(), file.replaced()),
+                      {languageString(strings::kOk), languageString(strings::kCancel)},
+                      [this, type, revision](int answer) {
+                          if (answer == 0)
+                              widenRange(type, revision);
+                      }});
+}
+
+void ConnectionNotices::widenRange(int type, int revision)
+{
+    SettingsFile file(SettingsFile::placesOfThisRun());
+    const Settings before = Settings::of(RegistryFile::parse(file.content(), file.path()));
+    Settings after = before;
+    const auto index = static_cast<std::size_t>(type);
+    const RevisionBounds wide = revisionBounds()[index].widenedTo(revision);
+    after.ranges[index] = {wide.low, wide.high};
+    RegistryFileEditor editor(file.content());
+    after.enter(editor, before);
+    if (const auto saved = file.save(editor.content()); !saved.isDone())
+        return m_gate.addNotice(saved.message());
+    Q_EMIT commandWanted(kConnectCommand);
+}
+
+} // namespace pelorin

@@ -1,0 +1,107 @@
+#include "app/Commands.h"
+#include "support/FileContent.h"
+#include "support/MainWindowRig.h"
+
+#include <QAction>
+#include <QMenu>
+
+using namespace pelorin;
+using namespace pelorin::test;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// The sensor answers with revision 3A, which is in no range.
+const QByteArray kOtherBounds = QByteArray(kSimulatedBounds).replace("0003", "0005");
+const QString kByHand = u"Revision 3A used as type 2, chosen by hand"_s;
+
+struct Rig : MainWindowRig
+{
+    Rig() { settings().write(kOtherBounds + kPlainWrites); }
+
+    [[nodiscard]] QString notice() { return page<QLabel>("noticeText").text(); }
+    [[nodiscard]] bool isNotIdentified()
+    {
+        start();
+        return waitFor([this] { return notice().startsWith(u"Not identified: "); }) && waitIdle();
+    }
+    /// The items of the menu that offers types.
+    [[nodiscard]] QStringList types()
+    {
+        QMenu& menu = *page<QPushButton>("noticeButton2").menu();
+        Q_EMIT menu.aboutToShow();
+        QStringList texts;
+        for (const QAction* item : menu.actions())
+            texts << item->text();
+        texts.removeAll(QString());
+        return texts;
+    }
+    void choose(const QString& text)
+    {
+        for (QAction* item : page<QPushButton>("noticeButton2").menu()->actions()) {
+            if (item->text() == text)
+                return item->trigger();
+        }
+    }
+    [[nodiscard]] bool isConnected(qsizetype times)
+    {
+        return waitFor([&] {
+                   return logged().count(u"SSI Type: 2"_s) == times && link().isIdentified();
+               }) &&
+               waitIdle();
+    }
+};
+
+} // namespace
+
+class TestConnectionNotices : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void typeChosenByHandHoldsForDeviceAndRevision()
+    {
+        Rig rig;
+        QVERIFY(rig.isNotIdentified());
+        QCOMPARE(rig.notice(),
+                 u"Not identified: the sensor answered with firmware revision 3A (decimal 58). "
+                 "Ranges set: type 0: 10 to 1F, type 1: 20 to 2F, type 2: 50 to 5F."_s);
+        QCOMPARE(rig.types(),
+                 QStringList({u"Type 0"_s, u"Type 1"_s, u"Type 2"_s,
+                              u"Always type 1: from now on 20 to 3A, so far 20 to 2F"_s,
+                              u"Always type 2: from now on 3A to 5F, so far 50 to 5F"_s}));
+        rig.choose(u"Type 2"_s);
+        QVERIFY(rig.isConnected(1));
+        QCOMPARE(rig.notice(), u"Firmware revision 3A is used as type 2: chosen by hand."_s);
+        QVERIFY(rig.clickCommand(kConnectCommand));
+        QVERIFY(rig.isConnected(2));
+        const QStringList lines = rig.logged();
+        QCOMPARE(lines.count(kByHand), 2);
+        QCOMPARE(lines.at(lines.lastIndexOf(u"SSI Type: 2"_s) - 1), kByHand);
+
+        // Another revision answers, then the first one again.
+        QVERIFY(rig.link().isTypeByHand());
+        rig.sensor().setParameter('V', "4A0203");
+        QVERIFY(rig.clickCommand(kConnectCommand));
+        QVERIFY(waitFor([&rig] { return rig.notice().contains(u"revision 4A"); }));
+        rig.sensor().setParameter('V', "3A0203");
+        QVERIFY(rig.waitIdle() && rig.clickCommand(kConnectCommand));
+        QVERIFY(waitFor([&rig] { return rig.notice().contains(u"revision 3A"); }));
+        QVERIFY(!rig.link().isIdentified());
+    }
+
+    void typeChosenForGoodWidensItsRange()
+    {
+        Rig rig;
+        QVERIFY(rig.isNotIdentified());
+        (void)rig.types();
+        rig.choose(u"Always type 2: from now on 3A to 5F, so far 50 to 5F"_s);
+        QVERIFY(rig.isConnected(1));
+        QCOMPARE(rig.notice(), QString());
+        QVERIFY(!rig.logged().contains(kByHand) && !rig.link().isTypeByHand());
+        QVERIFY(contentOf(rig.settings().path()).contains("\"Type2Low\"=dword:0000003a\r\n"));
+    }
+};
+
+QTEST_MAIN(TestConnectionNotices)
+#include "TestConnectionNotices.moc"
