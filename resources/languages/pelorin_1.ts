@@ -1715,5 +1715,10 @@ Without that it cannot be put back. Write all the same?</translation>
         <extracomment>Unit</extracomment>
         <translation>s</translation>
     </message>
+    <message id="2200">
+        <source>The log keeps its newest lines, up to 256 MB. Older lines that are gone: %1</source>
+        <extracomment>Note above the communications log; %1 number of lines</extracomment>
+        <translation>The log keeps its newest lines, up to 256 MB. Older lines that are gone: %1</translation>
+    </message>
 </context>
 </TS>

@@ -1715,5 +1715,10 @@ Senza di ciò non può essere ripristinato. Scrivere comunque?</translation>
         <extracomment>Unit</extracomment>
         <translation>s</translation>
     </message>
+    <message id="2200">
+        <source>The log keeps its newest lines, up to 256 MB. Older lines that are gone: %1</source>
+        <extracomment>Note above the communications log; %1 number of lines</extracomment>
+        <translation>Il registro conserva le righe più recenti, fino a 256 MB. Righe più vecchie che non esistono più: %1</translation>
+    </message>
 </context>
 </TS>

@@ -1715,5 +1715,10 @@ Ohne das kann es nicht zurückgeschrieben werden. Trotzdem schreiben?</translati
         <extracomment>Unit</extracomment>
         <translation>s</translation>
     </message>
+    <message id="2200">
+        <source>The log keeps its newest lines, up to 256 MB. Older lines that are gone: %1</source>
+        <extracomment>Note above the communications log; %1 number of lines</extracomment>
+        <translation>Das Protokoll behält seine neuesten Zeilen, bis zu 256 MB. Ältere Zeilen, die es nicht mehr gibt: %1</translation>
+    </message>
 </context>
 </TS>

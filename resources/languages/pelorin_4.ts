@@ -1715,5 +1715,10 @@ Sans cela, il ne peut pas être rétabli. Écrire malgré tout ?</translation>
         <extracomment>Unit</extracomment>
         <translation>s</translation>
     </message>
+    <message id="2200">
+        <source>The log keeps its newest lines, up to 256 MB. Older lines that are gone: %1</source>
+        <extracomment>Note above the communications log; %1 number of lines</extracomment>
+        <translation>Le journal garde ses lignes les plus récentes, jusqu'à 256 Mo. Lignes plus anciennes qui n'existent plus : %1</translation>
+    </message>
 </context>
 </TS>

@@ -1715,5 +1715,10 @@ Sin eso no se puede restablecer. ¿Escribir de todos modos?</translation>
         <extracomment>Unit</extracomment>
         <translation>s</translation>
     </message>
+    <message id="2200">
+        <source>The log keeps its newest lines, up to 256 MB. Older lines that are gone: %1</source>
+        <extracomment>Note above the communications log; %1 number of lines</extracomment>
+        <translation>El registro conserva sus líneas más recientes, hasta 256 MB. Líneas más antiguas que ya no existen: %1</translation>
+    </message>
 </context>
 </TS>
