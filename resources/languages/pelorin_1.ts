@@ -900,9 +900,9 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <translation>The sensor answered, but its firmware revision %1 lies in none of the configured ranges. Check your site's bounds in the settings.</translation>
     </message>
     <message id="1031">
-        <source>COM%1 could not be closed: its device does not react. Until it does, no program can open this port. Unplug the adapter.</source>
-        <extracomment>%1 port number</extracomment>
-        <translation>COM%1 could not be closed: its device does not react. Until it does, no program can open this port. Unplug the adapter.</translation>
+        <source>%1 could not be closed: its device does not react. Until it does, no program can open this port. Unplug the adapter.</source>
+        <extracomment>%1 name of the port</extracomment>
+        <translation>%1 could not be closed: its device does not react. Until it does, no program can open this port. Unplug the adapter.</translation>
     </message>
     <message id="1100">
         <source>The sensor is not identified. Connect it before its position is shown.</source>

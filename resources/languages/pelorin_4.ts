@@ -900,9 +900,9 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <translation>Le capteur a répondu, mais sa révision de firmware %1 n'est dans aucune des plages configurées. Vérifiez les limites de votre site dans les réglages.</translation>
     </message>
     <message id="1031">
-        <source>COM%1 could not be closed: its device does not react. Until it does, no program can open this port. Unplug the adapter.</source>
-        <extracomment>%1 port number</extracomment>
-        <translation>COM%1 n'a pas pu être fermé : son périphérique ne réagit pas. Tant qu'il ne réagit pas, aucun programme ne peut ouvrir ce port. Débranchez l'adaptateur.</translation>
+        <source>%1 could not be closed: its device does not react. Until it does, no program can open this port. Unplug the adapter.</source>
+        <extracomment>%1 name of the port</extracomment>
+        <translation>%1 n'a pas pu être fermé : son périphérique ne réagit pas. Tant qu'il ne réagit pas, aucun programme ne peut ouvrir ce port. Débranchez l'adaptateur.</translation>
     </message>
     <message id="1100">
         <source>The sensor is not identified. Connect it before its position is shown.</source>

@@ -900,9 +900,9 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <translation>El sensor respondió, pero su revisión de firmware %1 no está en ninguno de los intervalos configurados. Compruebe los límites de su instalación en los ajustes.</translation>
     </message>
     <message id="1031">
-        <source>COM%1 could not be closed: its device does not react. Until it does, no program can open this port. Unplug the adapter.</source>
-        <extracomment>%1 port number</extracomment>
-        <translation>No se pudo cerrar COM%1: su dispositivo no reacciona. Mientras no lo haga, ningún programa puede abrir este puerto. Desconecte el adaptador.</translation>
+        <source>%1 could not be closed: its device does not react. Until it does, no program can open this port. Unplug the adapter.</source>
+        <extracomment>%1 name of the port</extracomment>
+        <translation>No se pudo cerrar %1: su dispositivo no reacciona. Mientras no lo haga, ningún programa puede abrir este puerto. Desconecte el adaptador.</translation>
     </message>
     <message id="1100">
         <source>The sensor is not identified. Connect it before its position is shown.</source>
