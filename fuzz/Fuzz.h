@@ -1,0 +1,50 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+#include <sys/mman.h>
+#include <unistd.h>
+
+#include <cstdint>
+#include <cstdlib>
+
+/// Defined by each target: does with bytes from outside what the program does with them.
+void take(const QByteArray& bytes);
+
+namespace pelorin::fuzz {
+
+/// Ends the target with a finding unless something holds.
+inline void require(bool holds)
+{
+    if (!holds)
+        std::abort();
+}
+
+/// A file without a place in a folder.
+class File
+{
+public:
+    explicit File(const QByteArray& content) : m_fd(memfd_create("fuzz", MFD_CLOEXEC))
+    {
+        require(write(m_fd, content.constData(), static_cast<std::size_t>(content.size())) ==
+                content.size());
+    }
+    File(const File&) = delete;
+    File& operator=(const File&) = delete;
+    ~File() { (void)close(m_fd); }
+
+    [[nodiscard]] QString path() const { return QStringLiteral("/proc/self/fd/%1").arg(m_fd); }
+
+private:
+    const int m_fd;
+};
+
+} // namespace pelorin::fuzz
+
+// Whatever begins here is found by the linker: each target has one source file.
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+{
+    take(QByteArray(reinterpret_cast<const char*>(data), static_cast<qsizetype>(size)));
+    return 0;
+}
