@@ -5,9 +5,22 @@
 #include "sensor/ParameterWords.h"
 #include "sensor/SensorTypes.h"
 
+#include <QCoreApplication>
+#include <QTranslator>
+
 using namespace pelorin;
 
 namespace {
+
+/// Some text for every number: a fault without one is none.
+struct AnyText final : QTranslator
+{
+    bool isEmpty() const override { return false; }
+    QString translate(const char*, const char*, const char*, int) const override
+    {
+        return QStringLiteral("text %1 %2 %3");
+    }
+};
 
 /// Whatever a page makes of replies: shows them, and writes them back as they are.
 void showAndCompose(const QList<QByteArray>& replies, std::string_view ids)
@@ -38,6 +51,14 @@ void showAndCompose(const QList<QByteArray>& replies, std::string_view ids)
 }
 
 } // namespace
+
+extern "C" int LLVMFuzzerInitialize(int* argc, char*** argv)
+{
+    static const QCoreApplication application(*argc, *argv);
+    static AnyText texts;
+    fuzz::require(QCoreApplication::installTranslator(&texts));
+    return 0;
+}
 
 void take(const QByteArray& bytes)
 {
