@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QCoreApplication>
 #include <QString>
 
 #include <sys/mman.h>
@@ -42,9 +43,13 @@ private:
 
 } // namespace pelorin::fuzz
 
-// Whatever begins here is found by the linker: each target has one source file.
+// Each target has one source file, so that this is there once.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
+    static int count = 1;
+    static char name[] = "fuzz";
+    static char* arguments[] = {name, nullptr};
+    static const QCoreApplication application(count, arguments);
     take(QByteArray(reinterpret_cast<const char*>(data), static_cast<qsizetype>(size)));
     return 0;
 }

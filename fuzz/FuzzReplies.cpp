@@ -5,7 +5,6 @@
 #include "sensor/ParameterWords.h"
 #include "sensor/SensorTypes.h"
 
-#include <QCoreApplication>
 #include <QTranslator>
 
 using namespace pelorin;
@@ -52,16 +51,11 @@ void showAndCompose(const QList<QByteArray>& replies, std::string_view ids)
 
 } // namespace
 
-extern "C" int LLVMFuzzerInitialize(int* argc, char*** argv)
-{
-    static const QCoreApplication application(*argc, *argv);
-    static AnyText texts;
-    fuzz::require(QCoreApplication::installTranslator(&texts));
-    return 0;
-}
-
 void take(const QByteArray& bytes)
 {
+    static AnyText texts;
+    static const bool isInstalled = QCoreApplication::installTranslator(&texts);
+    fuzz::require(isInstalled);
     for (int type = 0; type < 3; ++type)
         showAndCompose(bytes.split('\r'), sensorType(type).information);
 }
