@@ -6,6 +6,7 @@
 
 #include "OwnFolders.h"
 
+#include "app/Commands.h"
 #include "platform/core/Pacing.h"
 #include "platform/core/TermiosComPort.h"
 #include "sensor/FormatRestore.h"
@@ -103,11 +104,17 @@ public:
             return false;
         m_rig.sensor().clearFaults();
         m_rig.sensor().comeBack();
-        return waitFor([&] {
-                   return m_rig.link().isIdentified() &&
-                          m_rig.statusText() == QLatin1String("Ready.");
-               }) &&
-               m_rig.waitIdle();
+        const auto isConnected = [this] {
+            return m_rig.link().isIdentified() && m_rig.statusText() == QLatin1String("Ready.");
+        };
+        // On a loaded machine the sensor may miss a Connect, as one may whose supply is slow.
+        for (int attempts = 0; attempts < 3; ++attempts) {
+            if (waitFor(isConnected))
+                return m_rig.waitIdle();
+            std::printf("window: %s\n", qPrintable(m_rig.statusText()));
+            (void)m_rig.clickCommand(kConnectCommand);
+        }
+        return false;
     }
 
 private:

@@ -56,6 +56,6 @@ void take(const QByteArray& bytes)
     static AnyText texts;
     static const bool isInstalled = QCoreApplication::installTranslator(&texts);
     fuzz::require(isInstalled);
-    for (int type = 0; type < 3; ++type)
-        showAndCompose(bytes.split('\r'), sensorType(type).information);
+    const int type = static_cast<int>(bytes.size() % 3);
+    showAndCompose(bytes.split('\r'), sensorType(type).information);
 }
