@@ -111,8 +111,9 @@ void CommLogPage::showDroppedLines() const
 {
     const qint64 dropped = m_model->lines().droppedLines();
     QLabel& label = *getControl<QLabel>(kDroppedLabel);
-    label.setText(languageString(strings::kDroppedLines).arg(dropped));
     label.setVisible(dropped > 0);
+    if (dropped > 0)
+        label.setText(languageString(strings::kDroppedLines).arg(dropped));
 }
 
 void CommLogPage::clearLog()
