@@ -98,16 +98,15 @@ public:
     {
         const int losses = m_rig.link().lossCount();
         m_rig.link().commLog().clear(); // it grows, as it should
-        m_rig.sensor().setFault({SimulatedFault::Kind::Vanish}, "L");
         m_rig.clickRefresh();
+        m_rig.sensor().vanish();
         if (!m_works || !waitFor([&] { return m_rig.link().lossCount() > losses; }))
             return false;
-        m_rig.sensor().clearFaults();
         m_rig.sensor().comeBack();
         const auto isConnected = [this] {
             return m_rig.link().isIdentified() && m_rig.statusText() == QLatin1String("Ready.");
         };
-        // On a loaded machine the sensor may miss a Connect, as one may whose supply is slow.
+        // On a loaded machine an answer may come too late.
         for (int attempts = 0; attempts < 3; ++attempts) {
             if (waitFor(isConnected))
                 return m_rig.waitIdle();

@@ -3,6 +3,7 @@
 #include <QByteArray>
 #include <QCoreApplication>
 #include <QString>
+#include <QTranslator>
 
 #include <sys/mman.h>
 #include <unistd.h>
@@ -21,6 +22,16 @@ inline void require(bool holds)
     if (!holds)
         std::abort();
 }
+
+/// Some text for every number: a fault without one is none.
+struct AnyText final : QTranslator
+{
+    bool isEmpty() const override { return false; }
+    QString translate(const char*, const char*, const char*, int) const override
+    {
+        return QStringLiteral("text %1 %2 %3");
+    }
+};
 
 /// A file without a place in a folder.
 class File
@@ -50,6 +61,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     static char name[] = "fuzz";
     static char* arguments[] = {name, nullptr};
     static const QCoreApplication application(count, arguments);
+    static pelorin::fuzz::AnyText texts;
+    static const bool isInstalled = QCoreApplication::installTranslator(&texts);
+    pelorin::fuzz::require(isInstalled);
     take(QByteArray(reinterpret_cast<const char*>(data), static_cast<qsizetype>(size)));
     return 0;
 }

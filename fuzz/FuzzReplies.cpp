@@ -5,21 +5,9 @@
 #include "sensor/ParameterWords.h"
 #include "sensor/SensorTypes.h"
 
-#include <QTranslator>
-
 using namespace pelorin;
 
 namespace {
-
-/// Some text for every number: a fault without one is none.
-struct AnyText final : QTranslator
-{
-    bool isEmpty() const override { return false; }
-    QString translate(const char*, const char*, const char*, int) const override
-    {
-        return QStringLiteral("text %1 %2 %3");
-    }
-};
 
 /// Whatever a page makes of replies: shows them, and writes them back as they are.
 void showAndCompose(const QList<QByteArray>& replies, std::string_view ids)
@@ -54,9 +42,6 @@ void showAndCompose(const QList<QByteArray>& replies, std::string_view ids)
 
 void take(const QByteArray& bytes)
 {
-    static AnyText texts;
-    static const bool isInstalled = QCoreApplication::installTranslator(&texts);
-    fuzz::require(isInstalled);
     const int type = static_cast<int>(bytes.size() % 3);
     showAndCompose(bytes.split('\r'), sensorType(type).information);
 }
