@@ -899,9 +899,9 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <translation>The sensor answered, but its firmware revision %1 lies in none of the configured ranges. Check your site's bounds in the settings.</translation>
     </message>
     <message id="1031">
-        <source>COM%1 could not be closed: its device does not react. Until it does, no program can open this port. Unplug the adapter.</source>
-        <extracomment>%1 port number</extracomment>
-        <translation>COM%1 could not be closed: its device does not react. Until it does, no program can open this port. Unplug the adapter.</translation>
+        <source>%1 could not be closed: its device does not react. Until it does, no program can open this port. Unplug the adapter.</source>
+        <extracomment>%1 name of the port</extracomment>
+        <translation>%1 could not be closed: its device does not react. Until it does, no program can open this port. Unplug the adapter.</translation>
     </message>
     <message id="1100">
         <source>The sensor is not identified. Connect it before its position is shown.</source>
@@ -2166,6 +2166,11 @@ From then on %1 is read, and %2 no longer.</translation>
         <source>The settings file %1 does not exist.</source>
         <extracomment>%1 path</extracomment>
         <translation>The settings file %1 does not exist.</translation>
+    </message>
+    <message id="2200">
+        <source>The log keeps its newest lines, up to 256 MB. Older lines that are gone: %1</source>
+        <extracomment>Note above the communications log; %1 number of lines</extracomment>
+        <translation>The log keeps its newest lines, up to 256 MB. Older lines that are gone: %1</translation>
     </message>
 </context>
 </TS>

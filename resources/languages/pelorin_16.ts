@@ -899,9 +899,9 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <translation>Il sensore ha risposto, ma la sua revisione del firmware %1 non rientra in nessuno degli intervalli configurati. Controllare i limiti del proprio impianto nelle impostazioni.</translation>
     </message>
     <message id="1031">
-        <source>COM%1 could not be closed: its device does not react. Until it does, no program can open this port. Unplug the adapter.</source>
-        <extracomment>%1 port number</extracomment>
-        <translation>Impossibile chiudere COM%1: il suo dispositivo non reagisce. Finché non lo fa, nessun programma può aprire questa porta. Scollegare l'adattatore.</translation>
+        <source>%1 could not be closed: its device does not react. Until it does, no program can open this port. Unplug the adapter.</source>
+        <extracomment>%1 name of the port</extracomment>
+        <translation>Impossibile chiudere %1: il suo dispositivo non reagisce. Finché non lo fa, nessun programma può aprire questa porta. Scollegare l'adattatore.</translation>
     </message>
     <message id="1100">
         <source>The sensor is not identified. Connect it before its position is shown.</source>
@@ -2166,6 +2166,11 @@ Da allora viene letto %1, e %2 non più.</translation>
         <source>The settings file %1 does not exist.</source>
         <extracomment>%1 path</extracomment>
         <translation>Il file delle impostazioni %1 non esiste.</translation>
+    </message>
+    <message id="2200">
+        <source>The log keeps its newest lines, up to 256 MB. Older lines that are gone: %1</source>
+        <extracomment>Note above the communications log; %1 number of lines</extracomment>
+        <translation>Il registro conserva le righe più recenti, fino a 256 MB. Righe più vecchie che non esistono più: %1</translation>
     </message>
 </context>
 </TS>

@@ -899,9 +899,9 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <translation>Der Sensor hat geantwortet, aber seine Firmware-Revision %1 liegt in keinem der eingestellten Bereiche. Prüfen Sie die Grenzen Ihres Standorts in den Einstellungen.</translation>
     </message>
     <message id="1031">
-        <source>COM%1 could not be closed: its device does not react. Until it does, no program can open this port. Unplug the adapter.</source>
-        <extracomment>%1 port number</extracomment>
-        <translation>COM%1 konnte nicht geschlossen werden: Das Gerät reagiert nicht. Solange es das nicht tut, kann kein Programm diesen Anschluss öffnen. Ziehen Sie den Adapter ab.</translation>
+        <source>%1 could not be closed: its device does not react. Until it does, no program can open this port. Unplug the adapter.</source>
+        <extracomment>%1 name of the port</extracomment>
+        <translation>%1 konnte nicht geschlossen werden: Das Gerät reagiert nicht. Solange es das nicht tut, kann kein Programm diesen Anschluss öffnen. Ziehen Sie den Adapter ab.</translation>
     </message>
     <message id="1100">
         <source>The sensor is not identified. Connect it before its position is shown.</source>
@@ -2166,6 +2166,11 @@ Von da an wird %1 gelesen und %2 nicht mehr.</translation>
         <source>The settings file %1 does not exist.</source>
         <extracomment>%1 path</extracomment>
         <translation>Die Einstellungsdatei %1 gibt es nicht.</translation>
+    </message>
+    <message id="2200">
+        <source>The log keeps its newest lines, up to 256 MB. Older lines that are gone: %1</source>
+        <extracomment>Note above the communications log; %1 number of lines</extracomment>
+        <translation>Das Protokoll behält seine neuesten Zeilen, bis zu 256 MB. Ältere Zeilen, die es nicht mehr gibt: %1</translation>
     </message>
 </context>
 </TS>

@@ -899,9 +899,9 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <translation>Le capteur a répondu, mais sa révision de firmware %1 n'est dans aucune des plages configurées. Vérifiez les limites de votre site dans les réglages.</translation>
     </message>
     <message id="1031">
-        <source>COM%1 could not be closed: its device does not react. Until it does, no program can open this port. Unplug the adapter.</source>
-        <extracomment>%1 port number</extracomment>
-        <translation>COM%1 n'a pas pu être fermé : son périphérique ne réagit pas. Tant qu'il ne réagit pas, aucun programme ne peut ouvrir ce port. Débranchez l'adaptateur.</translation>
+        <source>%1 could not be closed: its device does not react. Until it does, no program can open this port. Unplug the adapter.</source>
+        <extracomment>%1 name of the port</extracomment>
+        <translation>%1 n'a pas pu être fermé : son périphérique ne réagit pas. Tant qu'il ne réagit pas, aucun programme ne peut ouvrir ce port. Débranchez l'adaptateur.</translation>
     </message>
     <message id="1100">
         <source>The sensor is not identified. Connect it before its position is shown.</source>
@@ -2166,6 +2166,11 @@ Désormais %1 est lu, et %2 ne l'est plus.</translation>
         <source>The settings file %1 does not exist.</source>
         <extracomment>%1 path</extracomment>
         <translation>Le fichier de réglages %1 n'existe pas.</translation>
+    </message>
+    <message id="2200">
+        <source>The log keeps its newest lines, up to 256 MB. Older lines that are gone: %1</source>
+        <extracomment>Note above the communications log; %1 number of lines</extracomment>
+        <translation>Le journal garde ses lignes les plus récentes, jusqu'à 256 Mo. Lignes plus anciennes qui n'existent plus : %1</translation>
     </message>
 </context>
 </TS>

@@ -899,9 +899,9 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <translation>El sensor respondió, pero su revisión de firmware %1 no está en ninguno de los intervalos configurados. Compruebe los límites de su instalación en los ajustes.</translation>
     </message>
     <message id="1031">
-        <source>COM%1 could not be closed: its device does not react. Until it does, no program can open this port. Unplug the adapter.</source>
-        <extracomment>%1 port number</extracomment>
-        <translation>No se pudo cerrar COM%1: su dispositivo no reacciona. Mientras no lo haga, ningún programa puede abrir este puerto. Desconecte el adaptador.</translation>
+        <source>%1 could not be closed: its device does not react. Until it does, no program can open this port. Unplug the adapter.</source>
+        <extracomment>%1 name of the port</extracomment>
+        <translation>No se pudo cerrar %1: su dispositivo no reacciona. Mientras no lo haga, ningún programa puede abrir este puerto. Desconecte el adaptador.</translation>
     </message>
     <message id="1100">
         <source>The sensor is not identified. Connect it before its position is shown.</source>
@@ -2166,6 +2166,11 @@ Desde entonces se lee %1, y %2 ya no.</translation>
         <source>The settings file %1 does not exist.</source>
         <extracomment>%1 path</extracomment>
         <translation>El archivo de ajustes %1 no existe.</translation>
+    </message>
+    <message id="2200">
+        <source>The log keeps its newest lines, up to 256 MB. Older lines that are gone: %1</source>
+        <extracomment>Note above the communications log; %1 number of lines</extracomment>
+        <translation>El registro conserva sus líneas más recientes, hasta 256 MB. Líneas más antiguas que ya no existen: %1</translation>
     </message>
 </context>
 </TS>

@@ -36,7 +36,8 @@ ConnectionSupervisor::ConnectionSupervisor(QWidget& window, const Shared& shared
     m_reconnectTimer.setInterval(Pacing::pause(kReconnectPeriod));
     connect(&m_reconnectTimer, &QTimer::timeout, this, &ConnectionSupervisor::onReconnectTimer);
     connect(&m_runner, &SequenceRunner::portStuck, this, [this](int number) {
-        m_gate.addNotice(languageString(strings::kPortStuck).arg(number));
+        m_gate.addNotice(
+            languageString(strings::kPortStuck).arg(QStringLiteral("COM%1").arg(number)));
     });
 }
 

@@ -322,6 +322,8 @@ void PelorinMainWindow::showDisplayUnit()
     if (!m_displayUnit) {
         m_displayUnit = new DisplayUnitDialog(this, m_factory, m_link.openedPort());
         m_displayUnit->setAttribute(Qt::WA_DeleteOnClose);
+        connect(m_displayUnit, &DisplayUnitDialog::portStuck, this,
+                [this](const QString& text) { m_gate.addNotice(text); });
         connect(m_displayUnit, &QDialog::finished, this, [this] {
             m_displayUnit.clear();
             m_gate.wake();

@@ -217,8 +217,10 @@ void DisplayUnitDialog::closeLink()
 }
 
 /// The port is closed, or left to a worker that is stuck.
-void DisplayUnitDialog::onClosed()
+void DisplayUnitDialog::onClosed(int result)
 {
+    if (result != 1)
+        Q_EMIT portStuck(languageString(strings::kPortStuck).arg(m_link.portName()));
     m_link.setReplyTarget(nullptr, 0);
     if (m_messageBox)
         m_messageBox->close();
@@ -235,7 +237,7 @@ void DisplayUnitDialog::customEvent(QEvent* event)
     if (request == 0) {
         collectMessage();
     } else if (request == m_closing) {
-        onClosed();
+        onClosed(result);
     } else if (m_closing != 0) {
         return; // cut short
     } else if (request == m_setUp) {

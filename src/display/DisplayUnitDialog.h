@@ -37,6 +37,10 @@ public:
     void translate() override;
     void done(int result) override;
 
+Q_SIGNALS:
+    /// The port could not be closed, since its device does not react; the dialog ends all the same.
+    void portStuck(const QString& text);
+
 protected:
     void setupTranslationMap() override;
     void onInitDialog() override;
@@ -50,7 +54,7 @@ private:
     void requestNext();
     void onCompletion(int result);
     void closeLink();
-    void onClosed();
+    void onClosed(int result);
     void apply();
     void showOutcome(int text);
     void collectMessage();

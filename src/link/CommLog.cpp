@@ -8,23 +8,41 @@ namespace pelorin {
 void CommLog::append(const QString& line)
 {
     const QByteArray utf8 = line.toUtf8();
+    Blocks dropped; // freed after the lock, here as below: an append must not wait for it
     const std::lock_guard lock(m_mutex);
     m_last.text.append(utf8.constData(), static_cast<std::size_t>(utf8.size()));
     m_last.ends.push_back(static_cast<std::uint32_t>(m_last.text.size()));
     m_longestLine = std::max(m_longestLine, static_cast<int>(utf8.size()));
     if (m_last.ends.size() == kLinesPerBlock) {
         m_last.text.shrink_to_fit();
+        m_bytes += m_last.bytes();
         m_full.push_back(std::make_shared<const Block>(std::exchange(m_last, Block())));
+        dropped = takeTooMany();
     }
+}
+
+/// Takes the oldest blocks away that there is no room for.
+CommLog::Blocks CommLog::takeTooMany()
+{
+    Blocks oldest;
+    while (m_bytes > kMostBytes) {
+        m_bytes -= m_full.front()->bytes();
+        m_droppedLines += static_cast<qint64>(kLinesPerBlock);
+        oldest.push_back(std::move(m_full.front()));
+        m_full.erase(m_full.begin());
+    }
+    return oldest;
 }
 
 void CommLog::clear()
 {
-    Blocks dropped; // freed after the lock: an append must not wait for it
+    Blocks dropped;
     const std::lock_guard lock(m_mutex);
     dropped.swap(m_full);
     m_last = Block();
+    m_bytes = 0;
     m_longestLine = 0;
+    m_droppedLines = 0;
 }
 
 CommLog::Snapshot CommLog::snapshot() const
@@ -36,6 +54,7 @@ CommLog::Snapshot CommLog::snapshot() const
     result.m_blocks.push_back(std::make_shared<const Block>(m_last));
     result.m_size = static_cast<int>(m_full.size() * kLinesPerBlock + m_last.ends.size());
     result.m_longestLine = m_longestLine;
+    result.m_droppedLines = m_droppedLines;
     return result;
 }
 

@@ -10,7 +10,8 @@
 
 namespace pelorin {
 
-/// The communications log: one line per frame or serial error, oldest first, without limit.
+/// The communications log: one line per frame or serial error, oldest first. A stream fills it day
+/// and night: beyond 256 MB of memory the oldest block of lines is dropped.
 /// Any thread may append, clear and take a snapshot at any time; none waits long for another,
 /// since a snapshot shares all full blocks of lines and copies only the last one.
 class CommLog
@@ -19,6 +20,11 @@ class CommLog
     {
         std::string text;                ///< the lines one after the other, UTF-8
         std::vector<std::uint32_t> ends; ///< where each line ends in text
+
+        [[nodiscard]] std::size_t bytes() const
+        {
+            return text.capacity() + ends.capacity() * sizeof(std::uint32_t);
+        }
     };
     using Blocks = std::vector<std::shared_ptr<const Block>>;
 
@@ -32,12 +38,15 @@ public:
         [[nodiscard]] QString line(int index) const;
         /// Length in bytes of the longest line that the log has held since it was last cleared.
         [[nodiscard]] int longestLine() const { return m_longestLine; }
+        /// How many lines older than the first have been dropped since the log was last cleared.
+        [[nodiscard]] qint64 droppedLines() const { return m_droppedLines; }
 
     private:
         friend class CommLog;
         Blocks m_blocks;
         int m_size = 0;
         int m_longestLine = 0;
+        qint64 m_droppedLines = 0;
     };
 
     void append(const QString& line);
@@ -46,11 +55,16 @@ public:
 
 private:
     static constexpr std::size_t kLinesPerBlock = 2048;
+    static constexpr std::size_t kMostBytes = std::size_t{256} * 1024 * 1024;
+
+    [[nodiscard]] Blocks takeTooMany();
 
     mutable std::mutex m_mutex; ///< guards all fields
     Blocks m_full;
     Block m_last;
+    std::size_t m_bytes = 0; ///< that the full blocks take
     int m_longestLine = 0;
+    qint64 m_droppedLines = 0;
 };
 
 } // namespace pelorin

@@ -1,8 +1,8 @@
 #include "link/FollowedStream.h"
 
 #include "link/SensorProtocol.h"
-#include "platform/core/ComPort.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace pelorin {
@@ -24,10 +24,14 @@ void FollowedStream::begin(RequestWorker::Context& context, const PositionScale&
 {
     (void)takeFrames(); // of an earlier stream
     m_follower.emplace(scale, byteTime, Clock::now());
-    context.follow([this](auto& running) {
-        const int error = take(running.port());
+    context.follow([this, byteTime](auto& running) {
+        const auto [error, bytes] = take(running.port());
         const auto now = Clock::now();
-        const auto pause = error == 0 ? m_follower->untilWhole() : kPauseAfterError;
+        // A device on a line that is none could send without end: of what it sends no more is
+        // taken than the line brings, but so much more that what was held up is caught up.
+        const auto atLine = byteTime * static_cast<long>(bytes.size()) / 2;
+        const auto pause =
+            error == 0 ? std::max(m_follower->untilWhole(), atLine) : kPauseAfterError;
         return RequestWorker::FollowTimes{now + pause, handOver(now)};
     });
 }
@@ -46,18 +50,17 @@ void FollowedStream::beginAgain()
 
 std::optional<double> FollowedStream::readPosition(ComPort& port, SensorProtocol& protocol)
 {
-    (void)take(port); // what hinders it hinders the read, too
+    take(port); // what hinders it hinders the read, too
     if (!protocol.awaitPosition(*m_follower))
         return std::nullopt;
     return m_follower->newestPosition();
 }
 
-/// @return 0 or the system's error code
-int FollowedStream::take(ComPort& port)
+ComPort::TakeResult FollowedStream::take(ComPort& port)
 {
-    const auto taken = port.take();
+    auto taken = port.take();
     m_follower->take(taken.bytes, Clock::now());
-    return taken.error;
+    return taken;
 }
 
 /// Gives what has come to the user-interface thread, if it is time for it.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "link/StreamFollower.h"
+#include "platform/core/ComPort.h"
 #include "platform/core/MessageTarget.h"
 #include "platform/core/RequestWorker.h"
 
@@ -38,7 +39,7 @@ public:
 private:
     using TimePoint = StreamFollower::TimePoint;
 
-    [[nodiscard]] int take(ComPort& port);
+    ComPort::TakeResult take(ComPort& port);
     [[nodiscard]] TimePoint handOver(TimePoint now);
 
     const MessageTarget::Poster m_told;

@@ -12,6 +12,7 @@
 #include <QClipboard>
 #include <QFontDatabase>
 #include <QGuiApplication>
+#include <QLabel>
 #include <QListView>
 #include <QPushButton>
 #include <QScrollBar>
@@ -28,6 +29,7 @@ namespace {
 constexpr int kLogList = 1032;
 constexpr int kClearButton = 1033;
 constexpr int kSaveButton = 1034;
+constexpr int kDroppedLabel = 2032;
 
 /// Makes every line as wide as the longest: the list asks for the size of one line only, and
 /// scrolls sideways as far as that.
@@ -95,11 +97,23 @@ void CommLogPage::translate()
 {
     SensorPage::translate();
     m_copyAction->setText(languageString(strings::kCopy));
+    showDroppedLines();
 }
 
 void CommLogPage::getCurrentValues()
 {
     m_model->setLines(link().commLog().snapshot());
+    showDroppedLines();
+}
+
+/// Says how many lines are gone; in no line of its own, which would be saved and copied.
+void CommLogPage::showDroppedLines() const
+{
+    const qint64 dropped = m_model->lines().droppedLines();
+    QLabel& label = *getControl<QLabel>(kDroppedLabel);
+    label.setVisible(dropped > 0);
+    if (dropped > 0)
+        label.setText(languageString(strings::kDroppedLines).arg(dropped));
 }
 
 void CommLogPage::clearLog()

@@ -26,6 +26,7 @@ protected:
     void translate() override;
 
 private:
+    void showDroppedLines() const;
     void clearLog();
     void copySelectedLines() const;
     void saveToDisk();

@@ -61,7 +61,8 @@ public:
     /// What the offset can become, if it is as it was read.
     [[nodiscard]] std::optional<OffsetChoice> offsetToChoose(const Texts& entries) const;
 
-    /// The data text that is written for a parameter; of rows without a fault.
+    /// The data text that is written for a parameter; of rows without a fault, and not for an
+    /// offset that is to be chosen.
     [[nodiscard]] QByteArray composeWriteValue(char id, const Texts& entries) const;
 
 private:

@@ -85,11 +85,11 @@ SensorValues valuesOf(const QJsonObject& object)
     return values;
 }
 
-/// Tells whether the file of values is still whole.
-QString digestOf(const QByteArray& values)
+/// Tells whether the values are still whole, whatever rewrote the ends of the lines.
+QString digestOf(const SensorValues& values)
 {
     return QString::fromLatin1(
-        QCryptographicHash::hash(values, QCryptographicHash::Sha256).toHex());
+        QCryptographicHash::hash(BackupFile::textOf(values), QCryptographicHash::Sha256).toHex());
 }
 
 QByteArray textOf(const JournalEntry& entry)
@@ -102,7 +102,7 @@ QByteArray textOf(const JournalEntry& entry)
                        {QStringLiteral("chosenByHand"), entry.typeChosen},
                        {QStringLiteral("by"), kWriters.wordOf(entry.by)},
                        {QStringLiteral("written"), objectOf(entry.written)},
-                       {QStringLiteral("values"), digestOf(BackupFile::textOf(entry.values))}};
+                       {QStringLiteral("values"), digestOf(entry.values)}};
     if (entry.end) {
         object.insert(QStringLiteral("outcome"), kKinds.wordOf(entry.end->kind));
         object.insert(QStringLiteral("reason"), kReasons.wordOf(entry.end->reason));
@@ -127,7 +127,7 @@ std::optional<JournalEntry> entryOf(const QByteArray& text, const QByteArray& va
     const auto by = kWriters.valueOf(value("by").toString());
     const auto kept = BackupFile::valuesOf(values);
     if (!entry.time.isValid() || !by || entry.ssiType < 0 || !kept ||
-        value("values").toString() != digestOf(values))
+        value("values").toString() != digestOf(*kept))
         return std::nullopt;
     entry.by = *by;
     entry.values = *kept;

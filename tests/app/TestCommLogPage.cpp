@@ -96,6 +96,25 @@ private Q_SLOTS:
         QCOMPARE(copied(), lines.join(u'\n'));
     }
 
+    void oldestLinesAreDroppedAndOnlyThePageSaysSo()
+    {
+        const QString huge(66'000, u'x');
+        const auto& note = *m_rig->page<CommLogPage>().getControl<QLabel>(2032);
+        QVERIFY(!note.isVisible());
+        click(kClear);
+        for (int line = 0; line < 4096; ++line) // a block of 2048 takes 130 MB
+            append(line == 2048 ? u"oldest"_s : huge);
+        append(u"newest"_s);
+        m_rig->clickRefresh();
+        QVERIFY(waitFor([&note] { return note.isVisible(); }));
+        QCOMPARE(note.text().section(u' ', -1), u"2048"_s);
+        QCOMPARE(m_list->model()->rowCount(), 2049);
+        QCOMPARE(m_list->model()->index(0, 0).data().toString(), u"oldest"_s);
+        QCOMPARE(m_list->model()->index(2048, 0).data().toString(), u"newest"_s);
+        click(kClear);
+        QVERIFY(!note.isVisible());
+    }
+
 private:
     static constexpr int kLogPage = 3;
     static constexpr int kClear = 1033;

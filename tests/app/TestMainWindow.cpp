@@ -1,8 +1,11 @@
 #include "app/Commands.h"
 #include "app/ConnectionSupervisor.h"
+#include "display/DisplayUnitDialog.h"
 #include "pages/AboutDialog.h"
 #include "platform/core/Pacing.h"
+#include "platform/core/TermiosComPort.h"
 #include "platform/ui/MessageBox.h"
+#include "simulator/PtyServer.h"
 #include "support/MainWindowRig.h"
 #include "support/ModalAnswer.h"
 #include "support/PortDecorator.h"
@@ -14,6 +17,8 @@
 #include <QRegularExpression>
 #include <QSignalSpy>
 #include <QTextBrowser>
+
+#include <atomic>
 
 using namespace pelorin;
 using namespace pelorin::test;
@@ -172,23 +177,71 @@ private Q_SLOTS:
         });
     }
 
+    /// A wedged adapter holds its driver's calls for half a minute.
     void closingDoesNotWaitForADriverThatHangs()
     {
-        MainWindowRig rig;
+        struct Hold
+        {
+            std::mutex mutex;
+            std::atomic<int> held = 0;
+        };
+        for (const bool closes : {false, true}) {
+            const auto hold = std::make_shared<Hold>();
+            PosixCalls calls = PosixCalls::real();
+            auto& call = closes ? calls.close : calls.tcdrain;
+            call = [hold, real = call](int fd) {
+                ++hold->held;
+                const std::lock_guard lock(hold->mutex);
+                --hold->held;
+                return real(fd);
+            };
+            MainWindowRig rig({.supply = SimulatedSensor::Supply::ByLineSpeed});
+            PtyServer server(std::shared_ptr<SimulatedSensor>(&rig.sensor(), [](auto*) {}));
+            QCOMPARE(server.start(), 0);
+            rig.wrapPorts([&](std::unique_ptr<ComPort> /*other*/) {
+                return std::make_unique<TermiosComPort>(server.path(), calls);
+            });
+            const auto users = hold.use_count();
+            QVERIFY(rig.startConnected());
+            std::unique_lock hanging(hold->mutex);
+            if (!closes) {
+                rig.clickRefresh();
+                QVERIFY(waitFor([&] { return hold->held == 1 && rig.window().isBusy(); }));
+            }
+            Pacing::setSpeeds({100, 200, 50}); // 15 seconds are the limit
+            QTest::ignoreMessage(QtWarningMsg, QRegularExpression(u"COM7"_s));
+            rig.window().close();
+            QVERIFY(waitFor([&rig] { return !rig.window().isVisible(); }));
+            QCOMPARE(hold->held, 1);
+            hanging.unlock();
+            QVERIFY(waitFor([&] { return hold.use_count() == users; })); // what was left has ended
+        }
+    }
+
+    void portOfTheDisplayUnitThatIsNotClosedIsTold()
+    {
+        MainWindowRig rig({}, kProductKey + "\"EnableQDL3\"=dword:1\r\n"
+                                            "\"QDL3Comport\"=\"simulator:display\"\r\n");
         const auto hold = std::make_shared<std::mutex>();
         rig.wrapPorts([&hold](std::unique_ptr<ComPort> port) {
-            return std::make_unique<HeldPort>(std::move(port), hold, HeldPort::Call::Read);
+            return std::make_unique<HeldPort>(std::move(port), hold);
         });
-        QVERIFY(rig.startConnected());
-        std::unique_lock hanging(*hold);
-        rig.clickRefresh();
-        QVERIFY(waitFor([&rig] { return rig.window().isBusy(); }));
-        Pacing::setSpeeds({100, 200, 50}); // 15 seconds are the limit
-        QTest::ignoreMessage(QtWarningMsg, QRegularExpression(u"COM7"_s));
-        rig.window().close();
-        QVERIFY(waitFor([&rig] { return !rig.window().isVisible(); }));
-        hanging.unlock();
-        QVERIFY(waitFor([&hold] { return hold.use_count() == 1; })); // what was left has ended
+        QVERIFY(rig.startConnected() && rig.clickCommand(kDisplayUnitCommand));
+        const auto dialog = [&rig] { return rig.window().findChild<DisplayUnitDialog*>(); };
+        QVERIFY(waitFor(dialog));
+        const auto& button = *dialog()->findChild<QPushButton*>(u"applyButton"_s);
+        QVERIFY(waitFor([&] { return button.isEnabled(); })); // it is set up
+        QString told;
+        const ModalAnswer<QMessageBox> box([&told](QMessageBox& message) {
+            told = message.text();
+            message.accept();
+        });
+        std::unique_lock closing(*hold);
+        Pacing::setSpeeds({100, 200, 50});
+        dialog()->close();
+        QVERIFY(waitFor([&] { return !told.isEmpty() && !dialog(); }));
+        QVERIFY(told.startsWith(u"simulator:display could not be closed"_s));
+        QVERIFY(!rig.window().isBusy());
     }
 };
 

@@ -6,14 +6,40 @@
 #include "simulator/SimulatedSensor.h"
 #include "support/LogLines.h"
 #include "support/MessageCollector.h"
+#include "support/PortDecorator.h"
 #include "support/WaitFor.h"
 
 #include <QElapsedTimer>
 #include <QTest>
 
+#include <atomic>
+
 using namespace pelorin;
 using namespace pelorin::test;
 using namespace Qt::StringLiterals;
+
+namespace {
+
+/// A port that always has more, once that is wanted.
+struct FloodedPort final : PortDecorator
+{
+    FloodedPort(std::unique_ptr<ComPort> port, std::atomic<int>& itsTakes)
+        : PortDecorator(std::move(port)), takes(itsTakes)
+    {
+    }
+    TakeResult take() override
+    {
+        return takes < 0 ? PortDecorator::take() : (++takes, TakeResult{0, std::string(512, 'x')});
+    }
+    Watch watchBytes() const override
+    {
+        return takes < 0 ? PortDecorator::watchBytes() : Watch{.due = Watch::TimePoint()};
+    }
+
+    std::atomic<int>& takes;
+};
+
+} // namespace
 
 /// A link on a sensor that sends 400 frames a second, the magnet at 100 mm.
 class TestFollowedStream : public QObject
@@ -28,6 +54,7 @@ private Q_SLOTS:
             SimulatedSensor::Options{.magnetPosition = 100, .framesPerSecond = 400});
         m_sensor->setParameter('D', "4E0519");
         m_clock.start();
+        m_takes = -1;
         m_window = std::make_unique<MessageCollector>();
         m_link = std::make_unique<SensorLink>(m_factory);
         m_link->setReplyTarget(m_window.get(), WM_LINK_REPLY);
@@ -59,7 +86,7 @@ private Q_SLOTS:
         QVERIFY(all.samples.size() + all.malformed <= sent + 1);
         for (qsizetype i = 0; i < all.samples.size(); ++i) {
             QCOMPARE(all.samples[i].millimetres, 100.05); // ten counts off
-            QVERIFY(i == 0 || all.samples[i - 1].time < all.samples[i].time);
+            QVERIFY(i == 0 || all.samples[i - 1].time <= all.samples[i].time);
         }
         QVERIFY(m_window->count(WM_LINK_FRAMES) <= 2 + m_clock.elapsed() / 33);
     }
@@ -83,6 +110,16 @@ private Q_SLOTS:
         QVERIFY(m_link->takeFrames() == PositionBatch());
     }
 
+    void deviceThatSendsWithoutEndIsTakenNoFasterThanTwoLines()
+    {
+        m_takes = 0;
+        QVERIFY(waitFor([this] { return m_takes > 0; }));
+        m_clock.start();
+        const int before = m_takes;
+        QVERIFY(waitFor([&] { return m_takes >= before + 10; }));
+        QVERIFY(m_clock.elapsed() >= 8 * 512 * 10 * 1000 / 38400 / 2);
+    }
+
 private:
     [[nodiscard]] bool isDone(RequestId request)
     {
@@ -91,8 +128,10 @@ private:
     }
 
     std::shared_ptr<SimulatedSensor> m_sensor;
-    const ComPortFactory m_factory{
-        [this](const QString&) { return std::make_unique<SimulatedComPort>(m_sensor); }};
+    std::atomic<int> m_takes = -1; ///< of a port that is flooded from 0 on
+    const ComPortFactory m_factory{[this](const QString&) {
+        return std::make_unique<FloodedPort>(std::make_unique<SimulatedComPort>(m_sensor), m_takes);
+    }};
     QElapsedTimer m_clock;
     std::unique_ptr<MessageCollector> m_window;
     std::unique_ptr<SensorLink> m_link;

@@ -37,11 +37,12 @@ public:
     }
 
     /// Runs a plan of nobody else's. @return whether it is done
-    [[nodiscard]] bool run(Plan plan)
+    [[nodiscard]] bool run(Plan plan, const std::function<void(const Reply&)>& reply = {})
     {
         std::optional<Outcome> ended;
-        const bool begun = runner.start(*this, std::move(plan),
-                                        {.ended = [&ended](auto& outcome) { ended = outcome; }});
+        const bool begun =
+            runner.start(*this, std::move(plan),
+                         {.reply = reply, .ended = [&ended](auto& outcome) { ended = outcome; }});
         return begun && waitFor([&ended] { return ended.has_value(); }) && ended->isDone();
     }
 
@@ -73,6 +74,9 @@ public:
     const TestRegistry settings{kSimulatedBounds};
     std::shared_ptr<SimulatedSensor> sensor =
         std::make_shared<SimulatedSensor>(SimulatedSensor::Options{.type = 2});
+    std::function<std::unique_ptr<ComPort>()> makePort = [this] {
+        return std::make_unique<SimulatedComPort>(sensor);
+    };
     bool deaf = false;   ///< to losses of the link
     int lossReports = 0; ///< of the link
 
@@ -90,10 +94,7 @@ private:
     class Port final : public PortDecorator
     {
     public:
-        explicit Port(RunnerBench& bench)
-            : PortDecorator(std::make_unique<SimulatedComPort>(bench.sensor)), m_bench(bench)
-        {
-        }
+        explicit Port(RunnerBench& bench) : PortDecorator(bench.makePort()), m_bench(bench) {}
         int open() override { return portWithoutSupply().open(); }
         int setLine(const LineSettings& line) override
         {

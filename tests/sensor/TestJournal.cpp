@@ -67,6 +67,7 @@ private Q_SLOTS:
             int unreadable = 1;
         };
         forEachRow(std::vector<Row>{{"whole", ".dat", "", "", 1, 0},
+                                    {"other line ends", ".dat", "\r\n", "\n", 1, 0},
                                     {"values gone", ".dat", nullptr, nullptr},
                                     {"a value cut", ".dat", "A\r\n", ""},
                                     {"a value missing", ".dat", "4E:00000A\r\n", ""},

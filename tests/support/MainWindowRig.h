@@ -81,7 +81,7 @@ public:
     void destroyWindow() { m_window.reset(); }
 
     using Wrapper = std::function<std::unique_ptr<ComPort>(std::unique_ptr<ComPort>)>;
-    /// What is put around each of the sensor's ports that is made from now on.
+    /// What is put around each port that is made from now on.
     void wrapPorts(Wrapper wrapper) { m_wrapper = std::move(wrapper); }
     /// How often the sensor's port has been opened or tried.
     [[nodiscard]] int openAttempts() const { return m_openAttempts; }
@@ -161,10 +161,10 @@ public:
 private:
     [[nodiscard]] std::unique_ptr<ComPort> makePort(const QString& device)
     {
-        if (device == QLatin1String("simulator:display"))
-            return std::make_unique<SimulatedComPort>(m_displayUnit);
-        ++m_openAttempts;
-        auto port = std::make_unique<SimulatedComPort>(m_sensor);
+        const bool isDisplay = device == QLatin1String("simulator:display");
+        m_openAttempts += isDisplay ? 0 : 1;
+        auto port = isDisplay ? std::make_unique<SimulatedComPort>(m_displayUnit)
+                              : std::make_unique<SimulatedComPort>(m_sensor);
         return m_wrapper ? m_wrapper(std::move(port)) : std::move(port);
     }
 

@@ -265,6 +265,7 @@ inline constexpr int kClear = 189;
 inline constexpr int kSaveToDisk = 190;
 inline constexpr int kTextFileFilter = 191;
 inline constexpr int kCopy = 1406;
+inline constexpr int kDroppedLines = 2200;
 
 // Manual communications
 inline constexpr int kSend = 248;
