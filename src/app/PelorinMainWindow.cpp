@@ -8,6 +8,7 @@
 #include "app/MainMenu.h"
 #include "app/NoticeStrip.h"
 #include "app/PagePane.h"
+#include "app/SensorHeader.h"
 #include "app/WriteReport.h"
 #include "display/DisplayUnitDialog.h"
 #include "link/SensorLink.h"
@@ -34,10 +35,18 @@
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QMenuBar>
+#include <QScreen>
 
 #include <utility>
 
 namespace pelorin {
+
+namespace {
+
+constexpr QSize kNormalSize(1100, 720); ///< logical pixels, where the screen has them
+constexpr QSize kSmallestSize(800, 560);
+
+} // namespace
 
 PelorinMainWindow::PelorinMainWindow(const ComPortFactory& factory,
                                      const Conversation& conversation, LanguageManager& languages)
@@ -63,6 +72,9 @@ PelorinMainWindow::PelorinMainWindow(const ComPortFactory& factory,
     setWindowIcon(programIcon());
     setCentralWidget(m_pages);
     setStatusBar(m_statusBar);
+    const QSize room = screen()->availableSize();
+    setMinimumSize(kSmallestSize.boundedTo(room));
+    resize(kNormalSize.boundedTo(room));
     showTitle();
     connectParts();
 
@@ -113,6 +125,7 @@ void PelorinMainWindow::connectParts()
     connect(m_connection, &ConnectionSupervisor::givenUp, this, &PelorinMainWindow::close);
     const auto onBusyChanged = [this] {
         m_busy->update();
+        m_pages->header().showSensor();
         m_gate.wake();
     };
     connect(&m_runner, &SequenceRunner::busyChanged, this, onBusyChanged);
@@ -273,6 +286,7 @@ void PelorinMainWindow::selectPort()
         m_connectWanted = false; // it was meant for the port that was left
         m_runner.cancelConnect();
         showTitle();
+        m_pages->header().forgetSensor();
         switchPage(0);
     });
 }
@@ -336,6 +350,7 @@ void PelorinMainWindow::customEvent(QEvent* event)
         break;
     case WM_LINK_LOST:
         m_connection->onLinkLost();
+        m_pages->header().showSensor();
         break;
     default:
         break;
@@ -346,6 +361,7 @@ void PelorinMainWindow::customEvent(QEvent* event)
 void PelorinMainWindow::onConnected(bool success)
 {
     m_offerDue = success;
+    m_pages->header().forgetSensor();
     if (success && m_pages->entryCount() == 0)
         switchPage(0);
 }
