@@ -7,6 +7,7 @@
 class QListWidget;
 class QPushButton;
 class QScrollArea;
+class QShortcut;
 
 namespace pelorin {
 
@@ -18,6 +19,7 @@ class NoticeStrip;
 class SafeWriter;
 class SensorHeader;
 class SequenceRunner;
+class TempCompPage;
 
 /// What the main window shows: the list of pages on the left, beside it which sensor is connected,
 /// what is to be noticed and the shown page, which is scrolled where it has no room, and the
@@ -49,6 +51,12 @@ public:
     /// page that is left runs any more.
     void switchPage(int row);
 
+    /// Makes the page for the temperature compensation exist or not. One that is shown gives way to
+    /// the first page.
+    void showTempComp(bool shown);
+    /// Whether that page holds anything that the user has entered.
+    [[nodiscard]] bool hasTables() const;
+
     void translate();
 
     /// Above the page.
@@ -76,9 +84,11 @@ private:
         int caption; ///< string number
         const char* helpAnchor;
         QScrollArea* area = nullptr; ///< around the widget
+        QShortcut* shortcut = nullptr;
     };
 
     void addPage(Page page, const char* icon);
+    void removeLastPage();
     void markShownPage();
     [[nodiscard]] bool takeKey(int key);
     void layOut();
@@ -89,6 +99,7 @@ private:
     QListWidget* m_pageList;
     QPushButton* m_refreshButton;
     std::vector<Page> m_pages;
+    TempCompPage* m_tempComp = nullptr; ///< the last page, if there is one
     int m_currentPage = -1;
 };
 

@@ -9,6 +9,7 @@
 #include "app/NoticeStrip.h"
 #include "app/PagePane.h"
 #include "app/SensorHeader.h"
+#include "app/SettingsCommand.h"
 #include "app/WriteReport.h"
 #include "display/DisplayUnitDialog.h"
 #include "link/SensorLink.h"
@@ -65,6 +66,8 @@ PelorinMainWindow::PelorinMainWindow(const ComPortFactory& factory,
           m_manualPowerMode)),
       m_pages(new PagePane(this, *m_writer, *m_stream, m_restore, m_tempCompEnabled)),
       m_report(new WriteReport(*this, {*m_writer, m_gate, m_pages->strip(), *m_statusBar})),
+      m_settings(new SettingsCommand(
+          *this, {m_gate, *m_writer, *m_stream, *m_connection, *m_menu, *m_pages})),
       m_backups(new BackupCommands(*this, {*m_writer, m_restore, m_gate, *m_pages}))
 {
     m_stream->setParent(this);
@@ -121,6 +124,9 @@ void PelorinMainWindow::connectParts()
 
     connect(m_connection, &ConnectionSupervisor::connectWanted, this,
             &PelorinMainWindow::wantConnect);
+    connect(m_connection, &ConnectionSupervisor::sensorLeft, m_report, &WriteReport::endVerified);
+    connect(m_connection, &ConnectionSupervisor::sensorLeft, &m_pages->header(),
+            &SensorHeader::forgetSensor);
     connect(m_connection, &ConnectionSupervisor::connected, this, &PelorinMainWindow::onConnected);
     connect(m_connection, &ConnectionSupervisor::givenUp, this, &PelorinMainWindow::close);
     const auto onBusyChanged = [this] {
@@ -137,6 +143,13 @@ void PelorinMainWindow::connectParts()
     connect(m_report, &WriteReport::refreshWanted, this, [this] {
         if (m_pages->entryCount() == 0)
             refresh();
+    });
+    connect(m_settings, &SettingsCommand::connectWanted, this, &PelorinMainWindow::wantConnect);
+    connect(m_settings, &SettingsCommand::portWanted, this,
+            [this] { chooseCommand(kSelectPortCommand); });
+    connect(m_settings, &SettingsCommand::displayUnitChanged, this, [this] {
+        if (m_displayUnit)
+            m_displayUnit->close();
     });
     connect(m_report, &WriteReport::showWanted, this, [this](const QString& entry) {
         m_backups->selectNext(entry);
@@ -161,6 +174,7 @@ void PelorinMainWindow::showTitle()
     if (ComPortNames().isSimulated(QStringLiteral("COM%1").arg(m_link.portNumber())))
         title += QStringLiteral(" - ") + languageString(strings::kSimulated);
     setWindowTitle(title);
+    m_pages->header().showSensor();
 }
 
 /// A page is left only when what it does with the sensor has ended.
@@ -216,6 +230,8 @@ void PelorinMainWindow::runCommand(int command)
     switch (command) {
     case kSelectPortCommand:
         return selectPort();
+    case kSettingsCommand:
+        return m_settings->run();
     case kConnectCommand:
         return connectSensor();
     case kRefreshCommand:
@@ -271,7 +287,8 @@ void PelorinMainWindow::connectSensor()
 void PelorinMainWindow::selectPort()
 {
     SelectPortDialog dialog(this, m_link.portNumber());
-    if (dialog.exec() != QDialog::Accepted || dialog.selectedPort() == m_link.portNumber())
+    if (dialog.exec() != QDialog::Accepted ||
+        (m_link.isOpen() && dialog.selectedPort() == m_link.portNumber()))
         return;
     if (m_displayUnit && m_displayUnit->usesPort(dialog.selectedPort())) {
         m_gate.addNotice(languageString(strings::kPortIsDisplays)
@@ -286,7 +303,6 @@ void PelorinMainWindow::selectPort()
         m_connectWanted = false; // it was meant for the port that was left
         m_runner.cancelConnect();
         showTitle();
-        m_pages->header().forgetSensor();
         switchPage(0);
     });
 }
@@ -350,7 +366,6 @@ void PelorinMainWindow::customEvent(QEvent* event)
         break;
     case WM_LINK_LOST:
         m_connection->onLinkLost();
-        m_pages->header().showSensor();
         break;
     default:
         break;
@@ -361,7 +376,6 @@ void PelorinMainWindow::customEvent(QEvent* event)
 void PelorinMainWindow::onConnected(bool success)
 {
     m_offerDue = success;
-    m_pages->header().forgetSensor();
     if (success && m_pages->entryCount() == 0)
         switchPage(0);
 }

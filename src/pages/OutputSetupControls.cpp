@@ -53,12 +53,10 @@ const FieldControls& controlsOf(int field)
     return kFields[static_cast<std::size_t>(field)];
 }
 
-constexpr std::array kDataBits = {24, 25};
 // Of item data 0 and 1.
 constexpr std::array kFormatTexts = {strings::kBinary, strings::kGray};
 constexpr std::array kDirectionTexts = {strings::kForward, strings::kReverse};
 constexpr std::array kModeTexts = {strings::kAsynchronous, strings::kSynchronous};
-constexpr std::array kResolutions = {5, 10, 50, 100, 20, 2, 1}; // micrometres
 
 constexpr int kSkipCountLength = 3;
 constexpr int kDifferential = 1;
@@ -175,12 +173,12 @@ std::array<QComboBox*, 5> OutputSetupControls::lists() const
 
 void OutputSetupControls::fillLists()
 {
-    for (const int bits : kDataBits)
+    for (const int bits : kOfferedDataBits)
         m_dataBits->addItem(QString::number(bits), bits);
     addItems(*m_format, static_cast<int>(kFormatTexts.size()));
     addItems(*m_direction, static_cast<int>(kDirectionTexts.size()));
     addItems(*m_mode, static_cast<int>(kModeTexts.size()));
-    for (const int micrometres : kResolutions)
+    for (const int micrometres : kOfferedResolutions)
         m_resolution->addItem(QString(), micrometres);
 }
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace pelorin {
 
@@ -37,27 +38,35 @@ std::optional<double> slopeOf(PositionPoints points)
 
 /// Mean and deviation are carried along from point to point: a sum of squares of large positions
 /// would lose the noise.
-PositionFigures positionFigures(PositionPoints points)
+PositionFigures positionFigures(PositionPoints points, double end)
 {
     PositionFigures figures;
     if (points.empty())
         return figures;
     figures.minimum = figures.maximum = points.front().millimetres;
     double squares = 0.0;
+    double before = points.front().seconds;
+    double streamed = 0.0; // seconds
+    int intervals = 0;
     for (const auto& [seconds, value] : points) {
+        const double gap = seconds - std::exchange(before, seconds);
+        figures.longestGap = std::max(figures.longestGap, gap);
+        if (gap < kPositionSilence && figures.count > 0) {
+            streamed += gap;
+            ++intervals;
+        }
         figures.minimum = std::min(figures.minimum, value);
         figures.maximum = std::max(figures.maximum, value);
         const double distance = value - figures.mean;
         figures.mean += distance / static_cast<double>(++figures.count);
         squares += distance * (value - figures.mean);
     }
-    const auto intervals = static_cast<double>(figures.count - 1);
-    if (intervals > 0)
-        figures.deviation = std::sqrt(squares / intervals);
-    const double last = points.back().seconds;
-    if (const double time = last - points.front().seconds; time > 0.0)
-        figures.perSecond = intervals / time;
-    figures.velocity = slopeOf(pointsBetween(points, last - kVelocityTime, last));
+    if (figures.count > 1)
+        figures.deviation = std::sqrt(squares / static_cast<double>(figures.count - 1));
+    if (streamed > 0.0)
+        figures.perSecond = intervals / streamed;
+    figures.longestGap = std::max(figures.longestGap, end - before);
+    figures.velocity = slopeOf(pointsBetween(points, end - kVelocityTime, end));
     return figures;
 }
 

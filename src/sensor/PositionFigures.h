@@ -19,6 +19,9 @@ struct PositionPoint
 
 using PositionPoints = std::span<const PositionPoint>; ///< in the order of their time
 
+/// Seconds without a position from which on there is no stream.
+inline constexpr double kPositionSilence = 0.501;
+
 /// What the positions of a stretch of time amount to. Nothing stands for what they do not tell.
 struct PositionFigures
 {
@@ -28,12 +31,14 @@ struct PositionFigures
     double mean = 0.0;
     std::optional<double> deviation; ///< standard deviation of the sample: the noise at rest
     std::optional<double> velocity;  ///< mm/s, over the last half second
-    std::optional<double> perSecond; ///< how many positions came in a second
+    std::optional<double> perSecond; ///< how many positions came in a second, silences left out
+    double longestGap = 0.0;         ///< seconds without a position
 
     [[nodiscard]] double span() const { return maximum - minimum; }
 };
 
-[[nodiscard]] PositionFigures positionFigures(PositionPoints points);
+/// @param end until when positions were waited for, or are shown
+[[nodiscard]] PositionFigures positionFigures(PositionPoints points, double end);
 
 /// The points from one moment to another, both included.
 [[nodiscard]] PositionPoints pointsBetween(PositionPoints points, double from, double to);

@@ -23,6 +23,9 @@ public:
     PositionStream(SequenceRunner& runner, KeptFormats& formats, FormatRestore& restore,
                    bool manualPower);
 
+    /// While there is no stream.
+    void setManualPower(bool manualPower) { m_manualPower = manualPower; }
+
     /// Starts the stream. Does nothing while it runs.
     /// @return false if it cannot begin now
     [[nodiscard]] bool start();
@@ -77,7 +80,7 @@ private:
     SequenceRunner& m_runner;
     KeptFormats& m_formats;
     FormatRestore& m_restore;
-    const bool m_manualPower;
+    bool m_manualPower;
 
     State m_state = State::Idle;
     Reply m_reply; ///< the last one

@@ -6,6 +6,7 @@
 #include "sensor/ParameterWords.h"
 #include "sensor/SensorTypes.h"
 
+#include <algorithm>
 #include <cmath>
 #include <optional>
 #include <string>
@@ -102,6 +103,24 @@ Refusal refusalOf(int ssiType, const OutputSettings& wanted)
     return Refusal::None;
 }
 
+/// The parameters that hold a setting which that page has no item for.
+QByteArray notOffered(const SensorType& type, const OutputSettings& wanted)
+{
+    constexpr int kLastItem = 2;
+    const auto isOneOf = [](const auto& offered, int value) {
+        return std::find(offered.begin(), offered.end(), value) != offered.end();
+    };
+    const auto isItem = [](int item) { return item >= 0 && item <= kLastItem; };
+    QByteArray parameters;
+    if (!isOneOf(kOfferedDataBits, wanted.format.dataBits))
+        parameters += 'D';
+    if (!isOneOf(kOfferedResolutions, wanted.micrometres))
+        parameters += 'A';
+    if (type.has('K') && !(isItem(wanted.extension.extension) && isItem(wanted.extension.mode)))
+        parameters += 'K';
+    return parameters;
+}
+
 /// The offset of a sensor in counts of another resolution.
 std::optional<QByteArray> recounted(const QByteArray& offset, int micrometres, int newMicrometres)
 {
@@ -116,6 +135,8 @@ int textNumberOf(Refusal refusal)
         return strings::kBackupMissing;
     case Refusal::NoValue:
         return strings::kBackupNotUsable;
+    case Refusal::NotOffered:
+        return strings::kNotOffered;
     case Refusal::NoResolution:
         return strings::kNoResolution;
     case Refusal::ResolutionTooFine:
@@ -165,6 +186,8 @@ RestoreChoice chooseOutputSettings(int ssiType, const SensorValues& sensor,
         return refusing(Refusal::NoResolution);
     if (const Refusal refusal = refusalOf(ssiType, wanted); refusal != Refusal::None)
         return refusing(refusal);
+    if (const QByteArray unknown = notOffered(type, wanted); !unknown.isEmpty())
+        return refusing(Refusal::NotOffered, unknown);
 
     const bool savedOffset = sameMultiplier && isSameValue('L', sensor.at('L'), saved.at('L'));
     const bool turned =

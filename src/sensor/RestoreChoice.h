@@ -14,8 +14,9 @@ struct RestoreChoice
 {
     enum class Refusal {
         None,
-        NotSaved, ///< parameters that it needs, as the next
+        NotSaved, ///< parameters that it needs, as the next two
         NoValue,
+        NotOffered, ///< by the page for the output settings
         NoResolution,
         ResolutionTooFine, ///< for the sensor's type, as the next
         ModeNotOffered,

@@ -61,6 +61,9 @@ void fillRows(QTableWidget& list)
         }
     }
     list.verticalHeader()->setDefaultSectionSize(list.fontMetrics().height() + kRowPadding);
+    list.setMinimumHeight(list.horizontalHeader()->sizeHint().height() +
+                          list.verticalHeader()->length() +
+                          2 * list.frameWidth()); // a page without that room is scrolled
     const int columns = list.columnCount();
     new ColumnWidths(list, std::vector(static_cast<std::size_t>(columns), 1.0 / columns));
 }
@@ -134,6 +137,19 @@ void TempCompDataPage::translate()
 
     for (const int control : kIdleControls)
         getControl<QWidget>(control)->setToolTip(languageString(strings::kNoFunction));
+}
+
+bool TempCompDataPage::hasEntries() const
+{
+    for (const QTableWidget* list : {m_lookupList, m_arrayList}) {
+        for (int row = 0; row < kRowCount; ++row) {
+            for (int column = 1; column < list->columnCount(); ++column) {
+                if (!m_editor->text(*list, row, column).isEmpty())
+                    return true;
+            }
+        }
+    }
+    return false;
 }
 
 void TempCompDataPage::writeToFile()
