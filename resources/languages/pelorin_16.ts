@@ -2167,6 +2167,54 @@ Da allora viene letto %1, e %2 non più.</translation>
         <extracomment>%1 path</extracomment>
         <translation>Il file delle impostazioni %1 non esiste.</translation>
     </message>
+    <message id="2160">
+        <source>Sensor connected</source>
+        <extracomment>State in the line above the page</extracomment>
+        <translation>Sensore collegato</translation>
+    </message>
+    <message id="2161">
+        <source>No sensor connected</source>
+        <extracomment>State in the line above the page</extracomment>
+        <translation>Nessun sensore collegato</translation>
+    </message>
+    <message id="2162">
+        <source>Sensor not identified</source>
+        <extracomment>State in the line above the page</extracomment>
+        <translation>Sensore non identificato</translation>
+    </message>
+    <message id="2163">
+        <source>Connection lost</source>
+        <extracomment>State in the line above the page</extracomment>
+        <translation>Connessione persa</translation>
+    </message>
+    <message id="2164">
+        <source>Type %1</source>
+        <extracomment>%1 is the sensor's type, a digit</extracomment>
+        <translation>Tipo %1</translation>
+    </message>
+    <message id="2165">
+        <source>Type %1, chosen by hand</source>
+        <extracomment>%1 is the sensor's type, a digit</extracomment>
+        <translation>Tipo %1, scelto a mano</translation>
+    </message>
+    <message id="2166">
+        <source>Firmware revision %1</source>
+        <extracomment>%1 are two hexadecimal digits</extracomment>
+        <translation>Revisione firmware %1</translation>
+    </message>
+    <message id="2167">
+        <source>Safe writes on</source>
+        <translation>Scrittura sicura attiva</translation>
+    </message>
+    <message id="2168">
+        <source>Safe writes off</source>
+        <translation>Scrittura sicura disattivata</translation>
+    </message>
+    <message id="2169">
+        <source>Sensor</source>
+        <extracomment>Name of the line above the page</extracomment>
+        <translation>Sensore</translation>
+    </message>
     <message id="2200">
         <source>The log keeps its newest lines, up to 256 MB. Older lines that are gone: %1</source>
         <extracomment>Note above the communications log; %1 number of lines</extracomment>

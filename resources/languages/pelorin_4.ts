@@ -2167,6 +2167,54 @@ Désormais %1 est lu, et %2 ne l'est plus.</translation>
         <extracomment>%1 path</extracomment>
         <translation>Le fichier de réglages %1 n'existe pas.</translation>
     </message>
+    <message id="2160">
+        <source>Sensor connected</source>
+        <extracomment>State in the line above the page</extracomment>
+        <translation>Capteur connecté</translation>
+    </message>
+    <message id="2161">
+        <source>No sensor connected</source>
+        <extracomment>State in the line above the page</extracomment>
+        <translation>Aucun capteur connecté</translation>
+    </message>
+    <message id="2162">
+        <source>Sensor not identified</source>
+        <extracomment>State in the line above the page</extracomment>
+        <translation>Capteur non identifié</translation>
+    </message>
+    <message id="2163">
+        <source>Connection lost</source>
+        <extracomment>State in the line above the page</extracomment>
+        <translation>Connexion perdue</translation>
+    </message>
+    <message id="2164">
+        <source>Type %1</source>
+        <extracomment>%1 is the sensor's type, a digit</extracomment>
+        <translation>Type %1</translation>
+    </message>
+    <message id="2165">
+        <source>Type %1, chosen by hand</source>
+        <extracomment>%1 is the sensor's type, a digit</extracomment>
+        <translation>Type %1, choisi à la main</translation>
+    </message>
+    <message id="2166">
+        <source>Firmware revision %1</source>
+        <extracomment>%1 are two hexadecimal digits</extracomment>
+        <translation>Révision du micrologiciel %1</translation>
+    </message>
+    <message id="2167">
+        <source>Safe writes on</source>
+        <translation>Écriture sûre activée</translation>
+    </message>
+    <message id="2168">
+        <source>Safe writes off</source>
+        <translation>Écriture sûre désactivée</translation>
+    </message>
+    <message id="2169">
+        <source>Sensor</source>
+        <extracomment>Name of the line above the page</extracomment>
+        <translation>Capteur</translation>
+    </message>
     <message id="2200">
         <source>The log keeps its newest lines, up to 256 MB. Older lines that are gone: %1</source>
         <extracomment>Note above the communications log; %1 number of lines</extracomment>

@@ -2167,6 +2167,54 @@ Desde entonces se lee %1, y %2 ya no.</translation>
         <extracomment>%1 path</extracomment>
         <translation>El archivo de ajustes %1 no existe.</translation>
     </message>
+    <message id="2160">
+        <source>Sensor connected</source>
+        <extracomment>State in the line above the page</extracomment>
+        <translation>Sensor conectado</translation>
+    </message>
+    <message id="2161">
+        <source>No sensor connected</source>
+        <extracomment>State in the line above the page</extracomment>
+        <translation>Ningún sensor conectado</translation>
+    </message>
+    <message id="2162">
+        <source>Sensor not identified</source>
+        <extracomment>State in the line above the page</extracomment>
+        <translation>Sensor no identificado</translation>
+    </message>
+    <message id="2163">
+        <source>Connection lost</source>
+        <extracomment>State in the line above the page</extracomment>
+        <translation>Conexión perdida</translation>
+    </message>
+    <message id="2164">
+        <source>Type %1</source>
+        <extracomment>%1 is the sensor's type, a digit</extracomment>
+        <translation>Tipo %1</translation>
+    </message>
+    <message id="2165">
+        <source>Type %1, chosen by hand</source>
+        <extracomment>%1 is the sensor's type, a digit</extracomment>
+        <translation>Tipo %1, elegido a mano</translation>
+    </message>
+    <message id="2166">
+        <source>Firmware revision %1</source>
+        <extracomment>%1 are two hexadecimal digits</extracomment>
+        <translation>Revisión de firmware %1</translation>
+    </message>
+    <message id="2167">
+        <source>Safe writes on</source>
+        <translation>Escritura segura activada</translation>
+    </message>
+    <message id="2168">
+        <source>Safe writes off</source>
+        <translation>Escritura segura desactivada</translation>
+    </message>
+    <message id="2169">
+        <source>Sensor</source>
+        <extracomment>Name of the line above the page</extracomment>
+        <translation>Sensor</translation>
+    </message>
     <message id="2200">
         <source>The log keeps its newest lines, up to 256 MB. Older lines that are gone: %1</source>
         <extracomment>Note above the communications log; %1 number of lines</extracomment>

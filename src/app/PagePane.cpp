@@ -2,6 +2,7 @@
 
 #include "app/CommandGate.h"
 #include "app/NoticeStrip.h"
+#include "app/SensorHeader.h"
 #include "pages/CommLogPage.h"
 #include "pages/FactoryParamsPage.h"
 #include "pages/MagnetPositionPage.h"
@@ -18,6 +19,7 @@
 #include <QKeyEvent>
 #include <QListWidget>
 #include <QPushButton>
+#include <QScrollArea>
 #include <QShortcut>
 #include <QSignalBlocker>
 
@@ -38,8 +40,9 @@ constexpr const char* kWrench = "BMP_PELORIN_WRENCH";
 
 PagePane::PagePane(QWidget* window, SafeWriter& writer, PositionStream& stream,
                    const FormatRestore& formats, bool tempCompEnabled)
-    : QWidget(window), m_runner(writer.runner()), m_strip(new NoticeStrip(this)),
-      m_pageList(new QListWidget(this)), m_refreshButton(new QPushButton(this))
+    : QWidget(window), m_runner(writer.runner()), m_header(new SensorHeader(this, writer)),
+      m_strip(new NoticeStrip(this)), m_pageList(new QListWidget(this)),
+      m_refreshButton(new QPushButton(this))
 {
     m_pageList->setObjectName(QStringLiteral("pageList"));
     m_pageList->setIconSize(kIconSize);
@@ -71,7 +74,14 @@ PagePane::PagePane(QWidget* window, SafeWriter& writer, PositionStream& stream,
 void PagePane::addPage(Page page, const char* icon)
 {
     const int row = m_pageList->count();
-    page.widget->makeDialog(this, m_runner);
+    page.area = new QScrollArea(this);
+    page.area->setFrameShape(QFrame::NoFrame);
+    page.area->setWidgetResizable(true);
+    page.area->setFocusPolicy(Qt::NoFocus);
+    page.area->hide();
+    page.widget->makeDialog(page.area->viewport(), m_runner);
+    page.area->setWidget(page.widget);
+    page.widget->hide();
     connect(page.widget, &SensorPage::noticed, this, &PagePane::noticed);
     connect(page.widget, &SensorPage::entriesChanged, this, &PagePane::entriesChanged);
     m_pageList->addItem(new QListWidgetItem(picture(QLatin1String(icon)), QString()));
@@ -102,7 +112,7 @@ void PagePane::removeLastPage()
     m_pages.pop_back();
     delete page.shortcut;
     delete m_pageList->takeItem(m_pageList->count() - 1);
-    delete page.widget;
+    delete page.area; // and the page in it
 }
 
 bool PagePane::hasTables() const
@@ -147,11 +157,13 @@ void PagePane::switchPage(int row)
     if (SensorPage* page = shownPage()) {
         page->setNewValues();
         page->hide();
+        m_pages[static_cast<std::size_t>(m_currentPage)].area->hide();
     }
     m_currentPage = row;
     markShownPage();
     m_pageList->setCurrentRow(row, QItemSelectionModel::NoUpdate);
     layOut();
+    m_pages[static_cast<std::size_t>(row)].area->show();
     shownPage()->show();
     shownPage()->getCurrentValues();
     Q_EMIT entriesChanged();
@@ -230,12 +242,17 @@ void PagePane::layOut()
 {
     const int split = static_cast<int>(width() * kListShare);
     const int bottom = static_cast<int>((window()->height() - y()) * kPageShare);
-    const QRect pageArea(split, 0, width() - split, bottom);
     m_pageList->setGeometry(0, 0, split, height());
     m_refreshButton->setGeometry(split, bottom, width() - split, height() - bottom);
-    m_strip->setGeometry(split, 0, width() - split, m_strip->height());
-    if (SensorPage* page = shownPage())
-        page->setGeometry(pageArea.adjusted(0, m_strip->height(), 0, 0));
+    int top = 0;
+    for (QWidget* line : {static_cast<QWidget*>(m_header), static_cast<QWidget*>(m_strip)}) {
+        line->setGeometry(split, top, width() - split, line->height());
+        top += line->height();
+    }
+    if (m_currentPage >= 0) {
+        m_pages[static_cast<std::size_t>(m_currentPage)].area->setGeometry(
+            split, top, width() - split, bottom - top);
+    }
 }
 
 } // namespace pelorin

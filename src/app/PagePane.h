@@ -6,6 +6,7 @@
 
 class QListWidget;
 class QPushButton;
+class QScrollArea;
 class QShortcut;
 
 namespace pelorin {
@@ -16,10 +17,12 @@ class PositionStream;
 class SensorPage;
 class NoticeStrip;
 class SafeWriter;
+class SensorHeader;
 class SequenceRunner;
 class TempCompPage;
 
-/// What the main window shows: the list of pages on the left, the shown page beside it, and the
+/// What the main window shows: the list of pages on the left, beside it which sensor is connected,
+/// what is to be noticed and the shown page, which is scrolled where it has no room, and the
 /// refresh button under that. Owns the pages.
 class PagePane final : public QWidget
 {
@@ -57,6 +60,7 @@ public:
     void translate();
 
     /// Above the page.
+    [[nodiscard]] SensorHeader& header() const { return *m_header; }
     [[nodiscard]] NoticeStrip& strip() const { return *m_strip; }
 
 Q_SIGNALS:
@@ -79,6 +83,7 @@ private:
         SensorPage* widget;
         int caption; ///< string number
         const char* helpAnchor;
+        QScrollArea* area = nullptr; ///< around the widget
         QShortcut* shortcut = nullptr;
     };
 
@@ -89,6 +94,7 @@ private:
     void layOut();
 
     SequenceRunner& m_runner;
+    SensorHeader* m_header;
     NoticeStrip* m_strip;
     QListWidget* m_pageList;
     QPushButton* m_refreshButton;

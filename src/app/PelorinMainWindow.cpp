@@ -9,6 +9,7 @@
 #include "app/MainMenu.h"
 #include "app/NoticeStrip.h"
 #include "app/PagePane.h"
+#include "app/SensorHeader.h"
 #include "app/SettingsCommand.h"
 #include "app/WriteReport.h"
 #include "display/DisplayUnitDialog.h"
@@ -36,10 +37,18 @@
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QMenuBar>
+#include <QScreen>
 
 #include <utility>
 
 namespace pelorin {
+
+namespace {
+
+constexpr QSize kNormalSize(1100, 720); ///< logical pixels, where the screen has them
+constexpr QSize kSmallestSize(800, 560);
+
+} // namespace
 
 PelorinMainWindow::PelorinMainWindow(const ComPortFactory& factory,
                                      const Conversation& conversation, LanguageManager& languages)
@@ -68,6 +77,9 @@ PelorinMainWindow::PelorinMainWindow(const ComPortFactory& factory,
     setWindowIcon(programIcon());
     setCentralWidget(m_pages);
     setStatusBar(m_statusBar);
+    const QSize room = screen()->availableSize();
+    setMinimumSize(kSmallestSize.boundedTo(room));
+    resize(kNormalSize.boundedTo(room));
     showTitle();
     connectParts();
 
@@ -121,11 +133,14 @@ void PelorinMainWindow::connectParts()
     connect(m_connection, &ConnectionSupervisor::connectWanted, this,
             &PelorinMainWindow::wantConnect);
     connect(m_connection, &ConnectionSupervisor::sensorLeft, m_report, &WriteReport::endVerified);
+    connect(m_connection, &ConnectionSupervisor::sensorLeft, &m_pages->header(),
+            &SensorHeader::forgetSensor);
     connect(m_connection, &ConnectionSupervisor::connected, this, &PelorinMainWindow::onConnected);
     connect(m_connection, &ConnectionSupervisor::connected, m_notices, &ConnectionNotices::update);
     connect(m_connection, &ConnectionSupervisor::givenUp, this, &PelorinMainWindow::close);
     const auto onBusyChanged = [this] {
         m_busy->update();
+        m_pages->header().showSensor();
         m_gate.wake();
     };
     connect(&m_runner, &SequenceRunner::busyChanged, this, onBusyChanged);
@@ -168,6 +183,7 @@ void PelorinMainWindow::showTitle()
     if (ComPortNames().isSimulated(QStringLiteral("COM%1").arg(m_link.openedPort())))
         title += QStringLiteral(" - ") + languageString(strings::kSimulated);
     setWindowTitle(title);
+    m_pages->header().showSensor();
 }
 
 /// A page is left only when what it does with the sensor has ended.

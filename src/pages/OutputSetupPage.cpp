@@ -51,6 +51,7 @@ constexpr std::array<std::pair<int, int>, 21> kCaptions = {{
 constexpr int kLargestSkipCount = 255;
 constexpr int kFinestOfType0 = 10; ///< micrometres
 constexpr int kParity = 1;
+constexpr int kReadableWidth = 900; ///< logical pixels: captions stay beside their controls
 
 QLatin1String storedPassword()
 {
@@ -73,6 +74,7 @@ void OutputSetupPage::setupTranslationMap()
 
 void OutputSetupPage::onInitDialog()
 {
+    setMaximumWidth(kReadableWidth);
     m_controls = new OutputSetupControls(*this);
     m_controls->skipCountEdit()->setEnabled(m_unlocked);
     connect(m_controls, &OutputSetupControls::settingChanged, this, [this] {

@@ -61,6 +61,9 @@ void fillRows(QTableWidget& list)
         }
     }
     list.verticalHeader()->setDefaultSectionSize(list.fontMetrics().height() + kRowPadding);
+    list.setMinimumHeight(list.horizontalHeader()->sizeHint().height() +
+                          list.verticalHeader()->length() +
+                          2 * list.frameWidth()); // a page without that room is scrolled
     const int columns = list.columnCount();
     new ColumnWidths(list, std::vector(static_cast<std::size_t>(columns), 1.0 / columns));
 }

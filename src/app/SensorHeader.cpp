@@ -1,0 +1,152 @@
+#include "app/SensorHeader.h"
+
+#include "link/SensorIdentification.h"
+#include "link/SensorLink.h"
+#include "platform/core/ComPortNames.h"
+#include "platform/core/LanguageStrings.h"
+#include "platform/core/Strings.h"
+#include "platform/ui/Pictures.h"
+#include "sensor/SafeWriter.h"
+#include "sensor/SequenceRunner.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+
+namespace pelorin {
+
+namespace {
+
+constexpr int kMargin = 4; ///< logical pixels
+constexpr int kGap = 24;
+constexpr int kRevisionLength = 2;
+constexpr QSize kLightSize(13, 13);
+
+enum class State { NotConnected, Lost, NotIdentified, Connected };
+
+State stateOf(const SensorLink& link)
+{
+    if (link.linkFailed() == 1)
+        return State::Lost;
+    if (link.isIdentified())
+        return State::Connected;
+    return link.versionText().isEmpty() ? State::NotConnected : State::NotIdentified;
+}
+
+QLatin1String lightOf(State state)
+{
+    switch (state) {
+    case State::Connected:
+        return QLatin1String("BMP_PELORIN_GREENLED");
+    case State::Lost:
+    case State::NotIdentified:
+        return QLatin1String("BMP_PELORIN_REDLED");
+    case State::NotConnected:
+        break;
+    }
+    return QLatin1String("BMP_PELORIN_GRAYLED");
+}
+
+} // namespace
+
+SensorHeader::SensorHeader(QWidget* parent, const SafeWriter& writer)
+    : QFrame(parent), m_writer(writer), m_light(new QLabel(this)), m_state(new QLabel(this))
+{
+    setObjectName(QStringLiteral("sensorHeader"));
+    auto* layout = new QHBoxLayout(this);
+    layout->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
+    layout->addWidget(m_light);
+    QFont bold = font();
+    bold.setBold(true);
+    m_state->setObjectName(QStringLiteral("headerState"));
+    m_state->setFont(bold);
+    layout->addWidget(m_state);
+    for (int field = 0; field < FieldCount; ++field) {
+        auto* label = new QLabel(this);
+        label->setObjectName(QStringLiteral("headerField%1").arg(field));
+        label->setTextFormat(Qt::PlainText);
+        layout->addSpacing(kGap);
+        layout->addWidget(label);
+        m_fields[static_cast<std::size_t>(field)] = label;
+    }
+    layout->addStretch(1);
+    setFixedHeight(QFontMetrics(bold).height() + 2 * kMargin);
+    showSensor();
+}
+
+void SensorHeader::forgetSensor()
+{
+    m_factoryText.clear();
+    showSensor();
+}
+
+void SensorHeader::showSensor()
+{
+    const State state = stateOf(m_writer.runner().link());
+    const SensorValues& known = m_writer.runner().known();
+    if (state != State::Connected) {
+        m_factoryText.clear();
+    } else if (const auto read = known.find('F'); read != known.end()) {
+        m_factoryText = read->second;
+    }
+    setAccessibleName(languageString(strings::kHeaderName));
+    m_light->setPixmap(picture(lightOf(state)).pixmap(kLightSize));
+    m_state->setText(stateText());
+    m_state->setEnabled(state != State::NotConnected);
+    for (int field = 0; field < FieldCount; ++field)
+        m_fields[static_cast<std::size_t>(field)]->setText(text(static_cast<Field>(field)));
+}
+
+QString SensorHeader::stateText() const
+{
+    switch (stateOf(m_writer.runner().link())) {
+    case State::Connected:
+        return languageString(strings::kHeaderConnected);
+    case State::Lost:
+        return languageString(strings::kHeaderLost);
+    case State::NotIdentified:
+        return languageString(strings::kHeaderNotIdentified);
+    case State::NotConnected:
+        break;
+    }
+    return languageString(strings::kHeaderNotConnected);
+}
+
+QString SensorHeader::text(Field field) const
+{
+    const SensorLink& link = m_writer.runner().link();
+    const State state = stateOf(link);
+    const bool connected = state == State::Connected;
+    switch (field) {
+    case Type:
+        if (!connected)
+            return {};
+        return languageString(link.isTypeByHand() ? strings::kTypeNumberByHand
+                                                  : strings::kTypeNumber)
+            .arg(link.ssiType());
+    case Revision:
+        if (!connected && state != State::NotIdentified)
+            return {};
+        return languageString(strings::kFirmwareRevision)
+            .arg(QString::fromLatin1(link.versionText().left(kRevisionLength)));
+    case FactoryText:
+        return QString::fromLatin1(m_factoryText).trimmed();
+    case Port: {
+        if (!connected && state != State::NotIdentified)
+            return {};
+        const QString name = QStringLiteral("COM%1").arg(link.portNumber());
+        return ComPortNames().isSimulated(name)
+                   ? QStringLiteral("%1 (%2)").arg(name, languageString(strings::kSimulated))
+                   : name;
+    }
+    case SafeWrites:
+        if (!connected)
+            return {};
+        return languageString(m_writer.settings().enabled ? strings::kHeaderSafeWritesOn
+                                                          : strings::kHeaderSafeWritesOff);
+    case FieldCount:
+        break;
+    }
+    return {};
+}
+
+} // namespace pelorin

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <QFrame>
+
+#include <array>
+
+class QLabel;
+
+namespace pelorin {
+
+class SafeWriter;
+
+/// Which sensor is worked with: a line above the page with the state of the connection, the
+/// sensor's type, firmware revision and factory text, the port, and whether what is written is
+/// verified. Without a connected sensor only the state is told, so that nobody takes the page's
+/// values for those of a sensor that is there.
+class SensorHeader final : public QFrame
+{
+    Q_OBJECT
+
+public:
+    /// @param writer outlives the header
+    SensorHeader(QWidget* parent, const SafeWriter& writer);
+
+    /// Shows what is known by now.
+    void showSensor();
+    /// The sensor may be another one from now on.
+    void forgetSensor();
+
+private:
+    enum Field { Type, Revision, FactoryText, Port, SafeWrites, FieldCount };
+
+    [[nodiscard]] QString stateText() const;
+    [[nodiscard]] QString text(Field field) const;
+
+    const SafeWriter& m_writer;
+    QByteArray m_factoryText; ///< as a page has read it; empty before
+    QLabel* m_light;
+    QLabel* m_state;
+    std::array<QLabel*, FieldCount> m_fields{};
+};
+
+} // namespace pelorin
