@@ -1,5 +1,6 @@
 #include "app/PagePane.h"
 
+#include "app/CommandGate.h"
 #include "app/NoticeStrip.h"
 #include "pages/CommLogPage.h"
 #include "pages/FactoryParamsPage.h"
@@ -9,6 +10,7 @@
 #include "pages/SensorPage.h"
 #include "platform/core/LanguageStrings.h"
 #include "platform/core/Strings.h"
+#include "platform/ui/MessageBox.h"
 #include "platform/ui/Pictures.h"
 #include "sensor/SafeWriter.h"
 #include "tempcomp/TempCompPage.h"
@@ -82,6 +84,26 @@ void PagePane::addPage(const Page& page, const char* icon)
 SensorPage* PagePane::shownPage() const
 {
     return m_currentPage < 0 ? nullptr : m_pages[static_cast<std::size_t>(m_currentPage)].widget;
+}
+
+int PagePane::entryCount() const
+{
+    const SensorPage* page = shownPage();
+    return page ? page->entryCount() : 0;
+}
+
+bool PagePane::mayDiscard(CommandGate& gate)
+{
+    if (entryCount() == 0)
+        return true;
+    const CommandGate::Scope scope(gate);
+    const int answer =
+        askWithButtons(window(), languageString(strings::kAskToDiscard).arg(entryCount()),
+                       {languageString(strings::kStay), languageString(strings::kDiscard)}, 0);
+    if (answer != 1 || gate.isCloseWanted())
+        return false;
+    shownPage()->discardEntries();
+    return true;
 }
 
 QString PagePane::helpAnchor() const

@@ -9,6 +9,7 @@ class QPushButton;
 
 namespace pelorin {
 
+class CommandGate;
 class FormatRestore;
 class PositionStream;
 class SensorPage;
@@ -33,6 +34,11 @@ public:
     [[nodiscard]] int currentPage() const { return m_currentPage; }
     /// Null without one.
     [[nodiscard]] SensorPage* shownPage() const;
+    /// How much the user has entered on the shown page and not applied.
+    [[nodiscard]] int entryCount() const;
+    /// What the user has entered is discarded by nobody else: asks.
+    /// @return whether there is nothing of that (any more)
+    [[nodiscard]] bool mayDiscard(CommandGate& gate);
     /// Where the help tells of the shown page; empty without one.
     [[nodiscard]] QString helpAnchor() const;
 

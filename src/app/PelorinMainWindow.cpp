@@ -1,10 +1,9 @@
 #include "app/PelorinMainWindow.h"
 
-#include "app/BackupCommand.h"
+#include "app/BackupCommands.h"
 #include "app/BusyFilter.h"
 #include "app/Commands.h"
 #include "app/ConnectionSupervisor.h"
-#include "app/EarlierStatesCommand.h"
 #include "app/LinkStatusBar.h"
 #include "app/MainMenu.h"
 #include "app/NoticeStrip.h"
@@ -70,7 +69,8 @@ PelorinMainWindow::PelorinMainWindow(const ComPortFactory& factory,
           *this, {m_gate, *m_statusBar, m_runner, conversation.formats, m_restore, *m_writer},
           m_manualPowerMode)),
       m_pages(new PagePane(this, *m_writer, *m_stream, m_restore, m_tempCompEnabled)),
-      m_report(new WriteReport(*this, {*m_writer, m_gate, m_pages->strip(), *m_statusBar}))
+      m_report(new WriteReport(*this, {*m_writer, m_gate, m_pages->strip(), *m_statusBar})),
+      m_backups(new BackupCommands(*this, {*m_writer, m_restore, m_gate, *m_pages}))
 {
     m_stream->setParent(this);
     m_writer->setParent(this);
@@ -118,7 +118,7 @@ void PelorinMainWindow::connectParts()
     connect(m_pages, &PagePane::noticed, &m_gate,
             [this](const QString& text) { m_gate.addNotice(text); });
     connect(m_pages, &PagePane::entriesChanged, m_statusBar,
-            [this] { m_statusBar->setEntryCount(entryCount()); });
+            [this] { m_statusBar->setEntryCount(m_pages->entryCount()); });
     connect(&m_gate, &CommandGate::freed, this, &PelorinMainWindow::runDeferred);
 
     connect(m_connection, &ConnectionSupervisor::connectWanted, this,
@@ -131,14 +131,16 @@ void PelorinMainWindow::connectParts()
     };
     connect(&m_runner, &SequenceRunner::busyChanged, this, onBusyChanged);
     connect(m_writer, &SafeWriter::ended, this, onBusyChanged);
-    connect(m_report, &WriteReport::putBackWanted, this, &PelorinMainWindow::putBack,
+    connect(m_report, &WriteReport::putBackWanted, m_backups, &BackupCommands::putBack,
             Qt::QueuedConnection);
+    connect(m_backups, &BackupCommands::connectWanted, this, &PelorinMainWindow::wantConnect);
+    connect(m_backups, &BackupCommands::readWanted, this, [this] { switchPage(0); });
     connect(m_report, &WriteReport::refreshWanted, this, [this] {
-        if (entryCount() == 0)
+        if (m_pages->entryCount() == 0)
             refresh();
     });
     connect(m_report, &WriteReport::showWanted, this, [this](const QString& entry) {
-        m_entryToShow = entry;
+        m_backups->selectNext(entry);
         chooseCommand(kEarlierStatesCommand);
     });
 }
@@ -162,32 +164,10 @@ void PelorinMainWindow::showTitle()
     setWindowTitle(title);
 }
 
-int PelorinMainWindow::entryCount() const
-{
-    const SensorPage* page = m_pages->shownPage();
-    return page ? page->entryCount() : 0;
-}
-
-/// What the user has entered and not applied is discarded by nobody else.
-/// @return whether there is nothing of that (any more)
-bool PelorinMainWindow::mayDiscard()
-{
-    if (entryCount() == 0)
-        return true;
-    const CommandGate::Scope scope(m_gate);
-    const int answer =
-        askWithButtons(this, languageString(strings::kAskToDiscard).arg(entryCount()),
-                       {languageString(strings::kStay), languageString(strings::kDiscard)}, 0);
-    if (answer != 1 || m_gate.isCloseWanted())
-        return false;
-    m_pages->shownPage()->discardEntries();
-    return true;
-}
-
 /// A page is left only when what it does with the sensor has ended.
 void PelorinMainWindow::choosePage(int index)
 {
-    if (index == currentPage() || isBusy() || !m_gate.isFree() || !mayDiscard())
+    if (index == currentPage() || isBusy() || !m_gate.isFree() || !m_pages->mayDiscard(m_gate))
         return;
     (void)m_runner.endStream(*this, [this, index](bool /*restored*/) {
         if (!m_gate.isCloseWanted())
@@ -205,7 +185,8 @@ void PelorinMainWindow::chooseCommand(int command)
 {
     if (isBusy())
         return;
-    if (losesEntries(command) && entryCount() != 0 && (!m_gate.isFree() || !mayDiscard()))
+    if (losesEntries(command) && m_pages->entryCount() != 0 &&
+        (!m_gate.isFree() || !m_pages->mayDiscard(m_gate)))
         return;
     postCommand(command);
 }
@@ -241,14 +222,13 @@ void PelorinMainWindow::runCommand(int command)
     case kRefreshCommand:
         return refresh();
     case kSaveBackupCommand:
-        return runBackup(BackupProgressDialog::Mode::Backup);
+        return m_backups->run(BackupCommands::Mode::Backup);
     case kRestoreBackupCommand:
-        return runBackup(BackupProgressDialog::Mode::Restore);
+        return m_backups->run(BackupCommands::Mode::Restore);
     case kCompareCommand:
-        return runBackup(BackupProgressDialog::Mode::Compare);
+        return m_backups->run(BackupCommands::Mode::Compare);
     case kEarlierStatesCommand:
-        return finishBackup(
-            runEarlierStates(*this, *m_writer, m_restore, std::exchange(m_entryToShow, {})));
+        return m_backups->showEarlierStates();
     case kDisplayUnitCommand:
         return showDisplayUnit();
     case kWriteECommand:
@@ -309,35 +289,6 @@ void PelorinMainWindow::selectPort()
         showTitle();
         switchPage(0);
     });
-}
-
-void PelorinMainWindow::runBackup(BackupProgressDialog::Mode mode)
-{
-    finishBackup(runBackupCommand(*this, *m_writer, m_restore, mode));
-}
-
-/// An entry that is not there any more is told as what was not written.
-void PelorinMainWindow::putBack(const QString& entryId)
-{
-    if (m_closing != Closing::No || isBusy() || !m_gate.isFree())
-        return;
-    const CommandGate::Scope scope(m_gate);
-    for (const JournalEntry& entry : m_journal.entries()) {
-        if (entry.id == entryId)
-            return finishBackup(putBackEntry(*this, *m_writer, m_restore, entry));
-    }
-    m_gate.addNotice(languageString(strings::kNothingWritten));
-}
-
-/// What was written to is read afresh, which shows page 0; a Connect does so, too.
-void PelorinMainWindow::finishBackup(const BackupResult& result)
-{
-    m_gate.addNotice(result.message);
-    if (result.restored) {
-        wantConnect();
-    } else if (result.written && !m_gate.isCloseWanted()) {
-        switchPage(0);
-    }
 }
 
 void PelorinMainWindow::communicateManually()
@@ -409,7 +360,7 @@ void PelorinMainWindow::customEvent(QEvent* event)
 void PelorinMainWindow::onConnected(bool success)
 {
     m_offerDue = success;
-    if (success && entryCount() == 0)
+    if (success && m_pages->entryCount() == 0)
         switchPage(0);
 }
 
@@ -479,7 +430,7 @@ void PelorinMainWindow::closeEvent(QCloseEvent* event)
         return;
     }
     event->ignore();
-    if (event->spontaneous() && !m_gate.isCloseWanted() && !mayDiscard())
+    if (event->spontaneous() && !m_gate.isCloseWanted() && !m_pages->mayDiscard(m_gate))
         return;
     m_gate.requestClose();
     if (m_displayUnit)

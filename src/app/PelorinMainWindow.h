@@ -1,7 +1,6 @@
 #pragma once
 
 #include "app/CommandGate.h"
-#include "backup/BackupProgressDialog.h"
 #include "sensor/Journal.h"
 
 #include <QMainWindow>
@@ -9,7 +8,7 @@
 
 namespace pelorin {
 
-struct BackupResult;
+class BackupCommands;
 class BusyFilter;
 class ComPortFactory;
 class ConnectionSupervisor;
@@ -83,8 +82,6 @@ private:
     void translate();
     void showTitle();
 
-    [[nodiscard]] bool mayDiscard();
-    [[nodiscard]] int entryCount() const;
     void choosePage(int index);
     void chooseCommand(int command);
     void postCommand(int command);
@@ -94,9 +91,6 @@ private:
     void refresh();
     void connectSensor();
     void selectPort();
-    void runBackup(BackupProgressDialog::Mode mode);
-    void putBack(const QString& entryId);
-    void finishBackup(const BackupResult& result);
     void communicateManually();
     void showDisplayUnit();
     void showHelp();
@@ -128,10 +122,10 @@ private:
     ConnectionSupervisor* m_connection;
     PagePane* m_pages;
     WriteReport* m_report;
+    BackupCommands* m_backups;
     HelpWindow* m_help = nullptr;              ///< null until it is asked for
     QPointer<DisplayUnitDialog> m_displayUnit; ///< null while it is closed
     QString m_pageStatus;                      ///< the last status text of a page
-    QString m_entryToShow;                     ///< of the journal; empty for the newest
 
     bool m_connectWanted = false; ///< a Connect waits
     bool m_offerDue = false;      ///< of what was not finished; the sensor has to be read before

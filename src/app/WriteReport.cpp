@@ -111,9 +111,7 @@ void WriteReport::tellUntold()
 {
     if (std::exchange(m_untoldTold, true))
         return;
-    const Journal& journal = m_writer.journal();
-    QList<JournalEntry> untold = journal.entries();
-    untold.removeIf([](const JournalEntry& entry) { return !entry.end || entry.end->told; });
+    const QList<JournalEntry> untold = m_writer.journal().untold();
     if (untold.isEmpty())
         return;
     const bool differs = std::any_of(untold.begin(), untold.end(), [](const JournalEntry& entry) {
@@ -128,17 +126,11 @@ void WriteReport::tellUntold()
         }
         return lines.join(QLatin1Char('\n'));
     };
-    showLater({text,
-               differs ? Light::Red : Light::Gray,
-               {{strings::kShow, [this, id = untold.constFirst().id] {
-                     m_strip.clear();
-                     Q_EMIT showWanted(id);
-                 }}}});
-    for (const JournalEntry& entry : untold) {
-        JournalEntry::End told = *entry.end;
-        told.told = true;
-        (void)journal.setEnd(entry, told); // told once more otherwise
-    }
+    const auto show = [this, id = untold.constFirst().id] {
+        m_strip.clear();
+        Q_EMIT showWanted(id);
+    };
+    showLater({text, differs ? Light::Red : Light::Gray, {{strings::kShow, show}}}, untold);
 }
 
 void WriteReport::offerUnfinished()
@@ -180,9 +172,10 @@ void WriteReport::forget(const JournalEntry& entry)
 }
 
 /// Nothing takes the place of what the user has still to read.
-void WriteReport::showLater(NoticeStrip::Notice notice)
+/// @param untold what the user has been told of once the notice is shown
+void WriteReport::showLater(NoticeStrip::Notice notice, const QList<JournalEntry>& untold)
 {
-    m_waiting.push_back(std::move(notice));
+    m_waiting.push_back({std::move(notice), untold});
     showWaiting();
 }
 
@@ -190,9 +183,14 @@ void WriteReport::showWaiting()
 {
     if (m_waiting.empty() || !m_strip.isEmpty() || m_writer.isRunning())
         return;
-    NoticeStrip::Notice notice = std::move(m_waiting.front());
+    Waiting waiting = std::move(m_waiting.front());
     m_waiting.erase(m_waiting.begin());
-    m_strip.show(std::move(notice));
+    m_strip.show(std::move(waiting.notice));
+    for (const JournalEntry& entry : std::as_const(waiting.untold)) {
+        JournalEntry::End told = *entry.end;
+        told.told = true;
+        (void)m_writer.journal().setEnd(entry, told); // told once more otherwise
+    }
 }
 
 } // namespace pelorin

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/NoticeStrip.h"
+#include "sensor/Journal.h"
 #include "sensor/WriteResult.h"
 
 #include <QObject>
@@ -13,7 +14,6 @@ namespace pelorin {
 class CommandGate;
 class LinkStatusBar;
 class SafeWriter;
-struct JournalEntry;
 
 /// Tells the user how what was written to the sensor has ended, and offers what can be done about
 /// it. User-interface thread.
@@ -50,11 +50,17 @@ Q_SIGNALS:
     void refreshWanted();
 
 private:
+    struct Waiting
+    {
+        NoticeStrip::Notice notice;
+        QList<JournalEntry> untold; ///< what it tells of
+    };
+
     void tell(const WriteResult& result);
     void writeAgain(const WriteResult& result);
     [[nodiscard]] bool isOfConnectedSensor(const JournalEntry& entry) const;
     void forget(const JournalEntry& entry);
-    void showLater(NoticeStrip::Notice notice);
+    void showLater(NoticeStrip::Notice notice, const QList<JournalEntry>& untold = {});
     void showWaiting();
 
     QWidget& m_window;
@@ -62,7 +68,7 @@ private:
     CommandGate& m_gate;
     NoticeStrip& m_strip;
     LinkStatusBar& m_statusBar;
-    std::vector<NoticeStrip::Notice> m_waiting; ///< for the strip to be empty
+    std::vector<Waiting> m_waiting; ///< for the strip to be empty
     bool m_untoldTold = false;
     QStringList m_offered; ///< entries
 };

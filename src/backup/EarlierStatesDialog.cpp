@@ -223,8 +223,7 @@ void EarlierStatesDialog::showDetails()
     m_details->setRowCount(static_cast<int>(ids.size()));
     for (int row = 0; row < m_details->rowCount(); ++row) {
         const char id = ids.at(row);
-        SensorValues after = entry->written;
-        after.insert(entry->values.begin(), entry->values.end());
+        const SensorValues after = overlaid(entry->values, entry->written);
         setRow(*m_details, row,
                QStringList{parameterInWords(id)} + cellsOf(id, entry->values, entry->values) +
                    cellsOf(id, entry->written, after));

@@ -58,13 +58,6 @@ int textNumberOf(Origin origin)
     return 0;
 }
 
-SensorValues overlaid(SensorValues values, const SensorValues& newer)
-{
-    for (const auto& [id, value] : newer)
-        values[id] = value;
-    return values;
-}
-
 std::vector<ComparedParameter> rowsOf(const ReviewDialog::Review& review)
 {
     return compare(sensorType(review.ssiType).information, review.sensor, review.saved);

@@ -47,17 +47,11 @@ void WritingPage::discardEntries()
 /// For each field what was written and what the sensor has; empty where that is the same.
 QStringList WritingPage::differencesOf(const std::vector<Field>& fields) const
 {
-    const auto textsWith = [this](const SensorValues& values) {
-        SensorValues all = m_seen;
-        for (const auto& [id, value] : values)
-            all[id] = value;
-        return fieldTexts(all);
-    };
     QStringList texts(static_cast<qsizetype>(fields.size()));
     if (!m_differing)
         return texts;
-    const QStringList written = textsWith(m_differing->request.values);
-    const QStringList has = textsWith(m_differing->has);
+    const QStringList written = fieldTexts(overlaid(m_seen, m_differing->request.values));
+    const QStringList has = fieldTexts(overlaid(m_seen, m_differing->has));
     for (const Difference& difference : m_differing->differences) {
         for (qsizetype at = 0; at < texts.size(); ++at) {
             const Field& field = fields[static_cast<std::size_t>(at)];

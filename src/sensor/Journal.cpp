@@ -21,6 +21,8 @@ namespace {
 constexpr qint64 kLargestFile = qint64{1024} * 1024;
 constexpr const char* kValuesSuffix = ".dat";
 constexpr const char* kCircumstancesSuffix = ".json";
+constexpr const char* kToldMark = R"("told": true)"; ///< in the circumstances
+constexpr qsizetype kLookedAt = 1000;
 
 // The words in the files; they outlast versions of the program.
 template <class Value, std::size_t kCount>
@@ -183,15 +185,23 @@ Journal::Begun Journal::begin(JournalEntry entry) const
     return {{}, std::move(writing)};
 }
 
+/// Of all entries, the newest first, as they begin with the time.
+QStringList Journal::names() const
+{
+    const QString suffix = QLatin1String(kCircumstancesSuffix);
+    QStringList names =
+        QDir(m_folder).entryList({u'*' + suffix}, QDir::Files, QDir::Name | QDir::Reversed);
+    for (QString& name : names)
+        name.chop(suffix.size());
+    return names;
+}
+
 Journal::Contents Journal::contents() const
 {
     Contents contents;
     auto& entries = contents.entries;
-    const QDir folder(m_folder);
-    const QString suffix = QLatin1String(kCircumstancesSuffix);
-    for (QString name : folder.entryList({u'*' + suffix}, QDir::Files)) {
-        name.chop(suffix.size());
-        if (auto entry = read(name)) {
+    for (const QString& name : names()) {
+        if (auto entry = find(name)) {
             entries.append(*std::move(entry));
         } else {
             ++contents.unreadable;
@@ -204,12 +214,33 @@ Journal::Contents Journal::contents() const
     return contents;
 }
 
+/// Those that somebody has still to be told of. Of all others only the circumstances are read.
+QList<JournalEntry> Journal::unsettled() const
+{
+    QList<JournalEntry> found;
+    for (const QString& name : names().mid(0, kLookedAt)) {
+        const auto circumstances = WholeFile(path(name, kCircumstancesSuffix)).read(kLargestFile);
+        if (circumstances.content.contains(kToldMark))
+            continue;
+        if (const auto entry = find(name))
+            found.append(*entry);
+    }
+    return found;
+}
+
 QList<JournalEntry> Journal::unfinished() const
 {
-    QList<JournalEntry> found = entries();
+    QList<JournalEntry> found = unsettled();
     found.removeIf([this](const JournalEntry& entry) {
         return entry.end || FileLock::isHeld(path(entry.id, kValuesSuffix));
     });
+    return found;
+}
+
+QList<JournalEntry> Journal::untold() const
+{
+    QList<JournalEntry> found = unsettled();
+    found.removeIf([](const JournalEntry& entry) { return !entry.end || entry.end->told; });
     return found;
 }
 
@@ -243,7 +274,7 @@ QString Journal::path(const QString& id, const char* suffix) const
     return QDir(m_folder).filePath(id + QLatin1String(suffix));
 }
 
-std::optional<JournalEntry> Journal::read(const QString& id) const
+std::optional<JournalEntry> Journal::find(const QString& id) const
 {
     const auto circumstances = WholeFile(path(id, kCircumstancesSuffix)).read(kLargestFile);
     const auto values = WholeFile(path(id, kValuesSuffix)).read(kLargestFile);

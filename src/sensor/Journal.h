@@ -9,6 +9,7 @@
 #include <QDateTime>
 #include <QList>
 #include <QString>
+#include <QStringList>
 
 #include <memory>
 #include <optional>
@@ -86,8 +87,15 @@ public:
     [[nodiscard]] Contents contents() const;
     [[nodiscard]] QList<JournalEntry> entries() const { return contents().entries; }
     [[nodiscard]] const QString& folder() const { return m_folder; }
+    /// An entry by its name; nothing if it is not there any more, or damaged.
+    [[nodiscard]] std::optional<JournalEntry> find(const QString& id) const;
+
+    // Only the newest 1000 entries are looked at: the journal may grow for years.
+
     /// Those whose writing has not ended and is nobody's any more.
     [[nodiscard]] QList<JournalEntry> unfinished() const;
+    /// Those whose writing has ended, which nobody was told.
+    [[nodiscard]] QList<JournalEntry> untold() const;
 
     /// Notes another end of an entry; one that was removed meanwhile stays so.
     [[nodiscard]] WholeFile::Outcome setEnd(JournalEntry entry, const JournalEntry::End& end) const;
@@ -98,7 +106,8 @@ public:
 
 private:
     [[nodiscard]] QString path(const QString& id, const char* suffix) const;
-    [[nodiscard]] std::optional<JournalEntry> read(const QString& id) const;
+    [[nodiscard]] QStringList names() const;
+    [[nodiscard]] QList<JournalEntry> unsettled() const;
     [[nodiscard]] WholeFile::Outcome saveCircumstances(const JournalEntry& entry) const;
 
     QString m_folder;

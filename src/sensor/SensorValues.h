@@ -9,4 +9,11 @@ namespace pelorin {
 /// Texts of parameters, by their identifiers.
 using SensorValues = std::map<char, QByteArray>;
 
+/// All values, the newer ones in the place of those before.
+[[nodiscard]] inline SensorValues overlaid(const SensorValues& values, SensorValues newer)
+{
+    newer.insert(values.begin(), values.end());
+    return newer;
+}
+
 } // namespace pelorin

@@ -19,15 +19,13 @@ constexpr auto kAnswerLimit = 15s; ///< far beyond every exchange
 
 } // namespace
 
-SequenceRunner::SequenceRunner(SensorLink& link) : m_link(link)
+SequenceRunner::SequenceRunner(SensorLink& link)
+    : m_link(link), m_port(link, [this] { return supplyWait(); })
 {
     m_pause.setSingleShot(true);
     m_pause.setTimerType(Qt::PreciseTimer);
     connect(&m_pause, &QTimer::timeout, this, &SequenceRunner::doStep);
-    m_portWait.setSingleShot(true);
-    m_portWait.setTimerType(Qt::PreciseTimer);
-    connect(&m_portWait, &QTimer::timeout, this,
-            [this] { m_portRequest = m_link.close(m_portUse->supplyOff ? 1 : 0); });
+    connect(&m_port, &PortUse::stuck, this, &SequenceRunner::portStuck);
     m_answerLimit.setSingleShot(true);
     connect(&m_answerLimit, &QTimer::timeout, this, &SequenceRunner::giveUpWorker);
     m_link.setReplyTarget(this, WM_LINK_REPLY);
@@ -42,7 +40,7 @@ SequenceRunner::~SequenceRunner()
 
 bool SequenceRunner::isBusy() const
 {
-    return m_run || m_waiting.go || m_ending || isChangingPort() ||
+    return m_run || m_waiting.go || m_ending || m_port.isChanging() ||
            (m_stream && m_stream->stopping);
 }
 
@@ -60,7 +58,7 @@ bool SequenceRunner::start(QObject& owner, Plan plan, Listener listener)
 {
     const bool first = isOfStream(owner);
     const bool reserved = m_reservedFor && m_reservedFor != &owner && m_continuing != &owner;
-    if (m_run || (!first && (m_waiting.go || m_ending || isChangingPort() || reserved)))
+    if (m_run || (!first && (m_waiting.go || m_ending || m_port.isChanging() || reserved)))
         return false;
     Run run{.owner = &owner, .plan = std::move(plan), .listener = std::move(listener)};
     if (m_reservedFor == &owner) {
@@ -209,9 +207,8 @@ void SequenceRunner::customEvent(QEvent* event)
     if (answered == m_outstanding) {
         m_outstanding = 0;
         takeResult(result);
-    } else if (answered == m_portRequest) {
-        m_portRequest = 0;
-        takePortResult(result);
+    } else if (m_port.takeResult(answered, result)) {
+        return;
     } else if (answered == m_positionRequest) {
         m_positionRequest = 0;
         if (m_stream && !m_stream->stopping)
@@ -419,7 +416,8 @@ void SequenceRunner::streamEnded(bool restored)
 
 bool SequenceRunner::endStream(QObject& owner, std::function<void(bool)> then)
 {
-    if (m_run || m_waiting.go || isChangingPort() || m_ending || (m_stream && m_stream->stopping))
+    if (m_run || m_waiting.go || m_port.isChanging() || m_ending ||
+        (m_stream && m_stream->stopping))
         return false;
     if (!m_stream) {
         then(true);
@@ -459,52 +457,27 @@ void SequenceRunner::giveUpWorker()
 
 void SequenceRunner::openPort(int number, std::function<void(bool)> done)
 {
-    usePort({.open = [this, number] { return m_link.open(number); },
-             .done = std::move(done),
-             .changes = true});
+    m_port.open(number, tellingOf(std::move(done)));
+    settle(); // tells that it is busy
 }
 
 void SequenceRunner::reopenPort(std::function<void(bool)> done)
 {
-    usePort({.open = [this] { return m_link.reopen(); }, .done = std::move(done)});
+    m_port.reopen(tellingOf(std::move(done)));
 }
 
 void SequenceRunner::closePort(bool supplyOff, std::function<void()> done)
 {
-    usePort(
-        {.supplyOff = supplyOff, .done = [done = std::move(done)](bool /*opened*/) { done(); }});
+    m_port.close(supplyOff, tellingOf([done = std::move(done)](bool /*opened*/) { done(); }));
 }
 
-/// Begins with closing the port. Opening one raises RTS, which switches a supply off just as well.
-void SequenceRunner::usePort(PortUse use)
+/// The sensor that was known is not the one behind the port any more.
+PortUse::Done SequenceRunner::tellingOf(PortUse::Done done)
 {
-    const bool harmless = !m_link.isOpen() && !use.supplyOff;
-    const bool closing = m_portRequest != 0 && !m_portUse->opening && !use.supplyOff;
-    const auto former = std::exchange(m_portUse, std::move(use));
-    if (!closing) { // else the answer to that is awaited
-        m_portRequest = 0;
-        m_portWait.start(harmless ? 0ms : supplyWait());
-    }
-    tell([&former] {
-        if (former)
-            former->done(false);
-    });
-}
-
-void SequenceRunner::takePortResult(int result)
-{
-    if (!m_portUse->opening) {
-        if (result != 1)
-            Q_EMIT portStuck(m_link.portNumber());
-        if (m_portUse->open) {
-            m_portUse->opening = true;
-            m_portRequest = m_portUse->open();
-            return;
-        }
-    }
-    const PortUse use = *std::exchange(m_portUse, std::nullopt);
-    noteChange();
-    tell([&use, result] { use.done(result == 1); });
+    return [this, done = std::move(done)](bool opened) {
+        noteChange();
+        tell([&done, opened] { done(opened); });
+    };
 }
 
 void SequenceRunner::windDown(std::function<void()> done)

@@ -4,6 +4,7 @@
 #include "platform/core/WindowMessage.h"
 #include "sensor/Outcome.h"
 #include "sensor/Plan.h"
+#include "sensor/PortUse.h"
 
 #include <QElapsedTimer>
 #include <QObject>
@@ -101,8 +102,8 @@ public:
 
     /// The link was lost: what runs ends as lost, before the port is opened again.
     void linkLost();
-    /// Closes the port and opens another one, or the same again. A use of the port that is still
-    /// under way when the next is asked for has failed.
+    /// Closes the port and opens another one, or the same again. What is still being done with it
+    /// when the next is asked for has failed.
     /// @param done gets whether it is open; else the link tells why
     void openPort(int number, std::function<void(bool)> done);
     void reopenPort(std::function<void(bool)> done);
@@ -161,16 +162,6 @@ private:
         std::function<void()> abandoned{}; ///< instead, for a plan
     };
 
-    /// What is being done with the port, which is closed first.
-    struct PortUse
-    {
-        std::function<RequestId()> open{}; ///< none: it stays closed
-        bool supplyOff = false;
-        std::function<void(bool)> done{};
-        bool changes = false; ///< to another port; nothing begins meanwhile
-        bool opening = false;
-    };
-
     [[nodiscard]] bool isOfStream(const QObject& owner) const;
     void begin(Run run);
     void giveUp();
@@ -188,9 +179,7 @@ private:
     void noteChange();
     [[nodiscard]] std::chrono::milliseconds supplyWait() const;
 
-    [[nodiscard]] bool isChangingPort() const { return m_portUse && m_portUse->changes; }
-    void usePort(PortUse use);
-    void takePortResult(int result);
+    [[nodiscard]] PortUse::Done tellingOf(PortUse::Done done);
     void loseStream();
     void giveUpWorker();
 
@@ -212,10 +201,7 @@ private:
     int m_changes = 0;
     QElapsedTimer m_sinceWrite; ///< invalid before the first
 
-    RequestId m_portRequest = 0;
-    std::optional<PortUse> m_portUse;
-    QTimer m_portWait; ///< for the sensor to have stored
-
+    PortUse m_port;
     bool m_ending = false;
     std::function<void()> m_whenEnded;
     QTimer m_answerLimit; ///< of an outstanding request while it ends

@@ -37,13 +37,6 @@ int reasonOf(const WriteResult& result)
     return 0;
 }
 
-SensorValues overlaid(SensorValues values, const SensorValues& newer)
-{
-    for (const auto& [id, value] : newer)
-        values[id] = value;
-    return values;
-}
-
 QString differenceInWords(const Difference& difference, const WriteResult& result)
 {
     return languageString(strings::kDifference)

@@ -1,7 +1,11 @@
+#include "app/CommandGate.h"
 #include "app/Commands.h"
+#include "app/LinkStatusBar.h"
+#include "app/WriteReport.h"
 #include "backup/EarlierStatesDialog.h"
 #include "platform/core/ComPortNames.h"
 #include "platform/core/LanguageStrings.h"
+#include "sensor/SafeWriter.h"
 #include "support/FileContent.h"
 #include "support/MainWindowRig.h"
 #include "support/ModalAnswer.h"
@@ -240,6 +244,18 @@ private Q_SLOTS:
         QVERIFY(rig.notice().contains(QStringLiteral("05:01:07")));
         for (const JournalEntry& entry : rig.journal.entries().mid(0, 3))
             QVERIFY((entry.end == End{Kind::NotChecked, Reason::Closed, true}));
+
+        rig.keep(state(5), End{Kind::Differs, Reason::None, false});
+        auto& strip = rig.page<NoticeStrip>();
+        CommandGate gate(rig.window());
+        WriteReport later(rig.window(),
+                          {rig.page<SafeWriter>(), gate, strip, rig.page<LinkStatusBar>()});
+        later.tellUntold();
+        QVERIFY(rig.notice().contains(QStringLiteral("05:01:07")));
+        QCOMPARE(rig.journal.untold().size(), 1); // it waits, and was not seen
+        QTest::keyClick(&rig.window(), Qt::Key_Escape);
+        QVERIFY(rig.notice().contains(QStringLiteral("05:05:07")));
+        QCOMPARE(rig.journal.untold().size(), 0);
 
         QTest::keyClick(&rig.window(), Qt::Key_Escape);
         QVERIFY(rig.clickCommand(kConnectCommand));

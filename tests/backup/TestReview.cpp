@@ -1,4 +1,4 @@
-#include "app/BackupCommand.h"
+#include "app/BackupCommands.h"
 #include "app/Commands.h"
 #include "app/NoticeStrip.h"
 #include "backup/ReviewDialog.h"
@@ -9,6 +9,7 @@
 #include "support/ChangedValues.h"
 #include "support/FileDialogUser.h"
 #include "support/MainWindowRig.h"
+#include "support/ModalAnswer.h"
 #include "support/Rows.h"
 #include "support/TestFolder.h"
 #include "support/WaitFor.h"
@@ -144,6 +145,18 @@ public:
     {
         static const QRegularExpression write(QStringLiteral("^.N"));
         return frames().split(QLatin1Char(' ')).filter(write).join(QLatin1Char(' '));
+    }
+    /// @return what the user is told in a box; empty if nothing
+    [[nodiscard]] QString putBack(const JournalEntry& entry)
+    {
+        const auto begun = Journal().begin(entry);
+        QString told;
+        const ModalAnswer<QMessageBox> box([&told](QMessageBox& shown) {
+            told = shown.text();
+            shown.accept();
+        });
+        window().findChild<BackupCommands*>()->putBack(begun.writing->entry().id);
+        return waitIdle() ? told : QStringLiteral("does not end");
     }
     [[nodiscard]] NoticeStrip& strip() { return *window().findChild<NoticeStrip*>(); }
     [[nodiscard]] qsizetype connects()
@@ -383,11 +396,12 @@ private Q_SLOTS:
     {
         ReviewRig rig;
         QVERIFY(rig.startConnected());
-        const Journal journal(rig.folder.path(QStringLiteral("journal")));
-        SafeWriter writer(rig.runner(), journal, {});
-        const FormatRestore formats(rig.runner(), rig.formats());
-        JournalEntry entry{.version = "3A0199", .ssiType = 1, .values = rig.backup()};
-        QCOMPARE(putBackEntry(rig.window(), writer, formats, entry).message,
+        (void)rig.frames();
+        JournalEntry entry{.time = QDateTime::currentDateTimeUtc(),
+                           .version = "3A0199",
+                           .ssiType = 1,
+                           .values = rig.backup()};
+        QCOMPARE(rig.putBack(entry),
                  QStringLiteral("This state was kept of a sensor of another type. Nothing was "
                                 "written."));
         entry.ssiType = 2;
@@ -398,11 +412,10 @@ private Q_SLOTS:
                                                   "Factory Value O (O).")));
             click(review, 2);
         });
-        QVERIFY(!putBackEntry(rig.window(), writer, formats, entry).written);
+        QCOMPARE(rig.putBack(entry), QString());
         QVERIFY(user.wasShown());
         entry.values['O'] = "00003D000";
-        QVERIFY(putBackEntry(rig.window(), writer, formats, entry)
-                    .message.contains(QLatin1String("Not usable: Factory Value O (O)")));
+        QVERIFY(rig.putBack(entry).contains(QLatin1String("Not usable: Factory Value O (O)")));
         QCOMPARE(rig.written(), QString());
     }
 };
