@@ -293,7 +293,7 @@ void PelorinMainWindow::selectPort()
 
 void PelorinMainWindow::communicateManually()
 {
-    (void)ManualCommDialog(this, m_runner).exec();
+    (void)ManualCommDialog(this, m_runner, m_sendHistory).exec();
 }
 
 /// Opens the dialog of the display unit; one that is open comes to the front as it is.
