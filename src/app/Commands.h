@@ -19,7 +19,10 @@ enum Command : int {
     kAboutCommand = 1054,
     kExitCommand = 1055,
     kEarlierStatesCommand = 1056,
-    kCompareCommand = 1057
+    kCompareCommand = 1057,
+    kOpenBackupCommand = 1059,
+    kReportCommand = 1060,
+    kSupportFileCommand = 1061
 };
 
 [[nodiscard]] constexpr bool isLanguageCommand(int command)

@@ -7,7 +7,10 @@
 #include "app/LinkStatusBar.h"
 #include "app/MainMenu.h"
 #include "app/NoticeStrip.h"
+#include "app/OpenBackupCommand.h"
 #include "app/PagePane.h"
+#include "app/ReportCommand.h"
+#include "app/SupportFileCommand.h"
 #include "app/WriteReport.h"
 #include "display/DisplayUnitDialog.h"
 #include "link/SensorLink.h"
@@ -227,8 +230,12 @@ void PelorinMainWindow::runCommand(int command)
         return m_backups->run(BackupCommands::Mode::Restore);
     case kCompareCommand:
         return m_backups->run(BackupCommands::Mode::Compare);
+    case kOpenBackupCommand:
+        return OpenBackupCommand(*this, m_gate).run();
     case kEarlierStatesCommand:
         return m_backups->showEarlierStates();
+    case kReportCommand:
+        return ReportCommand(*this, {*m_writer, m_restore, m_gate}).run();
     case kDisplayUnitCommand:
         return showDisplayUnit();
     case kWriteECommand:
@@ -239,6 +246,8 @@ void PelorinMainWindow::runCommand(int command)
         return communicateManually();
     case kHelpCommand:
         return showHelp();
+    case kSupportFileCommand:
+        return SupportFileCommand(*this, {m_link, m_journal, m_languages, m_gate}).run();
     case kAboutCommand:
         (void)AboutDialog(this).exec();
         return;

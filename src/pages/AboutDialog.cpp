@@ -1,5 +1,6 @@
 #include "pages/AboutDialog.h"
 
+#include "platform/core/ProgramVersion.h"
 #include "platform/core/Strings.h"
 #include "platform/ui/Pictures.h"
 
@@ -10,9 +11,6 @@
 namespace pelorin {
 
 namespace {
-
-constexpr int kMajorVersion = 1;
-constexpr int kMinorVersion = 6;
 
 constexpr int kOkButton = 1;
 constexpr int kNameEdit = 1038;
@@ -37,8 +35,7 @@ void AboutDialog::setupTranslationMap()
 void AboutDialog::onInitDialog()
 {
     getControl<QLabel>(kIconLabel)->setPixmap(programIcon().pixmap(128));
-    getControl<QLineEdit>(kVersionEdit)
-        ->setText(QString::asprintf("%01d.%02d", kMajorVersion, kMinorVersion));
+    getControl<QLineEdit>(kVersionEdit)->setText(programVersion());
     for (const int id : {kNameEdit, kVersionEdit}) {
         auto* edit = getControl<QLineEdit>(id);
         QPalette colors = edit->palette();
