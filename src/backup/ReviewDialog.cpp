@@ -184,7 +184,7 @@ void ReviewDialog::renderRows()
                                    stateText(parameter.state),
                                    writtenText(parameter.id)};
         QFont font = m_table->font();
-        font.setBold(parameter.state == State::Differs);
+        font.setBold(parameter.state == State::Differs && m_review.purpose != Purpose::Show);
         for (int column = 0; column < kColumns; ++column) {
             auto* item = new QTableWidgetItem(texts[column]);
             item->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable);

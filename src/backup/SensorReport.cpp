@@ -19,7 +19,9 @@ namespace {
 
 constexpr int kPointSize = 9; ///< so that everything has room on one page
 constexpr qreal kMarginMm = 15;
-constexpr int kRoomForNote = 150; ///< pixels
+constexpr qreal kLayoutDpi = 96;
+constexpr qreal kMmPerInch = 25.4;
+constexpr int kLinesForNote = 8;
 
 QString cell(const QString& text, const char* tag = "td")
 {
@@ -99,8 +101,7 @@ QString SensorReport::html() const
                .arg(title) +
            table(identity) + QStringLiteral("<p></p>\n") + table(valueRows(*this)) +
            heading(strings::kLastVerification) + table(row({lastWriteText(lastWrite)})) +
-           heading(strings::kReportNote) +
-           table(QStringLiteral("<tr><td height=\"%1\"></td></tr>\n").arg(kRoomForNote)) +
+           heading(strings::kReportNote) + table(row({QString(kLinesForNote, u'\n')})) +
            QStringLiteral("</body></html>\n");
 }
 
@@ -119,6 +120,8 @@ QByteArray SensorReport::pdf() const
     font.setPointSize(kPointSize);
     document.setDefaultFont(font);
     document.setHtml(html());
+    document.setPageSize(writer.pageLayout().paintRect(QPageLayout::Millimeter).size() /
+                         kMmPerInch * kLayoutDpi); // else it gets other margins besides
     document.print(&writer);
     return content;
 }
