@@ -33,10 +33,11 @@ void LogSearch::setLines(const CommLog::Snapshot& lines)
     m_next = std::max(m_next, m_lines.first());
     m_found.erase(m_found.begin(),
                   std::lower_bound(m_found.begin(), m_found.end(), m_lines.first()));
-    if (!m_text.isEmpty() && m_next < m_lines.first() + m_lines.size())
+    if (!m_text.isEmpty() && m_next < m_lines.first() + m_lines.size()) {
         m_timer.start(0);
-    else
+    } else {
         m_timer.stop();
+    }
     Q_EMIT progressed();
 }
 

@@ -87,7 +87,7 @@ QString strokesOf(int code, int (*codeOf)(double))
 /// Whether it is what gradient and resolution give can be seen where they are known.
 QString scaleText(const QByteArray& text, const SensorValues& values)
 {
-    const QString meaning = languageString(strings::kScaleMeaning).arg(hexToLong(text));
+    QString meaning = languageString(strings::kScaleMeaning).arg(hexToLong(text));
     const auto resolution = values.find('A');
     const auto gradient = values.find('U');
     if (resolution == values.end() || gradient == values.end())
