@@ -91,8 +91,10 @@ public:
 
     [[nodiscard]] CommLog& log() { return m_link.commLog(); }
 
+    /// With one line more than before: what is shown already is not shown anew.
     void showLog()
     {
+        log().append(lineOf(0));
         m_page->getCurrentValues();
         m_watch->waitForPaint();
     }

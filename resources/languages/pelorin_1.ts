@@ -2167,6 +2167,238 @@ From then on %1 is read, and %2 no longer.</translation>
         <extracomment>%1 path</extracomment>
         <translation>The settings file %1 does not exist.</translation>
     </message>
+    <message id="2100">
+        <source>%1 hexadecimal is %2.</source>
+        <translation>%1 hexadecimal is %2.</translation>
+    </message>
+    <message id="2101">
+        <source>%1 hexadecimal; the firmware revision is %2, as the bounds in the settings are written.</source>
+        <translation>%1 hexadecimal; the firmware revision is %2, as the bounds in the settings are written.</translation>
+    </message>
+    <message id="2102">
+        <source>%1 = 512 × gradient ÷ resolution in µm.</source>
+        <translation>%1 = 512 × gradient ÷ resolution in µm.</translation>
+    </message>
+    <message id="2103">
+        <source>Gradient and resolution give %1.</source>
+        <translation>Gradient and resolution give %1.</translation>
+    </message>
+    <message id="2104">
+        <source>The code of a stroke length of %1 mm.</source>
+        <translation>The code of a stroke length of %1 mm.</translation>
+    </message>
+    <message id="2105">
+        <source>%1 or %2</source>
+        <translation>%1 or %2</translation>
+    </message>
+    <message id="2106">
+        <source>No stroke length has this code.</source>
+        <translation>No stroke length has this code.</translation>
+    </message>
+    <message id="2107">
+        <source>As Read from the Sensor</source>
+        <translation>As Read from the Sensor</translation>
+    </message>
+    <message id="2108">
+        <source>Read a Parameter</source>
+        <translation>Read a Parameter</translation>
+    </message>
+    <message id="2109">
+        <source>Received, as Text</source>
+        <translation>Received, as Text</translation>
+    </message>
+    <message id="2110">
+        <source>Enter sends; Up and Down show what was sent before.</source>
+        <translation>Enter sends; Up and Down show what was sent before.</translation>
+    </message>
+    <message id="2111">
+        <source>Not everything that was pasted has a cell in the table. What lies beyond its edge was left out.</source>
+        <translation>Not everything that was pasted has a cell in the table. What lies beyond its edge was left out.</translation>
+    </message>
+    <message id="2112">
+        <source>Paste</source>
+        <translation>Paste</translation>
+    </message>
+    <message id="2113">
+        <source>The file cannot hold this; it will hold %1.</source>
+        <translation>The file cannot hold this; it will hold %1.</translation>
+    </message>
+    <message id="2114">
+        <source>Selected line, in words</source>
+        <translation>Selected line, in words</translation>
+    </message>
+    <message id="2115">
+        <source>Copy with Times</source>
+        <translation>Copy with Times</translation>
+    </message>
+    <message id="2116">
+        <source>Follow</source>
+        <translation>Follow</translation>
+    </message>
+    <message id="2117">
+        <source>Find</source>
+        <translation>Find</translation>
+    </message>
+    <message id="2118">
+        <source>Next</source>
+        <translation>Next</translation>
+    </message>
+    <message id="2119">
+        <source>Previous</source>
+        <translation>Previous</translation>
+    </message>
+    <message id="2120">
+        <source>%1 of %2</source>
+        <translation>%1 of %2</translation>
+    </message>
+    <message id="2121">
+        <source>searching: %1 so far</source>
+        <translation>searching: %1 so far</translation>
+    </message>
+    <message id="2122">
+        <source>Not found</source>
+        <translation>Not found</translation>
+    </message>
+    <message id="2123">
+        <source>Read of %1.</source>
+        <translation>Read of %1.</translation>
+    </message>
+    <message id="2124">
+        <source>Write of %1: %2.</source>
+        <translation>Write of %1: %2.</translation>
+    </message>
+    <message id="2125">
+        <source>Answer, %1: %2.</source>
+        <translation>Answer, %1: %2.</translation>
+    </message>
+    <message id="2126">
+        <source>Command %1.</source>
+        <translation>Command %1.</translation>
+    </message>
+    <message id="2127">
+        <source>Position, as the sensor streams it: SSI word %1 hexadecimal.</source>
+        <translation>Position, as the sensor streams it: SSI word %1 hexadecimal.</translation>
+    </message>
+    <message id="2128">
+        <source>The supply line (RTS) could not be switched: %1.</source>
+        <translation>The supply line (RTS) could not be switched: %1.</translation>
+    </message>
+    <message id="2129">
+        <source>The port could not be emptied: %1.</source>
+        <translation>The port could not be emptied: %1.</translation>
+    </message>
+    <message id="2130">
+        <source>Sending failed: %1.</source>
+        <translation>Sending failed: %1.</translation>
+    </message>
+    <message id="2131">
+        <source>Receiving failed: %1.</source>
+        <translation>Receiving failed: %1.</translation>
+    </message>
+    <message id="2132">
+        <source>A frame left the port only in part.</source>
+        <translation>A frame left the port only in part.</translation>
+    </message>
+    <message id="2133">
+        <source>The answer above has %1 bytes; 7 to 9 are expected.</source>
+        <translation>The answer above has %1 bytes; 7 to 9 are expected.</translation>
+    </message>
+    <message id="2134">
+        <source>The answer above does not end as an answer does.</source>
+        <translation>The answer above does not end as an answer does.</translation>
+    </message>
+    <message id="2135">
+        <source>A value of %1 bytes is too long for a frame; nothing was sent.</source>
+        <translation>A value of %1 bytes is too long for a frame; nothing was sent.</translation>
+    </message>
+    <message id="2136">
+        <source>The sensor is of type %1, as its firmware revision says.</source>
+        <translation>The sensor is of type %1, as its firmware revision says.</translation>
+    </message>
+    <message id="2137">
+        <source>The firmware revision of the sensor lies in none of the configured ranges.</source>
+        <translation>The firmware revision of the sensor lies in none of the configured ranges.</translation>
+    </message>
+    <message id="2138">
+        <source>Nothing was received in time.</source>
+        <translation>Nothing was received in time.</translation>
+    </message>
+    <message id="2139">
+        <source>Not a whole answer, as text: %1.</source>
+        <translation>Not a whole answer, as text: %1.</translation>
+    </message>
+    <message id="2140">
+        <source>&amp;Open Backup File…</source>
+        <translation>&amp;Open Backup File…</translation>
+    </message>
+    <message id="2141">
+        <source>Backup File</source>
+        <translation>Backup File</translation>
+    </message>
+    <message id="2142">
+        <source>Re&amp;port…</source>
+        <translation>Re&amp;port…</translation>
+    </message>
+    <message id="2143">
+        <source>Sensor Report</source>
+        <translation>Sensor Report</translation>
+    </message>
+    <message id="2144">
+        <source>Web pages (*.html);;PDF documents (*.pdf);;All files (*)</source>
+        <translation>Web pages (*.html);;PDF documents (*.pdf);;All files (*)</translation>
+    </message>
+    <message id="2145">
+        <source>Note</source>
+        <translation>Note</translation>
+    </message>
+    <message id="2146">
+        <source>Date and time</source>
+        <translation>Date and time</translation>
+    </message>
+    <message id="2147">
+        <source>Program</source>
+        <translation>Program</translation>
+    </message>
+    <message id="2148">
+        <source>Last verification</source>
+        <translation>Last verification</translation>
+    </message>
+    <message id="2149">
+        <source>Nothing has been written to this sensor here.</source>
+        <translation>Nothing has been written to this sensor here.</translation>
+    </message>
+    <message id="2150">
+        <source>&amp;Support File…</source>
+        <translation>&amp;Support File…</translation>
+    </message>
+    <message id="2151">
+        <source>Support File</source>
+        <translation>Support File</translation>
+    </message>
+    <message id="2152">
+        <source>This is what the file will hold; it stays on this computer until you pass it on. Delete here what you do not want to pass on.</source>
+        <translation>This is what the file will hold; it stays on this computer until you pass it on. Delete here what you do not want to pass on.</translation>
+    </message>
+    <message id="2153">
+        <source>Versions</source>
+        <translation>Versions</translation>
+    </message>
+    <message id="2154">
+        <source>Settings</source>
+        <translation>Settings</translation>
+    </message>
+    <message id="2155">
+        <source>Last kept state of a sensor</source>
+        <translation>Last kept state of a sensor</translation>
+    </message>
+    <message id="2156">
+        <source>The last %1 of %2 lines</source>
+        <translation>The last %1 of %2 lines</translation>
+    </message>
+    <message id="2157">
+        <source>Sensor type</source>
+        <translation>Sensor type</translation>
+    </message>
     <message id="2160">
         <source>Sensor connected</source>
         <extracomment>State in the line above the page</extracomment>

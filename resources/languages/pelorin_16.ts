@@ -2167,6 +2167,238 @@ Da allora viene letto %1, e %2 non più.</translation>
         <extracomment>%1 path</extracomment>
         <translation>Il file delle impostazioni %1 non esiste.</translation>
     </message>
+    <message id="2100">
+        <source>%1 hexadecimal is %2.</source>
+        <translation>%1 esadecimale è %2.</translation>
+    </message>
+    <message id="2101">
+        <source>%1 hexadecimal; the firmware revision is %2, as the bounds in the settings are written.</source>
+        <translation>%1 esadecimale; la revisione del firmware è %2, come sono scritti i limiti nelle impostazioni.</translation>
+    </message>
+    <message id="2102">
+        <source>%1 = 512 × gradient ÷ resolution in µm.</source>
+        <translation>%1 = 512 × gradiente ÷ risoluzione in µm.</translation>
+    </message>
+    <message id="2103">
+        <source>Gradient and resolution give %1.</source>
+        <translation>Gradiente e risoluzione danno %1.</translation>
+    </message>
+    <message id="2104">
+        <source>The code of a stroke length of %1 mm.</source>
+        <translation>Il codice di una corsa di misura di %1 mm.</translation>
+    </message>
+    <message id="2105">
+        <source>%1 or %2</source>
+        <translation>%1 o %2</translation>
+    </message>
+    <message id="2106">
+        <source>No stroke length has this code.</source>
+        <translation>Nessuna corsa di misura ha questo codice.</translation>
+    </message>
+    <message id="2107">
+        <source>As Read from the Sensor</source>
+        <translation>Come letto dal sensore</translation>
+    </message>
+    <message id="2108">
+        <source>Read a Parameter</source>
+        <translation>Leggi un parametro</translation>
+    </message>
+    <message id="2109">
+        <source>Received, as Text</source>
+        <translation>Ricezione, come testo</translation>
+    </message>
+    <message id="2110">
+        <source>Enter sends; Up and Down show what was sent before.</source>
+        <translation>Invio trasmette; Su e Giù mostrano ciò che è stato inviato prima.</translation>
+    </message>
+    <message id="2111">
+        <source>Not everything that was pasted has a cell in the table. What lies beyond its edge was left out.</source>
+        <translation>Non tutto ciò che è stato incollato ha una cella nella tabella. Ciò che supera il bordo è stato omesso.</translation>
+    </message>
+    <message id="2112">
+        <source>Paste</source>
+        <translation>Incolla</translation>
+    </message>
+    <message id="2113">
+        <source>The file cannot hold this; it will hold %1.</source>
+        <translation>Il file non può contenerlo; conterrà %1.</translation>
+    </message>
+    <message id="2114">
+        <source>Selected line, in words</source>
+        <translation>Riga scelta, in parole</translation>
+    </message>
+    <message id="2115">
+        <source>Copy with Times</source>
+        <translation>Copia con le ore</translation>
+    </message>
+    <message id="2116">
+        <source>Follow</source>
+        <translation>Segui</translation>
+    </message>
+    <message id="2117">
+        <source>Find</source>
+        <translation>Cerca</translation>
+    </message>
+    <message id="2118">
+        <source>Next</source>
+        <translation>Successivo</translation>
+    </message>
+    <message id="2119">
+        <source>Previous</source>
+        <translation>Precedente</translation>
+    </message>
+    <message id="2120">
+        <source>%1 of %2</source>
+        <translation>%1 di %2</translation>
+    </message>
+    <message id="2121">
+        <source>searching: %1 so far</source>
+        <translation>ricerca: %1 finora</translation>
+    </message>
+    <message id="2122">
+        <source>Not found</source>
+        <translation>Non trovato</translation>
+    </message>
+    <message id="2123">
+        <source>Read of %1.</source>
+        <translation>Lettura di %1.</translation>
+    </message>
+    <message id="2124">
+        <source>Write of %1: %2.</source>
+        <translation>Scrittura di %1: %2.</translation>
+    </message>
+    <message id="2125">
+        <source>Answer, %1: %2.</source>
+        <translation>Risposta, %1: %2.</translation>
+    </message>
+    <message id="2126">
+        <source>Command %1.</source>
+        <translation>Comando %1.</translation>
+    </message>
+    <message id="2127">
+        <source>Position, as the sensor streams it: SSI word %1 hexadecimal.</source>
+        <translation>Posizione, come la emette il sensore: parola SSI %1 esadecimale.</translation>
+    </message>
+    <message id="2128">
+        <source>The supply line (RTS) could not be switched: %1.</source>
+        <translation>Non è stato possibile commutare la linea di alimentazione (RTS): %1.</translation>
+    </message>
+    <message id="2129">
+        <source>The port could not be emptied: %1.</source>
+        <translation>Non è stato possibile svuotare la porta: %1.</translation>
+    </message>
+    <message id="2130">
+        <source>Sending failed: %1.</source>
+        <translation>Invio non riuscito: %1.</translation>
+    </message>
+    <message id="2131">
+        <source>Receiving failed: %1.</source>
+        <translation>Ricezione non riuscita: %1.</translation>
+    </message>
+    <message id="2132">
+        <source>A frame left the port only in part.</source>
+        <translation>Una trama ha lasciato la porta solo in parte.</translation>
+    </message>
+    <message id="2133">
+        <source>The answer above has %1 bytes; 7 to 9 are expected.</source>
+        <translation>La risposta precedente ha %1 byte; se ne attendono da 7 a 9.</translation>
+    </message>
+    <message id="2134">
+        <source>The answer above does not end as an answer does.</source>
+        <translation>La risposta precedente non termina come una risposta.</translation>
+    </message>
+    <message id="2135">
+        <source>A value of %1 bytes is too long for a frame; nothing was sent.</source>
+        <translation>Un valore di %1 byte è troppo lungo per una trama; non è stato inviato nulla.</translation>
+    </message>
+    <message id="2136">
+        <source>The sensor is of type %1, as its firmware revision says.</source>
+        <translation>Il sensore è di tipo %1, secondo la sua revisione del firmware.</translation>
+    </message>
+    <message id="2137">
+        <source>The firmware revision of the sensor lies in none of the configured ranges.</source>
+        <translation>La revisione del firmware del sensore non è in nessuno degli intervalli configurati.</translation>
+    </message>
+    <message id="2138">
+        <source>Nothing was received in time.</source>
+        <translation>Non è stato ricevuto nulla in tempo.</translation>
+    </message>
+    <message id="2139">
+        <source>Not a whole answer, as text: %1.</source>
+        <translation>Risposta incompleta, come testo: %1.</translation>
+    </message>
+    <message id="2140">
+        <source>&amp;Open Backup File…</source>
+        <translation>Apri &amp;file di backup…</translation>
+    </message>
+    <message id="2141">
+        <source>Backup File</source>
+        <translation>File di backup</translation>
+    </message>
+    <message id="2142">
+        <source>Re&amp;port…</source>
+        <translation>Rapport&amp;o…</translation>
+    </message>
+    <message id="2143">
+        <source>Sensor Report</source>
+        <translation>Rapporto del sensore</translation>
+    </message>
+    <message id="2144">
+        <source>Web pages (*.html);;PDF documents (*.pdf);;All files (*)</source>
+        <translation>Pagine web (*.html);;Documenti PDF (*.pdf);;Tutti i file (*)</translation>
+    </message>
+    <message id="2145">
+        <source>Note</source>
+        <translation>Nota</translation>
+    </message>
+    <message id="2146">
+        <source>Date and time</source>
+        <translation>Data e ora</translation>
+    </message>
+    <message id="2147">
+        <source>Program</source>
+        <translation>Programma</translation>
+    </message>
+    <message id="2148">
+        <source>Last verification</source>
+        <translation>Ultima verifica</translation>
+    </message>
+    <message id="2149">
+        <source>Nothing has been written to this sensor here.</source>
+        <translation>Qui non è stato scritto nulla in questo sensore.</translation>
+    </message>
+    <message id="2150">
+        <source>&amp;Support File…</source>
+        <translation>File di &amp;supporto…</translation>
+    </message>
+    <message id="2151">
+        <source>Support File</source>
+        <translation>File di supporto</translation>
+    </message>
+    <message id="2152">
+        <source>This is what the file will hold; it stays on this computer until you pass it on. Delete here what you do not want to pass on.</source>
+        <translation>Questo è ciò che il file conterrà; resta su questo computer finché non lo inoltrate. Eliminate qui ciò che non volete inoltrare.</translation>
+    </message>
+    <message id="2153">
+        <source>Versions</source>
+        <translation>Versioni</translation>
+    </message>
+    <message id="2154">
+        <source>Settings</source>
+        <translation>Impostazioni</translation>
+    </message>
+    <message id="2155">
+        <source>Last kept state of a sensor</source>
+        <translation>Ultimo stato conservato di un sensore</translation>
+    </message>
+    <message id="2156">
+        <source>The last %1 of %2 lines</source>
+        <translation>Le ultime %1 di %2 righe</translation>
+    </message>
+    <message id="2157">
+        <source>Sensor type</source>
+        <translation>Tipo di sensore</translation>
+    </message>
     <message id="2160">
         <source>Sensor connected</source>
         <extracomment>State in the line above the page</extracomment>

@@ -2167,6 +2167,238 @@ Von da an wird %1 gelesen und %2 nicht mehr.</translation>
         <extracomment>%1 path</extracomment>
         <translation>Die Einstellungsdatei %1 gibt es nicht.</translation>
     </message>
+    <message id="2100">
+        <source>%1 hexadecimal is %2.</source>
+        <translation>%1 hexadezimal ist %2.</translation>
+    </message>
+    <message id="2101">
+        <source>%1 hexadecimal; the firmware revision is %2, as the bounds in the settings are written.</source>
+        <translation>%1 hexadezimal; die Firmware-Revision ist %2, so wie die Grenzen in den Einstellungen stehen.</translation>
+    </message>
+    <message id="2102">
+        <source>%1 = 512 × gradient ÷ resolution in µm.</source>
+        <translation>%1 = 512 × Gradient ÷ Auflösung in µm.</translation>
+    </message>
+    <message id="2103">
+        <source>Gradient and resolution give %1.</source>
+        <translation>Gradient und Auflösung ergeben %1.</translation>
+    </message>
+    <message id="2104">
+        <source>The code of a stroke length of %1 mm.</source>
+        <translation>Der Code einer Messlänge von %1 mm.</translation>
+    </message>
+    <message id="2105">
+        <source>%1 or %2</source>
+        <translation>%1 oder %2</translation>
+    </message>
+    <message id="2106">
+        <source>No stroke length has this code.</source>
+        <translation>Keine Messlänge hat diesen Code.</translation>
+    </message>
+    <message id="2107">
+        <source>As Read from the Sensor</source>
+        <translation>Wie aus dem Sensor gelesen</translation>
+    </message>
+    <message id="2108">
+        <source>Read a Parameter</source>
+        <translation>Parameter lesen</translation>
+    </message>
+    <message id="2109">
+        <source>Received, as Text</source>
+        <translation>Empfangen, als Text</translation>
+    </message>
+    <message id="2110">
+        <source>Enter sends; Up and Down show what was sent before.</source>
+        <translation>Eingabe sendet; Auf und Ab zeigen, was zuvor gesendet wurde.</translation>
+    </message>
+    <message id="2111">
+        <source>Not everything that was pasted has a cell in the table. What lies beyond its edge was left out.</source>
+        <translation>Nicht alles Eingefügte hat eine Zelle in der Tabelle. Was über ihren Rand geht, wurde weggelassen.</translation>
+    </message>
+    <message id="2112">
+        <source>Paste</source>
+        <translation>Einfügen</translation>
+    </message>
+    <message id="2113">
+        <source>The file cannot hold this; it will hold %1.</source>
+        <translation>Das kann die Datei nicht aufnehmen; sie wird %1 enthalten.</translation>
+    </message>
+    <message id="2114">
+        <source>Selected line, in words</source>
+        <translation>Gewählte Zeile, in Worten</translation>
+    </message>
+    <message id="2115">
+        <source>Copy with Times</source>
+        <translation>Mit Zeiten kopieren</translation>
+    </message>
+    <message id="2116">
+        <source>Follow</source>
+        <translation>Mitlaufen</translation>
+    </message>
+    <message id="2117">
+        <source>Find</source>
+        <translation>Suchen</translation>
+    </message>
+    <message id="2118">
+        <source>Next</source>
+        <translation>Weiter</translation>
+    </message>
+    <message id="2119">
+        <source>Previous</source>
+        <translation>Zurück</translation>
+    </message>
+    <message id="2120">
+        <source>%1 of %2</source>
+        <translation>%1 von %2</translation>
+    </message>
+    <message id="2121">
+        <source>searching: %1 so far</source>
+        <translation>sucht: bisher %1</translation>
+    </message>
+    <message id="2122">
+        <source>Not found</source>
+        <translation>Nicht gefunden</translation>
+    </message>
+    <message id="2123">
+        <source>Read of %1.</source>
+        <translation>%1 wird gelesen.</translation>
+    </message>
+    <message id="2124">
+        <source>Write of %1: %2.</source>
+        <translation>%1 wird geschrieben: %2.</translation>
+    </message>
+    <message id="2125">
+        <source>Answer, %1: %2.</source>
+        <translation>Antwort, %1: %2.</translation>
+    </message>
+    <message id="2126">
+        <source>Command %1.</source>
+        <translation>Befehl %1.</translation>
+    </message>
+    <message id="2127">
+        <source>Position, as the sensor streams it: SSI word %1 hexadecimal.</source>
+        <translation>Position, wie der Sensor sie laufend ausgibt: SSI-Wort %1 hexadezimal.</translation>
+    </message>
+    <message id="2128">
+        <source>The supply line (RTS) could not be switched: %1.</source>
+        <translation>Die Versorgungsleitung (RTS) ließ sich nicht schalten: %1.</translation>
+    </message>
+    <message id="2129">
+        <source>The port could not be emptied: %1.</source>
+        <translation>Der Anschluss ließ sich nicht leeren: %1.</translation>
+    </message>
+    <message id="2130">
+        <source>Sending failed: %1.</source>
+        <translation>Senden fehlgeschlagen: %1.</translation>
+    </message>
+    <message id="2131">
+        <source>Receiving failed: %1.</source>
+        <translation>Empfangen fehlgeschlagen: %1.</translation>
+    </message>
+    <message id="2132">
+        <source>A frame left the port only in part.</source>
+        <translation>Ein Telegramm verließ den Anschluss nur zum Teil.</translation>
+    </message>
+    <message id="2133">
+        <source>The answer above has %1 bytes; 7 to 9 are expected.</source>
+        <translation>Die Antwort darüber hat %1 Bytes; erwartet werden 7 bis 9.</translation>
+    </message>
+    <message id="2134">
+        <source>The answer above does not end as an answer does.</source>
+        <translation>Die Antwort darüber endet nicht wie eine Antwort.</translation>
+    </message>
+    <message id="2135">
+        <source>A value of %1 bytes is too long for a frame; nothing was sent.</source>
+        <translation>Ein Wert von %1 Bytes ist zu lang für ein Telegramm; es wurde nichts gesendet.</translation>
+    </message>
+    <message id="2136">
+        <source>The sensor is of type %1, as its firmware revision says.</source>
+        <translation>Der Sensor ist vom Typ %1, wie seine Firmware-Revision sagt.</translation>
+    </message>
+    <message id="2137">
+        <source>The firmware revision of the sensor lies in none of the configured ranges.</source>
+        <translation>Die Firmware-Revision des Sensors liegt in keinem der eingestellten Bereiche.</translation>
+    </message>
+    <message id="2138">
+        <source>Nothing was received in time.</source>
+        <translation>Es kam rechtzeitig nichts an.</translation>
+    </message>
+    <message id="2139">
+        <source>Not a whole answer, as text: %1.</source>
+        <translation>Keine ganze Antwort, als Text: %1.</translation>
+    </message>
+    <message id="2140">
+        <source>&amp;Open Backup File…</source>
+        <translation>Sicherungsdatei &amp;öffnen …</translation>
+    </message>
+    <message id="2141">
+        <source>Backup File</source>
+        <translation>Sicherungsdatei</translation>
+    </message>
+    <message id="2142">
+        <source>Re&amp;port…</source>
+        <translation>&amp;Bericht …</translation>
+    </message>
+    <message id="2143">
+        <source>Sensor Report</source>
+        <translation>Sensorbericht</translation>
+    </message>
+    <message id="2144">
+        <source>Web pages (*.html);;PDF documents (*.pdf);;All files (*)</source>
+        <translation>Webseiten (*.html);;PDF-Dokumente (*.pdf);;Alle Dateien (*)</translation>
+    </message>
+    <message id="2145">
+        <source>Note</source>
+        <translation>Bemerkung</translation>
+    </message>
+    <message id="2146">
+        <source>Date and time</source>
+        <translation>Datum und Zeit</translation>
+    </message>
+    <message id="2147">
+        <source>Program</source>
+        <translation>Programm</translation>
+    </message>
+    <message id="2148">
+        <source>Last verification</source>
+        <translation>Letzte Prüfung</translation>
+    </message>
+    <message id="2149">
+        <source>Nothing has been written to this sensor here.</source>
+        <translation>Auf diesen Sensor wurde hier nichts geschrieben.</translation>
+    </message>
+    <message id="2150">
+        <source>&amp;Support File…</source>
+        <translation>&amp;Supportdatei …</translation>
+    </message>
+    <message id="2151">
+        <source>Support File</source>
+        <translation>Supportdatei</translation>
+    </message>
+    <message id="2152">
+        <source>This is what the file will hold; it stays on this computer until you pass it on. Delete here what you do not want to pass on.</source>
+        <translation>Das wird die Datei enthalten; sie bleibt auf diesem Rechner, bis Sie sie weitergeben. Löschen Sie hier, was Sie nicht weitergeben möchten.</translation>
+    </message>
+    <message id="2153">
+        <source>Versions</source>
+        <translation>Versionen</translation>
+    </message>
+    <message id="2154">
+        <source>Settings</source>
+        <translation>Einstellungen</translation>
+    </message>
+    <message id="2155">
+        <source>Last kept state of a sensor</source>
+        <translation>Letzter aufbewahrter Stand eines Sensors</translation>
+    </message>
+    <message id="2156">
+        <source>The last %1 of %2 lines</source>
+        <translation>Die letzten %1 von %2 Zeilen</translation>
+    </message>
+    <message id="2157">
+        <source>Sensor type</source>
+        <translation>Sensortyp</translation>
+    </message>
     <message id="2160">
         <source>Sensor connected</source>
         <extracomment>State in the line above the page</extracomment>

@@ -2167,6 +2167,238 @@ Désormais %1 est lu, et %2 ne l'est plus.</translation>
         <extracomment>%1 path</extracomment>
         <translation>Le fichier de réglages %1 n'existe pas.</translation>
     </message>
+    <message id="2100">
+        <source>%1 hexadecimal is %2.</source>
+        <translation>%1 en hexadécimal vaut %2.</translation>
+    </message>
+    <message id="2101">
+        <source>%1 hexadecimal; the firmware revision is %2, as the bounds in the settings are written.</source>
+        <translation>%1 en hexadécimal ; la révision du micrologiciel est %2, comme les limites dans les réglages.</translation>
+    </message>
+    <message id="2102">
+        <source>%1 = 512 × gradient ÷ resolution in µm.</source>
+        <translation>%1 = 512 × gradient ÷ résolution en µm.</translation>
+    </message>
+    <message id="2103">
+        <source>Gradient and resolution give %1.</source>
+        <translation>Le gradient et la résolution donnent %1.</translation>
+    </message>
+    <message id="2104">
+        <source>The code of a stroke length of %1 mm.</source>
+        <translation>Le code d'une course de mesure de %1 mm.</translation>
+    </message>
+    <message id="2105">
+        <source>%1 or %2</source>
+        <translation>%1 ou %2</translation>
+    </message>
+    <message id="2106">
+        <source>No stroke length has this code.</source>
+        <translation>Aucune course de mesure n'a ce code.</translation>
+    </message>
+    <message id="2107">
+        <source>As Read from the Sensor</source>
+        <translation>Tel que lu dans le capteur</translation>
+    </message>
+    <message id="2108">
+        <source>Read a Parameter</source>
+        <translation>Lire un paramètre</translation>
+    </message>
+    <message id="2109">
+        <source>Received, as Text</source>
+        <translation>Réception, en texte</translation>
+    </message>
+    <message id="2110">
+        <source>Enter sends; Up and Down show what was sent before.</source>
+        <translation>Entrée envoie ; Haut et Bas montrent ce qui a été envoyé avant.</translation>
+    </message>
+    <message id="2111">
+        <source>Not everything that was pasted has a cell in the table. What lies beyond its edge was left out.</source>
+        <translation>Tout ce qui a été collé n'a pas de cellule dans le tableau. Ce qui dépasse son bord a été omis.</translation>
+    </message>
+    <message id="2112">
+        <source>Paste</source>
+        <translation>Coller</translation>
+    </message>
+    <message id="2113">
+        <source>The file cannot hold this; it will hold %1.</source>
+        <translation>Le fichier ne peut pas contenir cela ; il contiendra %1.</translation>
+    </message>
+    <message id="2114">
+        <source>Selected line, in words</source>
+        <translation>Ligne choisie, en clair</translation>
+    </message>
+    <message id="2115">
+        <source>Copy with Times</source>
+        <translation>Copier avec les heures</translation>
+    </message>
+    <message id="2116">
+        <source>Follow</source>
+        <translation>Suivre</translation>
+    </message>
+    <message id="2117">
+        <source>Find</source>
+        <translation>Rechercher</translation>
+    </message>
+    <message id="2118">
+        <source>Next</source>
+        <translation>Suivant</translation>
+    </message>
+    <message id="2119">
+        <source>Previous</source>
+        <translation>Précédent</translation>
+    </message>
+    <message id="2120">
+        <source>%1 of %2</source>
+        <translation>%1 sur %2</translation>
+    </message>
+    <message id="2121">
+        <source>searching: %1 so far</source>
+        <translation>recherche : %1 jusqu'ici</translation>
+    </message>
+    <message id="2122">
+        <source>Not found</source>
+        <translation>Introuvable</translation>
+    </message>
+    <message id="2123">
+        <source>Read of %1.</source>
+        <translation>Lecture de %1.</translation>
+    </message>
+    <message id="2124">
+        <source>Write of %1: %2.</source>
+        <translation>Écriture de %1 : %2.</translation>
+    </message>
+    <message id="2125">
+        <source>Answer, %1: %2.</source>
+        <translation>Réponse, %1 : %2.</translation>
+    </message>
+    <message id="2126">
+        <source>Command %1.</source>
+        <translation>Commande %1.</translation>
+    </message>
+    <message id="2127">
+        <source>Position, as the sensor streams it: SSI word %1 hexadecimal.</source>
+        <translation>Position, telle que le capteur l'émet en continu : mot SSI %1 en hexadécimal.</translation>
+    </message>
+    <message id="2128">
+        <source>The supply line (RTS) could not be switched: %1.</source>
+        <translation>La ligne d'alimentation (RTS) n'a pas pu être commutée : %1.</translation>
+    </message>
+    <message id="2129">
+        <source>The port could not be emptied: %1.</source>
+        <translation>Le port n'a pas pu être vidé : %1.</translation>
+    </message>
+    <message id="2130">
+        <source>Sending failed: %1.</source>
+        <translation>L'envoi a échoué : %1.</translation>
+    </message>
+    <message id="2131">
+        <source>Receiving failed: %1.</source>
+        <translation>La réception a échoué : %1.</translation>
+    </message>
+    <message id="2132">
+        <source>A frame left the port only in part.</source>
+        <translation>Une trame n'a quitté le port qu'en partie.</translation>
+    </message>
+    <message id="2133">
+        <source>The answer above has %1 bytes; 7 to 9 are expected.</source>
+        <translation>La réponse ci-dessus a %1 octets ; 7 à 9 sont attendus.</translation>
+    </message>
+    <message id="2134">
+        <source>The answer above does not end as an answer does.</source>
+        <translation>La réponse ci-dessus ne se termine pas comme une réponse.</translation>
+    </message>
+    <message id="2135">
+        <source>A value of %1 bytes is too long for a frame; nothing was sent.</source>
+        <translation>Une valeur de %1 octets est trop longue pour une trame ; rien n'a été envoyé.</translation>
+    </message>
+    <message id="2136">
+        <source>The sensor is of type %1, as its firmware revision says.</source>
+        <translation>Le capteur est de type %1, d'après sa révision de micrologiciel.</translation>
+    </message>
+    <message id="2137">
+        <source>The firmware revision of the sensor lies in none of the configured ranges.</source>
+        <translation>La révision du micrologiciel du capteur n'est dans aucune des plages configurées.</translation>
+    </message>
+    <message id="2138">
+        <source>Nothing was received in time.</source>
+        <translation>Rien n'a été reçu à temps.</translation>
+    </message>
+    <message id="2139">
+        <source>Not a whole answer, as text: %1.</source>
+        <translation>Réponse incomplète, en texte : %1.</translation>
+    </message>
+    <message id="2140">
+        <source>&amp;Open Backup File…</source>
+        <translation>&amp;Ouvrir un fichier de sauvegarde…</translation>
+    </message>
+    <message id="2141">
+        <source>Backup File</source>
+        <translation>Fichier de sauvegarde</translation>
+    </message>
+    <message id="2142">
+        <source>Re&amp;port…</source>
+        <translation>Rappor&amp;t…</translation>
+    </message>
+    <message id="2143">
+        <source>Sensor Report</source>
+        <translation>Rapport du capteur</translation>
+    </message>
+    <message id="2144">
+        <source>Web pages (*.html);;PDF documents (*.pdf);;All files (*)</source>
+        <translation>Pages web (*.html);;Documents PDF (*.pdf);;Tous les fichiers (*)</translation>
+    </message>
+    <message id="2145">
+        <source>Note</source>
+        <translation>Remarque</translation>
+    </message>
+    <message id="2146">
+        <source>Date and time</source>
+        <translation>Date et heure</translation>
+    </message>
+    <message id="2147">
+        <source>Program</source>
+        <translation>Programme</translation>
+    </message>
+    <message id="2148">
+        <source>Last verification</source>
+        <translation>Dernière vérification</translation>
+    </message>
+    <message id="2149">
+        <source>Nothing has been written to this sensor here.</source>
+        <translation>Rien n'a été écrit dans ce capteur ici.</translation>
+    </message>
+    <message id="2150">
+        <source>&amp;Support File…</source>
+        <translation>Fichier d'a&amp;ssistance…</translation>
+    </message>
+    <message id="2151">
+        <source>Support File</source>
+        <translation>Fichier d'assistance</translation>
+    </message>
+    <message id="2152">
+        <source>This is what the file will hold; it stays on this computer until you pass it on. Delete here what you do not want to pass on.</source>
+        <translation>Voici ce que le fichier contiendra ; il reste sur cet ordinateur jusqu'à ce que vous le transmettiez. Supprimez ici ce que vous ne voulez pas transmettre.</translation>
+    </message>
+    <message id="2153">
+        <source>Versions</source>
+        <translation>Versions</translation>
+    </message>
+    <message id="2154">
+        <source>Settings</source>
+        <translation>Réglages</translation>
+    </message>
+    <message id="2155">
+        <source>Last kept state of a sensor</source>
+        <translation>Dernier état conservé d'un capteur</translation>
+    </message>
+    <message id="2156">
+        <source>The last %1 of %2 lines</source>
+        <translation>Les %1 dernières lignes sur %2</translation>
+    </message>
+    <message id="2157">
+        <source>Sensor type</source>
+        <translation>Type de capteur</translation>
+    </message>
     <message id="2160">
         <source>Sensor connected</source>
         <extracomment>State in the line above the page</extracomment>

@@ -2167,6 +2167,238 @@ Desde entonces se lee %1, y %2 ya no.</translation>
         <extracomment>%1 path</extracomment>
         <translation>El archivo de ajustes %1 no existe.</translation>
     </message>
+    <message id="2100">
+        <source>%1 hexadecimal is %2.</source>
+        <translation>%1 en hexadecimal es %2.</translation>
+    </message>
+    <message id="2101">
+        <source>%1 hexadecimal; the firmware revision is %2, as the bounds in the settings are written.</source>
+        <translation>%1 en hexadecimal; la revisión del firmware es %2, como están escritos los límites en la configuración.</translation>
+    </message>
+    <message id="2102">
+        <source>%1 = 512 × gradient ÷ resolution in µm.</source>
+        <translation>%1 = 512 × gradiente ÷ resolución en µm.</translation>
+    </message>
+    <message id="2103">
+        <source>Gradient and resolution give %1.</source>
+        <translation>El gradiente y la resolución dan %1.</translation>
+    </message>
+    <message id="2104">
+        <source>The code of a stroke length of %1 mm.</source>
+        <translation>El código de una longitud de medición de %1 mm.</translation>
+    </message>
+    <message id="2105">
+        <source>%1 or %2</source>
+        <translation>%1 o %2</translation>
+    </message>
+    <message id="2106">
+        <source>No stroke length has this code.</source>
+        <translation>Ninguna longitud de medición tiene este código.</translation>
+    </message>
+    <message id="2107">
+        <source>As Read from the Sensor</source>
+        <translation>Tal como se leyó del sensor</translation>
+    </message>
+    <message id="2108">
+        <source>Read a Parameter</source>
+        <translation>Leer un parámetro</translation>
+    </message>
+    <message id="2109">
+        <source>Received, as Text</source>
+        <translation>Recepción, como texto</translation>
+    </message>
+    <message id="2110">
+        <source>Enter sends; Up and Down show what was sent before.</source>
+        <translation>Intro envía; Arriba y Abajo muestran lo enviado antes.</translation>
+    </message>
+    <message id="2111">
+        <source>Not everything that was pasted has a cell in the table. What lies beyond its edge was left out.</source>
+        <translation>No todo lo pegado tiene una celda en la tabla. Lo que pasa de su borde se ha omitido.</translation>
+    </message>
+    <message id="2112">
+        <source>Paste</source>
+        <translation>Pegar</translation>
+    </message>
+    <message id="2113">
+        <source>The file cannot hold this; it will hold %1.</source>
+        <translation>El archivo no puede contener esto; contendrá %1.</translation>
+    </message>
+    <message id="2114">
+        <source>Selected line, in words</source>
+        <translation>Línea elegida, en palabras</translation>
+    </message>
+    <message id="2115">
+        <source>Copy with Times</source>
+        <translation>Copiar con las horas</translation>
+    </message>
+    <message id="2116">
+        <source>Follow</source>
+        <translation>Seguir</translation>
+    </message>
+    <message id="2117">
+        <source>Find</source>
+        <translation>Buscar</translation>
+    </message>
+    <message id="2118">
+        <source>Next</source>
+        <translation>Siguiente</translation>
+    </message>
+    <message id="2119">
+        <source>Previous</source>
+        <translation>Anterior</translation>
+    </message>
+    <message id="2120">
+        <source>%1 of %2</source>
+        <translation>%1 de %2</translation>
+    </message>
+    <message id="2121">
+        <source>searching: %1 so far</source>
+        <translation>buscando: %1 hasta ahora</translation>
+    </message>
+    <message id="2122">
+        <source>Not found</source>
+        <translation>No encontrado</translation>
+    </message>
+    <message id="2123">
+        <source>Read of %1.</source>
+        <translation>Lectura de %1.</translation>
+    </message>
+    <message id="2124">
+        <source>Write of %1: %2.</source>
+        <translation>Escritura de %1: %2.</translation>
+    </message>
+    <message id="2125">
+        <source>Answer, %1: %2.</source>
+        <translation>Respuesta, %1: %2.</translation>
+    </message>
+    <message id="2126">
+        <source>Command %1.</source>
+        <translation>Comando %1.</translation>
+    </message>
+    <message id="2127">
+        <source>Position, as the sensor streams it: SSI word %1 hexadecimal.</source>
+        <translation>Posición, tal como la emite el sensor: palabra SSI %1 en hexadecimal.</translation>
+    </message>
+    <message id="2128">
+        <source>The supply line (RTS) could not be switched: %1.</source>
+        <translation>No se pudo conmutar la línea de alimentación (RTS): %1.</translation>
+    </message>
+    <message id="2129">
+        <source>The port could not be emptied: %1.</source>
+        <translation>No se pudo vaciar el puerto: %1.</translation>
+    </message>
+    <message id="2130">
+        <source>Sending failed: %1.</source>
+        <translation>Falló el envío: %1.</translation>
+    </message>
+    <message id="2131">
+        <source>Receiving failed: %1.</source>
+        <translation>Falló la recepción: %1.</translation>
+    </message>
+    <message id="2132">
+        <source>A frame left the port only in part.</source>
+        <translation>Una trama salió del puerto solo en parte.</translation>
+    </message>
+    <message id="2133">
+        <source>The answer above has %1 bytes; 7 to 9 are expected.</source>
+        <translation>La respuesta anterior tiene %1 bytes; se esperan de 7 a 9.</translation>
+    </message>
+    <message id="2134">
+        <source>The answer above does not end as an answer does.</source>
+        <translation>La respuesta anterior no termina como una respuesta.</translation>
+    </message>
+    <message id="2135">
+        <source>A value of %1 bytes is too long for a frame; nothing was sent.</source>
+        <translation>Un valor de %1 bytes es demasiado largo para una trama; no se envió nada.</translation>
+    </message>
+    <message id="2136">
+        <source>The sensor is of type %1, as its firmware revision says.</source>
+        <translation>El sensor es de tipo %1, según su revisión de firmware.</translation>
+    </message>
+    <message id="2137">
+        <source>The firmware revision of the sensor lies in none of the configured ranges.</source>
+        <translation>La revisión del firmware del sensor no está en ninguno de los intervalos configurados.</translation>
+    </message>
+    <message id="2138">
+        <source>Nothing was received in time.</source>
+        <translation>No se recibió nada a tiempo.</translation>
+    </message>
+    <message id="2139">
+        <source>Not a whole answer, as text: %1.</source>
+        <translation>Respuesta incompleta, como texto: %1.</translation>
+    </message>
+    <message id="2140">
+        <source>&amp;Open Backup File…</source>
+        <translation>A&amp;brir archivo de copia…</translation>
+    </message>
+    <message id="2141">
+        <source>Backup File</source>
+        <translation>Archivo de copia de seguridad</translation>
+    </message>
+    <message id="2142">
+        <source>Re&amp;port…</source>
+        <translation>&amp;Informe…</translation>
+    </message>
+    <message id="2143">
+        <source>Sensor Report</source>
+        <translation>Informe del sensor</translation>
+    </message>
+    <message id="2144">
+        <source>Web pages (*.html);;PDF documents (*.pdf);;All files (*)</source>
+        <translation>Páginas web (*.html);;Documentos PDF (*.pdf);;Todos los archivos (*)</translation>
+    </message>
+    <message id="2145">
+        <source>Note</source>
+        <translation>Nota</translation>
+    </message>
+    <message id="2146">
+        <source>Date and time</source>
+        <translation>Fecha y hora</translation>
+    </message>
+    <message id="2147">
+        <source>Program</source>
+        <translation>Programa</translation>
+    </message>
+    <message id="2148">
+        <source>Last verification</source>
+        <translation>Última comprobación</translation>
+    </message>
+    <message id="2149">
+        <source>Nothing has been written to this sensor here.</source>
+        <translation>Aquí no se ha escrito nada en este sensor.</translation>
+    </message>
+    <message id="2150">
+        <source>&amp;Support File…</source>
+        <translation>Archivo de &amp;soporte…</translation>
+    </message>
+    <message id="2151">
+        <source>Support File</source>
+        <translation>Archivo de soporte</translation>
+    </message>
+    <message id="2152">
+        <source>This is what the file will hold; it stays on this computer until you pass it on. Delete here what you do not want to pass on.</source>
+        <translation>Esto es lo que contendrá el archivo; queda en este equipo hasta que usted lo entregue. Borre aquí lo que no quiera entregar.</translation>
+    </message>
+    <message id="2153">
+        <source>Versions</source>
+        <translation>Versiones</translation>
+    </message>
+    <message id="2154">
+        <source>Settings</source>
+        <translation>Configuración</translation>
+    </message>
+    <message id="2155">
+        <source>Last kept state of a sensor</source>
+        <translation>Último estado guardado de un sensor</translation>
+    </message>
+    <message id="2156">
+        <source>The last %1 of %2 lines</source>
+        <translation>Las últimas %1 de %2 líneas</translation>
+    </message>
+    <message id="2157">
+        <source>Sensor type</source>
+        <translation>Tipo de sensor</translation>
+    </message>
     <message id="2160">
         <source>Sensor connected</source>
         <extracomment>State in the line above the page</extracomment>

@@ -48,6 +48,7 @@ int titleOf(Mode mode)
     case Mode::Compare:
         return strings::kCompareTitle;
     case Mode::PutBack:
+    case Mode::Report:
         break;
     }
     return strings::kPutBackTitle;
@@ -62,6 +63,7 @@ Purpose purposeOf(Mode mode)
         return Purpose::PutBack;
     case Mode::Backup:
     case Mode::Compare:
+    case Mode::Report:
         break;
     }
     return Purpose::Compare;

@@ -43,7 +43,7 @@ public:
 
     /// Saves the sensor's parameters to a file that the user chooses, restores them from one, or
     /// shows both beside each other.
-    /// @param mode any but PutBack
+    /// @param mode Backup, Restore or Compare
     void run(Mode mode);
 
     /// Shows the earlier states of sensors, and puts back the one that the user chooses.

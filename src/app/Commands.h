@@ -20,7 +20,10 @@ enum Command : int {
     kExitCommand = 1055,
     kEarlierStatesCommand = 1056,
     kCompareCommand = 1057,
-    kSettingsCommand = 1058
+    kSettingsCommand = 1058,
+    kOpenBackupCommand = 1059,
+    kReportCommand = 1060,
+    kSupportFileCommand = 1061
 };
 
 [[nodiscard]] constexpr bool isLanguageCommand(int command)

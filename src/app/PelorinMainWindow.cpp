@@ -8,9 +8,12 @@
 #include "app/LinkStatusBar.h"
 #include "app/MainMenu.h"
 #include "app/NoticeStrip.h"
+#include "app/OpenBackupCommand.h"
 #include "app/PagePane.h"
+#include "app/ReportCommand.h"
 #include "app/SensorHeader.h"
 #include "app/SettingsCommand.h"
+#include "app/SupportFileCommand.h"
 #include "app/WriteReport.h"
 #include "display/DisplayUnitDialog.h"
 #include "link/SensorLink.h"
@@ -253,8 +256,12 @@ void PelorinMainWindow::runCommand(int command)
         return m_backups->run(BackupCommands::Mode::Restore);
     case kCompareCommand:
         return m_backups->run(BackupCommands::Mode::Compare);
+    case kOpenBackupCommand:
+        return OpenBackupCommand(*this, m_gate).run();
     case kEarlierStatesCommand:
         return m_backups->showEarlierStates();
+    case kReportCommand:
+        return ReportCommand(*this, {*m_writer, m_restore, m_gate}).run();
     case kDisplayUnitCommand:
         return showDisplayUnit();
     case kWriteECommand:
@@ -265,6 +272,8 @@ void PelorinMainWindow::runCommand(int command)
         return communicateManually();
     case kHelpCommand:
         return showHelp();
+    case kSupportFileCommand:
+        return SupportFileCommand(*this, {m_link, m_journal, m_languages, m_gate}).run();
     case kAboutCommand:
         (void)AboutDialog(this).exec();
         return;
@@ -329,7 +338,7 @@ void PelorinMainWindow::selectPort()
 
 void PelorinMainWindow::communicateManually()
 {
-    (void)ManualCommDialog(this, m_runner).exec();
+    (void)ManualCommDialog(this, m_runner, m_sendHistory).exec();
 }
 
 /// Opens the dialog of the display unit; one that is open comes to the front as it is.

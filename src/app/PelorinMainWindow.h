@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/CommandGate.h"
+#include "pages/SendHistory.h"
 #include "sensor/Journal.h"
 
 #include <QMainWindow>
@@ -130,6 +131,7 @@ private:
     HelpWindow* m_help = nullptr;              ///< null until it is asked for
     QPointer<DisplayUnitDialog> m_displayUnit; ///< null while it is closed
     QString m_pageStatus;                      ///< the last status text of a page
+    SendHistory m_sendHistory;                 ///< of manual communications
 
     bool m_connectWanted = false; ///< a Connect waits
     bool m_offerDue = false;      ///< of what was not finished; the sensor has to be read before

@@ -35,6 +35,8 @@ Texts textsOf(BackupProgressDialog::Mode mode)
         return {strings::kRestoreBackupTitle, strings::kRestoringBackup};
     case BackupProgressDialog::Mode::Compare:
         return {strings::kCompareTitle, strings::kCheckingSensor};
+    case BackupProgressDialog::Mode::Report:
+        return {strings::kReportTitle, strings::kCheckingSensor};
     case BackupProgressDialog::Mode::PutBack:
         break;
     }
@@ -79,8 +81,8 @@ void BackupProgressDialog::begin()
     if (!isVisible() || m_runner.isBusy()) // ended before, or the program ends
         return finish(QString());
     if (!m_runner.link().isIdentified()) {
-        return finish(languageString(m_mode == Mode::Backup ? strings::kNothingSaved
-                                                            : strings::kNotIdentified));
+        const bool saves = m_mode == Mode::Backup || m_mode == Mode::Report;
+        return finish(languageString(saves ? strings::kNothingSaved : strings::kNotIdentified));
     }
     m_working = true;
     work();

@@ -23,7 +23,7 @@ class BackupProgressDialog : public BaseDialog
 
 public:
     /// What the user has asked for.
-    enum class Mode { Backup, Restore, Compare, PutBack };
+    enum class Mode { Backup, Restore, Compare, PutBack, Report };
 
     /// What the user has to be told of how it ended; empty for nothing.
     [[nodiscard]] const QString& message() const { return m_message; }

@@ -12,7 +12,8 @@ namespace pelorin {
 
 ReadSensorDialog::ReadSensorDialog(QWidget* parent, SequenceRunner& runner,
                                    const FormatRestore& formats, Mode mode)
-    : BackupProgressDialog(parent, runner, formats, mode), m_mayStream(mode == Mode::Compare)
+    : BackupProgressDialog(parent, runner, formats, mode),
+      m_mayStream(mode == Mode::Compare || mode == Mode::Report)
 {
 }
 

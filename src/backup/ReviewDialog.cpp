@@ -1,5 +1,6 @@
 #include "backup/ReviewDialog.h"
 
+#include "link/SensorIdentification.h"
 #include "platform/core/LanguageStrings.h"
 #include "platform/core/Strings.h"
 #include "platform/core/WholeFile.h"
@@ -17,6 +18,7 @@
 #include <QTableWidget>
 
 #include <array>
+#include <string>
 #include <utility>
 #include <vector>
 
@@ -27,6 +29,7 @@ namespace {
 using Origin = RestoreChoice::Origin;
 using Refusal = RestoreChoice::Refusal;
 using State = ComparedParameter::State;
+using Purpose = ReviewDialog::Purpose;
 
 constexpr int kWriteControl = 1;
 constexpr int kCancelControl = 2;
@@ -42,6 +45,8 @@ constexpr int kSaveControl = 1067;
 enum Column { kName, kSensor, kSaved, kSensorWords, kSavedWords, kState, kWritten, kColumns };
 const std::vector<double> kShares = {0.16, 0.08, 0.08, 0.2, 0.2, 0.1, 0.18};
 const std::vector<double> kSharesWithoutWritten = {0.2, 0.1, 0.1, 0.25, 0.25, 0.1, 0.0};
+const std::vector<double> kSharesOfFile = {0.3, 0.0, 0.2, 0.0, 0.5, 0.0, 0.0};
+constexpr std::array kColumnsOfSensor = {kSensor, kSensorWords, kState};
 
 int textNumberOf(Origin origin)
 {
@@ -58,8 +63,15 @@ int textNumberOf(Origin origin)
     return 0;
 }
 
+/// Every parameter of the type; of a file alone, those that it has.
 std::vector<ComparedParameter> rowsOf(const ReviewDialog::Review& review)
 {
+    if (review.purpose == Purpose::Show) {
+        std::string ids;
+        for (const char id : sensorType(kSsiTypeUnknown).information)
+            ids += std::string(review.saved.count(id), id);
+        return compare(ids, {}, review.saved);
+    }
     return compare(sensorType(review.ssiType).information, review.sensor, review.saved);
 }
 
@@ -84,10 +96,11 @@ const RestoreChoice& ReviewDialog::choice() const
 
 void ReviewDialog::setupTranslationMap()
 {
-    const bool compares = m_review.purpose == Purpose::Compare;
-    setTitleString(compares ? strings::kComparison : strings::kReviewTitle);
+    setTitleString(m_review.purpose == Purpose::Show      ? strings::kBackupFileTitle
+                   : m_review.purpose == Purpose::Compare ? strings::kComparison
+                                                          : strings::kReviewTitle);
     addToTranslationMap(kWriteControl, strings::kWriteButton);
-    addToTranslationMap(kCancelControl, compares ? strings::kOk : strings::kCancel);
+    addToTranslationMap(kCancelControl, onlyShows() ? strings::kOk : strings::kCancel);
     addToTranslationMap(kAllControl, strings::kAllParameters);
     addToTranslationMap(kOutputControl, strings::kOutputSettingsOnly);
     addToTranslationMap(kSaveControl, strings::kSaveToDisk);
@@ -96,24 +109,33 @@ void ReviewDialog::setupTranslationMap()
 
 void ReviewDialog::onInitDialog()
 {
-    const bool compares = m_review.purpose == Purpose::Compare;
     m_table = getControl<QTableWidget>(kTableControl);
     m_allRadio = getControl<QRadioButton>(kAllControl);
     m_outputRadio = getControl<QRadioButton>(kOutputControl);
     m_table->setRowCount(static_cast<int>(rowsOf(m_review).size()));
     m_table->setColumnCount(kColumns);
-    m_table->setColumnHidden(kWritten, compares);
     m_table->verticalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
-    new ColumnWidths(*m_table, compares ? kSharesWithoutWritten : kShares);
+    showColumns();
     for (QRadioButton* radio : {m_allRadio, m_outputRadio}) {
         radio->setVisible(isRestore());
         connect(radio, &QRadioButton::toggled, this, &ReviewDialog::onChosen);
     }
     auto* save = getControl<QPushButton>(kSaveControl);
-    save->setVisible(compares);
-    connect(save, &QPushButton::clicked, this, &ReviewDialog::saveComparison);
-    getControl<QPushButton>(kWriteControl)->setVisible(!compares);
+    save->setVisible(onlyShows());
+    connect(save, &QPushButton::clicked, this, &ReviewDialog::saveRows);
+    getControl<QPushButton>(kWriteControl)->setVisible(!onlyShows());
     suggest();
+}
+
+void ReviewDialog::showColumns()
+{
+    const bool fileOnly = m_review.purpose == Purpose::Show;
+    m_table->setColumnHidden(kWritten, onlyShows());
+    for (const int column : kColumnsOfSensor)
+        m_table->setColumnHidden(column, fileOnly);
+    new ColumnWidths(*m_table, fileOnly      ? kSharesOfFile
+                               : onlyShows() ? kSharesWithoutWritten
+                                             : kShares);
 }
 
 /// All parameters belong to the sensor that they were saved of; another one is asked about.
@@ -162,7 +184,7 @@ void ReviewDialog::renderRows()
                                    stateText(parameter.state),
                                    writtenText(parameter.id)};
         QFont font = m_table->font();
-        font.setBold(parameter.state == State::Differs);
+        font.setBold(parameter.state == State::Differs && m_review.purpose != Purpose::Show);
         for (int column = 0; column < kColumns; ++column) {
             auto* item = new QTableWidgetItem(texts[column]);
             item->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable);
@@ -201,7 +223,7 @@ void ReviewDialog::renderTexts()
     QStringList notes;
     if (m_review.purpose != Purpose::PutBack)
         notes << languageString(strings::kNotInBackup).arg(parametersInWords("FV"));
-    if (m_review.purpose != Purpose::Compare && asksForStream(m_review.saved))
+    if (!onlyShows() && asksForStream(m_review.saved))
         notes << languageString(strings::kStreamNotWritten);
     show(kSourceControl, m_review.source);
     show(kNoteControl, notes.join(QLatin1Char('\n')));
@@ -219,19 +241,23 @@ QString ReviewDialog::suggestionText() const
     case Purpose::PutBack:
         return unlike.isEmpty() ? QString() : languageString(strings::kNotAsThen).arg(unlike);
     case Purpose::Compare:
+    case Purpose::Show:
         break;
     }
     return {};
 }
 
-void ReviewDialog::saveComparison()
+void ReviewDialog::saveRows()
 {
     const QString path =
         chooseFile(this, QFileDialog::AcceptSave, languageString(strings::kSaveToDisk),
                    languageString(strings::kComparisonFilter), QStringLiteral("csv"));
     if (path.isNull())
         return;
-    if (const auto saved = WholeFile(path).save(csvOf(rowsOf(m_review))); !saved.isDone())
+    const auto rows = rowsOf(m_review);
+    if (const auto saved = WholeFile(path).save(m_review.purpose == Purpose::Show ? csvOfSaved(rows)
+                                                                                  : csvOf(rows));
+        !saved.isDone())
         warn(this, saved.message());
 }
 

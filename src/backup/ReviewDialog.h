@@ -18,7 +18,8 @@ public:
     enum class Purpose {
         Restore,
         Compare, ///< shows, and saves the comparison; is never accepted
-        PutBack  ///< of all that was kept; the factory text, too
+        PutBack, ///< of all that was kept; the factory text, too
+        Show     ///< what was saved alone, without a sensor
     };
 
     struct Review
@@ -26,7 +27,7 @@ public:
         Purpose purpose = Purpose::Compare;
         QString source{}; ///< where the saved values are from, for the user
         int ssiType = 0;
-        SensorValues sensor{}; ///< every parameter of the type
+        SensorValues sensor{}; ///< every parameter of the type; empty where none is connected
         SensorValues saved{};
     };
 
@@ -43,6 +44,12 @@ protected:
 
 private:
     [[nodiscard]] bool isRestore() const { return m_review.purpose == Purpose::Restore; }
+    /// Whether nothing is to be written.
+    [[nodiscard]] bool onlyShows() const
+    {
+        return m_review.purpose == Purpose::Compare || m_review.purpose == Purpose::Show;
+    }
+    void showColumns();
     void suggest();
     void onChosen();
     void renderRows();
@@ -50,7 +57,7 @@ private:
     void renderTexts();
     [[nodiscard]] QString writtenText(char id) const;
     [[nodiscard]] QString suggestionText() const;
-    void saveComparison();
+    void saveRows();
 
     const Review m_review;
     const RestoreChoice m_all;

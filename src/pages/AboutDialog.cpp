@@ -1,6 +1,6 @@
 #include "pages/AboutDialog.h"
 
-#include "platform/core/ProgramOptions.h"
+#include "platform/core/ProgramVersion.h"
 #include "platform/core/Strings.h"
 #include "platform/ui/Pictures.h"
 

@@ -2,15 +2,20 @@
 
 #include "link/SensorLink.h"
 #include "pages/HexFields.h"
+#include "pages/SendHistory.h"
 #include "platform/core/LanguageStrings.h"
 #include "platform/core/Strings.h"
+#include "sensor/ParameterWords.h"
+#include "sensor/SensorTypes.h"
 #include "sensor/SequenceRunner.h"
 
 #include <QCoreApplication>
 #include <QFontDatabase>
 #include <QInputMethodEvent>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QStringList>
@@ -30,6 +35,9 @@ constexpr int kReceiveEdit = 1053;
 constexpr int kExecuteButton = 1054;
 constexpr int kMarkLabel = 1055;
 constexpr int kOutcomeLabel = 1056;
+constexpr int kTextLabel = 1057;
+constexpr int kTextEdit = 1058;
+constexpr int kReadButton = 1059;
 
 constexpr int kWidthInDigits = 72;
 constexpr std::size_t kMostNamedFields = 3;
@@ -57,6 +65,22 @@ void underline(QLineEdit& edit, const std::vector<HexField>& fields)
     QCoreApplication::sendEvent(&edit, &event);
 }
 
+/// What asks a sensor for a parameter, as bytes that are typed.
+QString readRequest(char id)
+{
+    return hexFieldsText(QByteArray(1, id) + "A\r");
+}
+
+/// Text with a line break now and then.
+void showInParagraphs(QPlainTextEdit& edit, const QByteArray& bytes,
+                      QString (*textOf)(const QByteArray&), const QString& separator)
+{
+    QStringList paragraphs;
+    for (qsizetype start = 0; start < bytes.size(); start += kBytesPerParagraph)
+        paragraphs << textOf(bytes.mid(start, kBytesPerParagraph));
+    edit.setPlainText(paragraphs.join(separator));
+}
+
 /// The first fields that are no hexadecimal bytes, and what is sent for them.
 QString describe(const std::vector<HexField>& fields)
 {
@@ -78,9 +102,10 @@ QString describe(const std::vector<HexField>& fields)
 
 } // namespace
 
-ManualCommDialog::ManualCommDialog(QWidget* parent, SequenceRunner& runner)
-    : BaseDialog(QStringLiteral("125_ManualComm"), parent), m_runner(runner)
+ManualCommDialog::ManualCommDialog(QWidget* parent, SequenceRunner& runner, SendHistory& history)
+    : BaseDialog(QStringLiteral("125_ManualComm"), parent), m_runner(runner), m_history(history)
 {
+    m_history.leave();
 }
 
 void ManualCommDialog::setupTranslationMap()
@@ -88,7 +113,9 @@ void ManualCommDialog::setupTranslationMap()
     setTitleString(strings::kManualCommunications);
     addToTranslationMap(kSendLabel, strings::kSend);
     addToTranslationMap(kReceiveLabel, strings::kReceive);
+    addToTranslationMap(kTextLabel, strings::kReceivedAsText);
     addToTranslationMap(kExecuteButton, strings::kExecute);
+    addToTranslationMap(kReadButton, strings::kReadParameter);
     addToTranslationMap(kOkButton, strings::kOk);
 }
 
@@ -96,14 +123,19 @@ void ManualCommDialog::onInitDialog()
 {
     m_sendEdit = getControl<QLineEdit>(kSendEdit);
     m_receiveEdit = getControl<QPlainTextEdit>(kReceiveEdit);
+    m_textEdit = getControl<QPlainTextEdit>(kTextEdit);
     m_markLabel = getControl<QLabel>(kMarkLabel);
     m_outcomeLabel = getControl<QLabel>(kOutcomeLabel);
 
     const QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
     m_sendEdit->setFont(font);
     m_receiveEdit->setFont(font);
+    m_textEdit->setFont(font);
     m_sendEdit->setMinimumWidth(kWidthInDigits * QFontMetrics(font).horizontalAdvance(u'0'));
 
+    m_sendEdit->installEventFilter(this);
+    m_readMenu = new QMenu(this);
+    getControl<QPushButton>(kReadButton)->setMenu(m_readMenu);
     connect(m_sendEdit, &QLineEdit::textChanged, this, &ManualCommDialog::markFields);
     connect(getControl<QPushButton>(kExecuteButton), &QPushButton::clicked, this,
             &ManualCommDialog::execute);
@@ -114,10 +146,38 @@ void ManualCommDialog::onInitDialog()
 void ManualCommDialog::translate()
 {
     BaseDialog::translate();
+    m_sendEdit->setPlaceholderText(languageString(strings::kSendHint));
+    m_sendEdit->setAccessibleDescription(languageString(strings::kSendHint));
+    fillReadMenu();
     m_markLabel->setAccessibleDescription(languageString(strings::kMarkName));
     m_outcomeLabel->setAccessibleDescription(languageString(strings::kOutcomeName));
     markFields();
     setOutcome(m_outcomeText);
+}
+
+void ManualCommDialog::fillReadMenu()
+{
+    m_readMenu->clear();
+    for (const char id : sensorType(m_runner.link().ssiType()).information) {
+        m_readMenu->addAction(parameterInWords(id), this, [this, id] {
+            m_sendEdit->setText(readRequest(id));
+            m_sendEdit->setFocus();
+        });
+    }
+}
+
+bool ManualCommDialog::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == m_sendEdit && event->type() == QEvent::KeyPress) {
+        const int key = static_cast<QKeyEvent*>(event)->key();
+        if (key == Qt::Key_Up || key == Qt::Key_Down) {
+            const QString typed = m_sendEdit->text();
+            m_sendEdit->setText(key == Qt::Key_Up ? m_history.older(typed)
+                                                  : m_history.newer(typed));
+            return true;
+        }
+    }
+    return BaseDialog::eventFilter(watched, event);
 }
 
 void ManualCommDialog::execute()
@@ -125,10 +185,12 @@ void ManualCommDialog::execute()
     if (m_runner.isBusy())
         return;
     m_receiveEdit->clear();
+    m_textEdit->clear();
     setOutcome(0);
     const auto fields = hexFieldsOf(m_sendEdit->text());
     if (fields.empty())
         return;
+    m_history.add(m_sendEdit->text());
     QByteArray bytes;
     for (const HexField& field : fields)
         bytes.append(field.byte);
@@ -160,10 +222,8 @@ void ManualCommDialog::takeReply(const Outcome& outcome)
 
 void ManualCommDialog::showBytes(const QByteArray& bytes)
 {
-    QStringList paragraphs;
-    for (qsizetype start = 0; start < bytes.size(); start += kBytesPerParagraph)
-        paragraphs << hexFieldsText(bytes.mid(start, kBytesPerParagraph));
-    m_receiveEdit->setPlainText(paragraphs.join(QStringLiteral(",\n")));
+    showInParagraphs(*m_receiveEdit, bytes, hexFieldsText, QStringLiteral(",\n"));
+    showInParagraphs(*m_textEdit, bytes, charactersOf, QStringLiteral("\n"));
 }
 
 void ManualCommDialog::markFields()

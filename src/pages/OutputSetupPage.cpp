@@ -8,9 +8,11 @@
 #include "platform/core/Strings.h"
 #include "platform/ui/MessageBox.h"
 #include "sensor/OffsetChoice.h"
+#include "sensor/ParameterWords.h"
 #include "sensor/SensorTypes.h"
 #include "sensor/SequenceRunner.h"
 
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 
@@ -24,7 +26,7 @@ namespace {
 constexpr int kUnlockButton = 1019;
 constexpr int kApplyButton = 1028;
 
-constexpr std::array<std::pair<int, int>, 21> kCaptions = {{
+constexpr std::array<std::pair<int, int>, 25> kCaptions = {{
     {1002, strings::kDataFormat},
     {1003, strings::kDataBits},
     {1005, strings::kFormat},
@@ -46,7 +48,15 @@ constexpr std::array<std::pair<int, int>, 21> kCaptions = {{
     {1026, strings::kDifferentialPosition},
     {1027, strings::kVelocity},
     {1028, strings::kApply},
+    {1070, strings::kAsRead},
+    {1071, strings::kStrokeLength},
+    {1073, strings::kOffset},
+    {1075, strings::kPulseVelocity},
 }};
+
+/// Labels of what the page only reads, by parameter.
+constexpr std::array<std::pair<char, int>, 3> kAsReadLabels = {
+    {{'L', 1072}, {'N', 1074}, {'U', 1076}}};
 
 constexpr int kLargestSkipCount = 255;
 constexpr int kFinestOfType0 = 10; ///< micrometres
@@ -96,6 +106,18 @@ void OutputSetupPage::translate()
 {
     m_controls->translate();
     WritingPage::translate();
+    for (const auto& [id, label] : kAsReadLabels)
+        getControl<QLabel>(label)->setAccessibleDescription(languageString(parameterName(id)));
+    renderAsRead();
+}
+
+void OutputSetupPage::renderAsRead()
+{
+    for (const auto& [id, label] : kAsReadLabels) {
+        const auto value = m_texts.find(id);
+        getControl<QLabel>(label)->setText(
+            value == m_texts.end() ? QString() : valueInWords(id, value->second, m_texts));
+    }
 }
 
 bool OutputSetupPage::hasExtension() const
@@ -106,7 +128,9 @@ bool OutputSetupPage::hasExtension() const
 void OutputSetupPage::getCurrentValues()
 {
     m_read = {};
+    m_texts.clear();
     m_misread.reset();
+    renderAsRead();
     m_controls->clear();
     m_controls->setAdvanced(hasExtension());
     read(sensorType(link().ssiType()).outputRead);
@@ -117,13 +141,17 @@ void OutputSetupPage::showReadValue(const Reply& reply)
     if (!m_misread && !reply.wellFormed)
         m_misread = reply;
     m_read.decode(reply.id, reply.text);
+    m_texts[reply.id] = reply.text;
     m_controls->show(reply.id, m_read);
+    renderAsRead();
 }
 
 /// The page shows what was written, whatever was chosen meanwhile.
 void OutputSetupPage::showWritten()
 {
     m_read = m_chosen;
+    m_texts = overlaid(m_texts, m_writes);
+    renderAsRead();
     for (const char id : sensorType(link().ssiType()).outputRead)
         m_controls->show(id, m_read);
 }

@@ -48,10 +48,12 @@ private:
     [[nodiscard]] bool refuse(int message, QWidget* focus = nullptr);
     [[nodiscard]] bool refuse(const QString& text, QWidget* focus = nullptr);
     [[nodiscard]] bool hasExtension() const;
+    void renderAsRead();
 
     OutputSetupControls* m_controls = nullptr;
     bool m_unlocked = false;
     OutputSettings m_read;
+    SensorValues m_texts;               ///< the same as it was read
     std::optional<Reply> m_misread;     ///< the first that was no value of its parameter
     OutputSettings m_chosen;            ///< what Apply writes
     SensorValues m_writes;              ///< the same as it is written

@@ -3,7 +3,9 @@
 #include "platform/core/LanguageStrings.h"
 #include "platform/core/Strings.h"
 #include "platform/ui/ColumnWidths.h"
+#include "platform/ui/TableCells.h"
 
+#include <QAction>
 #include <QTableWidget>
 
 #include <array>
@@ -28,6 +30,7 @@ QString textOf(int stringNumber)
 void ParameterTable::attach(QTableWidget& list, std::span<const Row> rows)
 {
     m_list = &list;
+    m_copy = addCopyAction(list);
     m_rows.clear();
     for (const Row& row : rows)
         m_rows.push_back({row});
@@ -47,6 +50,7 @@ void ParameterTable::attach(QTableWidget& list, std::span<const Row> rows)
 
 void ParameterTable::translate()
 {
+    m_copy->setText(languageString(strings::kCopy));
     QStringList headers;
     for (const int number : kHeaderTexts)
         headers << languageString(number);

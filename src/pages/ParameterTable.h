@@ -7,12 +7,14 @@
 #include <span>
 #include <vector>
 
+class QAction;
 class QTableWidget;
 
 namespace pelorin {
 
 /// A list of parameters, one a row: its name, its value and its unit. The list fills its width and
-/// is named in the current language; values are set by row, and changed by the user.
+/// is named in the current language; values are set by row, and changed by the user. Its rows can
+/// be copied.
 class ParameterTable
 {
 public:
@@ -58,6 +60,7 @@ private:
     void showLabel(int row);
 
     QTableWidget* m_list = nullptr;
+    QAction* m_copy = nullptr;
     std::vector<Parameter> m_rows;
 };
 

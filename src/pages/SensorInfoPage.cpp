@@ -1,6 +1,7 @@
 #include "pages/SensorInfoPage.h"
 
 #include "link/SensorLink.h"
+#include "platform/core/HexText.h"
 #include "platform/core/LanguageStrings.h"
 #include "platform/core/Strings.h"
 #include "sensor/ParameterCodec.h"
@@ -101,7 +102,7 @@ void SensorInfoPage::getCurrentValues()
 
 void SensorInfoPage::showReadValue(const Reply& reply)
 {
-    m_replies.insert(reply.id, reply.text);
+    m_replies[reply.id] = reply.text;
     renderValue(reply.id);
 }
 
@@ -117,23 +118,29 @@ void SensorInfoPage::renderValues()
         const char id = kRows[static_cast<std::size_t>(row)].parameter;
         const bool missing = m_allRead && id != 0 && !m_type->has(id);
         m_table.setValue(row, missing ? languageString(strings::kNotApplicable) : QString());
+        m_table.mark(row, {});
     }
-    for (auto reply = m_replies.keyBegin(); reply != m_replies.keyEnd(); ++reply)
-        renderValue(*reply);
+    for (const auto& reply : m_replies)
+        renderValue(reply.first);
 }
 
 void SensorInfoPage::renderValue(char id)
 {
-    const QByteArray reply = m_replies.value(id);
+    const QByteArray& reply = m_replies.at(id);
     if (id != 'D') {
         m_table.setValue(rowOf(id), parameterText(id, reply));
+        m_table.mark(rowOf(id), {.explanation = meaningInWords(id, reply, m_replies)});
         return;
     }
     const DataFormat format = DataFormat::decode(reply);
+    const QByteArray skipCount = reply.mid(2, 2);
     m_table.setValue(kFormatRow, formatText(format));
     m_table.setValue(kModeRow, modeText(format));
     m_table.setValue(kMultiplierRow, multiplierText(format));
-    m_table.setValue(kSkipCountRow, QString::fromLatin1(reply.mid(2, 2)));
+    m_table.setValue(kSkipCountRow, QString::fromLatin1(skipCount));
+    m_table.mark(
+        kSkipCountRow,
+        {.explanation = isHexDigits(skipCount) ? hexadecimalInWords(skipCount) : QString()});
 }
 
 } // namespace pelorin

@@ -2,9 +2,7 @@
 
 #include "pages/ParameterTable.h"
 #include "pages/SensorPage.h"
-
-#include <QByteArray>
-#include <QHash>
+#include "sensor/SensorValues.h"
 
 namespace pelorin {
 
@@ -33,7 +31,7 @@ private:
     void renderValues();
 
     ParameterTable m_table;
-    QHash<char, QByteArray> m_replies;  ///< what has been read since the page was last shown
+    SensorValues m_replies;             ///< what has been read since the page was last shown
     const SensorType* m_type = nullptr; ///< of the sensor that is read
     bool m_allRead = false;
 };

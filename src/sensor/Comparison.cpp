@@ -79,4 +79,18 @@ QByteArray csvOf(const std::vector<ComparedParameter>& parameters)
     return text;
 }
 
+QByteArray csvOfSaved(const std::vector<ComparedParameter>& parameters)
+{
+    const QString file = languageString(strings::kFileHeader);
+    QByteArray text =
+        lineOf({languageString(strings::kParameterHeader), languageString(strings::kNameHeader),
+                file, languageString(strings::kInWords).arg(file)});
+    for (const ComparedParameter& parameter : parameters) {
+        text +=
+            lineOf({QString(QLatin1Char(parameter.id)), languageString(parameterName(parameter.id)),
+                    QString::fromLatin1(parameter.saved), parameter.savedInWords});
+    }
+    return text;
+}
+
 } // namespace pelorin

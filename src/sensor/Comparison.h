@@ -35,4 +35,7 @@ compare(std::string_view ids, const SensorValues& sensor, const SensorValues& sa
 /// A comparison as a file of values separated by commas, in UTF-8, with a line of headings.
 [[nodiscard]] QByteArray csvOf(const std::vector<ComparedParameter>& parameters);
 
+/// The saved side of it alone.
+[[nodiscard]] QByteArray csvOfSaved(const std::vector<ComparedParameter>& parameters);
+
 } // namespace pelorin

@@ -24,11 +24,6 @@ QByteArray threeBytes(qint32 first, qint32 second, qint32 third)
     return sixHexDigits(quint32{byte(first)} << 16 | quint32{byte(second)} << 8 | byte(third));
 }
 
-int longStrokeCode(double strokeMm)
-{
-    return static_cast<int>(strokeMm * 1.497005988023952 + 208.0);
-}
-
 bool isDigits(QByteArrayView text)
 {
     return !text.isEmpty() && std::all_of(text.begin(), text.end(), [](char character) {
@@ -193,10 +188,16 @@ std::optional<QByteArray> encodeScale(double gradient, double resolutionMm)
 int cycleCode(double strokeMm)
 {
     if (strokeMm >= 600)
-        return longStrokeCode(strokeMm);
+        return cycleCodeM(strokeMm);
     if (strokeMm >= 300)
         return static_cast<int>(strokeMm * 2.994011976047904 + 170.0);
     return static_cast<int>(strokeMm * 5.988023952095808 + 528.0);
+}
+
+/// The code of long strokes is taken for all.
+int cycleCodeM(double strokeMm)
+{
+    return static_cast<int>(strokeMm * 1.497005988023952 + 208.0);
 }
 
 QByteArray encodeCycleCode(double strokeMm)
@@ -204,10 +205,9 @@ QByteArray encodeCycleCode(double strokeMm)
     return QString::asprintf("%04X32", static_cast<unsigned>(cycleCode(strokeMm))).toLatin1();
 }
 
-/// The code of long strokes is taken for all.
 QByteArray encodeCycleCodeM(double strokeMm, quint8 suffix)
 {
-    return sixHexDigits(static_cast<quint32>(longStrokeCode(strokeMm)) << 8 | suffix);
+    return sixHexDigits(static_cast<quint32>(cycleCodeM(strokeMm)) << 8 | suffix);
 }
 
 QByteArray encodeFactoryValue(quint32 value)

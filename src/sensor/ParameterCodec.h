@@ -80,6 +80,8 @@ struct Extension
 
 /// What a stroke gives in parameter 'Z', rounded down. Up to kLongestStroke it fits the text.
 [[nodiscard]] int cycleCode(double strokeMm);
+/// The same for parameter 'M'.
+[[nodiscard]] int cycleCodeM(double strokeMm);
 inline constexpr int kLongestStroke = 43639; ///< millimetres
 
 /// Parameter 'Z', which follows from the stroke: four hexadecimal digits and "32".

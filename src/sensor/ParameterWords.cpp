@@ -63,6 +63,43 @@ QString offsetText(const QByteArray& text, const SensorValues& values)
     return counts + QStringLiteral(", ") + withUnit(length, strings::kMillimetres);
 }
 
+/// The strokes, in whole millimetres, that have a code: short and long ones may share it.
+QString strokesOf(int code, int (*codeOf)(double))
+{
+    QStringList runs;
+    for (int stroke = 0; stroke <= kLongestStroke; ++stroke) {
+        if (codeOf(stroke) != code)
+            continue;
+        const int first = stroke;
+        while (stroke < kLongestStroke && codeOf(stroke + 1) == code)
+            ++stroke;
+        const QString run = QString::number(first);
+        runs << (stroke == first ? run : run + QStringLiteral("\u2013%1").arg(stroke));
+    }
+    if (runs.isEmpty())
+        return languageString(strings::kCodeOfNoStroke);
+    QString text = runs.takeFirst();
+    for (const QString& run : runs)
+        text = languageString(strings::kOneOrOther).arg(text, run);
+    return languageString(strings::kCodeOfStroke).arg(text);
+}
+
+/// Whether it is what gradient and resolution give can be seen where they are known.
+QString scaleText(const QByteArray& text, const SensorValues& values)
+{
+    QString meaning = languageString(strings::kScaleMeaning).arg(hexToLong(text));
+    const auto resolution = values.find('A');
+    const auto gradient = values.find('U');
+    if (resolution == values.end() || gradient == values.end())
+        return meaning;
+    const double millimetres = decodeResolutionMm(resolution->second);
+    const auto scale = encodeScale(decodeGradient(gradient->second), millimetres);
+    if (millimetres <= 0 || !scale)
+        return meaning;
+    return meaning + QLatin1Char(' ') +
+           languageString(strings::kScaleFollows).arg(QString::fromLatin1(*scale));
+}
+
 } // namespace
 
 QString formatText(const DataFormat& format)
@@ -159,6 +196,48 @@ QString valueInWords(char id, const QByteArray& text, const SensorValues& values
         return parameterText(id, text);
     default:
         return withUnit(QString::fromLatin1(text.toUpper()), strings::kHexadecimal);
+    }
+}
+
+QString charactersOf(const QByteArray& bytes)
+{
+    QString text = QString::fromLatin1(bytes);
+    for (QChar& character : text) {
+        if (character < u' ' || character > u'~')
+            character = u'\u00B7';
+    }
+    return text;
+}
+
+QString hexadecimalInWords(const QByteArray& digits)
+{
+    return languageString(strings::kIsHexadecimal)
+        .arg(QString::fromLatin1(digits.toUpper()),
+             QString::number(hexToInt(QLatin1String(digits))));
+}
+
+QString meaningInWords(char id, const QByteArray& text, const SensorValues& values)
+{
+    if (!isWellFormed(id, text) || !isHexDigits(text))
+        return {};
+    switch (id) {
+    case 'V':
+        return languageString(strings::kRevisionMeaning)
+            .arg(QString::fromLatin1(text.toUpper()), QString::fromLatin1(text.left(2).toUpper()));
+    case 'N':
+        return offsetText(text, values);
+    case 'S':
+        return scaleText(text, values);
+    case 'Z':
+        return strokesOf(hexToLong(text.left(4)), cycleCode);
+    case 'M':
+        return strokesOf(hexToLong(text.left(4)), cycleCodeM);
+    case 'P':
+    case 'J':
+    case 'O':
+        return hexadecimalInWords(text);
+    default:
+        return {};
     }
 }
 

@@ -30,4 +30,15 @@ struct DataFormat;
 /// @param values of the same sensor: an offset becomes a length by its resolution
 [[nodiscard]] QString valueInWords(char id, const QByteArray& text, const SensorValues& values);
 
+/// What a hexadecimal value stands for, in a sentence; empty for any other, and for a text that is
+/// no value.
+/// @param values of the same sensor: what is known of resolution and gradient is used
+[[nodiscard]] QString meaningInWords(char id, const QByteArray& text, const SensorValues& values);
+
+/// A hexadecimal number and what it is in decimal.
+[[nodiscard]] QString hexadecimalInWords(const QByteArray& digits);
+
+/// The characters that bytes stand for; a point in the middle for each that cannot be printed.
+[[nodiscard]] QString charactersOf(const QByteArray& bytes);
+
 } // namespace pelorin

@@ -7,10 +7,15 @@
 #include "platform/ui/ColumnWidths.h"
 #include "platform/ui/FileChooser.h"
 #include "platform/ui/MessageBox.h"
+#include "platform/ui/TableCells.h"
 #include "sensor/LookupTableFile.h"
 
 #include <QAbstractButton>
+#include <QAction>
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QHeaderView>
+#include <QSignalBlocker>
 #include <QTableWidget>
 
 #include <algorithm>
@@ -74,6 +79,21 @@ void setHeaders(QTableWidget& list, const QStringList& headers)
     list.horizontalHeaderItem(0)->setTextAlignment(Qt::AlignLeft | Qt::AlignVCenter);
 }
 
+/// What the file will hold for a text that it cannot hold as it was typed; empty for any other. An
+/// empty cell is a 0.
+QString keptInstead(int column, const QString& typed)
+{
+    const QString number = typed.trimmed();
+    const auto [point, value] = textsOf(entryOf({typed, typed}));
+    const QString kept = column == kPointColumn ? point : value;
+    return number.isEmpty() || intlAtof(number) == intlAtof(kept) ? QString() : kept;
+}
+
+QString explanationOf(const QString& kept)
+{
+    return kept.isEmpty() ? QString() : languageString(strings::kFileWillHold).arg(kept);
+}
+
 /// Has the user choose a lookup-table file.
 /// @return its path, empty if the user cancels
 QString chooseTable(QWidget* parent, int captionText, QFileDialog::AcceptMode acceptMode)
@@ -110,9 +130,17 @@ void TempCompDataPage::onInitDialog()
     m_arrayList->setColumnCount(kArrayColumnCount);
     fillRows(*m_arrayList);
 
-    m_editor = new CellEditor(this);
-    m_editor->attach(m_lookupList);
-    m_editor->attach(m_arrayList);
+    m_editor = new CellEditor(this, CellEditor::Keys::Move);
+    for (QTableWidget* list : {m_lookupList, m_arrayList}) {
+        m_editor->attach(list);
+        addClipboardActions(*list);
+    }
+    connect(m_editor, &CellEditor::typed, this, &TempCompDataPage::markTyped);
+    connect(m_editor, &CellEditor::blockPasted, this, [this] {
+        paste(m_editor->cell().model() == m_lookupList->model() ? *m_lookupList : *m_arrayList);
+    });
+    connect(m_lookupList, &QTableWidget::itemChanged, this,
+            [this](QTableWidgetItem* cell) { markCell(*cell); });
 
     connect(getControl<QAbstractButton>(kLookupToFileButton), &QAbstractButton::clicked, this,
             &TempCompDataPage::writeToFile);
@@ -137,6 +165,68 @@ void TempCompDataPage::translate()
 
     for (const int control : kIdleControls)
         getControl<QWidget>(control)->setToolTip(languageString(strings::kNoFunction));
+    for (QAction* copy : m_copyActions)
+        copy->setText(languageString(strings::kCopy));
+    for (QAction* paste : m_pasteActions)
+        paste->setText(languageString(strings::kPaste));
+    for (int cell = 0; cell < kRowCount * m_lookupList->columnCount(); ++cell)
+        markCell(*m_lookupList->item(cell % kRowCount, cell / kRowCount));
+}
+
+void TempCompDataPage::addClipboardActions(QTableWidget& list)
+{
+    m_copyActions << addCopyAction(list);
+    auto* action = new QAction(&list);
+    action->setShortcut(QKeySequence::Paste);
+    action->setShortcutContext(Qt::WidgetShortcut);
+    list.addAction(action);
+    m_pasteActions << action;
+    connect(action, &QAction::triggered, this, [this, &list] { paste(list); });
+}
+
+/// From the open or the first selected cell on; the row numbers stay.
+void TempCompDataPage::paste(QTableWidget& list)
+{
+    m_editor->commit();
+    const auto selected = list.selectedRanges();
+    const int firstRow = selected.isEmpty() ? 0 : selected.first().topRow();
+    const int firstColumn = selected.isEmpty() ? 1 : qMax(1, selected.first().leftColumn());
+    bool whole = true;
+    int row = firstRow;
+    for (const QStringList& texts : cellsOf(QGuiApplication::clipboard()->text())) {
+        int column = firstColumn;
+        for (const QString& text : texts) {
+            if (QTableWidgetItem* cell = list.item(row, column++)) {
+                cell->setText(text);
+            } else {
+                whole = false;
+            }
+        }
+        ++row;
+    }
+    if (!whole)
+        warn(window(), languageString(strings::kCellsLeftOut));
+}
+
+void TempCompDataPage::markTyped()
+{
+    const QModelIndex cell = m_editor->cell();
+    if (cell.model() != m_lookupList->model())
+        return;
+    const QString typed = m_editor->text(*m_lookupList, cell.row(), cell.column());
+    m_editor->mark(explanationOf(keptInstead(cell.column(), typed)));
+}
+
+void TempCompDataPage::markCell(QTableWidgetItem& cell)
+{
+    if (cell.column() < kPointColumn)
+        return;
+    const QSignalBlocker marking(m_lookupList);
+    const QString explanation = explanationOf(keptInstead(cell.column(), cell.text()));
+    cell.setToolTip(explanation);
+    cell.setData(Qt::AccessibleDescriptionRole, explanation);
+    cell.setIcon(explanation.isEmpty() ? QIcon()
+                                       : style()->standardIcon(QStyle::SP_MessageBoxWarning));
 }
 
 bool TempCompDataPage::hasEntries() const
@@ -158,13 +248,12 @@ void TempCompDataPage::writeToFile()
     const QString path = chooseTable(window(), strings::kWriteToFile, QFileDialog::AcceptSave);
     if (path.isEmpty())
         return;
-    const CompensationTable table = lookupTable();
-    const WholeFile::Outcome outcome = writeLookupTableFile(path, table);
+    const WholeFile::Outcome outcome = writeLookupTableFile(path, lookupTable());
     if (!outcome.isDone()) {
         warn(window(), outcome.message());
         return;
     }
-    const QStringList cells = cellsOtherThanTyped(table);
+    const QStringList cells = cellsOtherThanTyped();
     if (!cells.isEmpty()) {
         warn(window(), languageString(strings::kOtherThanTyped) + QStringLiteral("\n\n") +
                            cells.join(QLatin1Char('\n')));
@@ -212,20 +301,19 @@ void TempCompDataPage::showLookupTable(const CompensationTable& table)
     }
 }
 
-/// What was written for each cell that does not hold just that number; an empty cell is a 0.
-QStringList TempCompDataPage::cellsOtherThanTyped(const CompensationTable& written) const
+/// What was written for each cell that does not hold just that number.
+QStringList TempCompDataPage::cellsOtherThanTyped() const
 {
     const auto header = [this](int column) {
         return m_lookupList->horizontalHeaderItem(column)->text();
     };
     QStringList cells;
     for (int row = 0; row < kRowCount; ++row) {
-        const auto [point, value] = textsOf(written[static_cast<std::size_t>(row)]);
-        for (const auto& [column, text] : {std::pair(kPointColumn, point), {kValueColumn, value}}) {
-            const QString typed = m_lookupList->item(row, column)->text().trimmed();
-            if (!typed.isEmpty() && intlAtof(typed) != intlAtof(text)) {
+        for (const int column : {kPointColumn, kValueColumn}) {
+            const QString kept = keptInstead(column, m_lookupList->item(row, column)->text());
+            if (!kept.isEmpty()) {
                 cells << QStringLiteral("%1 %2, %3: %4")
-                             .arg(header(0), QString::number(row), header(column), text);
+                             .arg(header(0), QString::number(row), header(column), kept);
             }
         }
     }

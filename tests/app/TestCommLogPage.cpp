@@ -6,7 +6,10 @@
 #include "support/TestFolder.h"
 #include "support/WaitFor.h"
 
+#include <QCheckBox>
 #include <QClipboard>
+#include <QLabel>
+#include <QLineEdit>
 #include <QListView>
 #include <QScrollBar>
 
@@ -92,8 +95,77 @@ private Q_SLOTS:
         QCOMPARE(copied(), lines[0] + u'\n' + lines[2]);
         QTest::keyClick(m_list, Qt::Key_A, Qt::ControlModifier);
         QCOMPARE(copied(), lines.join(u'\n'));
+        const QDateTime now = QDateTime::currentDateTime();
+        m_list->actions().last()->trigger();
+        const QStringList timed = QGuiApplication::clipboard()->text().split(u'\n');
+        QCOMPARE(timed.size(), lines.size());
+        for (qsizetype line = 0; line < lines.size(); ++line) {
+            const auto time =
+                QDateTime::fromString(timed[line].left(23), u"yyyy-MM-dd HH:mm:ss.zzz"_s);
+            QVERIFY(time <= now && time.secsTo(now) < 300);
+            QCOMPARE(timed[line].mid(23), u'\t' + lines[line]);
+        }
         click(kClear); // nothing to copy: what was copied stays
-        QCOMPARE(copied(), lines.join(u'\n'));
+        QCOMPARE(QGuiApplication::clipboard()->text(), timed.join(u'\n'));
+    }
+
+    void linesAreFollowedWhileThatIsWanted()
+    {
+        auto* box = m_rig->page<CommLogPage>().getControl<QCheckBox>(1045);
+        m_list->setCurrentIndex(m_list->model()->index(1, 0));
+        QTest::mouseClick(box, Qt::LeftButton, {}, QPoint(8, box->height() / 2));
+        for (int line = 0; line < 200; ++line)
+            append(u"line %1"_s.arg(line));
+        const auto last = [this] { return shown().value(m_list->model()->rowCount() - 1); };
+        QVERIFY(waitFor([&] { return last() == u"line 199"_s; }));
+        QVERIFY(waitFor([this] {
+            const QScrollBar& bar = *m_list->verticalScrollBar();
+            return bar.maximum() > 0 && bar.value() == bar.maximum();
+        }));
+        QCOMPARE(m_list->currentIndex().row(), 1);
+        m_rig->link().commLog().clear();
+        append(u"after"_s);
+        QVERIFY(waitFor([&] { return shown() == QStringList(u"after"_s); }));
+        QVERIFY(m_rig->choosePage(0));
+        append(u"later"_s); // is not followed by a page that is not shown
+        QVERIFY(m_rig->choosePage(kLogPage));
+        QVERIFY(shown().size() > 2 && shown()[0] == u"after"_s);
+    }
+
+    void linesAreFoundInBothDirections()
+    {
+        click(kClear);
+        for (int line = 0; line < 30'000; ++line)
+            append(line % 10'000 == 5 ? u"TX: [41][Get][TERM]"_s : u"RX: [%1]"_s.arg(line));
+        m_rig->clickRefresh();
+        QVERIFY(waitFor([this] { return m_list->model()->rowCount() == 30'000; }));
+        auto* edit = m_rig->page<CommLogPage>().getControl<QLineEdit>(1041);
+        const auto isAt = [this](const QString& found, int row) {
+            return waitFor([&] {
+                return m_rig->page<CommLogPage>().getControl<QLabel>(1044)->text() == found &&
+                       m_list->currentIndex().row() == row;
+            });
+        };
+        m_list->setFocus();
+        QTest::keyClick(m_list, Qt::Key_F, Qt::ControlModifier);
+        QVERIFY(edit->hasFocus());
+        QTest::keyClicks(edit, u"[get]"_s);
+        QVERIFY(isAt(u"1 of 3"_s, 5));
+        QCOMPARE(m_rig->page<CommLogPage>().getControl<QLabel>(1047)->text(),
+                 u"Read of Resolution (A)."_s);
+        QTest::keyClick(edit, Qt::Key_Return);
+        QVERIFY(isAt(u"2 of 3"_s, 10'005));
+        click(1042);
+        click(1042);
+        QVERIFY(isAt(u"3 of 3"_s, 20'005)); // from the other end
+        append(u"[GET]"_s);
+        m_rig->clickRefresh();
+        QVERIFY(isAt(u"3 of 4"_s, 20'005));
+        click(1043);
+        click(1043);
+        QVERIFY(isAt(u"1 of 4"_s, 5));
+        QTest::keyClicks(edit, u"x"_s);
+        QVERIFY(isAt(u"Not found"_s, 5));
     }
 
     void oldestLinesAreDroppedAndOnlyThePageSaysSo()

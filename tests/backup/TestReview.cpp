@@ -406,6 +406,28 @@ private Q_SLOTS:
                                        "\"291 counts, 2.910 mm\",differs\r"));
     }
 
+    void savedFileIsShownAndAskedNothingOfTheSensor()
+    {
+        ReviewRig rig;
+        rig.start(); // the sensor is not known yet
+        QVERIFY(rig.waitIdle());
+        const QString csv = QStringLiteral("file.csv");
+        QVERIFY(rig.run(kOpenBackupCommand, "N000123 A0000000x", [&](ReviewDialog& review) {
+            QVERIFY(!review.getControl<QPushButton>(1)->isVisible());
+            QCOMPARE(rowOf(review, 1), QStringLiteral("Resolution (A)|0000000x|\"0000000x\""));
+            QCOMPARE(rowOf(review, 2), QStringLiteral("Stroke Length (L)|0A1250|0A, 1250 mm"));
+            const FileDialogUser user(rig.folder.path(csv));
+            click(review, 1067);
+            QVERIFY(user.wasAsked());
+            click(review, 2);
+        }));
+        QCOMPARE(rig.boxes, QStringList());
+        QCOMPARE(rig.frames(), QString());
+        const auto lines = rig.folder.content(csv).split('\n');
+        QCOMPARE(lines.size(), 14); // headings, twelve parameters, the end
+        QCOMPARE(lines[3], QByteArray("L,Stroke Length,0A1250,\"0A, 1250 mm\"\r"));
+    }
+
     void earlierStateIsPutBackFromTheNotice()
     {
         ReviewRig rig;

@@ -8,6 +8,7 @@
 
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTest>
@@ -31,8 +32,10 @@ struct Rig : MainWindowRig
     [[nodiscard]] bool open(int page, const std::function<void()>& steps)
     {
         sensor().setParameter('V', "300100");
-        if (!startConnected() || (page > 0 && !choosePage(page)))
-            return false;
+        return startConnected() && (page == 0 || choosePage(page)) && show(steps);
+    }
+    [[nodiscard]] bool show(const std::function<void()>& steps)
+    {
         const ModalAnswer<ManualCommDialog> answer([&](ManualCommDialog& shown) {
             dialog = &shown;
             steps();
@@ -47,13 +50,23 @@ struct Rig : MainWindowRig
     {
         QTest::mouseClick(dialog->getControl<QPushButton>(button), Qt::LeftButton);
     }
+    [[nodiscard]] QLineEdit& edit() const { return *dialog->getControl<QLineEdit>(1051); }
+    void type(const char* text) const
+    {
+        edit().selectAll();
+        QTest::keyClick(&edit(), Qt::Key_Delete);
+        QTest::keyClicks(&edit(), QString::fromUtf8(text));
+    }
     void execute(const char* text) const
     {
-        auto* edit = dialog->getControl<QLineEdit>(1051);
-        edit->selectAll();
-        QTest::keyClick(edit, Qt::Key_Delete);
-        QTest::keyClicks(edit, QString::fromUtf8(text));
+        type(text);
         click(kExecute);
+    }
+    /// @return what is then to be sent
+    [[nodiscard]] QString press(Qt::Key key) const
+    {
+        QTest::keyClick(&edit(), key);
+        return edit().text();
     }
     [[nodiscard]] QString received() const
     {
@@ -89,7 +102,7 @@ private Q_SLOTS:
             QCOMPARE(rig.received() + rig.outcome(), QString());
         };
         QVERIFY(rig.open(0, [&] {
-            QVERIFY(rig.dialog->getControl<QLineEdit>(1051)->hasFocus());
+            QVERIFY(rig.edit().hasFocus());
             Pacing::setSpeeds({100, 200, 5}); // of the sensor's silence
             check("1FF,d, 0d ,0x4f, 0X4f ", "\xFF\r\rOO", {});
             const QString begin = u"Not hexadecimal, but sent all the same: "_s;
@@ -115,6 +128,33 @@ private Q_SLOTS:
             QCOMPARE(rig.received(), shown + u"0D"_s);
             rig.execute(""); // clears the answer and sends nothing
             QVERIFY(rig.received().isEmpty() && !rig.window().isBusy());
+        }));
+    }
+
+    void enterSendsAndKeysBringBackWhatWasSent()
+    {
+        Rig rig;
+        QVERIFY(rig.open(0, [&rig] {
+            for (const char* text : {kAskForVersion, "44,41,0D", kAskForVersion}) {
+                rig.type(text);
+                QCOMPARE(rig.press(Qt::Key_Return), QLatin1String(text));
+                QVERIFY(rig.waitIdle() && rig.dialog->isVisible());
+            }
+            QCOMPARE(rig.dialog->getControl<QPlainTextEdit>(1058)->toPlainText(),
+                     u"300100\u00B7"_s);
+        }));
+        QVERIFY(rig.show([&rig] {
+            rig.type("4");
+            QCOMPARE(rig.press(Qt::Key_Up), QLatin1String(kAskForVersion));
+            QCOMPARE(rig.press(Qt::Key_Up), u"44,41,0D"_s);
+            QCOMPARE(rig.press(Qt::Key_Up), u"44,41,0D"_s);
+            QCOMPARE(rig.press(Qt::Key_Down), QLatin1String(kAskForVersion));
+            QCOMPARE(rig.press(Qt::Key_Down), u"4"_s);
+            QCOMPARE(rig.press(Qt::Key_Down), u"4"_s);
+            const auto presets = rig.dialog->getControl<QPushButton>(1059)->menu()->actions();
+            QCOMPARE(presets.size(), 14);
+            presets[4]->trigger();
+            QCOMPARE(rig.edit().text(), QLatin1String(kAskForVersion));
         }));
     }
 

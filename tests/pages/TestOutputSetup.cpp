@@ -4,6 +4,7 @@
 #include "pages/PasswordDialog.h"
 
 #include <QComboBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <QRadioButton>
 
@@ -30,6 +31,15 @@ struct Rig : PageRig<OutputSetupPage, 2, 1028>
         texts << skipCount().text();
         for (const QRadioButton* button : buttons())
             texts += button->isChecked() ? QStringList(button->text()) : QStringList();
+        return texts.join(u'|');
+    }
+
+    /// Stroke length, offset and gradient.
+    [[nodiscard]] QString asRead()
+    {
+        QStringList texts;
+        for (const int label : {1072, 1074, 1076})
+            texts << control<QLabel>(label)->text();
         return texts.join(u'|');
     }
 
@@ -111,16 +121,20 @@ private Q_SLOTS:
 
     void pageShowsWhatItsTypeHas()
     {
-        for (const auto& [type, reads, shown] :
-             {std::tuple(0, "DA AA UA NA LA", "24|Gray code|Forward|Asynchronous|0.010 mm|00"),
-              {1, "DA AA UA NA LA", "24|Gray code|Forward|Asynchronous|0.020 mm|03"},
+        for (const auto& [type, reads, shown, asRead] :
+             {std::tuple(0, "DA AA UA NA LA", "24|Gray code|Forward|Asynchronous|0.010 mm|00",
+                         "0A, 500 mm|0 counts, 0.000 mm|2830.00 (8.97527) m/s (µs/in)"),
+              {1, "DA AA UA NA LA", "24|Gray code|Forward|Asynchronous|0.020 mm|03",
+               "0B, 800 mm|-10 counts, -0.200 mm|2815.00 (9.02309) m/s (µs/in)"},
               {2, "DA AA UA NA LA KA",
                "25|Gray code|Forward|Synchronous|0.005 mm|05|1 Magnet|No Extension|"
-               "Normal Position Output"}}) {
+               "Normal Position Output",
+               "0A, 1250 mm|10 counts, 0.050 mm|2830.00 (8.97527) m/s (µs/in)"}}) {
             Rig rig(type);
             rig.enter(u"Binary"_s); // entries are given up
             QCOMPARE(rig.refresh(), QLatin1String(reads));
             QCOMPARE(rig.settings(), QLatin1String(shown));
+            QCOMPARE(rig.asRead(), QString::fromUtf8(asRead));
             QCOMPARE(rig.buttons().first()->isVisible(), type == 2);
             QVERIFY(!rig.skipCount().isEnabled() && !rig.canApply());
         }

@@ -3,6 +3,8 @@
 #include "pages/SensorInfoPage.h"
 #include "platform/core/ComPortNames.h"
 
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QLineEdit>
 
 using namespace pelorin;
@@ -76,6 +78,41 @@ private Q_SLOTS:
             rig.refresh();
             QCOMPARE(rig.values().section(u'|', 16, 16), QLatin1String(shown));
         }
+    }
+
+    void hexadecimalValuesSayWhatTheyMean()
+    {
+        InfoRig rig(2, "D4Afe19 Z07e932 NFFFFF6 M000020 O00003c");
+        const auto& list = *rig.control<QTableWidget>(1000);
+        QStringList meanings;
+        for (int row = 0; row < list.rowCount(); ++row) {
+            const QTableWidgetItem* item = list.item(row, 1);
+            QCOMPARE(item->data(Qt::AccessibleDescriptionRole).toString(), item->toolTip());
+            meanings << item->toolTip();
+        }
+        QCOMPARE(meanings.join(u'|'),
+                 u"|||||FE hexadecimal is 254.|||3A0102 hexadecimal; the firmware revision is 3A, "
+                 "as the bounds in the settings are written.||289792 = 512 × gradient ÷ "
+                 "resolution in µm. Gradient and resolution give 046C00.|0000A71E hexadecimal is "
+                 "42782.|The code of a stroke length of 250 or 1214 mm.|-10 counts, -0.050 mm|"
+                 "No stroke length has this code.|000001 hexadecimal is 1.||00003C hexadecimal "
+                 "is 60."_s);
+    }
+
+    void rowsAreCopiedForASpreadsheet()
+    {
+        InfoRig rig;
+        auto& list = *rig.control<QTableWidget>(1000);
+        list.setFocus();
+        const auto copied = [&list] {
+            QTest::keyClick(&list, Qt::Key_C, Qt::ControlModifier);
+            return QGuiApplication::clipboard()->text();
+        };
+        QCOMPARE(copied().count(u'\n'), 17); // nothing is selected
+        list.selectRow(3);
+        list.selectionModel()->select(list.model()->index(4, 0),
+                                      QItemSelectionModel::Select | QItemSelectionModel::Rows);
+        QCOMPARE(copied(), u"Resolution\t0.005\tmm\nStroke Length\t1250\tmm"_s);
     }
 
     void missingAnswerLeavesTheRestEmptyUntilItCanBeRead()

@@ -2,6 +2,7 @@
 #include "sensor/BackupFile.h"
 #include "sensor/CompensationEntry.h"
 #include "sensor/FactoryParameters.h"
+#include "sensor/LogLineWords.h"
 #include "sensor/LookupTableFile.h"
 #include "sensor/ParameterCodec.h"
 #include "sensor/SensorTypes.h"
@@ -89,6 +90,46 @@ private Q_SLOTS:
                     QVERIFY2(!isWellFormed(id, reply), id + reply);
             }
         }
+    }
+
+    void everyKindOfLogLineIsPutIntoWords()
+    {
+        const std::pair<const char*, const char*> kLines[] = {
+            {"TX: [41][Get][TERM]", "Read of Resolution (A)."},
+            {"RX: [30][30][30][30][30][30][31][30][TERM]", "Answer, Resolution (A): 0.010 mm."},
+            {"TX: [4E][Get][TERM]", "Read of Offset (N)."},
+            {"Error in ReadFile. Error = 5", "Receiving failed: Input/output error."},
+            {"RX: [46][46][46][46][46][36][TERM]", "Answer, Offset (N): -10 counts, -0.100 mm."},
+            {"RX: [30][30][30][30][30][41][46][46][TERM]",
+             "Position, as the sensor streams it: SSI word 00000AFF hexadecimal."},
+            {"TX: [44][Set][30][32][30][30][31][38][TERM]",
+             "Write of Data Format (D): 24 bits, Gray code, Forward, Asynchronous, × 1, Error Skip "
+             "Count 0."},
+            {"TX: [43][Set][TERM]", "Command C."},
+            {"RX: ", "Nothing was received in time."},
+            {"TX: [4F][Get][TERM]", "Read of Factory Value O (O)."},
+            {"RX: [30][Get][4E]", "Not a whole answer, as text: 0AN."},
+            {"RX: [30][07][TERM]", "Not a whole answer, as text: 0\u00B7."},
+            {"Invalid input byte count of 3", "The answer above has 3 bytes; 7 to 9 are expected."},
+            {"Invalid message terminator received ($0A)",
+             "The answer above does not end as an answer does."},
+            {"Invalid output data length of 12",
+             "A value of 12 bytes is too long for a frame; nothing was sent."},
+            {"Error in EscapeCommFunction CLRRTS. Error = 25",
+             "The supply line (RTS) could not be switched: Inappropriate ioctl for device."},
+            {"Error in PurgeComm. Error = 5", "The port could not be emptied: Input/output error."},
+            {"Error in WriteFile. Error = 5", "Sending failed: Input/output error."},
+            {"Byte count mismatch in WriteFile. Wrote = 1, Correct = 3,Error = 0",
+             "A frame left the port only in part."},
+            {"SSI Type: 2", "The sensor is of type 2, as its firmware revision says."},
+            {"SSY Type: Unknown",
+             "The firmware revision of the sensor lies in none of the configured ranges."},
+            {"COM7 could not be opened", ""}};
+        CommLog log;
+        for (const auto& line : kLines)
+            log.append(QString::fromUtf8(line.first));
+        for (int index = 0; const auto& line : kLines)
+            QCOMPARE(logLineInWords(log.snapshot(), index++), QString::fromUtf8(line.second));
     }
 
     void formatAndExtensionAreThreeBytes()

@@ -5,10 +5,13 @@
 #include "support/FileDialogUser.h"
 #include "support/FileSizeLimit.h"
 #include "support/MainWindowRig.h"
+#include "support/ModalAnswer.h"
 #include "support/TestFolder.h"
 #include "tempcomp/TableFiles.h"
 
+#include <QClipboard>
 #include <QListWidget>
+#include <QMessageBox>
 #include <QTableWidget>
 
 using namespace Qt::StringLiterals;
@@ -98,6 +101,60 @@ private Q_SLOTS:
         QVERIFY(bench.choosePage(5));
         QCOMPARE(bench.column(1).trimmed(), u"25.5"_s);
         QCOMPARE(bench.column(10, kArrayList).trimmed(), u"abc"_s);
+    }
+
+    void keysMoveWithinTheTableAndWhatTheFileCannotHoldIsMarked()
+    {
+        Bench bench;
+        QVERIFY(bench.open());
+        auto& list = bench.control<QTableWidget>(kLookupList);
+        const auto press = [](const QString& typed, Qt::Key key, Qt::KeyboardModifiers with = {}) {
+            QTest::keyClicks(QApplication::focusWidget(), typed);
+            const QString mark = QApplication::focusWidget()->accessibleDescription();
+            QTest::keyClick(QApplication::focusWidget(), key, with);
+            return mark;
+        };
+        const auto mark = u"The file cannot hold this; it will hold 25.0."_s;
+        bench.type(0, 1, {});
+        QCOMPARE(press(u"25.3"_s, Qt::Key_Tab), mark);
+        QCOMPARE(press(u"7"_s, Qt::Key_Tab), QString());
+        QCOMPARE(press(u"1"_s, Qt::Key_Return), QString());
+        QCOMPARE(press(u"2"_s, Qt::Key_Backtab), QString());
+        QCOMPARE(press(u"8"_s, Qt::Key_Enter, Qt::ShiftModifier), QString());
+        QCOMPARE(press(u"9"_s, Qt::Key_F2), QString());
+        QCOMPARE(bench.column(1).trimmed(), u"25.3 1 2"_s);
+        QCOMPARE(bench.column(2).trimmed(), u"9 8"_s);
+        QCOMPARE(list.item(0, 1)->toolTip(), mark);
+        bench.type(9, 2, u"3"_s);
+        (void)press({}, Qt::Key_Return); // there is no row below
+        QCOMPARE(QApplication::focusWidget(), &list);
+        QCOMPARE(list.item(9, 2)->text(), u"3"_s);
+    }
+
+    void blocksOfASpreadsheetArePastedAndCopied()
+    {
+        Bench bench;
+        QVERIFY(bench.open());
+        auto& list = bench.control<QTableWidget>(kLookupList);
+        QGuiApplication::clipboard()->setText(u"1,5\t2\r\n\"3\"\t4\r\n"_s);
+        bench.type(8, 1, u"typed"_s);
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_V, Qt::ControlModifier);
+        QCOMPARE(bench.column(1).trimmed(), u"1,5 3"_s);
+        list.setFocus();
+        list.setRangeSelected({8, 1, 9, 2}, true);
+        QTest::keyClick(&list, Qt::Key_C, Qt::ControlModifier);
+        QCOMPARE(QGuiApplication::clipboard()->text(), u"1,5\t2\n3\t4"_s);
+        list.clearSelection();
+        list.setCurrentCell(9, 2);
+        QString told;
+        const ModalAnswer<QMessageBox> answer([&told](QMessageBox& box) {
+            told = box.text();
+            QTest::keyClick(&box, Qt::Key_Return);
+        });
+        QTest::keyClick(&list, Qt::Key_V, Qt::ControlModifier);
+        QCOMPARE(told.section(u'.', 0, 0),
+                 u"Not everything that was pasted has a cell in the table"_s);
+        QCOMPARE(list.item(9, 2)->text(), u"1,5"_s);
     }
 
     /// The cell that is still open is among them.

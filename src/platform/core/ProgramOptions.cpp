@@ -1,5 +1,7 @@
 #include "platform/core/ProgramOptions.h"
 
+#include "platform/core/ProgramVersion.h"
+
 #include <QCoreApplication>
 #include <QFileInfo>
 
@@ -9,8 +11,6 @@ namespace pelorin {
 
 namespace {
 
-constexpr int kMajorVersion = 1;
-constexpr int kMinorVersion = 6;
 
 QString helpOption()
 {
@@ -28,11 +28,6 @@ void print(std::FILE* stream, const QString& text)
 }
 
 } // namespace
-
-QString programVersion()
-{
-    return QString::asprintf("%01d.%02d", kMajorVersion, kMinorVersion);
-}
 
 ProgramOptions::ProgramOptions(const QString& description, const QList<QCommandLineOption>& options)
 {

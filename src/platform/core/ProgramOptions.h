@@ -6,9 +6,6 @@
 
 namespace pelorin {
 
-/// The program's version, "1.06".
-[[nodiscard]] QString programVersion();
-
 /// The command line of a program: long options, --help and --version among them, and the texts
 /// beside them. One that cannot be understood is refused as a whole.
 class ProgramOptions

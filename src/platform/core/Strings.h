@@ -542,5 +542,72 @@ inline constexpr int kSensorNotIdentified = 2039;
 inline constexpr int kAllEqual = 2040;
 inline constexpr int kNotThere = 2041;
 inline constexpr int kNoSettingsFile = 2042;
+// What a value means
+inline constexpr int kIsHexadecimal = 2100;
+inline constexpr int kRevisionMeaning = 2101;
+inline constexpr int kScaleMeaning = 2102;
+inline constexpr int kScaleFollows = 2103;
+inline constexpr int kCodeOfStroke = 2104;
+inline constexpr int kOneOrOther = 2105;
+inline constexpr int kCodeOfNoStroke = 2106;
+inline constexpr int kAsRead = 2107;
+
+// Manual communications, for the hand
+inline constexpr int kReadParameter = 2108;
+inline constexpr int kReceivedAsText = 2109;
+inline constexpr int kSendHint = 2110;
+
+// Tables
+inline constexpr int kCellsLeftOut = 2111;
+inline constexpr int kPaste = 2112;
+inline constexpr int kFileWillHold = 2113;
+
+// A line of the communications log, in words
+inline constexpr int kLineInWords = 2114;
+inline constexpr int kCopyWithTimes = 2115;
+inline constexpr int kFollow = 2116;
+inline constexpr int kFind = 2117;
+inline constexpr int kFindNext = 2118;
+inline constexpr int kFindPrevious = 2119;
+inline constexpr int kFoundOf = 2120;
+inline constexpr int kFoundSoFar = 2121;
+inline constexpr int kNotFound = 2122;
+inline constexpr int kReadOf = 2123;
+inline constexpr int kWriteOf = 2124;
+inline constexpr int kAnswerOf = 2125;
+inline constexpr int kCommandOf = 2126;
+inline constexpr int kPositionOf = 2127;
+inline constexpr int kSupplyLineFailed = 2128;
+inline constexpr int kPurgeFailed = 2129;
+inline constexpr int kSendingFailed = 2130;
+inline constexpr int kReceivingFailed = 2131;
+inline constexpr int kFrameCut = 2132;
+inline constexpr int kAnswerCount = 2133;
+inline constexpr int kAnswerEnd = 2134;
+inline constexpr int kValueTooLong = 2135;
+inline constexpr int kIsOfType = 2136;
+inline constexpr int kIsOfNoType = 2137;
+inline constexpr int kNothingReceived = 2138;
+inline constexpr int kNoWholeAnswer = 2139;
+
+// Backup files, report and support file
+inline constexpr int kOpenBackupCommand = 2140;
+inline constexpr int kBackupFileTitle = 2141;
+inline constexpr int kReportCommand = 2142;
+inline constexpr int kReportTitle = 2143;
+inline constexpr int kReportFilter = 2144;
+inline constexpr int kReportNote = 2145;
+inline constexpr int kReportTime = 2146;
+inline constexpr int kReportProgram = 2147;
+inline constexpr int kLastVerification = 2148;
+inline constexpr int kNothingWrittenHere = 2149;
+inline constexpr int kSupportCommand = 2150;
+inline constexpr int kSupportTitle = 2151;
+inline constexpr int kSupportHint = 2152;
+inline constexpr int kVersionsHeading = 2153;
+inline constexpr int kSettingsHeading = 2154;
+inline constexpr int kLastStateHeading = 2155;
+inline constexpr int kLastLines = 2156;
+inline constexpr int kTypeOfSensor = 2157;
 
 } // namespace pelorin::strings

@@ -1,9 +1,15 @@
 #include "platform/ui/CellEditor.h"
 
+#include <QAction>
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QRegularExpression>
+#include <QStyle>
 #include <QStyledItemDelegate>
 #include <QTableView>
+#include <QToolTip>
 
 #include <utility>
 
@@ -54,7 +60,7 @@ protected:
 
 } // namespace
 
-CellEditor::CellEditor(QObject* page) : QObject(page) {}
+CellEditor::CellEditor(QObject* page, Keys keys) : QObject(page), m_keys(keys) {}
 
 void CellEditor::attach(QTableView* view)
 {
@@ -117,11 +123,11 @@ QString CellEditor::text(const QTableView& view, int row, int column) const
 bool CellEditor::eventFilter(QObject* watched, QEvent* event)
 {
     if (event->type() == QEvent::KeyPress) {
-        const int key = static_cast<QKeyEvent*>(event)->key();
+        const auto* key = static_cast<QKeyEvent*>(event);
         if (isOpen() && watched == edit())
-            return editKey(key);
+            return editKey(*key);
         auto* view = qobject_cast<QTableView*>(watched);
-        if (view && key == Qt::Key_F2) {
+        if (view && key->key() == Qt::Key_F2) {
             beginAtCurrentRow(view);
             return true;
         }
@@ -140,13 +146,41 @@ QLineEdit* CellEditor::edit() const
     return qobject_cast<QLineEdit*>(m_view->indexWidget(m_cell));
 }
 
-/// @return true if the key goes no further
-bool CellEditor::editKey(int key)
+void CellEditor::mark(const QString& explanation)
 {
-    switch (key) {
+    if (!isOpen())
+        return;
+    QLineEdit* box = edit();
+    qDeleteAll(box->actions());
+    if (!explanation.isEmpty()) {
+        const QIcon warning = box->style()->standardIcon(QStyle::SP_MessageBoxWarning);
+        box->addAction(warning, QLineEdit::TrailingPosition)->setToolTip(explanation);
+    }
+    box->setAccessibleDescription(explanation);
+    QToolTip::showText(box->mapToGlobal(box->rect().bottomLeft()), explanation, box);
+}
+
+/// @return true if the key goes no further
+bool CellEditor::editKey(const QKeyEvent& event)
+{
+    if (m_keys == Keys::Move && event.matches(QKeySequence::Paste) &&
+        QGuiApplication::clipboard()->text().contains(
+            QRegularExpression(QStringLiteral("[\t\n]")))) {
+        Q_EMIT blockPasted();
+        return true;
+    }
+    switch (event.key()) {
     case Qt::Key_Return:
     case Qt::Key_Enter:
+        if (m_keys == Keys::Move && !moveToRow(event.modifiers() & Qt::ShiftModifier ? -1 : 1)) {
+            commit();
+            m_view->setFocus();
+        }
         return true; // would press a button of the dialog
+    case Qt::Key_Tab:
+        return m_keys == Keys::Move && moveToNext(1);
+    case Qt::Key_Backtab:
+        return m_keys == Keys::Move && moveToNext(-1);
     case Qt::Key_Escape:
         revert();
         return true; // would close the dialog
@@ -154,16 +188,37 @@ bool CellEditor::editKey(int key)
         commit();
         return true;
     case Qt::Key_Up:
-    case Qt::Key_Down: {
-        const QModelIndex next =
-            m_cell.sibling(m_cell.row() + (key == Qt::Key_Up ? -1 : 1), m_cell.column());
-        if (next.flags().testFlag(Qt::ItemIsEditable))
-            begin(m_view, next.row(), next.column());
+    case Qt::Key_Down:
+        (void)moveToRow(event.key() == Qt::Key_Up ? -1 : 1);
         return true;
-    }
     default:
         return false;
     }
+}
+
+/// @return false if there is no such cell that can be edited
+bool CellEditor::moveToRow(int step)
+{
+    const QModelIndex next = m_cell.sibling(m_cell.row() + step, m_cell.column());
+    if (!next.flags().testFlag(Qt::ItemIsEditable))
+        return false;
+    begin(m_view, next.row(), next.column());
+    return true;
+}
+
+/// The next cell that can be edited, row by row.
+/// @return false if there is none
+bool CellEditor::moveToNext(int step)
+{
+    const int columns = m_view->model()->columnCount();
+    int at = m_cell.row() * columns + m_cell.column() + step;
+    for (; at >= 0 && at / columns < m_view->model()->rowCount(); at += step) {
+        if (m_cell.sibling(at / columns, at % columns).flags().testFlag(Qt::ItemIsEditable)) {
+            begin(m_view, at / columns, at % columns);
+            return true;
+        }
+    }
+    return false;
 }
 
 void CellEditor::beginAtCurrentRow(QTableView* view)

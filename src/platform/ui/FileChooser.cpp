@@ -9,6 +9,7 @@
 #include <QGridLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <QRegularExpression>
 
 namespace pelorin {
 
@@ -38,6 +39,14 @@ void offer(QFileDialog& dialog, const QStringList& files)
     });
 }
 
+/// The ending of a kind of files, such as "Text files (*.txt)"; the usual one for all files.
+QString suffixOf(const QString& filter, const QString& usual)
+{
+    static const QRegularExpression kEnding(QStringLiteral("\\(\\*\\.(\\w+)"));
+    const auto ending = kEnding.match(filter);
+    return ending.hasMatch() ? ending.captured(1) : usual;
+}
+
 } // namespace
 
 /// The toolkit's own dialog: those of the desktops ask whether a file may be replaced before its
@@ -52,6 +61,9 @@ QString chooseFile(QWidget* parent, QFileDialog::AcceptMode acceptMode, const QS
     dialog.setFileMode(acceptMode == QFileDialog::AcceptSave ? QFileDialog::AnyFile
                                                              : QFileDialog::ExistingFile);
     dialog.setDefaultSuffix(suffix);
+    QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, [&](const QString& chosen) {
+        dialog.setDefaultSuffix(suffixOf(chosen, suffix));
+    });
     if (offerRecent)
         offer(dialog, recent.files());
     if (dialog.exec() != QDialog::Accepted)
