@@ -24,7 +24,6 @@ namespace pelorin {
 
 namespace {
 
-using Origin = RestoreChoice::Origin;
 using Refusal = RestoreChoice::Refusal;
 using State = ComparedParameter::State;
 
@@ -42,21 +41,6 @@ constexpr int kSaveControl = 1067;
 enum Column { kName, kSensor, kSaved, kSensorWords, kSavedWords, kState, kWritten, kColumns };
 const std::vector<double> kShares = {0.16, 0.08, 0.08, 0.2, 0.2, 0.1, 0.18};
 const std::vector<double> kSharesWithoutWritten = {0.2, 0.1, 0.1, 0.25, 0.25, 0.1, 0.0};
-
-int textNumberOf(Origin origin)
-{
-    switch (origin) {
-    case Origin::OwnMultiplier:
-        return strings::kOwnMultiplier;
-    case Origin::OwnVelocity:
-        return strings::kOwnVelocity;
-    case Origin::OwnLength:
-        return strings::kOwnLength;
-    case Origin::Saved:
-        break;
-    }
-    return 0;
-}
 
 std::vector<ComparedParameter> rowsOf(const ReviewDialog::Review& review)
 {

@@ -3,6 +3,7 @@
 #include "pages/SensorPage.h"
 #include "platform/core/LanguageStrings.h"
 #include "platform/core/Strings.h"
+#include "sensor/OutputRules.h"
 
 #include <QComboBox>
 #include <QGroupBox>
@@ -53,15 +54,12 @@ const FieldControls& controlsOf(int field)
     return kFields[static_cast<std::size_t>(field)];
 }
 
-constexpr std::array kDataBits = {24, 25};
 // Of item data 0 and 1.
 constexpr std::array kFormatTexts = {strings::kBinary, strings::kGray};
 constexpr std::array kDirectionTexts = {strings::kForward, strings::kReverse};
 constexpr std::array kModeTexts = {strings::kAsynchronous, strings::kSynchronous};
-constexpr std::array kResolutions = {5, 10, 50, 100, 20, 2, 1}; // micrometres
 
 constexpr int kSkipCountLength = 3;
-constexpr int kDifferential = 1;
 
 void addItems(QComboBox& list, int count)
 {
@@ -175,12 +173,12 @@ std::array<QComboBox*, 5> OutputSetupControls::lists() const
 
 void OutputSetupControls::fillLists()
 {
-    for (const int bits : kDataBits)
+    for (const int bits : kOfferedDataBits)
         m_dataBits->addItem(QString::number(bits), bits);
     addItems(*m_format, static_cast<int>(kFormatTexts.size()));
     addItems(*m_direction, static_cast<int>(kDirectionTexts.size()));
     addItems(*m_mode, static_cast<int>(kModeTexts.size()));
-    for (const int micrometres : kResolutions)
+    for (const int micrometres : kOfferedResolutions)
         m_resolution->addItem(QString(), micrometres);
 }
 
@@ -287,7 +285,7 @@ void OutputSetupControls::restoreValues()
     check(m_extensions, original[ExtensionKind]);
     check(m_modes, original[Output]);
     if (original[Output] >= 0)
-        setMagnets(original[Output] == kDifferential);
+        setMagnets(magnetsFor(original[Output]) == 2);
     check(m_magnets, original[Magnets]);
     acceptValues();
 }
@@ -328,17 +326,16 @@ void OutputSetupControls::showExtension(const Extension& extension)
     check(m_modes, extension.mode);
     check(m_extensions, extension.extension);
     if (checkedIndex(m_modes) >= 0)
-        setMagnets(checkedIndex(m_modes) == kDifferential);
+        setMagnets(magnetsFor(checkedIndex(m_modes)) == 2);
 }
 
 void OutputSetupControls::onModeRadio()
 {
     const QScopedValueRollback showing(m_showing, true);
-    setMagnets(checkedIndex(m_modes) == kDifferential);
+    setMagnets(magnetsFor(checkedIndex(m_modes)) == 2);
     Q_EMIT settingChanged();
 }
 
-/// A difference needs two magnets, every other output is of one.
 void OutputSetupControls::setMagnets(bool two)
 {
     m_magnets[0]->setEnabled(!two);

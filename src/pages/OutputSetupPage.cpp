@@ -8,12 +8,14 @@
 #include "platform/core/Strings.h"
 #include "platform/ui/MessageBox.h"
 #include "sensor/OffsetChoice.h"
+#include "sensor/OutputRules.h"
 #include "sensor/SensorTypes.h"
 #include "sensor/SequenceRunner.h"
 
 #include <QLineEdit>
 #include <QPushButton>
 
+#include <algorithm>
 #include <array>
 #include <utility>
 
@@ -47,15 +49,6 @@ constexpr std::array<std::pair<int, int>, 21> kCaptions = {{
     {1027, strings::kVelocity},
     {1028, strings::kApply},
 }};
-
-constexpr int kLargestSkipCount = 255;
-constexpr int kFinestOfType0 = 10; ///< micrometres
-constexpr int kParity = 1;
-
-QLatin1String storedPassword()
-{
-    return QLatin1String("STEADYNOW");
-}
 
 } // namespace
 
@@ -175,7 +168,7 @@ void OutputSetupPage::unlock()
     PasswordDialog dialog(window(), strings::kPasswordPrompt);
     if (dialog.exec() != QDialog::Accepted)
         return;
-    if (dialog.getPassword().compare(storedPassword(), Qt::CaseInsensitive) == 0) {
+    if (isSkipCountPassword(dialog.getPassword())) {
         m_unlocked = true;
         m_controls->skipCountEdit()->setEnabled(true);
     } else {
@@ -217,16 +210,12 @@ bool OutputSetupPage::valuesAreUsable()
 
 bool OutputSetupPage::entriesAreAllowed()
 {
-    const bool modeOne = m_chosen.format.has(DataFormat::kModeOne);
-    if (link().ssiType() == 0) {
-        if (m_chosen.micrometres < kFinestOfType0)
-            return refuse(strings::kResolutionTooFine, m_controls->resolutionList());
-        if (modeOne)
-            return refuse(strings::kModeNotOffered, m_controls->modeList());
-    }
-    if (modeOne && m_chosen.format.has(DataFormat::kReverse))
-        return refuse(strings::kModeNotInReverse, m_controls->modeList());
-    return true;
+    const OutputRefusal refusal = refusalOf(link().ssiType(), m_chosen);
+    if (refusal == OutputRefusal::None)
+        return true;
+    return refuse(textNumberOf(refusal), refusal == OutputRefusal::ResolutionTooFine
+                                             ? m_controls->resolutionList()
+                                             : m_controls->modeList());
 }
 
 /// Another direction needs another offset.
@@ -254,27 +243,19 @@ bool OutputSetupPage::chooseOffset()
     return m_offset && isLinkKept();
 }
 
-/// Asks only about what the sensor does not do already.
 bool OutputSetupPage::confirmChanges()
 {
-    const bool parity = hasExtension() && m_chosen.extension.extension == kParity;
-    if (parity && m_read.extension.extension != kParity && !confirm(strings::kAskForParity))
-        return false;
-    const bool modeOne = m_chosen.format.has(DataFormat::kModeOne);
-    return !modeOne || m_read.format.has(DataFormat::kModeOne) || confirm(strings::kAskForMode);
+    const auto questions = questionsBefore(link().ssiType(), m_chosen, m_read);
+    return std::ranges::all_of(questions, [this](int question) { return confirm(question); });
 }
 
 /// All values, before the first one is written.
 bool OutputSetupPage::composeWriteValues()
 {
-    m_writes.clear();
-    for (const char id : sensorType(link().ssiType()).outputWrite) {
-        const bool asked = id == 'N' && m_offset;
-        const auto valueText = asked ? m_offset : m_chosen.composeWriteValue(id);
-        if (!valueText)
-            return refuse(strings::kDoesNotFit, m_controls->resolutionList());
-        m_writes[id] = *valueText;
-    }
+    const auto values = composeOutput(link().ssiType(), m_chosen, m_offset);
+    if (!values)
+        return refuse(strings::kDoesNotFit, m_controls->resolutionList());
+    m_writes = *values;
     return true;
 }
 

@@ -37,27 +37,41 @@ std::optional<double> slopeOf(PositionPoints points)
 
 /// Mean and deviation are carried along from point to point: a sum of squares of large positions
 /// would lose the noise.
-PositionFigures positionFigures(PositionPoints points)
+void PositionTally::add(const PositionPoint& point)
 {
-    PositionFigures figures;
-    if (points.empty())
-        return figures;
-    figures.minimum = figures.maximum = points.front().millimetres;
-    double squares = 0.0;
-    for (const auto& [seconds, value] : points) {
-        figures.minimum = std::min(figures.minimum, value);
-        figures.maximum = std::max(figures.maximum, value);
-        const double distance = value - figures.mean;
-        figures.mean += distance / static_cast<double>(++figures.count);
-        squares += distance * (value - figures.mean);
-    }
+    const double value = point.millimetres;
+    const bool first = m_figures.count == 0;
+    if (first)
+        m_first = point.seconds;
+    m_last = point.seconds;
+    m_figures.minimum = first ? value : std::min(m_figures.minimum, value);
+    m_figures.maximum = first ? value : std::max(m_figures.maximum, value);
+    const double distance = value - m_figures.mean;
+    m_figures.mean += distance / static_cast<double>(++m_figures.count);
+    m_squares += distance * (value - m_figures.mean);
+}
+
+PositionFigures PositionTally::figures() const
+{
+    PositionFigures figures = m_figures;
     const auto intervals = static_cast<double>(figures.count - 1);
     if (intervals > 0)
-        figures.deviation = std::sqrt(squares / intervals);
-    const double last = points.back().seconds;
-    if (const double time = last - points.front().seconds; time > 0.0)
+        figures.deviation = std::sqrt(m_squares / intervals);
+    if (const double time = m_last - m_first; time > 0.0)
         figures.perSecond = intervals / time;
-    figures.velocity = slopeOf(pointsBetween(points, last - kVelocityTime, last));
+    return figures;
+}
+
+PositionFigures positionFigures(PositionPoints points)
+{
+    PositionTally tally;
+    for (const PositionPoint& point : points)
+        tally.add(point);
+    PositionFigures figures = tally.figures();
+    if (!points.empty()) {
+        const double last = points.back().seconds;
+        figures.velocity = slopeOf(pointsBetween(points, last - kVelocityTime, last));
+    }
     return figures;
 }
 

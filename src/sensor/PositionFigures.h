@@ -33,6 +33,21 @@ struct PositionFigures
     [[nodiscard]] double span() const { return maximum - minimum; }
 };
 
+/// Takes positions one after the other, and keeps none of them.
+class PositionTally
+{
+public:
+    void add(const PositionPoint& point);
+    /// What they amount to so far, without the velocity.
+    [[nodiscard]] PositionFigures figures() const;
+
+private:
+    PositionFigures m_figures;
+    double m_squares = 0.0; ///< of the distances from the mean
+    double m_first = 0.0;   ///< seconds, as the next
+    double m_last = 0.0;
+};
+
 [[nodiscard]] PositionFigures positionFigures(PositionPoints points);
 
 /// The points from one moment to another, both included.

@@ -2,7 +2,6 @@
 
 #include "platform/core/LanguageStrings.h"
 #include "platform/core/Strings.h"
-#include "sensor/OutputSettings.h"
 #include "sensor/ParameterWords.h"
 #include "sensor/SensorTypes.h"
 
@@ -20,7 +19,6 @@ using Origin = RestoreChoice::Origin;
 
 constexpr std::string_view kCalibration = "ULPZMJO";
 constexpr std::string_view kOwnUsed = "DAUNL"; ///< what the output settings follow from
-constexpr int kFinestOfType0 = 10;             ///< micrometres
 
 RestoreChoice refusing(Refusal refusal, const QByteArray& parameters = {})
 {
@@ -87,51 +85,11 @@ OutputSettings settingsOf(const SensorValues& values)
     return settings;
 }
 
-/// What the page for the output settings refuses, too.
-Refusal refusalOf(int ssiType, const OutputSettings& wanted)
-{
-    const bool modeOne = wanted.format.has(DataFormat::kModeOne);
-    if (wanted.micrometres <= 0)
-        return Refusal::NoResolution;
-    if (ssiType == 0 && wanted.micrometres < kFinestOfType0)
-        return Refusal::ResolutionTooFine;
-    if (ssiType == 0 && modeOne)
-        return Refusal::ModeNotOffered;
-    if (modeOne && wanted.format.has(DataFormat::kReverse))
-        return Refusal::ModeNotInReverse;
-    return Refusal::None;
-}
-
 /// The offset of a sensor in counts of another resolution.
 std::optional<QByteArray> recounted(const QByteArray& offset, int micrometres, int newMicrometres)
 {
     const double length = static_cast<double>(decodeOffsetCounts(offset)) * micrometres;
     return encodeOffsetCounts(std::llround(length / newMicrometres));
-}
-
-int textNumberOf(Refusal refusal)
-{
-    switch (refusal) {
-    case Refusal::NotSaved:
-        return strings::kBackupMissing;
-    case Refusal::NoValue:
-        return strings::kBackupNotUsable;
-    case Refusal::NoResolution:
-        return strings::kNoResolution;
-    case Refusal::ResolutionTooFine:
-        return strings::kResolutionTooFine;
-    case Refusal::ModeNotOffered:
-        return strings::kModeNotOffered;
-    case Refusal::ModeNotInReverse:
-        return strings::kModeNotInReverse;
-    case Refusal::OffsetUnknown:
-        return strings::kOffsetToBeCalculated;
-    case Refusal::DoesNotFit:
-        return strings::kDoesNotFit;
-    case Refusal::None:
-        break;
-    }
-    return 0;
 }
 
 } // namespace
@@ -204,6 +162,21 @@ QString refusalText(const RestoreChoice& choice)
         return {};
     const QString text = languageString(textNumberOf(choice.refusal));
     return choice.refused.isEmpty() ? text : text.arg(parametersInWords(choice.refused));
+}
+
+int textNumberOf(Origin origin)
+{
+    switch (origin) {
+    case Origin::OwnMultiplier:
+        return strings::kOwnMultiplier;
+    case Origin::OwnVelocity:
+        return strings::kOwnVelocity;
+    case Origin::OwnLength:
+        return strings::kOwnLength;
+    case Origin::Saved:
+        break;
+    }
+    return 0;
 }
 
 QByteArray unlikeSaved(int ssiType, const SensorValues& sensor, const SensorValues& saved)
