@@ -35,4 +35,7 @@ struct Command
 /// @return null if there is none of that name
 [[nodiscard]] const Command* findCommand(const QString& name);
 
+/// How a command is called, for the help.
+[[nodiscard]] QString commandLineOf(const Command& command);
+
 } // namespace pelorin::cli

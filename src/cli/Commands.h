@@ -10,6 +10,7 @@ namespace pelorin::cli {
 [[nodiscard]] Result runRead(Invocation& invocation);
 [[nodiscard]] Result runBackup(Invocation& invocation);
 [[nodiscard]] Result runCompare(Invocation& invocation);
+[[nodiscard]] Result runRestore(Invocation& invocation);
 [[nodiscard]] Result runConvert(Invocation& invocation);
 
 } // namespace pelorin::cli
