@@ -23,6 +23,8 @@ constexpr std::array kCommands = {
             1, 2, runCompare},
     Command{"restore", "--port PORT FILE --all | --output-only", strings::kRestoreDescription,
             Port::Needed, 1, 1, runRestore, Restoration::options},
+    Command{"set", "--port PORT NAME=VALUE ...", strings::kSetDescription, Port::Needed, 1,
+            Command::kAnyNumber, runSet, setOptions},
     Command{"convert", "FILE", strings::kConvertDescription, Port::None, 1, 1, runConvert},
 };
 

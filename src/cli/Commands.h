@@ -11,6 +11,10 @@ namespace pelorin::cli {
 [[nodiscard]] Result runBackup(Invocation& invocation);
 [[nodiscard]] Result runCompare(Invocation& invocation);
 [[nodiscard]] Result runRestore(Invocation& invocation);
+[[nodiscard]] Result runSet(Invocation& invocation);
 [[nodiscard]] Result runConvert(Invocation& invocation);
+
+// The options of commands themselves.
+[[nodiscard]] QList<QCommandLineOption> setOptions();
 
 } // namespace pelorin::cli
