@@ -25,6 +25,8 @@ constexpr std::array kCommands = {
             Port::Needed, 1, 1, runRestore, Restoration::options},
     Command{"set", "--port PORT NAME=VALUE ...", strings::kSetDescription, Port::Needed, 1,
             Command::kAnyNumber, runSet, setOptions},
+    Command{"watch", "--port PORT [--seconds N] [--csv FILE]", strings::kWatchDescription,
+            Port::Needed, 0, 0, runWatch, watchOptions},
     Command{"convert", "FILE", strings::kConvertDescription, Port::None, 1, 1, runConvert},
 };
 

@@ -12,9 +12,11 @@ namespace pelorin::cli {
 [[nodiscard]] Result runCompare(Invocation& invocation);
 [[nodiscard]] Result runRestore(Invocation& invocation);
 [[nodiscard]] Result runSet(Invocation& invocation);
+[[nodiscard]] Result runWatch(Invocation& invocation);
 [[nodiscard]] Result runConvert(Invocation& invocation);
 
 // The options of commands themselves.
 [[nodiscard]] QList<QCommandLineOption> setOptions();
+[[nodiscard]] QList<QCommandLineOption> watchOptions();
 
 } // namespace pelorin::cli
