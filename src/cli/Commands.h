@@ -13,6 +13,7 @@ namespace pelorin::cli {
 [[nodiscard]] Result runRestore(Invocation& invocation);
 [[nodiscard]] Result runSet(Invocation& invocation);
 [[nodiscard]] Result runWatch(Invocation& invocation);
+[[nodiscard]] Result runJournal(Invocation& invocation);
 [[nodiscard]] Result runConvert(Invocation& invocation);
 
 // The options of commands themselves.
