@@ -240,12 +240,13 @@ private:
     Result m_result;
 };
 
-/// What the sensor would be given.
+/// What the sensor would be given, and given back.
 Result showFormat(Invocation& invocation, const QByteArray& own)
 {
-    Session& session = invocation.session();
-    const QByteArray streaming = streamingFormat(session.formats().ownFormat(own));
-    showPlan(invocation.output(), PositionStream::formatPlan(streaming, session.link().ssiType()));
+    const int type = invocation.session().link().ssiType();
+    const Plan begin =
+        joined(PositionStream::formatPlan(streamingFormat(own), type), connectPlan());
+    showPlan(invocation.output(), joined(begin, FormatRestore::planOf(own, type)));
     return {};
 }
 

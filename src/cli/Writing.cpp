@@ -72,7 +72,8 @@ QString wordsOf(WriteResult written)
 {
     if (written.reason == Reason::LinkLost) {
         written.reason = Reason::None;
-        written.problem = languageString(strings::kLinkLost);
+        if (written.outcome.isDone())
+            written.problem = languageString(strings::kLinkLost);
     }
     return textOf(written);
 }
