@@ -1738,7 +1738,7 @@ Senza di ciò non può essere ripristinato. Scrivere comunque?</translation>
     </message>
     <message id="2005">
         <source>Saves the communications log to a file.</source>
-        <translation>Salva il registro delle comunicazioni in un file.</translation>
+        <translation>Salva il registro comunicazioni in un file.</translation>
     </message>
     <message id="2006">
         <source>The settings file to be used.</source>
@@ -1786,7 +1786,7 @@ Senza di ciò non può essere ripristinato. Scrivere comunque?</translation>
     </message>
     <message id="2017">
         <source>Shows what a backup file or a lookup table holds.</source>
-        <translation>Mostra che cosa contiene un file di backup o una tabella di ricerca.</translation>
+        <translation>Mostra che cosa contiene un file di backup o una tabella di valori.</translation>
     </message>
     <message id="2020">
         <source>%2 is no value that %1 can have.</source>
@@ -1867,7 +1867,7 @@ Senza di ciò non può essere ripristinato. Scrivere comunque?</translation>
     <message id="2036">
         <source>The file %1 is neither a backup file nor a lookup table.</source>
         <extracomment>%1 path</extracomment>
-        <translation>Il file %1 non è né un file di backup né una tabella di ricerca.</translation>
+        <translation>Il file %1 non è né un file di backup né una tabella di valori.</translation>
     </message>
     <message id="2037">
         <source>Sensor of type %1, version answer %2</source>

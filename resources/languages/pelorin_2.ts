@@ -1726,7 +1726,7 @@ Ohne das kann es nicht zurückgeschrieben werden. Trotzdem schreiben?</translati
     </message>
     <message id="2002">
         <source>The sensor's type, for a firmware revision that lies in no configured range.</source>
-        <translation>Der Typ des Sensors, für einen Firmwarestand außerhalb aller eingestellten Bereiche.</translation>
+        <translation>Der Typ des Sensors, für eine Firmware-Revision außerhalb aller eingestellten Bereiche.</translation>
     </message>
     <message id="2003">
         <source>You switch the sensor's supply by hand, and are told when.</source>
@@ -1786,7 +1786,7 @@ Ohne das kann es nicht zurückgeschrieben werden. Trotzdem schreiben?</translati
     </message>
     <message id="2017">
         <source>Shows what a backup file or a lookup table holds.</source>
-        <translation>Zeigt, was eine Sicherungsdatei oder eine Nachschlagetabelle enthält.</translation>
+        <translation>Zeigt, was eine Sicherungsdatei oder eine Wertetabelle enthält.</translation>
     </message>
     <message id="2020">
         <source>%2 is no value that %1 can have.</source>
@@ -1824,7 +1824,7 @@ Ohne das kann es nicht zurückgeschrieben werden. Trotzdem schreiben?</translati
     </message>
     <message id="2027">
         <source>Switch the sensor's supply off, then press Enter. Type n and Enter if the sensor is ready for programming already.</source>
-        <translation>Schalten Sie die Versorgung des Sensors aus und drücken Sie die Eingabetaste. Tippen Sie n und die Eingabetaste, wenn der Sensor schon zum Programmieren bereit ist.</translation>
+        <translation>Schalten Sie die Versorgung des Sensors aus und drücken Sie die Eingabetaste. Tippen Sie n und die Eingabetaste, wenn der Sensor schon programmierbereit ist.</translation>
     </message>
     <message id="2028">
         <source>Switch the sensor's supply on now, then press Enter.</source>
@@ -1833,7 +1833,7 @@ Ohne das kann es nicht zurückgeschrieben werden. Trotzdem schreiben?</translati
     <message id="2029">
         <source>The sensor's firmware revision %1 is that of type %2, not of the one that was named. Nothing else was done.</source>
         <extracomment>%1 revision, %2 type</extracomment>
-        <translation>Der Firmwarestand %1 des Sensors gehört zum Typ %2, nicht zum genannten. Mehr wurde nicht getan.</translation>
+        <translation>Die Firmware-Revision %1 des Sensors gehört zum Typ %2, nicht zum genannten. Mehr wurde nicht getan.</translation>
     </message>
     <message id="2030">
         <source>Interrupted.</source>
@@ -1867,7 +1867,7 @@ Ohne das kann es nicht zurückgeschrieben werden. Trotzdem schreiben?</translati
     <message id="2036">
         <source>The file %1 is neither a backup file nor a lookup table.</source>
         <extracomment>%1 path</extracomment>
-        <translation>Die Datei %1 ist weder eine Sicherungsdatei noch eine Nachschlagetabelle.</translation>
+        <translation>Die Datei %1 ist weder eine Sicherungsdatei noch eine Wertetabelle.</translation>
     </message>
     <message id="2037">
         <source>Sensor of type %1, version answer %2</source>

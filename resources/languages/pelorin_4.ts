@@ -1726,7 +1726,7 @@ Sans cela, il ne peut pas être rétabli. Écrire malgré tout ?</translation>
     </message>
     <message id="2002">
         <source>The sensor's type, for a firmware revision that lies in no configured range.</source>
-        <translation>Le type du capteur, pour une révision de micrologiciel hors de toutes les plages configurées.</translation>
+        <translation>Le type du capteur, pour une révision de firmware hors de toutes les plages configurées.</translation>
     </message>
     <message id="2003">
         <source>You switch the sensor's supply by hand, and are told when.</source>
@@ -1786,7 +1786,7 @@ Sans cela, il ne peut pas être rétabli. Écrire malgré tout ?</translation>
     </message>
     <message id="2017">
         <source>Shows what a backup file or a lookup table holds.</source>
-        <translation>Montre ce que contient un fichier de sauvegarde ou une table de correspondance.</translation>
+        <translation>Montre ce que contient un fichier de sauvegarde ou une table de valeurs.</translation>
     </message>
     <message id="2020">
         <source>%2 is no value that %1 can have.</source>
@@ -1833,7 +1833,7 @@ Sans cela, il ne peut pas être rétabli. Écrire malgré tout ?</translation>
     <message id="2029">
         <source>The sensor's firmware revision %1 is that of type %2, not of the one that was named. Nothing else was done.</source>
         <extracomment>%1 revision, %2 type</extracomment>
-        <translation>La révision %1 du micrologiciel du capteur est celle du type %2, pas du type indiqué. Rien d'autre n'a été fait.</translation>
+        <translation>La révision de firmware %1 du capteur est celle du type %2, pas du type indiqué. Rien d'autre n'a été fait.</translation>
     </message>
     <message id="2030">
         <source>Interrupted.</source>
@@ -1867,7 +1867,7 @@ Sans cela, il ne peut pas être rétabli. Écrire malgré tout ?</translation>
     <message id="2036">
         <source>The file %1 is neither a backup file nor a lookup table.</source>
         <extracomment>%1 path</extracomment>
-        <translation>Le fichier %1 n'est ni un fichier de sauvegarde ni une table de correspondance.</translation>
+        <translation>Le fichier %1 n'est ni un fichier de sauvegarde ni une table de valeurs.</translation>
     </message>
     <message id="2037">
         <source>Sensor of type %1, version answer %2</source>

@@ -1726,7 +1726,7 @@ Sin eso no se puede restablecer. ¿Escribir de todos modos?</translation>
     </message>
     <message id="2002">
         <source>The sensor's type, for a firmware revision that lies in no configured range.</source>
-        <translation>El tipo del sensor, para una revisión de firmware fuera de todos los rangos configurados.</translation>
+        <translation>El tipo del sensor, para una revisión de firmware fuera de todos los intervalos configurados.</translation>
     </message>
     <message id="2003">
         <source>You switch the sensor's supply by hand, and are told when.</source>
@@ -1738,7 +1738,7 @@ Sin eso no se puede restablecer. ¿Escribir de todos modos?</translation>
     </message>
     <message id="2005">
         <source>Saves the communications log to a file.</source>
-        <translation>Guarda el registro de comunicaciones en un archivo.</translation>
+        <translation>Guarda el registro de comunicación en un archivo.</translation>
     </message>
     <message id="2006">
         <source>The settings file to be used.</source>
@@ -1786,7 +1786,7 @@ Sin eso no se puede restablecer. ¿Escribir de todos modos?</translation>
     </message>
     <message id="2017">
         <source>Shows what a backup file or a lookup table holds.</source>
-        <translation>Muestra lo que contiene un archivo de copia de seguridad o una tabla de consulta.</translation>
+        <translation>Muestra lo que contiene un archivo de copia de seguridad o una tabla de valores.</translation>
     </message>
     <message id="2020">
         <source>%2 is no value that %1 can have.</source>
@@ -1867,7 +1867,7 @@ Sin eso no se puede restablecer. ¿Escribir de todos modos?</translation>
     <message id="2036">
         <source>The file %1 is neither a backup file nor a lookup table.</source>
         <extracomment>%1 path</extracomment>
-        <translation>El archivo %1 no es ni un archivo de copia de seguridad ni una tabla de consulta.</translation>
+        <translation>El archivo %1 no es ni un archivo de copia de seguridad ni una tabla de valores.</translation>
     </message>
     <message id="2037">
         <source>Sensor of type %1, version answer %2</source>

@@ -28,19 +28,18 @@ void printSensor(Output& output, const SensorLink& link)
 Result runInfo(Invocation& invocation)
 {
     Session& session = invocation.session();
-    const Result connected = session.connectSensor();
+    Result connected = session.connectSensor();
     if (!connected.isDone() && connected.exit != ExitCode::NotIdentified)
         return connected;
     const std::string_view ids = sensorType(session.link().ssiType()).information;
     SensorValues values;
-    const Result read =
-        session.read(connected.isDone() ? readPlan(ids) : tolerantReadPlan(ids), values);
+    Result read = session.read(connected.isDone() ? readPlan(ids) : tolerantReadPlan(ids), values);
     printSensor(invocation.output(), session.link());
     for (const QString& line : valuesInWords(values))
         invocation.output().print(line);
     invocation.output().set(QStringLiteral("values"), namedValues(values));
-    const bool interrupted = read.exit == ExitCode::Interrupted;
-    return connected.isDone() || interrupted ? read : connected;
+    const bool tolerable = read.isDone() || read.parameter != 0; // else lost, or interrupted
+    return connected.isDone() || !tolerable ? read : connected;
 }
 
 } // namespace pelorin::cli

@@ -163,9 +163,11 @@ QStringList valuesInWords(const SensorValues& values)
 {
     QStringList lines;
     for (const char id : allParameters()) {
-        if (const auto found = values.find(id); found != values.end())
+        const auto found = values.find(id);
+        if (found != values.end()) {
             lines << parameterInWords(id) + QStringLiteral(": ") +
                          valueInWords(id, found->second, values);
+        }
     }
     return lines;
 }

@@ -45,8 +45,10 @@ Output::Output(bool json) : m_json(json), m_showsProgress(::isatty(STDERR_FILENO
 
 void Output::print(const QString& line)
 {
-    if (!m_json)
-        write(line.toUtf8() + '\n');
+    if (m_json)
+        return;
+    clearProgress();
+    write(line.toUtf8() + '\n');
 }
 
 void Output::printObject(const QJsonObject& object)
@@ -91,10 +93,10 @@ Result Output::finish(const QString& command, const Result& result)
         tell(result.text);
     if (m_error == 0 || isClosed() || !result.isDone())
         return result;
-    const Result failed{.exit = ExitCode::FileUnfit,
-                        .code = "output",
-                        .text = languageString(strings::kOutputFailed)
-                                    .arg(QString::fromLocal8Bit(std::strerror(m_error)))};
+    Result failed{.exit = ExitCode::FileUnfit,
+                  .code = "output",
+                  .text = languageString(strings::kOutputFailed)
+                              .arg(QString::fromLocal8Bit(std::strerror(m_error)))};
     tell(failed.text);
     return failed;
 }

@@ -86,7 +86,8 @@ Result checkUse(const Command& command, const Options& options, int arguments,
         return usage(languageString(strings::kPortNeeded));
     if (arguments < fewest || arguments > most)
         return usage(languageString(strings::kWrongArguments).arg(commandLineOf(command)));
-    if (withPort && (options.manualPower || isPowerManual()) && !terminal.isThere())
+    const bool usesPort = withPort && command.port != Command::Port::None;
+    if (usesPort && (options.manualPower || isPowerManual()) && !terminal.isThere())
         return usage(languageString(strings::kNobodyAtSupply));
     return {};
 }

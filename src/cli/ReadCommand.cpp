@@ -35,7 +35,7 @@ Result runRead(Invocation& invocation)
     if (!fault.isNull())
         return usage(languageString(strings::kNoParameter).arg(fault));
     Session& session = invocation.session();
-    const Result connected = session.connectSensor();
+    Result connected = session.connectSensor();
     if (!connected.isDone() && connected.exit != ExitCode::NotIdentified)
         return connected;
     if (ids.isEmpty()) {

@@ -1,0 +1,110 @@
+#pragma once
+
+#include "support/WaitFor.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QMap>
+#include <QProcess>
+
+namespace pelorin::test {
+
+/// One call of the program, which runs beside the test.
+struct CliRun : QProcess
+{
+    explicit CliRun(const QStringList& arguments)
+    {
+        setProgram(QStringLiteral(PELORIN_CLI));
+        setArguments(arguments);
+    }
+
+    /// Lets it run beside what follows.
+    void begin()
+    {
+        m_begun = true;
+        start();
+    }
+
+    /// @return its exit code; -1 if it does not end, or not by itself
+    [[nodiscard]] int end()
+    {
+        if (!m_begun)
+            begin();
+        const bool ended = waitFor([this] { return state() == NotRunning; });
+        output = readAllStandardOutput();
+        errors = QString::fromUtf8(readAllStandardError());
+        return ended && exitStatus() == NormalExit ? exitCode() : -1;
+    }
+
+    QByteArray output;
+    QString errors;
+
+private:
+    bool m_begun = false;
+};
+
+/// What is wrong with a member of the JSON object, or of an object in it: it is none of those that
+/// scripts are told of, or of another kind. Empty if all are as they should be.
+inline QString faultOf(const QJsonObject& object, const QString& where = {})
+{
+    using Type = QJsonValue::Type;
+    static const QMap<QString, Type> kMembers = {
+        {QStringLiteral("/schema"), Type::Double},
+        {QStringLiteral("/command"), Type::String},
+        {QStringLiteral("/exit"), Type::Double},
+        {QStringLiteral("/port"), Type::Object},
+        {QStringLiteral("/port/name"), Type::String},
+        {QStringLiteral("/port/device"), Type::String},
+        {QStringLiteral("/sensor"), Type::Object},
+        {QStringLiteral("/sensor/type"), Type::Double},
+        {QStringLiteral("/sensor/byHand"), Type::Bool},
+        {QStringLiteral("/sensor/version"), Type::String},
+        {QStringLiteral("/values"), Type::Array},
+        {QStringLiteral("/values/id"), Type::String},
+        {QStringLiteral("/values/raw"), Type::String},
+        {QStringLiteral("/values/name"), Type::String},
+        {QStringLiteral("/values/value"), Type::Undefined}, // a number or a word
+        {QStringLiteral("/values/unit"), Type::String},
+        {QStringLiteral("/differences"), Type::Array},
+        {QStringLiteral("/differences/id"), Type::String},
+        {QStringLiteral("/differences/name"), Type::String},
+        {QStringLiteral("/differences/written"), Type::String},
+        {QStringLiteral("/differences/found"), Type::String},
+        {QStringLiteral("/table"), Type::Array},
+        {QStringLiteral("/table/point"), Type::Double},
+        {QStringLiteral("/table/value"), Type::Double},
+        {QStringLiteral("/ports"), Type::Array},
+        {QStringLiteral("/ports/number"), Type::Double},
+        {QStringLiteral("/ports/name"), Type::String},
+        {QStringLiteral("/ports/device"), Type::String},
+        {QStringLiteral("/ports/description"), Type::String},
+        {QStringLiteral("/ports/serialNumber"), Type::String},
+        {QStringLiteral("/error"), Type::Object},
+        {QStringLiteral("/error/code"), Type::String},
+        {QStringLiteral("/error/text"), Type::String},
+        {QStringLiteral("/error/parameter"), Type::String}};
+    for (auto member = object.begin(); member != object.end(); ++member) {
+        const QString path = where + QLatin1Char('/') + member.key();
+        const auto type = kMembers.constFind(path);
+        if (type == kMembers.constEnd() || (*type != Type::Undefined && *type != member->type()))
+            return path;
+        QJsonArray inner = member->toArray();
+        if (member->isObject())
+            inner.append(member->toObject());
+        for (const QJsonValue& value : std::as_const(inner)) {
+            if (const QString fault = faultOf(value.toObject(), path); !fault.isEmpty())
+                return fault;
+        }
+    }
+    return {};
+}
+
+/// The one object that the output is; empty if it is anything else.
+inline QJsonObject objectOf(const QByteArray& output)
+{
+    const bool oneLine = output.count('\n') == 1 && output.endsWith('\n');
+    return oneLine ? QJsonDocument::fromJson(output).object() : QJsonObject();
+}
+
+} // namespace pelorin::test
