@@ -28,7 +28,7 @@ constexpr std::array kCommands = {
     Command{"watch", "--port PORT [--seconds N] [--csv FILE]", strings::kWatchDescription,
             Port::Needed, 0, 0, runWatch, watchOptions},
     Command{"journal", "list | show ID | put-back ID --all | --output-only --port PORT",
-            strings::kJournalDescription, Port::None, 1, 2, runJournal, Restoration::options},
+            strings::kJournalDescription, Port::Own, 1, 2, runJournal, Restoration::options},
     Command{"convert", "FILE", strings::kConvertDescription, Port::None, 1, 1, runConvert},
 };
 

@@ -143,6 +143,8 @@ private:
     {
         const int decimals = positionDecimals(m_stream.resolution());
         for (const auto& [time, millimetres] : samples) {
+            if (time < m_origin)
+                continue; // came while the stream began; the recording leaves it out, too
             const double seconds = std::chrono::duration<double>(time - m_origin).count();
             m_tally.add({seconds, millimetres});
             show(QString::number(seconds, 'f', 4), QString::number(millimetres, 'f', decimals));
