@@ -10,6 +10,7 @@
 
 #include <QFileInfo>
 
+#include <array>
 #include <csignal>
 
 using namespace pelorin;
@@ -202,38 +203,36 @@ private Q_SLOTS:
 
     void positionsAreShownUntilSomethingEndsThemAndTheFormatIsBack()
     {
-        const QString line = m_folder.path(u"watched"_s);
-        const PtySensor terminal(line);
-        QVERIFY(terminal.started);
-        const QStringList arguments{u"watch"_s, u"--json"_s, u"--port"_s, line};
-        const auto isOwnFormat = [&] { return terminal.sensor->parameter('D') == "4A0519"; };
-
+        const std::array<PtySensor, 3> sensors{PtySensor(m_folder.path(u"1"_s)),
+                                               PtySensor(m_folder.path(u"2"_s)),
+                                               PtySensor(m_folder.path(u"3"_s))};
+        const auto watching = [this](const QString& line) {
+            return QStringList{u"watch"_s, u"--json"_s, u"--port"_s, m_folder.path(line)};
+        };
         const QString csv = m_folder.path(u"positions.csv"_s);
-        CliRun timed(arguments + QStringList{u"--seconds"_s, u"1"_s, u"--csv"_s, csv});
-        QCOMPARE(timed.end(), 0);
-        QVERIFY(isOwnFormat());
+        CliRun timed(watching(u"1"_s) + QStringList{u"--seconds"_s, u"1"_s, u"--csv"_s, csv});
+        CliRun given(watching(u"2"_s));
+        CliRun piped({u"-c"_s, u"\"$0\" \"$@\" | head -n 1; exit ${PIPESTATUS[0]}"_s,
+                      QStringLiteral(PELORIN_CLI)});
+        piped.setArguments(piped.arguments() + watching(u"3"_s));
+        piped.setProgram(u"bash"_s);
+        for (CliRun* run : {&timed, &given, &piped})
+            run->begin();
+
+        QVERIFY(waitFor([&] { return given.bytesAvailable() > 0; }));
+        QCOMPARE(sensors[1].sensor->parameter('D'), "4E0519");
+        interrupt(given, {SIGHUP, SIGINT});
+        for (CliRun* run : {&timed, &given, &piped})
+            QCOMPARE(run->end(), 0);
+        for (const PtySensor& each : sensors)
+            QCOMPARE(each.sensor->parameter('D'), "4A0519");
+        QCOMPARE(piped.output.count('\n'), 1);
         const QJsonObject last = objectOf(timed.output.trimmed().split('\n').last() + '\n');
-        QCOMPARE(faultOf(last.value(u"summary"_s).toObject(), u"/summary"_s), QString());
+        QCOMPARE(faultOf(last), QString());
         const int count = at(last, u"summary/count"_s).toInt();
         QVERIFY(count > 0);
         QCOMPARE(timed.output.count('\n'), count + 1);
         QCOMPARE(readRecording(csv).content.points.size(), std::size_t(count));
-
-        CliRun given(arguments);
-        given.begin();
-        QVERIFY(waitFor([&] { return given.bytesAvailable() > 0; }));
-        QVERIFY(!isOwnFormat());
-        interrupt(given, {SIGHUP, SIGINT});
-        QCOMPARE(given.end(), 0);
-        QVERIFY(isOwnFormat());
-
-        CliRun piped({u"-c"_s, u"\"$0\" \"$@\" | head -n 1; exit ${PIPESTATUS[0]}"_s,
-                      QStringLiteral(PELORIN_CLI)});
-        piped.setArguments(piped.arguments() + arguments);
-        piped.setProgram(u"bash"_s);
-        QCOMPARE(piped.end(), 0);
-        QCOMPARE(piped.output.count('\n'), 1);
-        QVERIFY(isOwnFormat());
     }
 
     void whoeverSitsAtTheTerminalAgreesToWhatIsWritten()
