@@ -12,9 +12,11 @@ if [[ -n ${DISPLAY:-} || -n ${WAYLAND_DISPLAY:-} ]]; then
     if [[ -z ${DISPLAY:-} ]]; then
         packages+=(qt6-wayland)
     fi
-    build dev pelorin pelorin_demo
+    build dev pelorin
     say "Starting Pelorin"
-    build/dev/bin/pelorin-demo "$@"
+    # On a copy, which its settings dialog may change.
+    cp -- build/dev/share/pelorin/demo.reg build/demo.reg
+    PELORIN_REGISTRY=$PWD/build/demo.reg build/dev/bin/pelorin "$@" /CP:99
 else
     build dev pelorin-tour
     say "No display: running the tour, pictures go to build/tour"

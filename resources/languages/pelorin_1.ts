@@ -1185,8 +1185,8 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <translation>The sensor did not answer afterwards.</translation>
     </message>
     <message id="1712">
-        <source>Another sensor has answered after the restart.</source>
-        <translation>Another sensor has answered after the restart.</translation>
+        <source>Another sensor has answered than the one that was written to.</source>
+        <translation>Another sensor has answered than the one that was written to.</translation>
     </message>
     <message id="1713">
         <source>The program was closed before the sensor could be read.</source>
@@ -1714,6 +1714,201 @@ Without that it cannot be put back. Write all the same?</translation>
         <source>s</source>
         <extracomment>Unit</extracomment>
         <translation>s</translation>
+    </message>
+    <message id="1861">
+        <source>Longest gap</source>
+        <extracomment>Figure beside a trace: the longest time without a position</extracomment>
+        <translation>Longest gap</translation>
+    </message>
+    <message id="1862">
+        <source>Recorded</source>
+        <extracomment>Figure beside a trace: how many seconds have been recorded</extracomment>
+        <translation>Recorded</translation>
+    </message>
+    <message id="1870">
+        <source>Output settings only is not possible: the page Output Setup does not offer what the file has: %1</source>
+        <extracomment>%1: parameters</extracomment>
+        <translation>Output settings only is not possible: the page Output Setup does not offer what the file has: %1</translation>
+    </message>
+    <message id="1900">
+        <source>&amp;Settings…</source>
+        <translation>&amp;Settings…</translation>
+    </message>
+    <message id="1901">
+        <source>Settings</source>
+        <translation>Settings</translation>
+    </message>
+    <message id="1902">
+        <source>Sensor Types</source>
+        <translation>Sensor Types</translation>
+    </message>
+    <message id="1903">
+        <source>General</source>
+        <translation>General</translation>
+    </message>
+    <message id="1904">
+        <source>Ports</source>
+        <translation>Ports</translation>
+    </message>
+    <message id="1905">
+        <source>Sensor Packages</source>
+        <translation>Sensor Packages</translation>
+    </message>
+    <message id="1906">
+        <source>Display Unit</source>
+        <translation>Display Unit</translation>
+    </message>
+    <message id="1907">
+        <source>Type %1</source>
+        <translation>Type %1</translation>
+    </message>
+    <message id="1908">
+        <source>Lowest revision (hexadecimal)</source>
+        <translation>Lowest revision (hexadecimal)</translation>
+    </message>
+    <message id="1909">
+        <source>Highest revision (hexadecimal)</source>
+        <translation>Highest revision (hexadecimal)</translation>
+    </message>
+    <message id="1910">
+        <source>The connected sensor has the revision %1 (version answer %2).</source>
+        <translation>The connected sensor has the revision %1 (version answer %2).</translation>
+    </message>
+    <message id="1911">
+        <source>No sensor has answered.</source>
+        <translation>No sensor has answered.</translation>
+    </message>
+    <message id="1912">
+        <source>Types %1 and %2 both have the revisions %3 to %4: a sensor with one of them counts as type %1.</source>
+        <translation>Types %1 and %2 both have the revisions %3 to %4: a sensor with one of them counts as type %1.</translation>
+    </message>
+    <message id="1913">
+        <source>The sensor's supply is switched by hand</source>
+        <translation>The sensor's supply is switched by hand</translation>
+    </message>
+    <message id="1914">
+        <source>Safe writes: keep what the sensor had, restart it and compare what was written</source>
+        <translation>Safe writes: keep what the sensor had, restart it and compare what was written</translation>
+    </message>
+    <message id="1915">
+        <source>Show the page for temperature compensation</source>
+        <translation>Show the page for temperature compensation</translation>
+    </message>
+    <message id="1916">
+        <source>Offer the display unit in the View menu</source>
+        <translation>Offer the display unit in the View menu</translation>
+    </message>
+    <message id="1917">
+        <source>Node:</source>
+        <translation>Node:</translation>
+    </message>
+    <message id="1918">
+        <source>Device</source>
+        <translation>Device</translation>
+    </message>
+    <message id="1919">
+        <source>Description</source>
+        <translation>Description</translation>
+    </message>
+    <message id="1920">
+        <source>COM Number</source>
+        <translation>COM Number</translation>
+    </message>
+    <message id="1921">
+        <source>not present</source>
+        <translation>not present</translation>
+    </message>
+    <message id="1922">
+        <source>Add</source>
+        <translation>Add</translation>
+    </message>
+    <message id="1923">
+        <source>Remove</source>
+        <translation>Remove</translation>
+    </message>
+    <message id="1924">
+        <source>Import ...</source>
+        <translation>Import ...</translation>
+    </message>
+    <message id="1925">
+        <source>Use the Site's Settings Again ...</source>
+        <translation>Use the Site's Settings Again ...</translation>
+    </message>
+    <message id="1926">
+        <source>These settings are those of the file %1.</source>
+        <translation>These settings are those of the file %1.</translation>
+    </message>
+    <message id="1927">
+        <source>These settings are those of the file %1. A change makes a copy of them, %2. From then on %1 is no longer read.</source>
+        <translation>These settings are those of the file %1. A change makes a copy of them, %2. From then on %1 is no longer read.</translation>
+    </message>
+    <message id="1928">
+        <source>These settings are shown only: the file %1 cannot be written: %2.</source>
+        <translation>These settings are shown only: the file %1 cannot be written: %2.</translation>
+    </message>
+    <message id="1929">
+        <source>Settings files (*.reg);;All files (*)</source>
+        <translation>Settings files (*.reg);;All files (*)</translation>
+    </message>
+    <message id="1930">
+        <source>Type %1: the lowest revision is above the highest one.</source>
+        <translation>Type %1: the lowest revision is above the highest one.</translation>
+    </message>
+    <message id="1931">
+        <source>%1 is the number of two devices, %2 and %3. Give one of them another number.</source>
+        <translation>%1 is the number of two devices, %2 and %3. Give one of them another number.</translation>
+    </message>
+    <message id="1932">
+        <source>“%1” is no COM number for %2. Enter a number from 1 on, or nothing.</source>
+        <translation>“%1” is no COM number for %2. Enter a number from 1 on, or nothing.</translation>
+    </message>
+    <message id="1933">
+        <source>The sensor's port is %1: the display unit needs another one.</source>
+        <translation>The sensor's port is %1: the display unit needs another one.</translation>
+    </message>
+    <message id="1934">
+        <source>Package %1: “%2” is no distance in millimetres.</source>
+        <translation>Package %1: “%2” is no distance in millimetres.</translation>
+    </message>
+    <message id="1935">
+        <source>The package in row %1 needs a name.</source>
+        <translation>The package in row %1 needs a name.</translation>
+    </message>
+    <message id="1936">
+        <source>The file %1 has changed since it was read. It can be overwritten with what is entered here, or read again, which gives up what is entered.</source>
+        <translation>The file %1 has changed since it was read. It can be overwritten with what is entered here, or read again, which gives up what is entered.</translation>
+    </message>
+    <message id="1937">
+        <source>Overwrite</source>
+        <translation>Overwrite</translation>
+    </message>
+    <message id="1938">
+        <source>Read Again</source>
+        <translation>Read Again</translation>
+    </message>
+    <message id="1939">
+        <source>The tables of the page for temperature compensation hold values, which are lost when the page is no longer shown. Go on?</source>
+        <translation>The tables of the page for temperature compensation hold values, which are lost when the page is no longer shown. Go on?</translation>
+    </message>
+    <message id="1940">
+        <source>Your settings file is renamed to %1, and what is entered here is given up. The site's settings are in force again then. Go on?</source>
+        <translation>Your settings file is renamed to %1, and what is entered here is given up. The site's settings are in force again then. Go on?</translation>
+    </message>
+    <message id="1941">
+        <source>COM%1 has become another device, so the port was closed. Choose where to connect.</source>
+        <translation>COM%1 has become another device, so the port was closed. Choose where to connect.</translation>
+    </message>
+    <message id="1942">
+        <source>The sensor is in use: nothing was changed. Try again when that has ended.</source>
+        <translation>The sensor is in use: nothing was changed. Try again when that has ended.</translation>
+    </message>
+    <message id="1943">
+        <source>The file %1 holds no sensor packages.</source>
+        <translation>The file %1 holds no sensor packages.</translation>
+    </message>
+    <message id="1944">
+        <source>Import Sensor Packages</source>
+        <translation>Import Sensor Packages</translation>
     </message>
     <message id="2000">
         <source>The sensor's port: a COM number, the path of a device, or simulator:...</source>

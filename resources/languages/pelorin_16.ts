@@ -1185,8 +1185,8 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <translation>Il sensore non ha risposto in seguito.</translation>
     </message>
     <message id="1712">
-        <source>Another sensor has answered after the restart.</source>
-        <translation>Dopo il riavvio ha risposto un altro sensore.</translation>
+        <source>Another sensor has answered than the one that was written to.</source>
+        <translation>Ha risposto un altro sensore, non quello in cui si è scritto.</translation>
     </message>
     <message id="1713">
         <source>The program was closed before the sensor could be read.</source>
@@ -1714,6 +1714,201 @@ Senza di ciò non può essere ripristinato. Scrivere comunque?</translation>
         <source>s</source>
         <extracomment>Unit</extracomment>
         <translation>s</translation>
+    </message>
+    <message id="1861">
+        <source>Longest gap</source>
+        <extracomment>Figure beside a trace: the longest time without a position</extracomment>
+        <translation>Vuoto più lungo</translation>
+    </message>
+    <message id="1862">
+        <source>Recorded</source>
+        <extracomment>Figure beside a trace: how many seconds have been recorded</extracomment>
+        <translation>Registrato</translation>
+    </message>
+    <message id="1870">
+        <source>Output settings only is not possible: the page Output Setup does not offer what the file has: %1</source>
+        <extracomment>%1: parameters</extracomment>
+        <translation>Solo le impostazioni uscita non è possibile: la pagina Impostazioni uscita non offre ciò che ha il file: %1</translation>
+    </message>
+    <message id="1900">
+        <source>&amp;Settings…</source>
+        <translation>&amp;Impostazioni…</translation>
+    </message>
+    <message id="1901">
+        <source>Settings</source>
+        <translation>Impostazioni</translation>
+    </message>
+    <message id="1902">
+        <source>Sensor Types</source>
+        <translation>Tipi di sensore</translation>
+    </message>
+    <message id="1903">
+        <source>General</source>
+        <translation>Generale</translation>
+    </message>
+    <message id="1904">
+        <source>Ports</source>
+        <translation>Porte</translation>
+    </message>
+    <message id="1905">
+        <source>Sensor Packages</source>
+        <translation>Modelli di sensore</translation>
+    </message>
+    <message id="1906">
+        <source>Display Unit</source>
+        <translation>Visualizzatore</translation>
+    </message>
+    <message id="1907">
+        <source>Type %1</source>
+        <translation>Tipo %1</translation>
+    </message>
+    <message id="1908">
+        <source>Lowest revision (hexadecimal)</source>
+        <translation>Revisione più bassa (esadecimale)</translation>
+    </message>
+    <message id="1909">
+        <source>Highest revision (hexadecimal)</source>
+        <translation>Revisione più alta (esadecimale)</translation>
+    </message>
+    <message id="1910">
+        <source>The connected sensor has the revision %1 (version answer %2).</source>
+        <translation>Il sensore connesso ha la revisione %1 (risposta di versione %2).</translation>
+    </message>
+    <message id="1911">
+        <source>No sensor has answered.</source>
+        <translation>Nessun sensore ha risposto.</translation>
+    </message>
+    <message id="1912">
+        <source>Types %1 and %2 both have the revisions %3 to %4: a sensor with one of them counts as type %1.</source>
+        <translation>I tipi %1 e %2 hanno entrambi le revisioni da %3 a %4: un sensore con una di esse vale come tipo %1.</translation>
+    </message>
+    <message id="1913">
+        <source>The sensor's supply is switched by hand</source>
+        <translation>L'alimentazione del sensore si commuta a mano</translation>
+    </message>
+    <message id="1914">
+        <source>Safe writes: keep what the sensor had, restart it and compare what was written</source>
+        <translation>Scrittura sicura: conservare lo stato precedente, riavviare il sensore e confrontare ciò che è stato scritto</translation>
+    </message>
+    <message id="1915">
+        <source>Show the page for temperature compensation</source>
+        <translation>Mostra la pagina della compensazione di temperatura</translation>
+    </message>
+    <message id="1916">
+        <source>Offer the display unit in the View menu</source>
+        <translation>Offri il visualizzatore nel menu Visualizza</translation>
+    </message>
+    <message id="1917">
+        <source>Node:</source>
+        <translation>Nodo:</translation>
+    </message>
+    <message id="1918">
+        <source>Device</source>
+        <translation>Dispositivo</translation>
+    </message>
+    <message id="1919">
+        <source>Description</source>
+        <translation>Descrizione</translation>
+    </message>
+    <message id="1920">
+        <source>COM Number</source>
+        <translation>Numero COM</translation>
+    </message>
+    <message id="1921">
+        <source>not present</source>
+        <translation>non presente</translation>
+    </message>
+    <message id="1922">
+        <source>Add</source>
+        <translation>Aggiungi</translation>
+    </message>
+    <message id="1923">
+        <source>Remove</source>
+        <translation>Rimuovi</translation>
+    </message>
+    <message id="1924">
+        <source>Import ...</source>
+        <translation>Importa ...</translation>
+    </message>
+    <message id="1925">
+        <source>Use the Site's Settings Again ...</source>
+        <translation>Usa di nuovo le impostazioni dell'impianto ...</translation>
+    </message>
+    <message id="1926">
+        <source>These settings are those of the file %1.</source>
+        <translation>Queste impostazioni sono quelle del file %1.</translation>
+    </message>
+    <message id="1927">
+        <source>These settings are those of the file %1. A change makes a copy of them, %2. From then on %1 is no longer read.</source>
+        <translation>Queste impostazioni sono quelle del file %1. Una modifica ne crea una copia, %2. Da quel momento %1 non viene più letto.</translation>
+    </message>
+    <message id="1928">
+        <source>These settings are shown only: the file %1 cannot be written: %2.</source>
+        <translation>Queste impostazioni vengono solo mostrate: impossibile scrivere il file %1: %2.</translation>
+    </message>
+    <message id="1929">
+        <source>Settings files (*.reg);;All files (*)</source>
+        <translation>File di impostazioni (*.reg);;Tutti i file (*)</translation>
+    </message>
+    <message id="1930">
+        <source>Type %1: the lowest revision is above the highest one.</source>
+        <translation>Tipo %1: la revisione più bassa è superiore alla più alta.</translation>
+    </message>
+    <message id="1931">
+        <source>%1 is the number of two devices, %2 and %3. Give one of them another number.</source>
+        <translation>%1 è il numero di due dispositivi, %2 e %3. Assegnare a uno di essi un altro numero.</translation>
+    </message>
+    <message id="1932">
+        <source>“%1” is no COM number for %2. Enter a number from 1 on, or nothing.</source>
+        <translation>«%1» non è un numero COM per %2. Immettere un numero da 1 in su, o nulla.</translation>
+    </message>
+    <message id="1933">
+        <source>The sensor's port is %1: the display unit needs another one.</source>
+        <translation>La porta del sensore è %1: il visualizzatore ne richiede un'altra.</translation>
+    </message>
+    <message id="1934">
+        <source>Package %1: “%2” is no distance in millimetres.</source>
+        <translation>Modello %1: «%2» non è una distanza in millimetri.</translation>
+    </message>
+    <message id="1935">
+        <source>The package in row %1 needs a name.</source>
+        <translation>Il modello della riga %1 richiede un nome.</translation>
+    </message>
+    <message id="1936">
+        <source>The file %1 has changed since it was read. It can be overwritten with what is entered here, or read again, which gives up what is entered.</source>
+        <translation>Il file %1 è cambiato da quando è stato letto. Può essere sovrascritto con quanto immesso qui, oppure riletto, perdendo quanto immesso.</translation>
+    </message>
+    <message id="1937">
+        <source>Overwrite</source>
+        <translation>Sovrascrivi</translation>
+    </message>
+    <message id="1938">
+        <source>Read Again</source>
+        <translation>Rileggi</translation>
+    </message>
+    <message id="1939">
+        <source>The tables of the page for temperature compensation hold values, which are lost when the page is no longer shown. Go on?</source>
+        <translation>Le tabelle della pagina della compensazione di temperatura contengono valori che vanno persi se la pagina non viene più mostrata. Continuare?</translation>
+    </message>
+    <message id="1940">
+        <source>Your settings file is renamed to %1, and what is entered here is given up. The site's settings are in force again then. Go on?</source>
+        <translation>Il file delle impostazioni viene rinominato in %1 e quanto immesso qui viene scartato. Valgono allora di nuovo le impostazioni dell'impianto. Continuare?</translation>
+    </message>
+    <message id="1941">
+        <source>COM%1 has become another device, so the port was closed. Choose where to connect.</source>
+        <translation>COM%1 è ora un altro dispositivo, perciò la porta è stata chiusa. Scegliere dove connettersi.</translation>
+    </message>
+    <message id="1942">
+        <source>The sensor is in use: nothing was changed. Try again when that has ended.</source>
+        <translation>Il sensore è in uso: non è stato modificato nulla. Riprovare quando sarà terminato.</translation>
+    </message>
+    <message id="1943">
+        <source>The file %1 holds no sensor packages.</source>
+        <translation>Il file %1 non contiene modelli di sensore.</translation>
+    </message>
+    <message id="1944">
+        <source>Import Sensor Packages</source>
+        <translation>Importa modelli di sensore</translation>
     </message>
     <message id="2000">
         <source>The sensor's port: a COM number, the path of a device, or simulator:...</source>

@@ -1185,8 +1185,8 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <translation>Le capteur n'a pas répondu ensuite.</translation>
     </message>
     <message id="1712">
-        <source>Another sensor has answered after the restart.</source>
-        <translation>Un autre capteur a répondu après le redémarrage.</translation>
+        <source>Another sensor has answered than the one that was written to.</source>
+        <translation>C'est un autre capteur que celui dans lequel on a écrit qui a répondu.</translation>
     </message>
     <message id="1713">
         <source>The program was closed before the sensor could be read.</source>
@@ -1714,6 +1714,201 @@ Sans cela, il ne peut pas être rétabli. Écrire malgré tout ?</translation>
         <source>s</source>
         <extracomment>Unit</extracomment>
         <translation>s</translation>
+    </message>
+    <message id="1861">
+        <source>Longest gap</source>
+        <extracomment>Figure beside a trace: the longest time without a position</extracomment>
+        <translation>Plus longue lacune</translation>
+    </message>
+    <message id="1862">
+        <source>Recorded</source>
+        <extracomment>Figure beside a trace: how many seconds have been recorded</extracomment>
+        <translation>Enregistré</translation>
+    </message>
+    <message id="1870">
+        <source>Output settings only is not possible: the page Output Setup does not offer what the file has: %1</source>
+        <extracomment>%1: parameters</extracomment>
+        <translation>Réglages de sortie seuls n'est pas possible : la page Réglage de la sortie ne propose pas ce qu'a le fichier : %1</translation>
+    </message>
+    <message id="1900">
+        <source>&amp;Settings…</source>
+        <translation>&amp;Réglages…</translation>
+    </message>
+    <message id="1901">
+        <source>Settings</source>
+        <translation>Réglages</translation>
+    </message>
+    <message id="1902">
+        <source>Sensor Types</source>
+        <translation>Types de capteur</translation>
+    </message>
+    <message id="1903">
+        <source>General</source>
+        <translation>Général</translation>
+    </message>
+    <message id="1904">
+        <source>Ports</source>
+        <translation>Ports</translation>
+    </message>
+    <message id="1905">
+        <source>Sensor Packages</source>
+        <translation>Modèles de capteur</translation>
+    </message>
+    <message id="1906">
+        <source>Display Unit</source>
+        <translation>Afficheur</translation>
+    </message>
+    <message id="1907">
+        <source>Type %1</source>
+        <translation>Type %1</translation>
+    </message>
+    <message id="1908">
+        <source>Lowest revision (hexadecimal)</source>
+        <translation>Révision la plus basse (hexadécimale)</translation>
+    </message>
+    <message id="1909">
+        <source>Highest revision (hexadecimal)</source>
+        <translation>Révision la plus haute (hexadécimale)</translation>
+    </message>
+    <message id="1910">
+        <source>The connected sensor has the revision %1 (version answer %2).</source>
+        <translation>Le capteur connecté a la révision %1 (réponse de version %2).</translation>
+    </message>
+    <message id="1911">
+        <source>No sensor has answered.</source>
+        <translation>Aucun capteur n'a répondu.</translation>
+    </message>
+    <message id="1912">
+        <source>Types %1 and %2 both have the revisions %3 to %4: a sensor with one of them counts as type %1.</source>
+        <translation>Les types %1 et %2 ont tous deux les révisions %3 à %4 : un capteur qui a l'une d'elles compte comme type %1.</translation>
+    </message>
+    <message id="1913">
+        <source>The sensor's supply is switched by hand</source>
+        <translation>L'alimentation du capteur est commutée à la main</translation>
+    </message>
+    <message id="1914">
+        <source>Safe writes: keep what the sensor had, restart it and compare what was written</source>
+        <translation>Écriture sûre : conserver l'état précédent, redémarrer le capteur et comparer ce qui a été écrit</translation>
+    </message>
+    <message id="1915">
+        <source>Show the page for temperature compensation</source>
+        <translation>Afficher la page de compensation de température</translation>
+    </message>
+    <message id="1916">
+        <source>Offer the display unit in the View menu</source>
+        <translation>Proposer l'afficheur dans le menu Affichage</translation>
+    </message>
+    <message id="1917">
+        <source>Node:</source>
+        <translation>Nœud :</translation>
+    </message>
+    <message id="1918">
+        <source>Device</source>
+        <translation>Périphérique</translation>
+    </message>
+    <message id="1919">
+        <source>Description</source>
+        <translation>Description</translation>
+    </message>
+    <message id="1920">
+        <source>COM Number</source>
+        <translation>Numéro COM</translation>
+    </message>
+    <message id="1921">
+        <source>not present</source>
+        <translation>absent</translation>
+    </message>
+    <message id="1922">
+        <source>Add</source>
+        <translation>Ajouter</translation>
+    </message>
+    <message id="1923">
+        <source>Remove</source>
+        <translation>Retirer</translation>
+    </message>
+    <message id="1924">
+        <source>Import ...</source>
+        <translation>Importer ...</translation>
+    </message>
+    <message id="1925">
+        <source>Use the Site's Settings Again ...</source>
+        <translation>Utiliser de nouveau les réglages du site ...</translation>
+    </message>
+    <message id="1926">
+        <source>These settings are those of the file %1.</source>
+        <translation>Ces réglages sont ceux du fichier %1.</translation>
+    </message>
+    <message id="1927">
+        <source>These settings are those of the file %1. A change makes a copy of them, %2. From then on %1 is no longer read.</source>
+        <translation>Ces réglages sont ceux du fichier %1. Une modification en crée une copie, %2. Dès lors %1 n'est plus lu.</translation>
+    </message>
+    <message id="1928">
+        <source>These settings are shown only: the file %1 cannot be written: %2.</source>
+        <translation>Ces réglages sont seulement affichés : le fichier %1 ne peut pas être écrit : %2.</translation>
+    </message>
+    <message id="1929">
+        <source>Settings files (*.reg);;All files (*)</source>
+        <translation>Fichiers de réglages (*.reg);;Tous les fichiers (*)</translation>
+    </message>
+    <message id="1930">
+        <source>Type %1: the lowest revision is above the highest one.</source>
+        <translation>Type %1 : la révision la plus basse est au-dessus de la plus haute.</translation>
+    </message>
+    <message id="1931">
+        <source>%1 is the number of two devices, %2 and %3. Give one of them another number.</source>
+        <translation>%1 est le numéro de deux périphériques, %2 et %3. Donnez à l'un d'eux un autre numéro.</translation>
+    </message>
+    <message id="1932">
+        <source>“%1” is no COM number for %2. Enter a number from 1 on, or nothing.</source>
+        <translation>« %1 » n'est pas un numéro COM pour %2. Entrez un nombre à partir de 1, ou rien.</translation>
+    </message>
+    <message id="1933">
+        <source>The sensor's port is %1: the display unit needs another one.</source>
+        <translation>Le port du capteur est %1 : l'afficheur en a besoin d'un autre.</translation>
+    </message>
+    <message id="1934">
+        <source>Package %1: “%2” is no distance in millimetres.</source>
+        <translation>Modèle %1 : « %2 » n'est pas une distance en millimètres.</translation>
+    </message>
+    <message id="1935">
+        <source>The package in row %1 needs a name.</source>
+        <translation>Le modèle de la ligne %1 a besoin d'un nom.</translation>
+    </message>
+    <message id="1936">
+        <source>The file %1 has changed since it was read. It can be overwritten with what is entered here, or read again, which gives up what is entered.</source>
+        <translation>Le fichier %1 a changé depuis qu'il a été lu. Il peut être remplacé par ce qui est entré ici, ou relu, ce qui abandonne les entrées.</translation>
+    </message>
+    <message id="1937">
+        <source>Overwrite</source>
+        <translation>Remplacer</translation>
+    </message>
+    <message id="1938">
+        <source>Read Again</source>
+        <translation>Relire</translation>
+    </message>
+    <message id="1939">
+        <source>The tables of the page for temperature compensation hold values, which are lost when the page is no longer shown. Go on?</source>
+        <translation>Les tableaux de la page de compensation de température contiennent des valeurs, perdues si la page n'est plus affichée. Continuer ?</translation>
+    </message>
+    <message id="1940">
+        <source>Your settings file is renamed to %1, and what is entered here is given up. The site's settings are in force again then. Go on?</source>
+        <translation>Votre fichier de réglages est renommé en %1, et ce qui est entré ici est abandonné. Les réglages du site sont alors de nouveau en vigueur. Continuer ?</translation>
+    </message>
+    <message id="1941">
+        <source>COM%1 has become another device, so the port was closed. Choose where to connect.</source>
+        <translation>COM%1 désigne désormais un autre périphérique ; le port a donc été fermé. Choisissez où se connecter.</translation>
+    </message>
+    <message id="1942">
+        <source>The sensor is in use: nothing was changed. Try again when that has ended.</source>
+        <translation>Le capteur est utilisé : rien n'a été modifié. Réessayez quand ce sera terminé.</translation>
+    </message>
+    <message id="1943">
+        <source>The file %1 holds no sensor packages.</source>
+        <translation>Le fichier %1 ne contient aucun modèle de capteur.</translation>
+    </message>
+    <message id="1944">
+        <source>Import Sensor Packages</source>
+        <translation>Importer des modèles de capteur</translation>
     </message>
     <message id="2000">
         <source>The sensor's port: a COM number, the path of a device, or simulator:...</source>

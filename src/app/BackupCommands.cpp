@@ -197,7 +197,7 @@ BackupCommands::End BackupCommands::putBackEntry(const JournalEntry& entry)
             QStringLiteral(", "))};
     saved.values.emplace('V', entry.version);
     End end = review(Mode::PutBack, saved);
-    if (!replaces || end.next == Next::Nothing)
+    if (!replaces || !end.replaced)
         return end;
     const QString problem = m_writer.journal().giveUp(entry).message();
     if (!problem.isEmpty())
@@ -217,7 +217,7 @@ BackupCommands::End BackupCommands::review(Mode mode, const Saved& saved)
                                      .sensor = reading.values(),
                                      .saved = saved.values};
     if (mode != Mode::Compare && isEverythingEqual(shown))
-        return {.message = languageString(strings::kNothingDiffers)};
+        return {.message = languageString(strings::kNothingDiffers), .replaced = true};
     ReviewDialog dialog(&m_window, shown);
     if (dialog.exec() != QDialog::Accepted)
         return {};
@@ -253,7 +253,8 @@ BackupCommands::End BackupCommands::write(Mode mode, WriteRequest request)
     WriteSensorDialog dialog(&m_window, m_writer, m_formats, mode, std::move(request));
     if (dialog.exec() != QDialog::Accepted)
         return {.message = dialog.message()};
-    return {.next = nextAfter(dialog.result())};
+    const Next next = nextAfter(dialog.result());
+    return {.next = next, .replaced = next != Next::Nothing};
 }
 
 /// A sensor that was restarted is not connected once more; for one that was lost, that comes by

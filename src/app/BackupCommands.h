@@ -71,6 +71,7 @@ private:
     {
         QString message{}; ///< what the user has to be told; empty for nothing
         Next next = Next::Nothing;
+        bool replaced = false; ///< the sensor has been made, or already was, as it was to become
     };
 
     /// Values that a sensor had, and where they are from.

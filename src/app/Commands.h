@@ -19,7 +19,8 @@ enum Command : int {
     kAboutCommand = 1054,
     kExitCommand = 1055,
     kEarlierStatesCommand = 1056,
-    kCompareCommand = 1057
+    kCompareCommand = 1057,
+    kSettingsCommand = 1058
 };
 
 [[nodiscard]] constexpr bool isLanguageCommand(int command)

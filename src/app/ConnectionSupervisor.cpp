@@ -62,6 +62,7 @@ void ConnectionSupervisor::beginConnect()
     }
     m_statusBar.showString(strings::kConnecting);
     m_statusBar.setExplanation(nullptr);
+    Q_EMIT sensorLeft();
     Plan plan = connectPlan();
     if (m_manualPower) {
         m_link.forgetIdentification();
@@ -219,6 +220,29 @@ void ConnectionSupervisor::changePort(int port, const std::function<void(bool)>&
         m_gate.addNotice(languageString(strings::kBeingConnected));
 }
 
+void ConnectionSupervisor::leavePort(const std::function<void()>& done)
+{
+    const bool begun = m_runner.endStream(*this, [this, done](bool /*restored*/) {
+        if (m_stopped)
+            return;
+        m_statusBar.setExplanation(nullptr);
+        m_reconnectTimer.stop();
+        m_runner.cancelConnect();
+        m_link.forgetIdentification();
+        m_runner.closePort(false, [this, done] {
+            m_reconnectBusy = false;
+            m_reconnectAttempts = 0;
+            m_statusBar.setPort(0);
+            m_statusBar.showString(strings::kNotConnected);
+            m_statusBar.setLinkState(-1);
+            done();
+        });
+        m_reconnectBusy = true; // no attempt opens it again
+    });
+    if (!begun)
+        m_gate.addNotice(languageString(strings::kBeingConnected));
+}
+
 void ConnectionSupervisor::onOpened()
 {
     m_reconnectTimer.stop();
@@ -238,6 +262,7 @@ void ConnectionSupervisor::onLinkLost()
                             .arg(m_link.portNumber()));
     m_statusBar.setLinkState(0);
     m_statusBar.setExplanation(nullptr);
+    Q_EMIT sensorLeft();
     if (m_link.linkFailed() != 1)
         return;
     if (!m_reconnectTimer.isActive())

@@ -41,6 +41,9 @@ public:
     /// @param manualPower whether the user switches the sensor's supply
     ConnectionSupervisor(QWidget& window, const Shared& shared, bool manualPower);
 
+    /// From the next Connect on.
+    void setManualPower(bool manualPower) { m_manualPower = manualPower; }
+
     /// Connects the sensor; connected tells how that ended.
     /// @return false if something else runs: it has to be asked for again then
     [[nodiscard]] bool connectSensor();
@@ -51,6 +54,10 @@ public:
     /// Opens another port instead of the link's, without connecting, once what runs has ended.
     /// @param done gets whether it is open; the user is told if it is not
     void changePort(int port, const std::function<void(bool)>& done);
+
+    /// Closes the link's port, which the sensor is not to be connected through any more, once what
+    /// runs has ended.
+    void leavePort(const std::function<void()>& done);
 
     /// Tells the user of a format that its sensor may not have again, and what can be done.
     void tellKeptFormat(const KeptFormat& format);
@@ -66,6 +73,8 @@ public:
 Q_SIGNALS:
     /// The sensor is to be connected as soon as that is possible.
     void connectWanted();
+    /// A Connect begins, or the link was lost: what was told of the sensor before may not hold.
+    void sensorLeft();
     void connected(bool success);
     /// The user has given up a port that does not come back.
     void givenUp();
@@ -92,7 +101,7 @@ private:
     KeptFormats& m_formats;
     FormatRestore& m_restore;
     SafeWriter& m_writer;
-    const bool m_manualPower;
+    bool m_manualPower;
 
     Operation m_pendingOperation = Operation::None;
     int m_keepAlive = 0;            ///< 1 while the user switches the supply

@@ -36,6 +36,7 @@ const std::vector<Menu>& menus()
     static const std::vector<Menu> kMenus = {
         {strings::kConnectionMenu,
          {{kSelectPortCommand, strings::kSelectPort},
+          {kSettingsCommand, strings::kSettingsCommand},
           {kSeparator, 0},
           {kConnectCommand, strings::kConnect}}},
         {strings::kViewMenu,
@@ -78,8 +79,6 @@ MainMenu::MainMenu(QMenuBar& bar, bool withDisplayUnit, const SensorLink& link,
         m_captions.insert(menu->menuAction(), caption);
         connect(menu, &QMenu::aboutToShow, this, [this, menu] { updateItems(*menu); });
         for (const auto& [command, itemCaption, shortcut] : items) {
-            if (command == kDisplayUnitCommand && !withDisplayUnit)
-                continue;
             if (command == kSeparator) {
                 menu->addSeparator(); // a trailing one is not shown
                 continue;
@@ -87,10 +86,18 @@ MainMenu::MainMenu(QMenuBar& bar, bool withDisplayUnit, const SensorLink& link,
             QAction* action = addItem(menu, command, itemCaption);
             if (shortcut != Qt::Key_unknown)
                 action->setShortcut(shortcut);
+            if (command == kDisplayUnitCommand)
+                m_displayUnitItem = action;
         }
     }
     (void)addItem(nullptr, kExitCommand, strings::kExit);
+    offerDisplayUnit(withDisplayUnit);
     translate();
+}
+
+void MainMenu::offerDisplayUnit(bool offered)
+{
+    m_displayUnitItem->setVisible(offered);
 }
 
 QAction* MainMenu::addItem(QMenu* menu, int command, int caption)

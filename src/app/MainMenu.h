@@ -19,13 +19,16 @@ class MainMenu final : public QObject
     Q_OBJECT
 
 public:
-    /// @param withDisplayUnit whether the item for the display unit exists
+    /// @param withDisplayUnit see offerDisplayUnit
     MainMenu(QMenuBar& bar, bool withDisplayUnit, const SensorLink& link,
              const LanguageManager& languages);
 
     /// Whether a command is possible with this sensor and on this installation; its item is greyed
     /// otherwise.
     [[nodiscard]] bool isPossible(int command) const;
+
+    /// Whether there is an item for the display unit.
+    void offerDisplayUnit(bool offered);
 
     void translate();
 
@@ -39,6 +42,7 @@ private:
     QMenuBar& m_bar;
     const SensorLink& m_link;
     const LanguageManager& m_languages;
+    QAction* m_displayUnitItem = nullptr;
     QHash<QAction*, int> m_captions; ///< string number of each item and menu
 };
 

@@ -31,6 +31,8 @@ constexpr QSize kIconSize(16, 16);
 constexpr double kListShare = 0.20; ///< of the window's width
 constexpr double kPageShare = 0.90; ///< of the window's height
 constexpr int kButtonPoints = 18;
+constexpr const char* kInfo = "BMP_PELORIN_INFO";
+constexpr const char* kWrench = "BMP_PELORIN_WRENCH";
 
 } // namespace
 
@@ -55,30 +57,57 @@ PagePane::PagePane(QWidget* window, SafeWriter& writer, PositionStream& stream,
     m_refreshButton->setFont(font);
     connect(m_refreshButton, &QPushButton::clicked, this, &PagePane::refreshChosen);
 
-    // In the order of the list; a page that does not exist here leaves no gap.
-    constexpr const char* kInfo = "BMP_PELORIN_INFO";
-    constexpr const char* kWrench = "BMP_PELORIN_WRENCH";
+    // In the order of the list.
     addPage({new SensorInfoPage, strings::kSensorInformation, "information"}, kInfo);
     addPage({new MagnetPositionPage(stream), strings::kMagnetPosition, "position"}, kInfo);
     addPage({new OutputSetupPage(writer), strings::kOutputSetup, "output"}, kWrench);
     addPage({new CommLogPage, strings::kCommLog, "log"}, kInfo);
     addPage({new FactoryParamsPage(formats, writer), strings::kFactoryParameters, "factory"},
             kWrench);
-    if (tempCompEnabled)
-        addPage({new TempCompPage, strings::kTemperatureCompensation, "compensation"}, kWrench);
+    showTempComp(tempCompEnabled);
     translate();
 }
 
-void PagePane::addPage(const Page& page, const char* icon)
+void PagePane::addPage(Page page, const char* icon)
 {
     const int row = m_pageList->count();
     page.widget->makeDialog(this, m_runner);
     connect(page.widget, &SensorPage::noticed, this, &PagePane::noticed);
     connect(page.widget, &SensorPage::entriesChanged, this, &PagePane::entriesChanged);
-    m_pages.push_back(page);
     m_pageList->addItem(new QListWidgetItem(picture(QLatin1String(icon)), QString()));
-    auto* shortcut = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key(Qt::Key_1 + row)), this);
-    connect(shortcut, &QShortcut::activated, this, [this, row] { Q_EMIT pageChosen(row); });
+    page.shortcut = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key(Qt::Key_1 + row)), this);
+    connect(page.shortcut, &QShortcut::activated, this, [this, row] { Q_EMIT pageChosen(row); });
+    m_pages.push_back(page);
+}
+
+void PagePane::showTempComp(bool shown)
+{
+    if (shown == (m_tempComp != nullptr))
+        return;
+    if (!shown) {
+        m_tempComp = nullptr;
+        return removeLastPage();
+    }
+    m_tempComp = new TempCompPage;
+    addPage({m_tempComp, strings::kTemperatureCompensation, "compensation"}, kWrench);
+    m_pageList->item(m_pageList->count() - 1)
+        ->setText(languageString(strings::kTemperatureCompensation));
+}
+
+void PagePane::removeLastPage()
+{
+    const Page page = m_pages.back();
+    if (shownPage() == page.widget)
+        switchPage(0);
+    m_pages.pop_back();
+    delete page.shortcut;
+    delete m_pageList->takeItem(m_pageList->count() - 1);
+    delete page.widget;
+}
+
+bool PagePane::hasTables() const
+{
+    return m_tempComp && m_tempComp->hasEntries();
 }
 
 SensorPage* PagePane::shownPage() const

@@ -6,6 +6,7 @@
 
 class QListWidget;
 class QPushButton;
+class QShortcut;
 
 namespace pelorin {
 
@@ -16,6 +17,7 @@ class SensorPage;
 class NoticeStrip;
 class SafeWriter;
 class SequenceRunner;
+class TempCompPage;
 
 /// What the main window shows: the list of pages on the left, the shown page beside it, and the
 /// refresh button under that. Owns the pages.
@@ -46,6 +48,12 @@ public:
     /// page that is left runs any more.
     void switchPage(int row);
 
+    /// Makes the page for the temperature compensation exist or not. One that is shown gives way to
+    /// the first page.
+    void showTempComp(bool shown);
+    /// Whether that page holds anything that the user has entered.
+    [[nodiscard]] bool hasTables() const;
+
     void translate();
 
     /// Above the page.
@@ -71,9 +79,11 @@ private:
         SensorPage* widget;
         int caption; ///< string number
         const char* helpAnchor;
+        QShortcut* shortcut = nullptr;
     };
 
-    void addPage(const Page& page, const char* icon);
+    void addPage(Page page, const char* icon);
+    void removeLastPage();
     void markShownPage();
     [[nodiscard]] bool takeKey(int key);
     void layOut();
@@ -83,6 +93,7 @@ private:
     QListWidget* m_pageList;
     QPushButton* m_refreshButton;
     std::vector<Page> m_pages;
+    TempCompPage* m_tempComp = nullptr; ///< the last page, if there is one
     int m_currentPage = -1;
 };
 

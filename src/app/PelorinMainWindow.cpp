@@ -8,6 +8,7 @@
 #include "app/MainMenu.h"
 #include "app/NoticeStrip.h"
 #include "app/PagePane.h"
+#include "app/SettingsCommand.h"
 #include "app/WriteReport.h"
 #include "display/DisplayUnitDialog.h"
 #include "link/SensorLink.h"
@@ -56,6 +57,8 @@ PelorinMainWindow::PelorinMainWindow(const ComPortFactory& factory,
           m_manualPowerMode)),
       m_pages(new PagePane(this, *m_writer, *m_stream, m_restore, m_tempCompEnabled)),
       m_report(new WriteReport(*this, {*m_writer, m_gate, m_pages->strip(), *m_statusBar})),
+      m_settings(new SettingsCommand(
+          *this, {m_gate, *m_writer, *m_stream, *m_connection, *m_menu, *m_pages})),
       m_backups(new BackupCommands(*this, {*m_writer, m_restore, m_gate, *m_pages}))
 {
     m_stream->setParent(this);
@@ -109,6 +112,7 @@ void PelorinMainWindow::connectParts()
 
     connect(m_connection, &ConnectionSupervisor::connectWanted, this,
             &PelorinMainWindow::wantConnect);
+    connect(m_connection, &ConnectionSupervisor::sensorLeft, m_report, &WriteReport::endVerified);
     connect(m_connection, &ConnectionSupervisor::connected, this, &PelorinMainWindow::onConnected);
     connect(m_connection, &ConnectionSupervisor::givenUp, this, &PelorinMainWindow::close);
     const auto onBusyChanged = [this] {
@@ -124,6 +128,13 @@ void PelorinMainWindow::connectParts()
     connect(m_report, &WriteReport::refreshWanted, this, [this] {
         if (m_pages->entryCount() == 0)
             refresh();
+    });
+    connect(m_settings, &SettingsCommand::connectWanted, this, &PelorinMainWindow::wantConnect);
+    connect(m_settings, &SettingsCommand::portWanted, this,
+            [this] { chooseCommand(kSelectPortCommand); });
+    connect(m_settings, &SettingsCommand::displayUnitChanged, this, [this] {
+        if (m_displayUnit)
+            m_displayUnit->close();
     });
     connect(m_report, &WriteReport::showWanted, this, [this](const QString& entry) {
         m_backups->selectNext(entry);
@@ -203,6 +214,8 @@ void PelorinMainWindow::runCommand(int command)
     switch (command) {
     case kSelectPortCommand:
         return selectPort();
+    case kSettingsCommand:
+        return m_settings->run();
     case kConnectCommand:
         return connectSensor();
     case kRefreshCommand:
@@ -258,7 +271,8 @@ void PelorinMainWindow::connectSensor()
 void PelorinMainWindow::selectPort()
 {
     SelectPortDialog dialog(this, m_link.portNumber());
-    if (dialog.exec() != QDialog::Accepted || dialog.selectedPort() == m_link.portNumber())
+    if (dialog.exec() != QDialog::Accepted ||
+        (m_link.isOpen() && dialog.selectedPort() == m_link.portNumber()))
         return;
     if (m_displayUnit && m_displayUnit->usesPort(dialog.selectedPort())) {
         m_gate.addNotice(languageString(strings::kPortIsDisplays)

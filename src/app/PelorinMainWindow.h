@@ -24,6 +24,7 @@ class PositionStream;
 class SensorLink;
 class SafeWriter;
 class SequenceRunner;
+class SettingsCommand;
 class WriteReport;
 
 /// The frame window: menu, pages and status bar. It runs the commands, one at a time, holds back
@@ -122,6 +123,7 @@ private:
     ConnectionSupervisor* m_connection;
     PagePane* m_pages;
     WriteReport* m_report;
+    SettingsCommand* m_settings;
     BackupCommands* m_backups;
     HelpWindow* m_help = nullptr;              ///< null until it is asked for
     QPointer<DisplayUnitDialog> m_displayUnit; ///< null while it is closed

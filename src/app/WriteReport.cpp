@@ -46,7 +46,10 @@ WriteReport::WriteReport(QWidget& window, const Shared& shared)
 {
     connect(&m_writer, &SafeWriter::ended, this, &WriteReport::tell);
     connect(&m_writer, &SafeWriter::began, &m_strip, &NoticeStrip::clear);
-    connect(&m_strip, &NoticeStrip::emptied, this, &WriteReport::showWaiting);
+    connect(&m_strip, &NoticeStrip::emptied, this, [this] {
+        m_verifiedShown = false;
+        showWaiting();
+    });
     m_writer.setQuestion([this](const QString& reason, const std::function<void(bool)>& answer) {
         if (m_gate.isCloseWanted())
             return answer(false);
@@ -76,6 +79,13 @@ void WriteReport::tell(const WriteResult& result)
         }
     }
     m_strip.show(std::move(notice));
+    m_verifiedShown = result.kind == Kind::Verified;
+}
+
+void WriteReport::endVerified()
+{
+    if (m_verifiedShown)
+        m_strip.clear();
 }
 
 /// The same texts once more, to the same sensor, as it was read back.

@@ -34,6 +34,9 @@ public:
     /// @param window owns the report, and is under its questions
     WriteReport(QWidget& window, const Shared& shared);
 
+    /// Another sensor may be connected from here on: that one was verified says nothing of it.
+    void endVerified();
+
     /// Tells what earlier runs of the program could not tell, once.
     void tellUntold();
 
@@ -69,6 +72,7 @@ private:
     NoticeStrip& m_strip;
     LinkStatusBar& m_statusBar;
     std::vector<Waiting> m_waiting; ///< for the strip to be empty
+    bool m_verifiedShown = false;
     bool m_untoldTold = false;
     QStringList m_offered; ///< entries
 };

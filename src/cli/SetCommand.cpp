@@ -98,8 +98,8 @@ Result checkEntries(const Change& change, const OutputEntries& entries)
     const OutputRefusal refusal = refusalOf(change.ssiType, change.wanted);
     if (change.read.micrometres <= 0)
         return refused(languageString(strings::kNoResolution), 'A');
-    if (!isOffered(change.ssiType, change.wanted))
-        return refused(languageString(strings::kValueMissing));
+    if (const QByteArray other = notOffered(change.ssiType, change.wanted); !other.isEmpty())
+        return refused(languageString(strings::kValueMissing), other.front());
     if (refusal != OutputRefusal::None)
         return refused(languageString(textNumberOf(refusal)));
     const bool turned = change.read.format.has(DataFormat::kReverse) !=

@@ -84,7 +84,7 @@ public:
         note(resultOf(m_recorder.end()));
         if (m_result.isDone() && !m_began)
             m_result = Session::interrupted();
-        if (m_result.isDone() && m_timeIsOver && m_tally.figures().count == 0) {
+        if (m_result.isDone() && m_timeIsOver && m_tally.figures(m_end).count == 0) {
             m_result = {.exit = ExitCode::NoAnswer,
                         .code = "no-positions",
                         .text = languageString(strings::kNoPositions)};
@@ -113,6 +113,7 @@ private:
         on(&PositionStream::supplyWanted,
            [this] { m_output.tell(languageString(strings::kSwitchSupply)); });
         on(&PositionStream::stopping, [this] {
+            m_end = secondsAt(std::chrono::steady_clock::now());
             if (m_session.link().linkFailed() != 0)
                 note(Session::resultOf({.kind = Outcome::Kind::Lost}));
         });
@@ -145,7 +146,7 @@ private:
         for (const auto& [time, millimetres] : samples) {
             if (time < m_origin)
                 continue; // came while the stream began; the recording leaves it out, too
-            const double seconds = std::chrono::duration<double>(time - m_origin).count();
+            const double seconds = secondsAt(time);
             m_tally.add({seconds, millimetres});
             show(QString::number(seconds, 'f', 4), QString::number(millimetres, 'f', decimals));
         }
@@ -155,6 +156,11 @@ private:
         }
         if (m_output.isClosed())
             end();
+    }
+
+    [[nodiscard]] double secondsAt(std::chrono::steady_clock::time_point time) const
+    {
+        return std::chrono::duration<double>(time - m_origin).count();
     }
 
     void show(const QString& seconds, const QString& millimetres)
@@ -201,7 +207,7 @@ private:
 
     void showSummary()
     {
-        const PositionFigures figures = m_tally.figures();
+        const PositionFigures figures = m_tally.figures(m_end);
         const int decimals = positionDecimals(m_stream.resolution());
         QJsonObject summary{{QStringLiteral("count"), figures.count},
                             {QStringLiteral("malformed"), m_malformed}};
@@ -235,6 +241,7 @@ private:
     std::chrono::steady_clock::time_point m_origin;
     QTimer m_time;
     QTimer m_look;
+    double m_end = 0.0; ///< of the stream, in seconds
     int m_malformed = 0;
     bool m_began = false;
     bool m_timeIsOver = false;

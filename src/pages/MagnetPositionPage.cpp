@@ -65,6 +65,7 @@ MagnetPositionPage::MagnetPositionPage(PositionStream& stream)
     connect(&m_stream, &PositionStream::position, this, &MagnetPositionPage::showPosition);
     connect(&m_stream, &PositionStream::missed, this, [this] {
         showText(noPosition());
+        m_view->trace().waitUntil(secondsAt(Clock::now()));
         postLinkResult(0);
     });
     connect(&m_stream, &PositionStream::stepBegun, this, &MagnetPositionPage::showStep);
@@ -193,23 +194,36 @@ void MagnetPositionPage::clearStep()
         clearStatusText();
 }
 
+/// What came of another sensor is no part of the trace.
 void MagnetPositionPage::beginStreaming()
 {
+    const Source source{link().device(), link().versionText(), m_stream.resolution()};
+    if (std::exchange(m_source, source) != source) {
+        m_view->clear();
+        m_origin = Clock::now();
+    }
     m_pollTimer.start();
     m_recordButton->setEnabled(true);
-    m_view->trace().setResolution(m_stream.resolution());
+    m_view->setStreaming(true);
+    m_view->trace().setResolution(source.resolution);
+}
+
+/// @return seconds, as the trace counts them
+double MagnetPositionPage::secondsAt(Clock::time_point time) const
+{
+    return std::chrono::duration<double>(time - m_origin).count();
 }
 
 void MagnetPositionPage::takeFrames(const QList<PositionSample>& samples, int malformed)
 {
-    if (!m_origin && !samples.isEmpty())
-        m_origin = samples.first().time;
     std::vector<PositionPoint> points;
     for (const auto& [time, millimetres] : samples)
-        points.push_back({std::chrono::duration<double>(time - *m_origin).count(), millimetres});
-    m_view->append(points, malformed);
+        points.push_back({secondsAt(time), millimetres});
+    m_view->append(points, malformed, secondsAt(Clock::now()));
     if (m_recorder.isRecording()) {
-        if (const auto outcome = m_recorder.add(samples); !outcome.isDone())
+        const auto outcome = m_recorder.add(samples);
+        m_view->setRecorded(m_recorder.seconds());
+        if (!outcome.isDone())
             endRecording(outcome);
     }
 }
@@ -228,17 +242,18 @@ void MagnetPositionPage::record()
     const RecordingHead head{QString::fromLatin1(link().versionText()), link().ssiType(),
                              ComPortNames::stableName(link().device()), m_stream.resolution(),
                              QDateTime::currentDateTimeUtc()};
-    endRecording(m_recorder.begin(path, head, std::chrono::steady_clock::now()));
+    endRecording(m_recorder.begin(path, head, Clock::now()));
 }
 
 /// @param outcome what is wrong with the recording, if anything; it then has ended
 void MagnetPositionPage::endRecording(const WholeFile::Outcome& outcome)
 {
-    if (outcome.failure == WholeFile::Outcome::Failure::Opening)
+    if (outcome.failure == WholeFile::Outcome::Failure::Opening) {
         Q_EMIT noticed(outcome.message());
-    else if (!outcome.isDone())
+    } else if (!outcome.isDone()) {
         Q_EMIT noticed(
             languageString(strings::kRecordingEnded).arg(outcome.path, outcome.reason()));
+    }
     m_recordButton->setText(
         languageString(m_recorder.isRecording() ? strings::kStopRecording : strings::kRecord));
     m_recordButton->setEnabled(m_stream.isStreaming());
@@ -254,6 +269,7 @@ void MagnetPositionPage::stopPolling()
 {
     m_pollTimer.stop();
     endRecording(m_recorder.end());
+    m_view->setStreaming(false);
     showText(noPosition());
 }
 

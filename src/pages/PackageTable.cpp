@@ -1,21 +1,15 @@
 #include "pages/PackageTable.h"
 
 #include "platform/core/DecimalText.h"
-#include "platform/core/RegistryConfig.h"
+#include "sensor/Settings.h"
 
 namespace pelorin {
 
 PackageTable::PackageTable()
 {
-    const QString key = productKey(QStringLiteral("Package Parameters\\Package%1"));
-    RegistryConfig config;
-    for (int number = 0; config.setStorage(key.arg(number), 0) == 1; ++number) {
-        const auto distance = [&config](const QString& name) {
-            return decimalPrefix(config.getValue(name, QString()));
-        };
-        m_entries.insert_or_assign(config.getValue(QStringLiteral("Name"), QString()),
-                                   PackageEntry{distance(QStringLiteral("SEDistance")),
-                                                distance(QStringLiteral("InactiveZone"))});
+    for (const PackageSetting& package : Settings::inForce().packages) {
+        m_entries.insert_or_assign(package.name, PackageEntry{decimalPrefix(package.seDistance),
+                                                              decimalPrefix(package.inactiveZone)});
     }
     m_cursor = m_entries.cbegin();
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "pages/TraceScale.h"
 #include "sensor/PositionFigures.h"
 
 #include <QList>
@@ -12,7 +13,9 @@ namespace pelorin {
 
 /// Draws positions over their time, live or recorded. A cursor tells the value at one moment; it is
 /// set and moved with the mouse and with Left, Right, Home and End (with Shift by single
-/// positions) and taken away by Escape. Plus and minus ask for a closer or a wider view.
+/// positions) and taken away by Escape. Plus and minus ask for less or more time, Page Up and
+/// Page Down move what stands still. Up and Down move the range of the positions, Ctrl with plus,
+/// minus or the wheel changes it.
 class PositionTrace final : public QWidget
 {
     Q_OBJECT
@@ -24,6 +27,10 @@ public:
 
     /// Adds what has come. It is shown at most 30 times a second, and not while paused.
     void append(PositionPoints points);
+    /// Tells that positions were waited for until now: the trace goes on without them.
+    void waitUntil(double seconds);
+    /// Forgets what has come, but not what is shown while paused.
+    void clear();
     /// Shows a recording, which stands still.
     void setRecording(const QList<PositionPoint>& points);
 
@@ -32,7 +39,7 @@ public:
     /// Keeps what is shown, whatever comes meanwhile.
     void setPaused(bool paused);
     [[nodiscard]] bool isPaused() const { return m_isFrozen; }
-    /// Keeps the range of the positions as it is; it otherwise follows what is shown.
+    /// Keeps the range of the positions; it otherwise follows what is shown.
     void setRangeHeld(bool held);
     /// Shows positions relative to one.
     void setZero(std::optional<double> millimetres);
@@ -52,6 +59,7 @@ public:
     [[nodiscard]] double end() const { return m_end; }
     /// Where the positions are drawn.
     [[nodiscard]] QRect plot() const;
+    [[nodiscard]] TraceScale scale() const;
     /// A position as text, with the decimals that it carries, relative where that is wanted.
     [[nodiscard]] QString valueText(double millimetres) const;
 
@@ -61,8 +69,10 @@ public:
 Q_SIGNALS:
     /// What is shown, or the cursor, has changed.
     void changed();
-    /// A closer (1) or wider (-1) view is wanted.
+    /// Less (1) or more (-1) time is wanted.
     void zoomWanted(int steps);
+    /// The user has chosen a range, which is held.
+    void rangeHeld();
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -72,27 +82,20 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
-    struct Range
-    {
-        double low = 0.0;
-        double high = 0.0;
-    };
-
     [[nodiscard]] const QList<PositionPoint>& points() const;
     [[nodiscard]] double duration() const;
-    [[nodiscard]] double perColumn() const;
-    [[nodiscard]] Range fittingRange() const;
-    [[nodiscard]] int xOf(double seconds) const;
-    [[nodiscard]] int yOf(double millimetres) const;
+    [[nodiscard]] bool hasRange() const { return m_range.low < m_range.high; }
+    void fitRange();
+    void setRange(const TraceRange& range);
+    void zoomRange(bool closer, double millimetres);
     void follow();
     void show(double seconds);
     void refreshSoon();
     void refresh();
     void moveCursor(double seconds);
+    void turnPage(int direction);
     void stepCursor(int direction, bool single);
-    void drawGrid(QPainter& painter) const;
-    void drawPositions(QPainter& painter) const;
-    void drawCursor(QPainter& painter) const;
+    void drawTrace(QPainter& painter) const;
 
     QList<PositionPoint> m_live;
     QList<PositionPoint> m_frozen; ///< what is shown while frozen
@@ -100,7 +103,8 @@ private:
     bool m_isRecording = false;
     double m_duration = 30.0;
     double m_end = 0.0;
-    Range m_range;
+    double m_waited = 0.0; ///< seconds, as of the points
+    TraceRange m_range;
     bool m_isRangeHeld = false;
     std::optional<double> m_zero;
     std::optional<double> m_stroke;

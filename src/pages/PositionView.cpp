@@ -28,7 +28,7 @@ constexpr int kRateDecimals = 1;
 
 QString number(std::optional<double> value, int decimals)
 {
-    return value ? QString::number(*value, 'f', decimals) : QString();
+    return value ? numberText(*value, decimals) : QString();
 }
 
 } // namespace
@@ -48,12 +48,14 @@ PositionView::PositionView(Kind kind, QWidget* parent)
     m_figuresTimer.setInterval(kFiguresPeriod);
     connect(&m_figuresTimer, &QTimer::timeout, this, &PositionView::showFigures);
     connect(m_trace, &PositionTrace::changed, this, [this] {
-        if (m_trace->isPaused())
+        if (m_trace->isPaused()) {
             showFigures();
-        else
+        } else {
             showFiguresSoon();
+        }
     });
     connect(m_trace, &PositionTrace::zoomWanted, this, &PositionView::zoom);
+    connect(m_trace, &PositionTrace::rangeHeld, this, [this] { m_holdRange->setChecked(true); });
     translate();
 }
 
@@ -71,14 +73,24 @@ void PositionView::makeFigures(Kind kind)
         {strings::kDeviation, strings::kMillimetres,
          [](const PositionFigures& figures) { return number(figures.deviation, 4); }},
         {strings::kVelocity, strings::kMillimetresPerSecond,
-         [](const PositionFigures& figures) { return number(figures.velocity, kRateDecimals); }},
+         [this](const PositionFigures& figures) {
+             const bool isKnown = m_isStreaming || m_trace->isPaused();
+             return isKnown ? number(figures.velocity, kRateDecimals) : QString();
+         }},
         {strings::kPositionsPerSecond, 0,
          [](const PositionFigures& figures) { return number(figures.perSecond, kRateDecimals); }},
+        {strings::kLongestGap, strings::kSecondsUnit,
+         [](const PositionFigures& figures) { return number(figures.longestGap, 4); }},
     };
     if (kind == Kind::Live) {
-        m_figures.push_back({strings::kMalformedFrames, 0, [this](const PositionFigures&) {
-                                 return QString::number(malformedShown());
+        m_figures.push_back({strings::kMalformedFrames, 0, [this](const PositionFigures& figures) {
+                                 const int count = malformedShown();
+                                 return figures.count > 0 || count > 0 ? QString::number(count)
+                                                                       : QString();
                              }});
+        m_figures.push_back(
+            {strings::kRecorded, strings::kSecondsUnit,
+             [this](const PositionFigures& /*figures*/) { return number(m_recorded, 1); }});
     }
     m_figures.push_back({strings::kCursorTime, strings::kSecondsUnit, [this](const auto&) {
                              const auto at = m_trace->cursor();
@@ -134,19 +146,19 @@ void PositionView::makeControls(Kind kind)
             push->setAutoDefault(false); // Enter closes a recording
         return button;
     };
-    connect(add(new QCheckBox(this), "holdRangeCheck", strings::kHoldRange),
-            &QAbstractButton::toggled, m_trace, &PositionTrace::setRangeHeld);
+    m_holdRange = add(new QCheckBox(this), "holdRangeCheck", strings::kHoldRange);
+    connect(m_holdRange, &QAbstractButton::toggled, m_trace, &PositionTrace::setRangeHeld);
     if (kind == Kind::Live) {
         QAbstractButton* pause = add(new QPushButton(this), "pauseButton", strings::kPause);
         pause->setCheckable(true);
         connect(pause, &QAbstractButton::toggled, m_trace, &PositionTrace::setPaused);
     }
-    QAbstractButton* zero = add(new QPushButton(this), "zeroButton", strings::kZeroHere);
-    zero->setCheckable(true);
-    connect(zero, &QAbstractButton::toggled, this, [this, zero](bool wanted) {
+    m_zero = add(new QPushButton(this), "zeroButton", strings::kZeroHere);
+    m_zero->setCheckable(true);
+    connect(m_zero, &QAbstractButton::toggled, this, [this](bool wanted) {
         const auto at = m_trace->cursor() ? m_trace->cursor() : m_trace->last();
         m_trace->setZero(wanted && at ? std::optional(at->millimetres) : std::nullopt);
-        zero->setChecked(m_trace->zero().has_value()); // not before there is a position
+        m_zero->setChecked(m_trace->zero().has_value()); // not before there is a position
     });
     connect(add(new QPushButton(this), "copyFiguresButton", strings::kCopy),
             &QAbstractButton::clicked, this, &PositionView::copyFigures);
@@ -180,20 +192,35 @@ void PositionView::translate()
     showFigures();
 }
 
-void PositionView::append(PositionPoints points, int malformed)
+void PositionView::append(PositionPoints points, int malformed, double seconds)
 {
     m_trace->append(points);
-    const auto newest = m_trace->last();
-    if (malformed > 0)
-        m_malformed.append({points.empty() && newest ? newest->seconds
-                            : newest                 ? points.back().seconds
-                                                     : 0.0,
-                            malformed});
-    const double oldest = newest ? newest->seconds - 2 * PositionTrace::kLongest : 0.0;
+    if (malformed > 0) {
+        m_malformed.append({points.empty() ? seconds : points.back().seconds, malformed});
+        showFiguresSoon();
+    }
+    const double oldest = std::min(seconds - PositionTrace::kLongest, m_trace->from());
     while (!m_malformed.isEmpty() && m_malformed.first().first < oldest)
         m_malformed.removeFirst();
-    if (malformed > 0)
-        showFiguresSoon();
+}
+
+void PositionView::clear()
+{
+    m_malformed.clear();
+    m_zero->setChecked(false);
+    m_trace->clear();
+}
+
+void PositionView::setStreaming(bool streaming)
+{
+    m_isStreaming = streaming;
+    showFigures();
+}
+
+void PositionView::setRecorded(std::optional<double> seconds)
+{
+    m_recorded = seconds;
+    showFiguresSoon();
 }
 
 int PositionView::malformedShown() const
@@ -212,10 +239,11 @@ QString PositionView::length(std::optional<double> millimetres) const
                        : QString();
 }
 
-/// Frames that are none are told also where no positions are.
+/// Frames that are none, and what was recorded, are told also where no positions are.
 QString PositionView::textOf(const Figure& figure, const PositionFigures& figures)
 {
-    const bool isKnown = figures.count > 0 || figure.caption == strings::kMalformedFrames;
+    const bool isKnown = figures.count > 0 || figure.caption == strings::kMalformedFrames ||
+                         figure.caption == strings::kRecorded;
     return isKnown ? figure.text(figures) : QString();
 }
 
@@ -236,7 +264,7 @@ void PositionView::showFiguresSoon()
 
 void PositionView::showFigures()
 {
-    const PositionFigures figures = positionFigures(m_trace->visible());
+    const PositionFigures figures = positionFigures(m_trace->visible(), m_trace->end());
     QStringList words;
     for (const Figure& figure : m_figures) {
         QString text = textOf(figure, figures);
@@ -256,7 +284,7 @@ void PositionView::showFigures()
 
 void PositionView::copyFigures() const
 {
-    const PositionFigures figures = positionFigures(m_trace->visible());
+    const PositionFigures figures = positionFigures(m_trace->visible(), m_trace->end());
     QString text;
     for (const Figure& figure : m_figures) {
         text += languageString(figure.caption) + u'\t' + textOf(figure, figures) + u'\t' +

@@ -32,7 +32,14 @@ public:
     PositionView(Kind kind, QWidget* parent);
 
     /// @param malformed how many frames were none
-    void append(PositionPoints points, int malformed);
+    /// @param seconds when all of it had come
+    void append(PositionPoints points, int malformed, double seconds);
+    /// Tells whether positions come: what the magnet does now is not known without them.
+    void setStreaming(bool streaming);
+    /// Forgets what has come.
+    void clear();
+    /// Tells how much is recorded; nothing if nothing was.
+    void setRecorded(std::optional<double> seconds);
     [[nodiscard]] PositionTrace& trace() { return *m_trace; }
     /// Puts a further button behind the controls.
     void addButton(QPushButton* button);
@@ -63,9 +70,13 @@ private:
     QComboBox* m_durations = nullptr;
     QHBoxLayout* m_controls = nullptr;
     QLabel* m_relative = nullptr;
+    QAbstractButton* m_holdRange = nullptr;
+    QAbstractButton* m_zero = nullptr;
     std::vector<std::pair<QAbstractButton*, int>> m_buttons; ///< with the numbers of their texts
     std::vector<Figure> m_figures;
     QList<std::pair<double, int>> m_malformed; ///< when, and how many frames
+    bool m_isStreaming = false;
+    std::optional<double> m_recorded; ///< seconds
     QTimer m_figuresTimer;
 };
 

@@ -214,7 +214,8 @@ Journal::Contents Journal::contents() const
     return contents;
 }
 
-/// Those that somebody has still to be told of. Of all others only the circumstances are read.
+/// Those that somebody has still to be told of, and nobody works on. Of most others only the
+/// circumstances are read.
 QList<JournalEntry> Journal::unsettled() const
 {
     QList<JournalEntry> found;
@@ -222,7 +223,9 @@ QList<JournalEntry> Journal::unsettled() const
         const auto circumstances = WholeFile(path(name, kCircumstancesSuffix)).read(kLargestFile);
         if (circumstances.content.contains(kToldMark))
             continue;
-        if (const auto entry = find(name))
+        const auto entry = find(name);
+        const bool settled = entry && entry->end && entry->end->told;
+        if (entry && !settled && !FileLock::isHeld(path(name, kValuesSuffix)))
             found.append(*entry);
     }
     return found;
@@ -231,16 +234,14 @@ QList<JournalEntry> Journal::unsettled() const
 QList<JournalEntry> Journal::unfinished() const
 {
     QList<JournalEntry> found = unsettled();
-    found.removeIf([this](const JournalEntry& entry) {
-        return entry.end || FileLock::isHeld(path(entry.id, kValuesSuffix));
-    });
+    found.removeIf([](const JournalEntry& entry) { return entry.end.has_value(); });
     return found;
 }
 
 QList<JournalEntry> Journal::untold() const
 {
     QList<JournalEntry> found = unsettled();
-    found.removeIf([](const JournalEntry& entry) { return !entry.end || entry.end->told; });
+    found.removeIf([](const JournalEntry& entry) { return !entry.end; });
     return found;
 }
 

@@ -90,9 +90,10 @@ public:
     /// An entry by its name; nothing if it is not there any more, or damaged.
     [[nodiscard]] std::optional<JournalEntry> find(const QString& id) const;
 
-    // Only the newest 1000 entries are looked at: the journal may grow for years.
+    // Of those that nobody works on any more, among the newest 1000: the journal may grow for
+    // years.
 
-    /// Those whose writing has not ended and is nobody's any more.
+    /// Those whose writing has not ended.
     [[nodiscard]] QList<JournalEntry> unfinished() const;
     /// Those whose writing has ended, which nobody was told.
     [[nodiscard]] QList<JournalEntry> untold() const;

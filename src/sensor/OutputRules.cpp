@@ -28,6 +28,8 @@ int textNumberOf(OutputRefusal refusal)
         return strings::kBackupMissing;
     case OutputRefusal::NoValue:
         return strings::kBackupNotUsable;
+    case OutputRefusal::NotOffered:
+        return strings::kNotOffered;
     case OutputRefusal::NoResolution:
         return strings::kNoResolution;
     case OutputRefusal::ResolutionTooFine:
@@ -60,12 +62,17 @@ OutputRefusal refusalOf(int ssiType, const OutputSettings& wanted)
     return OutputRefusal::None;
 }
 
-bool isOffered(int ssiType, const OutputSettings& settings)
+QByteArray notOffered(int ssiType, const OutputSettings& settings)
 {
-    return std::ranges::count(kOfferedDataBits, settings.format.dataBits) != 0 &&
-           std::ranges::count(kOfferedResolutions, settings.micrometres) != 0 &&
-           (!sensorType(ssiType).has('K') || (isExtensionValue(settings.extension.extension) &&
-                                              isExtensionValue(settings.extension.mode)));
+    QByteArray parameters;
+    if (std::ranges::count(kOfferedDataBits, settings.format.dataBits) == 0)
+        parameters += 'D';
+    if (std::ranges::count(kOfferedResolutions, settings.micrometres) == 0)
+        parameters += 'A';
+    if (sensorType(ssiType).has('K') && !(isExtensionValue(settings.extension.extension) &&
+                                          isExtensionValue(settings.extension.mode)))
+        parameters += 'K';
+    return parameters;
 }
 
 int magnetsFor(int extensionMode)

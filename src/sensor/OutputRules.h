@@ -5,7 +5,6 @@
 
 #include <QString>
 
-#include <array>
 #include <optional>
 #include <vector>
 
@@ -13,15 +12,14 @@ namespace pelorin {
 
 /// What output settings may be chosen and written, for all that write them.
 
-inline constexpr std::array kOfferedDataBits = {24, 25};
-inline constexpr std::array kOfferedResolutions = {5, 10, 50, 100, 20, 2, 1}; ///< micrometres
 inline constexpr int kLargestSkipCount = 255;
 
 /// Why output settings are not written to a sensor.
 enum class OutputRefusal {
     None,
-    NotSaved, ///< parameters that the sensor needs, as the next
+    NotSaved, ///< parameters that the sensor needs, as the next two
     NoValue,
+    NotOffered, ///< by the page for the output settings
     NoResolution,
     ResolutionTooFine, ///< for the sensor's type, as the next
     ModeNotOffered,
@@ -36,8 +34,8 @@ enum class OutputRefusal {
 /// What a sensor of a type cannot do.
 [[nodiscard]] OutputRefusal refusalOf(int ssiType, const OutputSettings& wanted);
 
-/// Whether each of the settings is one that can be chosen. A sensor may have others.
-[[nodiscard]] bool isOffered(int ssiType, const OutputSettings& settings);
+/// The parameters that hold a setting which cannot be chosen. A sensor may have others.
+[[nodiscard]] QByteArray notOffered(int ssiType, const OutputSettings& settings);
 
 /// A difference needs two magnets, every other output is of one.
 [[nodiscard]] int magnetsFor(int extensionMode);

@@ -2,9 +2,14 @@
 
 #include "sensor/ParameterCodec.h"
 
+#include <array>
 #include <optional>
 
 namespace pelorin {
+
+// What a user is offered to choose from, in the order of the lists.
+inline constexpr std::array kOfferedDataBits = {24, 25};
+inline constexpr std::array kOfferedResolutions = {5, 10, 50, 100, 20, 2, 1}; ///< micrometres
 
 /// What shapes a sensor's SSI output: read from its parameters, and written back to them.
 struct OutputSettings

@@ -1,20 +1,30 @@
 #include "sensor/PortUse.h"
 
 #include "link/SensorLink.h"
+#include "platform/core/Pacing.h"
+#include "sensor/Plan.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace pelorin {
 
 using namespace std::chrono_literals;
 
-PortUse::PortUse(SensorLink& link, std::function<std::chrono::milliseconds()> storeWait)
-    : m_link(link), m_storeWait(std::move(storeWait))
+PortUse::PortUse(SensorLink& link) : m_link(link)
 {
     m_wait.setSingleShot(true);
     m_wait.setTimerType(Qt::PreciseTimer);
     connect(&m_wait, &QTimer::timeout, this,
             [this] { m_request = m_link.close(m_use->supplyOff ? 1 : 0); });
+}
+
+std::chrono::milliseconds PortUse::storeWait() const
+{
+    if (!m_sinceWrite.isValid() || m_link.isDeviceGone())
+        return 0ms;
+    return std::max(Pacing::pause(kStoreTime) - std::chrono::milliseconds(m_sinceWrite.elapsed()),
+                    std::chrono::milliseconds(0));
 }
 
 void PortUse::open(int number, Done done)
@@ -48,7 +58,7 @@ void PortUse::begin(Use use)
     const auto former = std::exchange(m_use, std::move(use));
     if (!closing) { // else the answer to that is awaited
         m_request = 0;
-        m_wait.start(harmless ? 0ms : m_storeWait());
+        m_wait.start(harmless ? 0ms : storeWait());
     }
     if (former)
         former->done(false);

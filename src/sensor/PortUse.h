@@ -2,6 +2,7 @@
 
 #include "platform/core/WindowMessage.h"
 
+#include <QElapsedTimer>
 #include <QObject>
 #include <QTimer>
 
@@ -26,8 +27,12 @@ public:
     using Done = std::function<void(bool)>;
 
     /// @param link outlives this, and whoever gets its replies hands them on to takeResult
-    /// @param storeWait how long the sensor still needs its supply
-    PortUse(SensorLink& link, std::function<std::chrono::milliseconds()> storeWait);
+    explicit PortUse(SensorLink& link);
+
+    /// A frame that may change the sensor leaves, or has left.
+    void noteWrite() { m_sinceWrite.start(); }
+    /// How long the sensor still needs its supply to store what was written to it.
+    [[nodiscard]] std::chrono::milliseconds storeWait() const;
 
     /// Opens another port, or the same again.
     void open(int number, Done done);
@@ -59,10 +64,10 @@ private:
     void begin(Use use);
 
     SensorLink& m_link;
-    const std::function<std::chrono::milliseconds()> m_storeWait;
     RequestId m_request = 0; ///< outstanding
     std::optional<Use> m_use;
-    QTimer m_wait; ///< for the sensor to have stored
+    QElapsedTimer m_sinceWrite; ///< invalid before the first
+    QTimer m_wait;              ///< for the sensor to have stored
 };
 
 } // namespace pelorin

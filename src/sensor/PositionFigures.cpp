@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace pelorin {
 
@@ -39,11 +40,15 @@ std::optional<double> slopeOf(PositionPoints points)
 /// would lose the noise.
 void PositionTally::add(const PositionPoint& point)
 {
-    const double value = point.millimetres;
+    const auto& [seconds, value] = point;
     const bool first = m_figures.count == 0;
-    if (first)
-        m_first = point.seconds;
-    m_last = point.seconds;
+    const double gap = first ? 0.0 : seconds - m_before;
+    m_before = seconds;
+    m_figures.longestGap = std::max(m_figures.longestGap, gap);
+    if (!first && gap < kPositionSilence) {
+        m_streamed += gap;
+        ++m_intervals;
+    }
     m_figures.minimum = first ? value : std::min(m_figures.minimum, value);
     m_figures.maximum = first ? value : std::max(m_figures.maximum, value);
     const double distance = value - m_figures.mean;
@@ -51,27 +56,27 @@ void PositionTally::add(const PositionPoint& point)
     m_squares += distance * (value - m_figures.mean);
 }
 
-PositionFigures PositionTally::figures() const
+PositionFigures PositionTally::figures(double end) const
 {
     PositionFigures figures = m_figures;
-    const auto intervals = static_cast<double>(figures.count - 1);
-    if (intervals > 0)
-        figures.deviation = std::sqrt(m_squares / intervals);
-    if (const double time = m_last - m_first; time > 0.0)
-        figures.perSecond = intervals / time;
+    if (figures.count == 0)
+        return figures;
+    if (figures.count > 1)
+        figures.deviation = std::sqrt(m_squares / static_cast<double>(figures.count - 1));
+    if (m_streamed > 0.0)
+        figures.perSecond = m_intervals / m_streamed;
+    figures.longestGap = std::max(figures.longestGap, end - m_before);
     return figures;
 }
 
-PositionFigures positionFigures(PositionPoints points)
+PositionFigures positionFigures(PositionPoints points, double end)
 {
     PositionTally tally;
     for (const PositionPoint& point : points)
         tally.add(point);
-    PositionFigures figures = tally.figures();
-    if (!points.empty()) {
-        const double last = points.back().seconds;
-        figures.velocity = slopeOf(pointsBetween(points, last - kVelocityTime, last));
-    }
+    PositionFigures figures = tally.figures(end);
+    if (!points.empty())
+        figures.velocity = slopeOf(pointsBetween(points, end - kVelocityTime, end));
     return figures;
 }
 

@@ -19,6 +19,9 @@ struct PositionPoint
 
 using PositionPoints = std::span<const PositionPoint>; ///< in the order of their time
 
+/// Seconds without a position from which on there is no stream.
+inline constexpr double kPositionSilence = 0.501;
+
 /// What the positions of a stretch of time amount to. Nothing stands for what they do not tell.
 struct PositionFigures
 {
@@ -28,7 +31,8 @@ struct PositionFigures
     double mean = 0.0;
     std::optional<double> deviation; ///< standard deviation of the sample: the noise at rest
     std::optional<double> velocity;  ///< mm/s, over the last half second
-    std::optional<double> perSecond; ///< how many positions came in a second
+    std::optional<double> perSecond; ///< how many positions came in a second, silences left out
+    double longestGap = 0.0;         ///< seconds without a position
 
     [[nodiscard]] double span() const { return maximum - minimum; }
 };
@@ -39,16 +43,19 @@ class PositionTally
 public:
     void add(const PositionPoint& point);
     /// What they amount to so far, without the velocity.
-    [[nodiscard]] PositionFigures figures() const;
+    /// @param end until when positions were waited for
+    [[nodiscard]] PositionFigures figures(double end) const;
 
 private:
     PositionFigures m_figures;
-    double m_squares = 0.0; ///< of the distances from the mean
-    double m_first = 0.0;   ///< seconds, as the next
-    double m_last = 0.0;
+    double m_squares = 0.0;  ///< of the distances from the mean
+    double m_before = 0.0;   ///< seconds of the last one
+    double m_streamed = 0.0; ///< seconds without the silences, and the intervals in them
+    int m_intervals = 0;
 };
 
-[[nodiscard]] PositionFigures positionFigures(PositionPoints points);
+/// @param end until when positions were waited for, or are shown
+[[nodiscard]] PositionFigures positionFigures(PositionPoints points, double end);
 
 /// The points from one moment to another, both included.
 [[nodiscard]] PositionPoints pointsBetween(PositionPoints points, double from, double to);

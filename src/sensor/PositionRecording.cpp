@@ -12,6 +12,8 @@ namespace {
 
 constexpr qint64 kLargestFile = qint64{512} * 1024 * 1024;
 
+constexpr double kLargestNumber = 1e9; // more could not be told apart any more
+
 constexpr std::string_view kMarker = "Pelorin position recording";
 constexpr std::string_view kVersion = "Sensor version";
 constexpr std::string_view kType = "Sensor type";
@@ -54,7 +56,7 @@ std::optional<double> numberOf(std::string_view text)
     const char* end = text.data() + text.size();
     const auto [stopped, error] =
         std::from_chars(text.data(), end, number, std::chars_format::fixed);
-    const bool whole = error == std::errc() && stopped == end && std::isfinite(number);
+    const bool whole = error == std::errc() && stopped == end && std::abs(number) <= kLargestNumber;
     return whole ? std::optional(number) : std::nullopt;
 }
 
@@ -113,11 +115,12 @@ QByteArray recordingLines(PositionPoints points, int decimals)
 WholeFile::Outcome PositionRecorder::begin(const QString& path, const RecordingHead& head,
                                            std::chrono::steady_clock::time_point moment)
 {
-    const WholeFile::Outcome opened = m_file.open(path);
+    WholeFile::Outcome opened = m_file.open(path);
     if (!opened.isDone())
         return opened;
     m_begin = moment;
     m_decimals = positionDecimals(head.resolution);
+    m_seconds = 0.0;
     return m_file.append(recordingHeadText(head));
 }
 
@@ -130,7 +133,10 @@ WholeFile::Outcome PositionRecorder::add(const QList<PositionSample>& samples)
                 {std::chrono::duration<double>(sample.time - m_begin).count(), sample.millimetres});
         }
     }
-    return m_file.append(recordingLines(points, m_decimals));
+    WholeFile::Outcome outcome = m_file.append(recordingLines(points, m_decimals));
+    if (outcome.isDone() && !points.empty())
+        m_seconds = points.back().seconds;
+    return outcome;
 }
 
 WholeFile::Outcome PositionRecorder::end()
@@ -148,6 +154,7 @@ RecordingContent recordingOf(const QByteArray& text)
         content.badLines = content.firstBadLine = 1;
         return content;
     }
+    content.points.reserve(text.count('\n')); // growing would take the room of several
     for (int number = 2; !rest.empty(); ++number) {
         const Fields fields = takeFields(rest);
         const auto seconds = numberOf(fields.first);

@@ -6,9 +6,10 @@
 
 #include <QByteArray>
 #include <QDateTime>
+#include <QList>
 #include <QString>
 
-#include <vector>
+#include <optional>
 
 namespace pelorin {
 
@@ -39,6 +40,8 @@ public:
     [[nodiscard]] WholeFile::Outcome begin(const QString& path, const RecordingHead& head,
                                            std::chrono::steady_clock::time_point moment);
     [[nodiscard]] bool isRecording() const { return m_file.isOpen(); }
+    /// How long the recording is, or was, in seconds; nothing before the first.
+    [[nodiscard]] std::optional<double> seconds() const { return m_seconds; }
     /// A failure has ended the recording; what was recorded before is in the file.
     [[nodiscard]] WholeFile::Outcome add(const QList<PositionSample>& samples);
     [[nodiscard]] WholeFile::Outcome end();
@@ -47,12 +50,13 @@ private:
     AppendedFile m_file;
     std::chrono::steady_clock::time_point m_begin;
     int m_decimals = 0;
+    std::optional<double> m_seconds;
 };
 
 struct RecordingContent
 {
     RecordingHead head;
-    std::vector<PositionPoint> points; ///< of all lines that are whole
+    QList<PositionPoint> points; ///< of all lines that are whole
     int badLines = 0;
     int firstBadLine = 0; ///< counted from 1; 0 if there is none
     bool isRecording = false;
@@ -68,7 +72,7 @@ struct RecordingReading
     RecordingContent content;
 };
 
-/// Refuses what is larger than 512 MiB, which is about a day of positions.
+/// Refuses what is larger than 512 MiB: 18 hours of 400 positions a second.
 [[nodiscard]] RecordingReading readRecording(const QString& path);
 
 } // namespace pelorin

@@ -26,6 +26,9 @@ public:
     /// Gives a sensor of a type a data format, and reads its resolution.
     [[nodiscard]] static Plan formatPlan(const QByteArray& format, int ssiType);
 
+    /// While there is no stream.
+    void setManualPower(bool manualPower) { m_manualPower = manualPower; }
+
     /// Starts the stream. Does nothing while it runs.
     /// @return false if it cannot begin now
     [[nodiscard]] bool start();
@@ -80,7 +83,7 @@ private:
     SequenceRunner& m_runner;
     KeptFormats& m_formats;
     FormatRestore& m_restore;
-    const bool m_manualPower;
+    bool m_manualPower;
 
     State m_state = State::Idle;
     Reply m_reply; ///< the last one

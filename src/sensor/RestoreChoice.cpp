@@ -123,6 +123,8 @@ RestoreChoice chooseOutputSettings(int ssiType, const SensorValues& sensor,
         return refusing(Refusal::NoResolution);
     if (const Refusal refusal = refusalOf(ssiType, wanted); refusal != Refusal::None)
         return refusing(refusal);
+    if (const QByteArray unknown = notOffered(ssiType, wanted); !unknown.isEmpty())
+        return refusing(Refusal::NotOffered, unknown);
 
     const bool savedOffset = sameMultiplier && isSameValue('L', sensor.at('L'), saved.at('L'));
     const bool turned =

@@ -20,6 +20,8 @@ using Reason = WriteResult::Reason;
 
 namespace {
 
+constexpr char kFactoryText = 'F';
+
 std::string_view viewOf(const QByteArray& ids)
 {
     return {ids.constData(), static_cast<std::size_t>(ids.size())};
@@ -60,7 +62,8 @@ struct SafeWriter::Job
     std::unique_ptr<Journal::Writing> writing{};
     int changes = 0; ///< the runner's when the state was read
     bool restarted = false;
-    bool readAgain = false; ///< what had no answer when it was compared
+    bool reconnected = false; ///< after the link was lost
+    bool readAgain = false;   ///< what had no answer when it was compared
 };
 
 SafeWriter::SafeWriter(SequenceRunner& runner, const Journal& journal, Settings settings)
@@ -266,12 +269,22 @@ void SafeWriter::compare()
     if (!isConnected(m_job->state))
         return stopUnchecked(Reason::AnotherSensor);
     tell(Phase::Comparing);
-    readBack(m_job->request.order);
+    readBack(proof() + m_job->request.order);
+}
+
+/// What tells sensors of one version from each other, where another may have been connected since
+/// and the text was known: read first.
+QByteArray SafeWriter::proof() const
+{
+    const auto known = m_job->state.values.find(kFactoryText);
+    const bool proves = m_job->reconnected && known != m_job->state.values.end() &&
+                        !m_job->request.order.contains(kFactoryText);
+    return proves ? QByteArray(1, kFactoryText) : QByteArray();
 }
 
 void SafeWriter::readBack(const QByteArray& ids)
 {
-    const Plan plan = verifyPlan(viewOf(ids), m_job->request.values);
+    const Plan plan = verifyPlan(viewOf(ids), overlaid(m_job->state.values, m_job->request.values));
     const bool begun = run(
         plan, [this](const Outcome& outcome) { onCompared(outcome); },
         [this](const Reply& reply) {
@@ -295,7 +308,11 @@ void SafeWriter::onCompared(const Outcome& outcome)
         return stopUnchecked(Reason::LinkLost);
     if (outcome.kind == Outcome::Kind::Abandoned)
         return stopUnchecked(Reason::Closed);
-    m_job->result.differences += outcome.differences;
+    const auto& differences = outcome.differences;
+    const auto isProof = [this](auto& one) { return !m_job->request.order.contains(one.id); };
+    if (std::any_of(differences.begin(), differences.end(), isProof))
+        return stopUnchecked(Reason::AnotherSensor);
+    m_job->result.differences += differences;
     if (outcome.isDone() && !outcome.unanswered.isEmpty() && !m_job->readAgain) {
         m_job->readAgain = true; // one answer may have been late or disturbed
         return readBack(outcome.unanswered);
@@ -360,15 +377,16 @@ void SafeWriter::refuse(const QString& problem)
     finish();
 }
 
-/// What was written when the link was lost is kept for the next Connect.
+/// What was written when the link was lost is kept for the next Connect; told when it was compared,
+/// or by a later run.
 void SafeWriter::finish()
 {
     std::unique_ptr<Job> job = std::exchange(m_job, nullptr);
     const auto compared = std::exchange(m_compared, {});
     if (job->writing) {
-        const bool told = job->result.kind == Kind::NotWritten ||
-                          (job->result.reason != Reason::Closed && !m_runner.isEnding());
-        const auto noted = job->writing->finish({job->result.kind, job->result.reason, told});
+        const Reason reason = job->result.reason;
+        const bool told = reason != Reason::Closed && reason != Reason::LinkLost;
+        const auto noted = job->writing->finish({job->result.kind, reason, told});
         if (!noted.isDone())
             job->result.problem += noted.message();
     }
@@ -386,9 +404,7 @@ void SafeWriter::finish()
 
 void SafeWriter::compareAfterConnect(bool untouched, std::function<void()> done)
 {
-    if (m_unchecked && !isConnected(m_unchecked->state))
-        m_unchecked.reset();
-    if (m_job || !m_unchecked)
+    if (m_job || !m_unchecked || !m_runner.link().isIdentified())
         return done();
     m_job = std::exchange(m_unchecked, nullptr);
     WriteResult& result = m_job->result;
@@ -397,6 +413,7 @@ void SafeWriter::compareAfterConnect(bool untouched, std::function<void()> done)
     result.differences.clear(); // of a comparison that was cut short
     result.unanswered.clear();
     m_job->readAgain = false;
+    m_job->reconnected = true;
     m_compared = std::move(done);
     m_job->restarted = untouched && m_runner.link().wasRestarted();
     compare();

@@ -54,6 +54,8 @@ public:
     ~SafeWriter() override;
 
     [[nodiscard]] const Settings& settings() const { return m_settings; }
+    /// While nothing is under way.
+    void setSettings(const Settings& settings) { m_settings = settings; }
     [[nodiscard]] SequenceRunner& runner() const { return m_runner; }
     [[nodiscard]] const Journal& journal() const { return m_journal; }
 
@@ -75,8 +77,7 @@ public:
     [[nodiscard]] bool isConnected(const JournalEntry& state) const;
 
     /// The sensor has been connected anew: compares with it what was written when the link was
-    /// lost, if it is the same sensor.
-    /// Nobody waits for one that is not the next to be connected.
+    /// lost. If another one is identified that stays unchecked for good.
     /// @param untouched nothing was written to the sensor since its restart
     /// @param done called in the end, at once where there is nothing to compare
     void compareAfterConnect(bool untouched, std::function<void()> done);
@@ -99,6 +100,7 @@ private:
     void onWritten(const Outcome& outcome);
     void restart();
     void compare();
+    [[nodiscard]] QByteArray proof() const;
     void readBack(const QByteArray& ids);
     void onCompared(const Outcome& outcome);
     void judge(const Outcome& outcome);
@@ -111,7 +113,7 @@ private:
 
     SequenceRunner& m_runner;
     const Journal& m_journal;
-    const Settings m_settings;
+    Settings m_settings;
     Question m_question;
     std::unique_ptr<Job> m_job;       ///< null while nothing is under way
     std::unique_ptr<Job> m_unchecked; ///< written when the link was lost; compared after a Connect

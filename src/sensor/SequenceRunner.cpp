@@ -5,7 +5,6 @@
 #include "platform/core/Pacing.h"
 #include "sensor/ParameterCodec.h"
 
-#include <algorithm>
 #include <utility>
 
 namespace pelorin {
@@ -19,8 +18,7 @@ constexpr auto kAnswerLimit = 15s; ///< far beyond every exchange
 
 } // namespace
 
-SequenceRunner::SequenceRunner(SensorLink& link)
-    : m_link(link), m_port(link, [this] { return supplyWait(); })
+SequenceRunner::SequenceRunner(SensorLink& link) : m_link(link), m_port(link)
 {
     m_pause.setSingleShot(true);
     m_pause.setTimerType(Qt::PreciseTimer);
@@ -147,14 +145,14 @@ void SequenceRunner::doStep()
 
     const Step& step = run.plan[run.at];
     const bool switchesOff = step.kind == Kind::Connect || step.kind == Kind::SupplyOff;
-    if (const auto wait = supplyWait(); switchesOff && wait > 0ms) {
+    if (const auto wait = m_port.storeWait(); switchesOff && wait > 0ms) {
         m_pause.start(wait);
         return;
     }
     if (step.writes()) {
         run.wrote = true;
         noteChange();
-        m_sinceWrite.start();
+        m_port.noteWrite();
     }
     m_outstanding = request(step);
     if (m_ending)
@@ -229,7 +227,7 @@ void SequenceRunner::takeResult(int result)
     const Step step = run.plan[run.at];
     const quint64 serial = run.serial;
     if (step.writes())
-        m_sinceWrite.start();
+        m_port.noteWrite();
     // Without a port a request to write reports success all the same.
     const bool asked = step.kind != Kind::Pause && step.kind != Kind::KeepAliveOff;
     const bool unasked = asked && (m_link.linkFailed() == 1 || !m_link.isOpen());
@@ -375,14 +373,6 @@ void SequenceRunner::noteChange()
 {
     m_known.clear();
     ++m_changes;
-}
-
-std::chrono::milliseconds SequenceRunner::supplyWait() const
-{
-    if (!m_sinceWrite.isValid() || m_link.isDeviceGone())
-        return 0ms;
-    return std::max(Pacing::pause(kStoreTime) - std::chrono::milliseconds(m_sinceWrite.elapsed()),
-                    std::chrono::milliseconds(0));
 }
 
 void SequenceRunner::beginStream(QObject& owner, StreamListener listener)

@@ -6,7 +6,6 @@
 #include "sensor/Plan.h"
 #include "sensor/PortUse.h"
 
-#include <QElapsedTimer>
 #include <QObject>
 #include <QPointer>
 #include <QTimer>
@@ -178,7 +177,6 @@ private:
     void stopStream();
     void settle();
     void noteChange();
-    [[nodiscard]] std::chrono::milliseconds supplyWait() const;
 
     [[nodiscard]] PortUse::Done tellingOf(PortUse::Done done);
     void loseStream();
@@ -200,7 +198,6 @@ private:
 
     SensorValues m_known;
     int m_changes = 0;
-    QElapsedTimer m_sinceWrite; ///< invalid before the first
 
     PortUse m_port;
     bool m_ending = false;

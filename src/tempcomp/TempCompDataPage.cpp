@@ -136,6 +136,19 @@ void TempCompDataPage::translate()
         getControl<QWidget>(control)->setToolTip(languageString(strings::kNoFunction));
 }
 
+bool TempCompDataPage::hasEntries() const
+{
+    for (const QTableWidget* list : {m_lookupList, m_arrayList}) {
+        for (int row = 0; row < kRowCount; ++row) {
+            for (int column = 1; column < list->columnCount(); ++column) {
+                if (!m_editor->text(*list, row, column).isEmpty())
+                    return true;
+            }
+        }
+    }
+    return false;
+}
+
 void TempCompDataPage::writeToFile()
 {
     m_editor->commit();

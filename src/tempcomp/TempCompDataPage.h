@@ -18,6 +18,9 @@ class TempCompDataPage final : public SensorPage
 public:
     TempCompDataPage();
 
+    /// Whether a cell of either table holds anything.
+    [[nodiscard]] bool hasEntries() const;
+
     void translate() override;
 
 protected:

@@ -24,9 +24,14 @@ void TempCompPage::setupTranslationMap()
 void TempCompPage::onInitDialog()
 {
     m_tabs = getControl<QTabWidget>(kTabControl);
-    auto* tables = new TempCompDataPage;
-    tables->makeDialog(m_tabs, runner());
-    m_tabs->addTab(tables, QString());
+    m_tables = new TempCompDataPage;
+    m_tables->makeDialog(m_tabs, runner());
+    m_tabs->addTab(m_tables, QString());
+}
+
+bool TempCompPage::hasEntries() const
+{
+    return m_tables->hasEntries();
 }
 
 void TempCompPage::translate()

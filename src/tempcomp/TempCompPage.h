@@ -6,6 +6,8 @@ class QTabWidget;
 
 namespace pelorin {
 
+class TempCompDataPage;
+
 /// The page for temperature compensation: a tab control with the compensation tables. It asks
 /// nothing of the sensor.
 class TempCompPage final : public SensorPage
@@ -15,6 +17,9 @@ class TempCompPage final : public SensorPage
 public:
     TempCompPage();
 
+    /// Whether the tables hold anything.
+    [[nodiscard]] bool hasEntries() const;
+
     void translate() override;
 
 protected:
@@ -23,6 +28,7 @@ protected:
 
 private:
     QTabWidget* m_tabs = nullptr;
+    TempCompDataPage* m_tables = nullptr;
 };
 
 } // namespace pelorin

@@ -3,6 +3,8 @@
 #include "app/LinkStatusBar.h"
 #include "app/WriteReport.h"
 #include "backup/EarlierStatesDialog.h"
+#include "backup/ReviewDialog.h"
+#include "pages/OutputSetupPage.h"
 #include "platform/core/ComPortNames.h"
 #include "platform/core/LanguageStrings.h"
 #include "sensor/SafeWriter.h"
@@ -16,6 +18,7 @@
 #include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <QTableWidget>
 
 using namespace pelorin;
@@ -79,6 +82,8 @@ JournalEntry state(int minute)
 class StatesRig : public MainWindowRig
 {
 public:
+    StatesRig() : MainWindowRig({.type = 2}, kSafeWrites) {}
+
     /// @param end nothing for a run that has died
     void keep(const JournalEntry& entry, const std::optional<End>& end = {}) const
     {
@@ -218,6 +223,52 @@ private Q_SLOTS:
                 QVERIFY(rig.startConnected());
                 QCOMPARE(rig.notice().contains(QStringLiteral("4 Mar 2026 05:01:07")), row.offered);
             });
+    }
+
+    void putBackFromTheListSettlesWhatWasUnfinished()
+    {
+        struct Row
+        {
+            const char* name;
+            const char* offset; ///< that the sensor has
+            const char* answer; ///< to the question about what is entered on the page
+            const char* written;
+            bool settled;
+        };
+        forEachRow(std::vector<Row>{{"written back", "00000A", "answer1", "NN000064 EN", true},
+                                    {"already as it was", "000064", "answer1", "", true},
+                                    {"entries kept", "00000A", "answer0", "", false}},
+                   [](const Row& row) {
+                       StatesRig rig;
+                       rig.keep(state(1));
+                       rig.sensor().setParameter('N', row.offset);
+                       QVERIFY(rig.startConnected() && rig.choosePage(2));
+                       QTest::keyClick(rig.page<OutputSetupPage>().getControl<QWidget>(1004),
+                                       Qt::Key_Home);
+                       (void)rig.frames();
+                       const ModalAnswer<EarlierStatesDialog> list(
+                           [](auto& dialog) { click(&dialog, "putBackButton"); });
+                       const ModalAnswer<QMessageBox> boxes(
+                           [&row](QMessageBox& box) {
+                               auto* answer =
+                                   box.findChild<QAbstractButton*>(QLatin1String(row.answer));
+                               QTest::mouseClick(answer ? answer : box.button(QMessageBox::Ok),
+                                                 Qt::LeftButton);
+                           },
+                           false);
+                       const ModalAnswer<ReviewDialog> review([](ReviewDialog& dialog) {
+                           QTest::mouseClick(dialog.getControl<QWidget>(1), Qt::LeftButton);
+                       });
+                       QVERIFY(rig.clickCommand(kEarlierStatesCommand));
+                       QVERIFY(waitFor([&] { return list.wasShown() && boxes.wasShown(); }));
+                       QVERIFY(rig.waitIdle());
+                       QVERIFY(waitFor([] { return !QApplication::activeModalWidget(); }));
+                       static const QRegularExpression write(QStringLiteral("^.N"));
+                       QCOMPARE(rig.frames().split(u' ').filter(write).join(u' '),
+                                QLatin1String(row.written));
+                       QCOMPARE(rig.journal.unfinished().isEmpty(), row.settled);
+                       QCOMPARE(rig.window().currentPage(), *row.written ? 0 : 2);
+                   });
     }
 
     void everythingIsToldOneAfterTheOtherAndOnceInARun()

@@ -18,6 +18,7 @@
 #include <QPlainTextEdit>
 #include <QRadioButton>
 #include <QRegularExpression>
+#include <QSignalSpy>
 #include <QTableWidget>
 
 using namespace pelorin;
@@ -107,7 +108,11 @@ private:
 class ReviewRig : public MainWindowRig
 {
 public:
-    explicit ReviewRig(int type = 2) : MainWindowRig({.type = type}, kSafeWrites) {}
+    explicit ReviewRig(int type = 2) : ReviewRig({.type = type}, {}) {}
+    ReviewRig(const SimulatedSensor::Options& options, const QByteArray& settings)
+        : MainWindowRig(options, kSafeWrites + settings)
+    {
+    }
 
     const TestFolder folder;
     QStringList boxes;
@@ -333,6 +338,43 @@ private Q_SLOTS:
                 QCOMPARE(rig.window().currentPage(), 0);
                 QCOMPARE(rig.statusText(), QLatin1String(row.status));
             });
+    }
+
+    /// The Connect that follows is by hand, too: what was written is never called verified.
+    void restoreIsNotCheckedWhereTheUserSwitchesTheSupply()
+    {
+        ReviewRig rig({.supply = SimulatedSensor::Supply::ByLineSpeed},
+                      "\"ManualPowerMode\"=dword:1\r\n");
+        const ModalAnswer<QMessageBox> listening([](QMessageBox& box) { box.close(); }, false);
+        rig.start();
+        for (int frame = 0; frame < 10; ++frame)
+            rig.sensor().receive("PROG\r", SimulatedSensor::Clock::now());
+        QVERIFY(waitFor([&] { return rig.window().currentPage() == 0; }) && rig.waitIdle());
+        QVERIFY(rig.run(kRestoreBackupCommand, "N000123", clickWrite));
+        QVERIFY(waitFor([&] { return rig.connects() == kConnected; }) && rig.waitIdle());
+        QCOMPARE(rig.written(), QStringLiteral("NN000123 EN"));
+        QVERIFY2(rig.strip().text().startsWith(QLatin1String("Not checked")) &&
+                     rig.strip().text().contains(QLatin1String("was not restarted")),
+                 qPrintable(rig.strip().text()));
+        QCOMPARE(rig.window().currentPage(), 0);
+    }
+
+    void closeEndsTheReviewAndNothingIsWritten()
+    {
+        ReviewRig rig;
+        QVERIFY(rig.startConnected());
+        QVERIFY(rig.folder.put(QStringLiteral("b.dat"),
+                               BackupFile::textOf(changed(rig.backup(), "N000123"))));
+        const QSignalSpy closed(&rig.window(), &PelorinMainWindow::closed);
+        const FileDialogUser files(rig.folder.path(QStringLiteral("b.dat")));
+        const ReviewUser user(rig, [&rig](ReviewDialog& review) {
+            rig.window().close();
+            QVERIFY(!review.isVisible());
+        });
+        QVERIFY(rig.clickCommand(kRestoreBackupCommand));
+        QVERIFY(waitFor([&] { return closed.size() == 1; }) && user.wasShown());
+        QCOMPARE(rig.written(), QString());
+        QVERIFY(Journal().entries().isEmpty());
     }
 
     void comparisonShowsAndSavesAndWritesNothing()

@@ -1,4 +1,5 @@
 #include "pages/MagnetPositionPage.h"
+#include "pages/PositionTrace.h"
 #include "platform/ui/ColorableTextBox.h"
 #include "sensor/PositionStream.h"
 #include "support/MainWindowRig.h"
@@ -40,6 +41,23 @@ private Q_SLOTS:
         rig.sensor().setFault({SimulatedFault::Kind::Silent}, "stream");
         QTRY_COMPARE(box->text(), u"****"_s);
         QTRY_COMPARE(rig.lightText(), u"Red, blinking: not connected"_s);
+        const auto& velocity = rig.page<QLabel>("figure159");
+        QTRY_COMPARE(velocity.text(), QString());
+    }
+
+    void traceIsOfOneSensor()
+    {
+        MainWindowRig rig({.magnetPosition = 100});
+        QVERIFY(rig.startConnected() && rig.choosePage(kRow));
+        const auto& trace = rig.page<PositionTrace>("positionTrace");
+        QTRY_VERIFY(trace.last());
+        QVERIFY(rig.choosePage(0));
+        QVERIFY(trace.last()); // stays for a look at something else
+        rig.sensor().setMagnetPosition(50);
+        rig.sensor().setParameter('A', "00000002");
+        QVERIFY(rig.choosePage(kRow));
+        QTRY_VERIFY(trace.last() && trace.last()->millimetres < 60);
+        QVERIFY(trace.visible().front().millimetres < 60);
     }
 
     void statusTextTellsTheSteps()

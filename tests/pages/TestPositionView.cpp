@@ -22,6 +22,7 @@ struct Rig
 {
     explicit Rig(PositionView::Kind kind) : view(kind, nullptr)
     {
+        view.setStreaming(kind == PositionView::Kind::Live);
         view.resize(1000, 300);
         view.show();
         view.trace().setResolution(0.01);
@@ -32,7 +33,7 @@ struct Rig
         std::vector<PositionPoint> points;
         for (int i = from * 100; i < to * 100; ++i)
             points.push_back({i / 100.0, i / 100.0});
-        view.append(points, malformed);
+        view.append(points, malformed, to);
     }
     [[nodiscard]] QString figure(int caption)
     {
@@ -162,10 +163,58 @@ private Q_SLOTS:
                  QStringLiteral("Minimum\t-10.99\tmm\nMaximum\t0.00\tmm\nSpan\t10.99\tmm\n"
                                 "Mean\t-5.50\tmm\nStandard deviation\t3.1769\tmm\n"
                                 "Velocity\t1.0\tmm/s\nPositions per second\t100.0\t\n"
-                                "Malformed frames\t0\t\nTime at the cursor\t\ts\n"
+                                "Longest gap\t0.0100\ts\n"
+                                "Malformed frames\t0\t\nRecorded\t\ts\nTime at the cursor\t\ts\n"
                                 "Position at the cursor\t\tmm\nRelative to 10.99 mm\n"));
         rig.click("zeroButton");
         QTRY_COMPARE(rig.figure(1840), QStringLiteral("0.00 mm"));
+    }
+
+    void whatIsWaitedForIsNoPosition()
+    {
+        Rig rig(PositionView::Kind::Live);
+        rig.come(0, 10, 3);
+        QTRY_COMPARE(rig.figure(1846), QStringLiteral("3"));
+        rig.view.trace().waitUntil(20);
+        QTRY_COMPARE(rig.figure(1861), QStringLiteral("10.0100 s"));
+        QCOMPARE(rig.figure(1841), QStringLiteral("9.99 mm"));
+        QCOMPARE(rig.figure(159), QString());
+        rig.view.trace().waitUntil(50);
+        QTRY_COMPARE(rig.figure(1841), QString()); // not within what is shown any more
+        rig.view.clear();
+        QTRY_COMPARE(rig.figure(1846), QString());
+        rig.come(0, 1);
+        QTRY_COMPARE(rig.figure(159), QStringLiteral("1.0 mm/s"));
+        rig.view.setStreaming(false);
+        QCOMPARE(rig.figure(159), QString());
+        QCOMPARE(rig.figure(1841), QStringLiteral("0.99 mm"));
+    }
+
+    void rangeAndTimeAreMovedByKeysAndWheel()
+    {
+        Recording rig(hour()); // 0 to 36 mm
+        const auto middle = [&rig] {
+            const QPoint at = rig.view.trace().plot().center();
+            return rig.view.trace().scale().millimetresAt(at.y());
+        };
+        auto* held = rig.view.findChild<QAbstractButton*>(QStringLiteral("holdRangeCheck"));
+        const double before = middle();
+        rig.key(Qt::Key_Up);
+        QVERIFY(middle() > before + 3 && middle() < before + 5);
+        QVERIFY(held->isChecked());
+        rig.click("holdRangeCheck");
+        QCOMPARE(middle(), before);
+        const double perPixel = rig.view.trace().scale().millimetresPerPixel();
+        rig.key(Qt::Key_Plus, Qt::ControlModifier);
+        QVERIFY(rig.view.trace().scale().millimetresPerPixel() < perPixel);
+        QVERIFY(qAbs(middle() - before) < perPixel);
+
+        rig.key(Qt::Key_Plus); // the last ten minutes
+        rig.key(Qt::Key_PageUp);
+        QCOMPARE(rig.view.trace().end(), 3600.001 - 0.9 * 600);
+        for (int i = 0; i < 9; ++i)
+            rig.key(Qt::Key_PageUp);
+        QCOMPARE(rig.figure(1840), QStringLiteral("0.00 mm"));
     }
 
     void heldRangeStaysAndPeaksAreDrawn()

@@ -1,3 +1,4 @@
+#include "app/Commands.h"
 #include "app/NoticeStrip.h"
 #include "pages/CalculateOffsetDialog.h"
 #include "pages/FactoryParamsPage.h"
@@ -255,6 +256,20 @@ private Q_SLOTS:
         QTest::mouseClick(&rig.applyButton(), Qt::LeftButton);
         QTRY_COMPARE(stroke, QStringLiteral("1250.0"));
         QVERIFY(rig.waitIdle());
+    }
+
+    void verifiedIsSaidOnlyOfTheSensorThatIsConnected()
+    {
+        for (const bool heard : {true, false}) {
+            Rig rig(true);
+            QVERIFY(rig.open());
+            if (!heard)
+                rig.fail(Fault::Deaf, rig.frame());
+            QCOMPARE(rig.apply(), QString());
+            QVERIFY(rig.clickCommand(kConnectCommand));
+            QVERIFY(waitFor([&] { return rig.window().currentPage() == 0; }) && rig.waitIdle());
+            QCOMPARE(rig.strip().isEmpty(), heard); // what differs can still be mended
+        }
     }
 
     void nothingIsWrittenToASensorThatIsNotAsThePageShowsIt()

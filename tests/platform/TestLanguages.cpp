@@ -26,12 +26,12 @@ namespace {
 const QList<int> kLanguages{1, 2, 4, 8, 16};
 
 const QString kChapters =
-    u"connect port information position output offset factory backup safe log manual "
+    u"connect port settings information position output offset factory backup safe log manual "
     "compensation display keyboard troubleshooting"_s;
 
 /// The captions in menus that are no titles as well: they alone mark a letter.
 const QString kMarked =
-    u"106 108 109 1730 1760 193 194 195 196 197 198 200 201 202 203 204 205 206 207 208 209"_s;
+    u"106 108 109 1730 1760 1900 193 194 195 196 197 198 200 201 202 203 204 205 206 207 208 209"_s;
 
 /// What a pattern's first group matches in a text, in order.
 QStringList captures(const QString& text, const QString& pattern)

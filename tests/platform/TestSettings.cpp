@@ -1,6 +1,8 @@
 #include "platform/core/Profile.h"
 #include "platform/core/RegistryConfig.h"
+#include "platform/core/SettingsFile.h"
 #include "platform/core/SettingsLocation.h"
+#include "support/Languages.h"
 #include "support/Rows.h"
 #include "support/TestFolder.h"
 
@@ -214,6 +216,49 @@ private Q_SLOTS:
               std::pair(u"C:\\Pelorin\\"_s, programFolder()),
               std::pair(u"\\\\server\\P\\"_s, programFolder())})
             QCOMPARE(installationFolder(path), folder);
+    }
+
+    void usersOwnFileBeginsAsACopyOfTheOneInForce()
+    {
+        const QByteArray path =
+            "[HKEY_LOCAL_MACHINE\\SOFTWARE\\Korvex Systems\\Pelorin]\n\"Path\"=";
+        const QString site = m_folder->path(u"site/pelorin.reg"_s);
+        const QString own = m_folder->path(u"own/new/pelorin.reg"_s);
+        QVERIFY(m_folder->put(u"site/pelorin.reg"_s, kSite + path + "\"..\\\\share\" ; here\n"));
+        SettingsFile copied({site, own});
+        QVERIFY(copied.replaced() == site && copied.path() == own && !copied.isUsersOwn());
+        QCOMPARE(copied.content(),
+                 kSite + path + "\"" + m_folder->path(u"share"_s).toUtf8() + "\" ; here\n");
+        QVERIFY(!copied.hasChanged() && copied.save(copied.content()).isDone());
+        QVERIFY(!copied.hasChanged() && m_folder->put(u"own/new/pelorin.reg"_s, kSite));
+        QVERIFY(copied.hasChanged());
+
+        // A link stays one; whoever goes back to the site's settings keeps theirs.
+        const QString link = m_folder->path(u"link.reg"_s);
+        QVERIFY(QFile::link(own, link));
+        SettingsFile linked({link, link});
+        QVERIFY(linked.replaced().isEmpty() && linked.content() == kSite && linked.isUsersOwn());
+        QVERIFY(linked.save("REGEDIT4").isDone() && QFileInfo(link).isSymLink());
+        QCOMPARE(m_folder->content(u"own/new/pelorin.reg"_s), QByteArray("REGEDIT4"));
+        QVERIFY(linked.problem().isEmpty() && linked.setAside().isDone());
+        QVERIFY(!QFileInfo(link).isSymLink() && QFileInfo::exists(linked.asidePath()));
+
+        // What cannot be given back, or not be written, is shown only.
+        const Languages languages(1);
+        QFile gone(m_folder->path(u"gone/test.reg"_s)); // open, but its folder does not exist
+        QVERIFY(m_folder->put(u"gone/test.reg"_s, kSite) && gone.open(QIODevice::ReadOnly) &&
+                QDir(m_folder->path(u"gone"_s)).removeRecursively());
+        const QString goneFile = u"/proc/self/fd/%1"_s.arg(gone.handle());
+        const QByteArray damaged = kSite + "\"B\"=1\n";
+        QVERIFY(m_folder->put(u"site/pelorin.reg"_s, damaged));
+        for (const auto& [file, content, reason] :
+             {std::tuple(site, damaged, u"damaged in line 3"_s),
+              std::tuple(goneFile, kSite, u"No such file"_s)}) {
+            const SettingsFile edited({file, file, true});
+            QVERIFY2(edited.problem().contains(file) && edited.problem().contains(reason),
+                     qPrintable(edited.problem()));
+            QVERIFY(edited.content() == content && !edited.isUsersOwn());
+        }
     }
 
     void installedSettingsHoldWhatTheirCommentsPromise()

@@ -82,6 +82,7 @@ public:
     std::string swallowed; ///< frames that begin so never arrive
     std::string cut;       ///< this frame is reported as cut
     std::string last;      ///< once this frame has left the sensor vanishes
+    int skipped = 0;       ///< how often that frame leaves before
     Clock::duration supplyKept = Clock::duration::max(); ///< least time from a frame on
 
 private:
@@ -108,7 +109,7 @@ private:
                 m_bench.m_lastFrame = Clock::now();
             if (bytes == m_bench.cut)
                 return {0, 1};
-            if (bytes == m_bench.last)
+            if (bytes == m_bench.last && m_bench.skipped-- == 0)
                 m_bench.sensor->vanish();
             return result;
         }

@@ -6,6 +6,8 @@
 
 #include <QTest>
 
+#include <sys/file.h>
+#include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -13,6 +15,8 @@ using namespace pelorin;
 using namespace pelorin::test;
 
 namespace {
+
+bool g_lockable = true; ///< whether the folder's file system has locks
 
 using Kind = WriteResult::Kind;
 using Reason = WriteResult::Reason;
@@ -36,6 +40,14 @@ struct Kept
 };
 
 } // namespace
+
+extern "C" int flock(int descriptor, int operation) noexcept
+{
+    if (g_lockable)
+        return static_cast<int>(::syscall(SYS_flock, descriptor, operation));
+    errno = ENOLCK;
+    return -1;
+}
 
 class TestJournal : public QObject
 {
@@ -97,7 +109,7 @@ private Q_SLOTS:
         QVERIFY(kept.journal.entries() == expected);
     }
 
-    void fullDiskLeavesAnEntryWholeOrAbsent()
+    void folderThatRefusesLeavesAnEntryWholeOrAbsent()
     {
         int begunOnly = 0;
         for (rlim_t bytes = 0; bytes < 1024; bytes += 32) {
@@ -115,6 +127,11 @@ private Q_SLOTS:
         QVERIFY(begunOnly > 0);
         const Journal below(QStringLiteral("/dev/null/journal"));
         QCOMPARE(below.begin(state()).outcome.systemError, ENOTDIR);
+        const Kept unlockable;
+        g_lockable = false; // others would take it for left unfinished
+        QCOMPARE(unlockable.journal.begin(state()).outcome.systemError, ENOLCK);
+        g_lockable = true;
+        QCOMPARE(unlockable.folder.names(), QString());
     }
 
     void onlyWhatNobodyWorksOnIsUnfinishedAndCanBeRemoved()

@@ -44,22 +44,37 @@ private Q_SLOTS:
             std::vector<PositionPoint> points;
             double minimum, maximum, mean;
             std::optional<double> deviation, velocity, perSecond;
+            double longestGap;
+            double silent = 0.0; ///< seconds, at the end
         };
         const auto none = std::nullopt;
         const auto turning = [](int i) { return i < 1000 ? i / 400.0 : 5.0 - i / 400.0; };
         forEachRow<Row>(
-            {{"no position", {}, 0, 0, 0, none, none, none},
-             {"one", {{7.0, -3.5}}, -3.5, -3.5, -3.5, none, none, none},
-             {"two at one moment", {{7.0, 1}, {7.0, 2}}, 1, 2, 1.5, std::sqrt(0.5), none, none},
-             {"at rest", points(801, [](int) { return 12.345; }), 12.345, 12.345, 12.345, 0, 0,
-              400},
-             {"ramp", points(3, [](int i) { return i * 2.0; }), 0, 4, 2, 2, 800, 400},
+            {{"no position", {}, 0, 0, 0, none, none, none, 0},
+             {"one", {{7.0, -3.5}}, -3.5, -3.5, -3.5, none, none, none, 0},
+             {"two at one moment", {{7.0, 1}, {7.0, 2}}, 1, 2, 1.5, std::sqrt(0.5), none, none, 0},
+             {"at rest", points(801, [](int) { return 12.345; }), 12.345, 12.345, 12.345, 0, 0, 400,
+              0.0025},
+             {"ramp", points(3, [](int i) { return i * 2.0; }), 0, 4, 2, 2, 800, 400, 0.0025},
              {"noise far from zero", points(2, [](int i) { return 1e7 + i % 2 * 0.001; }), 1e7,
-              1e7 + 0.001, 1e7 + 0.0005, std::sqrt(0.5) * 0.001, 0.4, 400},
+              1e7 + 0.001, 1e7 + 0.0005, std::sqrt(0.5) * 0.001, 0.4, 400, 0.0025},
              {"velocity is that of the end", points(2001, turning), 0, 2.5, 1.249375312,
-              0.722229350, -1, 400}},
+              0.722229350, -1, 400, 0.0025},
+             {"silence is no part of the rate",
+              {{0, 1}, {0.1, 2}, {7.1, 2}, {7.5, 1}},
+              1,
+              2,
+              1.5,
+              std::sqrt(1.0 / 3),
+              -2.5,
+              4,
+              7},
+             {"velocity is not known while silent", points(3, [](int i) { return i * 2.0; }), 0, 4,
+              2, 2, none, 400, 0.6, 0.6}},
             [](const Row& row) {
-                const PositionFigures figures = positionFigures(row.points);
+                const PositionFigures figures = positionFigures(
+                    row.points,
+                    (row.points.empty() ? 0.0 : row.points.back().seconds) + row.silent);
                 QCOMPARE(figures.count, static_cast<qsizetype>(row.points.size()));
                 QVERIFY(isClose(figures.minimum, row.minimum));
                 QVERIFY(isClose(figures.span(), row.maximum - row.minimum));
@@ -69,6 +84,7 @@ private Q_SLOTS:
                          qPrintable(QString::number(figures.deviation.value_or(-1), 'f', 9)));
                 QVERIFY(isClose(figures.velocity, row.velocity));
                 QVERIFY(isClose(figures.perSecond, row.perSecond));
+                QVERIFY(isClose(figures.longestGap, row.longestGap));
             });
     }
 

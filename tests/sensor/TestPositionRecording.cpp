@@ -19,7 +19,7 @@ const RecordingHead kHead{QStringLiteral("02.08"), 2, QStringLiteral("COM99"), 0
 const QByteArray kHeadText = "Pelorin position recording,1\r\nSensor version,02.08\r\n"
                              "Sensor type,2\r\nPort,COM99\r\nResolution (mm),0.005\r\n"
                              "Start (UTC),2026-03-01T07:08:09.010Z\r\nTime (s),Position (mm)\r\n";
-const std::vector<PositionPoint> kPoints{{0, 12.345}, {0.0025, -0.005}, {3600.5, 1000}};
+const QList<PositionPoint> kPoints{{0, 12.345}, {0.0025, -0.005}, {3600.5, 1000}};
 const QByteArray kLines = "0.0000,12.345\r\n0.0025,-0.005\r\n3600.5000,1000.000\r\n";
 const QString kName = QStringLiteral("recording.csv");
 
@@ -45,7 +45,7 @@ private Q_SLOTS:
         {
             const char* name;
             QByteArray text;
-            std::size_t points;
+            qsizetype points;
             int firstBadLine, badLines;
         };
         forEachRow<Row>(
@@ -60,6 +60,7 @@ private Q_SLOTS:
              {"decimal comma", kHeadText + "0,0000,1,5\r\n" + kLines, 3, 8, 1},
              {"words and blanks", kHeadText + kLines + "nan,1\r\n1e9,1\r\n\r\n9000,inf\r\n", 3, 11,
               4},
+             {"lines run together", kHeadText + kLines + "3700.0,1000003700123\r\n", 3, 11, 1},
              {"time goes back", kHeadText + kLines + "1.0000,5\r\n3601.0000,5\r\n", 4, 11, 1},
              {"head again", kHeadText + kLines + "Port,COM1\r\n", 3, 11, 1}},
             [](const Row& row) {

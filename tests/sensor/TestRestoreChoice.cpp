@@ -122,6 +122,8 @@ private Q_SLOTS:
                 refused("no own resolution", "A000000", "", Refusal::NoResolution),
                 refused("scale too large", "U99999999", "A1", Refusal::DoesNotFit),
                 refused("offset too large", "N400000", "L0A1000 A01", Refusal::DoesNotFit),
+                refused("settings that no list has", "", "D0A0518 A7 K000301", Refusal::NotOffered,
+                        "AK"),
                 refused("too fine", "", "A5", Refusal::ResolutionTooFine, "", 0),
                 refused("synchronous", "", "D0A0018", Refusal::ModeNotOffered, "", 0),
             },

@@ -21,7 +21,10 @@ using Fault = SimulatedFault::Kind;
 /// A writer on a connected type 2 sensor, and what it tells.
 struct Writer final : QObject
 {
-    explicit Writer(SafeWriter::Settings settings = {}) : writer(bench.runner, journal, settings) {}
+    explicit Writer(SafeWriter::Settings settings = {}) : writer(bench.runner, journal, settings)
+    {
+        connect(&writer, &SafeWriter::ended, this, [this](auto& ended) { told = ended; });
+    }
 
     void fail(Fault kind, const char* command, int times = 0) const
     {
@@ -50,6 +53,22 @@ struct Writer final : QObject
     {
         return waitFor([this] { return result.has_value(); });
     }
+    void comeBack()
+    {
+        bench.last.clear();
+        bench.sensor->clearFaults();
+        bench.sensor->comeBack();
+    }
+    /// Connects, and has what was lost compared. @return whether it ends and tells something
+    [[nodiscard]] bool compared(bool untouched)
+    {
+        told.reset();
+        if (!bench.connectSensor())
+            return false;
+        bool done = false;
+        writer.compareAfterConnect(untouched, [&done] { done = true; });
+        return waitFor([&done] { return done; }) && told;
+    }
     [[nodiscard]] QByteArray held(char id) const
     {
         return QByteArray::fromStdString(bench.sensor->parameter(id));
@@ -62,6 +81,7 @@ struct Writer final : QObject
     SafeWriter writer;
     std::function<void(Phase)> at;
     std::optional<WriteResult> result;
+    std::optional<WriteResult> told; ///< to everybody
 };
 
 } // namespace
@@ -213,28 +233,63 @@ private Q_SLOTS:
 
     void whatWasWrittenWhenTheLinkWasLostIsComparedAfterTheNextConnect()
     {
-        for (const bool heard : {true, false}) {
-            Writer w;
-            QVERIFY(w.bench.connectSensor());
-            if (!heard)
-                w.fail(Fault::Deaf, "CN");
-            w.bench.last = "CN\r";
-            QVERIFY(w.begin() && w.end());
-            QCOMPARE(int(w.result->reason), int(Reason::LinkLost));
-            w.bench.last.clear();
-            w.bench.sensor->clearFaults();
-            w.bench.sensor->comeBack();
-            QVERIFY(w.bench.connectSensor());
-            std::optional<WriteResult> compared;
-            connect(&w.writer, &SafeWriter::ended, &w,
-                    [&](const auto& result) { compared = result; });
-            bool done = false;
-            w.writer.compareAfterConnect(true, [&done] { done = true; });
-            QVERIFY(waitFor([&done] { return done; }));
-            QVERIFY(compared.has_value());
-            QCOMPARE(int(compared->kind), int(heard ? Kind::Verified : Kind::Differs));
-            QCOMPARE(compared->nothingChanged, !heard);
-        }
+        struct Row
+        {
+            const char* name;
+            bool closed;                       ///< the sensor has heard the closing command
+            std::function<void(Writer&)> back; ///< it comes back
+            bool untouched;
+            Kind kind;
+            Reason reason = Reason::None;
+            bool nothingChanged = false;
+        };
+        const auto alone = [](Writer&) {};
+        const auto change = [](char id, const char* text) {
+            return [=](Writer& w) { w.bench.sensor->setParameter(id, text); };
+        };
+        forEachRow(
+            std::vector<Row>{
+                {"heard", true, alone, true, Kind::Verified},
+                {"not heard", false, alone, true, Kind::Differs, Reason::None, true},
+                {"heard, and written to since", true, alone, false, Kind::NotChecked,
+                 Reason::NotRestarted},
+                {"not heard, and written to since", false, alone, false, Kind::Differs},
+                {"another version", true, change('V', "3A0199"), true, Kind::NotChecked,
+                 Reason::AnotherSensor},
+                {"another factory text", false, change('F', "SN099999"), true, Kind::NotChecked,
+                 Reason::AnotherSensor},
+                {"lost again after a difference", false,
+                 [](Writer& w) {
+                     w.bench.last = "DA\r"; // when it is asked once more
+                     w.bench.skipped = 1;
+                     w.fail(Fault::Silent, "DA", 1);
+                     QVERIFY(w.compared(true));
+                     QCOMPARE(int(w.told->reason), int(Reason::LinkLost));
+                     w.comeBack();
+                     w.bench.sensor->setParameter('A', "00000010");
+                     w.bench.sensor->setParameter('N', "000122");
+                 },
+                 true, Kind::Verified},
+            },
+            [](const Row& row) {
+                Writer w;
+                QVERIFY(w.bench.connectSensor());
+                if (!row.closed)
+                    w.fail(Fault::Deaf, "CN");
+                w.bench.last = "CN\r";
+                QVERIFY(w.begin() && w.end());
+                QCOMPARE(int(w.result->reason), int(Reason::LinkLost));
+                QVERIFY(!w.journal.entries().constFirst().end->told);
+                QCOMPARE(w.journal.untold().size(), 0); // somebody still works on it
+                w.comeBack();
+                row.back(w);
+                QVERIFY(w.compared(row.untouched));
+                QCOMPARE(int(w.told->kind), int(row.kind));
+                QCOMPARE(int(w.told->reason), int(row.reason));
+                QCOMPARE(w.told->nothingChanged, row.nothingChanged);
+                QVERIFY((w.journal.entries().constFirst().end ==
+                         JournalEntry::End{row.kind, row.reason, true}));
+            });
     }
 
     void switchedOffOnlyTheWritesGoOverTheLine()

@@ -6,6 +6,7 @@
 #include "pages/ManualCommDialog.h"
 #include "pages/PasswordDialog.h"
 #include "pages/SelectPortDialog.h"
+#include "pages/SettingsDialog.h"
 #include "platform/core/LanguageStrings.h"
 #include "sensor/BackupFile.h"
 #include "support/MainWindowRig.h"
@@ -26,6 +27,7 @@
 #include <QScrollBar>
 #include <QStyleOptionComboBox>
 #include <QTabBar>
+#include <QTabWidget>
 #include <QTableWidget>
 #include <QTest>
 
@@ -265,12 +267,23 @@ private Q_SLOTS:
                                              {{'D', "4A0519"}, {'U', "283000"}},
                                              {{'D', "4E0519"}, {'U', "256000"}}});
         };
+        const auto makeSettings = [&](int tab) {
+            auto* dialog = new SettingsDialog(window, {{7, u"/dev/ttyS6"_s}, "3A0102", {}, {}});
+            dialog->show();
+            dialog->findChild<QTabWidget*>()->setCurrentIndex(tab);
+            return dialog;
+        };
         const std::vector<std::function<QDialog*()>> makers{
             [&] { return new AboutDialog(window); },
             [&] { return new CalculateOffsetDialog(window, true, 1250); },
             [&] { return new PasswordDialog(window, 240); },
             [&] { return new SelectPortDialog(window, 7); },
             [&] { return new ManualCommDialog(window, runner); },
+            [&] { return makeSettings(0); },
+            [&] { return makeSettings(1); },
+            [&] { return makeSettings(2); },
+            [&] { return makeSettings(3); },
+            [&] { return makeSettings(4); },
             makeDisplay,
             makeReview,
             makeBackup};
@@ -315,7 +328,11 @@ private:
     MainWindowRig m_rig{{.type = 2},
                         "[HKEY_LOCAL_MACHINE\\SOFTWARE\\Korvex Systems\\Pelorin]\r\n"
                         "\"EnableQDL3\"=\"1\"\r\n\"EnableTempComp\"=\"1\"\r\n"
-                        "\"QDL3Comport\"=\"simulator:display\"\r\n"};
+                        "\"QDL3Comport\"=\"simulator:display\"\r\n"
+                        "[HKEY_LOCAL_MACHINE\\SOFTWARE\\Korvex Systems\\Pelorin\\Package Parameters"
+                        "\\Package0]\r\n\"Name\"=\"Rod\"\r\n"
+                        "[HKEY_LOCAL_MACHINE\\HARDWARE\\DEVICEMAP\\SERIALCOMM]\r\n"
+                        "\"/dev/none\"=\"COM9\"\r\n"};
 };
 
 QTEST_MAIN(TestWindows)

@@ -2,6 +2,7 @@
 
 #include "app/Commands.h"
 #include "platform/core/LanguageStrings.h"
+#include "platform/core/SettingsLocation.h"
 #include "platform/core/Strings.h"
 #include "simulator/SimulatedDisplayUnit.h"
 #include "simulator/SimulatedPorts.h"
@@ -39,6 +40,15 @@ bool isHalfDone()
     const QWidget* dialog = QApplication::activeModalWidget();
     const auto* bar = dialog ? dialog->findChild<QProgressBar*>() : nullptr;
     return bar && bar->value() > bar->maximum() / 2;
+}
+
+/// Whether the file of the settings has what is entered in the tour, and nothing else is changed.
+bool areEntered(const Tour& tour)
+{
+    QByteArray expected = contentOf(programFolder() + QStringLiteral("/demo.reg"));
+    expected.replace("\"Type1High\"=dword:0000002f", "\"Type1High\"=dword:0000002e");
+    expected.replace("\"SEDistance\"=\"28.0\"", "\"SEDistance\"=\"28.5\"");
+    return contentOf(tour.path(QStringLiteral("settings.reg"))) == expected;
 }
 
 /// Whether a window that is on top of the main window has the control.
@@ -284,6 +294,31 @@ std::vector<Tour::Step> script(Tour& tour, SimulatedPorts& simulators, int langu
                      [&tour] { return tour.textAt("lookupList", 0, 1) == QLatin1String("-40.0"); }),
         tour.picture("temperature-compensation"),
         tour.page(kInformation),
+
+        Tour::print(QStringLiteral("Settings")),
+        tour.command(kSettingsCommand),
+        Tour::when(isShown("tabs"), tour.picture("settings")),
+        tour.type("high1Edit", QStringLiteral("3F")),
+        tour.printChanged("overlapLabel"),
+        tour.type("low1Edit", QStringLiteral("40")),
+        tour.click("okButton"), // is refused
+        tour.printChanged("noteLabel"),
+        tour.picture("settings-refused"),
+        tour.type("low1Edit", QStringLiteral("20")),
+        tour.type("high1Edit", QStringLiteral("2E")),
+        tour.tab(1),
+        tour.picture("settings-general"),
+        tour.tab(2),
+        tour.printList("portList"),
+        tour.picture("settings-ports"),
+        tour.tab(3),
+        tour.cell("packageList", 2, 1, QStringLiteral("28.5")),
+        tour.picture("settings-packages"),
+        tour.tab(4),
+        tour.picture("settings-display"),
+        tour.click("okButton"),
+        Tour::expect("the settings are stored and all else is left",
+                     [&tour, noDialog] { return noDialog() && areEntered(tour); }),
 
         Tour::print(QStringLiteral("Display unit")),
         tour.command(kDisplayUnitCommand),

@@ -17,6 +17,7 @@
 #include <QMessageBox>
 #include <QPlainTextEdit>
 #include <QRadioButton>
+#include <QTabBar>
 #include <QTableWidget>
 #include <QTest>
 #include <QTimer>
@@ -159,6 +160,14 @@ Tour::Step Tour::key(const char* control, Qt::Key key)
 {
     return step(QStringLiteral("a key in %1").arg(QLatin1String(control)),
                 [this, control, key] { QTest::keyClick(&findWidget(control), key); });
+}
+
+Tour::Step Tour::tab(int index)
+{
+    return step(QStringLiteral("tab %1").arg(index), [this, index] {
+        auto& bar = *top().findChild<QTabBar*>();
+        QTest::mouseClick(&bar, Qt::LeftButton, {}, bar.tabRect(index).center());
+    });
 }
 
 Tour::Step Tour::file(const QString& name)

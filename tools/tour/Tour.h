@@ -45,6 +45,8 @@ public:
     /// Types a text in the place of the one that is there.
     [[nodiscard]] Step type(const char* edit, const QString& text);
     [[nodiscard]] Step key(const char* control, Qt::Key key);
+    /// Clicks the tab of the window on top.
+    [[nodiscard]] Step tab(int index);
     /// Enters a name in the folder of the tour in the file dialog.
     [[nodiscard]] Step file(const QString& name);
     /// Prints the text of a message box and closes it.

@@ -4,16 +4,18 @@
 #include "app/PelorinApp.h"
 #include "app/PelorinMainWindow.h"
 #include "platform/core/ComPortFactory.h"
+#include "platform/core/SettingsLocation.h"
 #include "platform/core/TermiosComPort.h"
 #include "simulator/SimulatedPorts.h"
 
 #include <QApplication>
+#include <QFile>
 #include <QTest>
 
 using namespace pelorin;
 
-/// Runs the program, on the demonstration's settings and its type 2 sensor, and makes the tour.
-/// Arguments: the folder for the pictures, and the code of the language (1, English).
+/// Runs the program, on a copy of the demonstration's settings and its type 2 sensor, and makes the
+/// tour. Arguments: the folder for the pictures, and the code of the language (1, English).
 int main(int argc, char* argv[])
 {
     QApplication application(argc, argv);
@@ -21,6 +23,13 @@ int main(int argc, char* argv[])
     const QStringList arguments = QApplication::arguments();
     const QDir folder(arguments.value(1, QStringLiteral(".")));
     if (!folder.mkpath(QStringLiteral(".")))
+        return EXIT_FAILURE;
+
+    // The tour changes the settings.
+    const QString settings = folder.absoluteFilePath(QStringLiteral("settings.reg"));
+    (void)QFile::remove(settings); // of an earlier tour
+    if (!QFile::copy(registryFilePath(), settings) ||
+        !qputenv("PELORIN_REGISTRY", settings.toUtf8()))
         return EXIT_FAILURE;
 
     SimulatedPorts simulators;

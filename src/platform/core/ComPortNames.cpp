@@ -1,5 +1,6 @@
 #include "platform/core/ComPortNames.h"
 
+#include "platform/core/RegistryConfig.h"
 #include "platform/core/RegistryFile.h"
 #include "platform/core/SettingsLocation.h"
 
@@ -9,7 +10,6 @@
 #include <QSerialPortInfo>
 
 #include <algorithm>
-#include <optional>
 
 namespace pelorin {
 
@@ -22,15 +22,6 @@ constexpr const char* kKinds[] = {"ttyS", "ttyUSB", "ttyACM"};
 QString adapterFolder()
 {
     return QStringLiteral("/dev/serial/by-id");
-}
-
-/// The n of "COMn" or "\\.\COMn"; nothing for any other text.
-std::optional<int> comNumber(const QString& name)
-{
-    static const QRegularExpression pattern(QStringLiteral(R"(^(?:\\\\\.\\)?COM(\d{1,9})$)"),
-                                            QRegularExpression::CaseInsensitiveOption);
-    const auto match = pattern.match(name);
-    return match.hasMatch() ? std::optional(match.captured(1).toInt()) : std::nullopt;
 }
 
 QString fixedDevice(int number)
@@ -66,23 +57,30 @@ QString resolved(const QString& device)
 
 } // namespace
 
-ComPortNames::ComPortNames()
+ComPortNames::ComPortNames() : ComPortNames(RegistryFile::read(registryFilePath())) {}
+
+ComPortNames::ComPortNames(const RegistryFile& settings)
 {
-    const auto entries =
-        RegistryFile::read(registryFilePath())
-            .entries(QStringLiteral("\\HKEY_LOCAL_MACHINE\\HARDWARE\\DEVICEMAP\\SERIALCOMM"));
-    for (const auto& entry : entries) {
+    for (const auto& entry : settings.entries(serialPortsKey())) {
         const auto* const name = std::get_if<QString>(&entry.value);
-        const auto number = name ? comNumber(*name) : std::nullopt;
+        const auto number = name ? numberIn(*name) : std::nullopt;
         // A site's export also lists the devices of the machine that it comes from.
         if (number && !isWindowsPath(entry.name))
             m_devices.insert(*number, entry.name);
     }
 }
 
+std::optional<int> ComPortNames::numberIn(const QString& name)
+{
+    static const QRegularExpression pattern(QStringLiteral(R"(^(?:\\\\\.\\)?COM(\d{1,9})$)"),
+                                            QRegularExpression::CaseInsensitiveOption);
+    const auto match = pattern.match(name);
+    return match.hasMatch() ? std::optional(match.captured(1).toInt()) : std::nullopt;
+}
+
 QString ComPortNames::devicePath(const QString& name) const
 {
-    const auto number = comNumber(name);
+    const auto number = numberIn(name);
     if (!number)
         return name;
     if (m_devices.contains(*number))

@@ -4,7 +4,11 @@
 #include <QMap>
 #include <QString>
 
+#include <optional>
+
 namespace pelorin {
+
+class RegistryFile;
 
 /// A port that can be chosen now.
 struct PresentPort
@@ -35,6 +39,11 @@ public:
 
     /// Reads the settings of this run.
     ComPortNames();
+    /// The numbers that a settings file gives, which need not be that of this run.
+    explicit ComPortNames(const RegistryFile& settings);
+
+    /// The n of "COMn" or "\\.\COMn"; nothing for any other text.
+    [[nodiscard]] static std::optional<int> numberIn(const QString& name);
 
     /// The device that a name stands for. "COM7" and "\\.\COM7" name the same port, in either
     /// letter case; null if no device has the number. Any other text is a device already and

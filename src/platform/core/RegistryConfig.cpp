@@ -10,6 +10,11 @@ QString productKey(const QString& below)
     return below.isEmpty() ? key : key + QLatin1Char('\\') + below;
 }
 
+QString serialPortsKey()
+{
+    return QStringLiteral("\\HKEY_LOCAL_MACHINE\\HARDWARE\\DEVICEMAP\\SERIALCOMM");
+}
+
 RegistryConfig::RegistryConfig() : m_file(RegistryFile::read(registryFilePath())) {}
 
 int RegistryConfig::setStorage(const QString& keyPath, int /*flags*/)

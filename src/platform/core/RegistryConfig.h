@@ -10,13 +10,18 @@ namespace pelorin {
 /// @param below without a backslash in front; empty for the key itself
 [[nodiscard]] QString productKey(const QString& below = {});
 
+/// The key that gives serial devices their COM numbers: a value each, named like the device.
+[[nodiscard]] QString serialPortsKey();
+
 /// Reads the values of the settings, one key at a time, as the file of this run stood when the
-/// object was made; a new object sees a changed file. The program never writes them. Any thread.
+/// object was made; a new object sees a changed file. It never writes them. Any thread.
 class RegistryConfig
 {
 public:
     /// Reads the settings file. One that is missing or damaged has no keys.
     RegistryConfig();
+    /// The same for a file that has been read already.
+    explicit RegistryConfig(const RegistryFile& file) : m_file(file) {}
 
     /// Points at a key, "\HKEY_LOCAL_MACHINE\SOFTWARE\..." with the hive's full name.
     /// @param flags always 0

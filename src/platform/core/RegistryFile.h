@@ -1,11 +1,12 @@
 #pragma once
 
+#include "platform/core/RegistryLexer.h"
+
 #include <QHash>
 #include <QList>
 #include <QString>
 
 #include <optional>
-#include <variant>
 
 namespace pelorin {
 
@@ -16,7 +17,9 @@ namespace pelorin {
 class RegistryFile
 {
 public:
-    using Value = std::variant<QString, quint32>;
+    using Value = RegistryValue;
+
+    static constexpr qint64 kLargest = qint64{32} * 1024 * 1024; ///< far beyond any export in use
 
     struct Entry
     {
@@ -33,6 +36,8 @@ public:
 
     /// Reads a file. One that is missing or damaged anywhere holds no keys.
     [[nodiscard]] static RegistryFile read(const QString& path);
+    /// The same for what a file has been found to hold. @param path only told with a damage
+    [[nodiscard]] static RegistryFile parse(const QByteArray& content, const QString& path);
 
     /// What kept a file that exists from being used; the application reports it at start-up.
     [[nodiscard]] const std::optional<Damage>& damage() const { return m_damage; }
@@ -46,12 +51,12 @@ public:
     [[nodiscard]] QList<Entry> entries(const QString& keyPath) const;
 
 private:
-    class Parser;
-
     struct Key
     {
         QList<Entry> entries;                ///< all that the file has, in its order
         QHash<QString, qsizetype> lastIndex; ///< in entries, by folded name
+
+        void store(const Entry& entry);
     };
 
     QHash<QString, Key> m_keys; ///< by folded key path

@@ -173,6 +173,7 @@ private:
     /// Answers the request that was performed.
     void answer(int result)
     {
+        m_followTimes = {Clock::now(), Clock::now()}; // what the request has taken, too
         const std::lock_guard lock(m_mutex);
         post(m_current.id, result);
         begin({}); // what is taken between requests is no part of one that was cut short

@@ -9,18 +9,25 @@ namespace pelorin {
 
 QString registryFilePath()
 {
-    QString named = qEnvironmentVariable("PELORIN_REGISTRY");
-    if (!named.isEmpty())
+    if (QString named = namedRegistryFile(); !named.isEmpty())
         return named;
-
-    const QString users = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
-                          QStringLiteral("/pelorin/pelorin.reg");
     const QString sites = QStringLiteral("/etc/pelorin/pelorin.reg");
-    for (const QString& path : {users, sites}) {
+    for (const QString& path : {usersRegistryFile(), sites}) {
         if (QFileInfo::exists(path))
             return path;
     }
     return programFolder() + QStringLiteral("/pelorin.reg");
+}
+
+QString namedRegistryFile()
+{
+    return qEnvironmentVariable("PELORIN_REGISTRY");
+}
+
+QString usersRegistryFile()
+{
+    return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
+           QStringLiteral("/pelorin/pelorin.reg");
 }
 
 QString programFolder()
@@ -29,13 +36,13 @@ QString programFolder()
                            QStringLiteral("/../share/pelorin"));
 }
 
-QString installationFolder(const QString& installPath)
+QString installationFolder(const QString& installPath, const QString& settingsFile)
 {
     if (isWindowsPath(installPath))
         return programFolder();
     QString path = installPath;
     path.replace(QLatin1Char('\\'), QLatin1Char('/'));
-    const QDir settingsFolder = QFileInfo(registryFilePath()).absoluteDir();
+    const QDir settingsFolder = QFileInfo(settingsFile).absoluteDir();
     return QDir::cleanPath(settingsFolder.absoluteFilePath(path));
 }
 

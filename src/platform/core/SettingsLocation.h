@@ -9,6 +9,12 @@ namespace pelorin {
 /// that is installed with the program. The file need not exist.
 [[nodiscard]] QString registryFilePath();
 
+/// The settings file that was named for this run; empty if none was.
+[[nodiscard]] QString namedRegistryFile();
+
+/// The place of the user's own settings file, which need not exist.
+[[nodiscard]] QString usersRegistryFile();
+
 /// The folder that the program was installed to: share/pelorin beside the folder of the
 /// executable. Needs an application object.
 [[nodiscard]] QString programFolder();
@@ -16,7 +22,8 @@ namespace pelorin {
 /// The folder that an installation path from the settings stands for. A relative path counts
 /// from the folder of the settings file; a Windows path, as a site's exported settings have it,
 /// stands for programFolder(). Both kinds of slashes separate folders.
-[[nodiscard]] QString installationFolder(const QString& installPath);
+[[nodiscard]] QString installationFolder(const QString& installPath,
+                                         const QString& settingsFile = registryFilePath());
 
 /// Whether a path begins with a drive letter or a backslash.
 [[nodiscard]] bool isWindowsPath(const QString& path);

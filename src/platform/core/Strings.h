@@ -210,6 +210,8 @@ inline constexpr int kAllDecimals = 1857;
 inline constexpr int kRecordingFilter = 1858;
 inline constexpr int kMillimetresPerSecond = 1859;
 inline constexpr int kSecondsUnit = 1860;
+inline constexpr int kLongestGap = 1861;
+inline constexpr int kRecorded = 1862;
 
 // Output setup
 inline constexpr int kUnlock = 179;
@@ -310,6 +312,7 @@ inline constexpr int kNotAsThen = 1756;
 inline constexpr int kOffsetToBeCalculated = 1757;
 inline constexpr int kNothingDiffers = 1758;
 inline constexpr int kStateOfOtherType = 1759;
+inline constexpr int kNotOffered = 1870;
 
 // Safe writes
 inline constexpr int kCheckingSensor = 1700;
@@ -406,6 +409,53 @@ inline constexpr int kDisplayReading = 1603;
 inline constexpr int kDisplayAcknowledged = 1610;
 inline constexpr int kDisplayNotAcknowledged = 1611;
 inline constexpr int kDisplayUnitNode = 1612;
+
+// Settings
+inline constexpr int kSettingsCommand = 1900;
+inline constexpr int kSettingsTitle = 1901;
+inline constexpr int kSensorTypesTab = 1902;
+inline constexpr int kGeneralTab = 1903;
+inline constexpr int kPortsTab = 1904;
+inline constexpr int kPackagesTab = 1905;
+inline constexpr int kDisplayUnitTab = 1906;
+inline constexpr int kTypeLabel = 1907;
+inline constexpr int kLowestRevision = 1908;
+inline constexpr int kHighestRevision = 1909;
+inline constexpr int kConnectedRevision = 1910;
+inline constexpr int kNoRevision = 1911;
+inline constexpr int kRangesOverlap = 1912;
+inline constexpr int kSupplyByHand = 1913;
+inline constexpr int kSafeWritesBox = 1914;
+inline constexpr int kTempCompBox = 1915;
+inline constexpr int kDisplayUnitBox = 1916;
+inline constexpr int kNodeLabel = 1917;
+inline constexpr int kDevicePathHeader = 1918;
+inline constexpr int kDescriptionHeader = 1919;
+inline constexpr int kComNumberHeader = 1920;
+inline constexpr int kNotPresent = 1921;
+inline constexpr int kAdd = 1922;
+inline constexpr int kRemove = 1923;
+inline constexpr int kImport = 1924;
+inline constexpr int kUseSitesSettings = 1925;
+inline constexpr int kSettingsFrom = 1926;
+inline constexpr int kSettingsCopied = 1927;
+inline constexpr int kSettingsReadOnly = 1928;
+inline constexpr int kSettingsFileFilter = 1929;
+inline constexpr int kLowAboveHigh = 1930;
+inline constexpr int kNumberTwice = 1931;
+inline constexpr int kNoComNumber = 1932;
+inline constexpr int kPortIsBoths = 1933;
+inline constexpr int kPackageNoNumber = 1934;
+inline constexpr int kPackageUnnamed = 1935;
+inline constexpr int kSettingsChanged = 1936;
+inline constexpr int kOverwrite = 1937;
+inline constexpr int kReadAgain = 1938;
+inline constexpr int kAskForTables = 1939;
+inline constexpr int kAskForSites = 1940;
+inline constexpr int kPortMoved = 1941;
+inline constexpr int kSettingsInUse = 1942;
+inline constexpr int kNoPackagesInFile = 1943;
+inline constexpr int kImportTitle = 1944;
 
 // The conversation with the sensor
 inline constexpr int kBeingConnected = 1028;
