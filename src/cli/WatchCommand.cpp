@@ -225,6 +225,7 @@ private:
         add("mean", strings::kMean, figures.mean, decimals + 1);
         add("deviation", strings::kDeviation, figures.deviation, decimals + 1);
         add("perSecond", strings::kPositionsPerSecond, figures.perSecond, 1);
+        add("longestGap", strings::kLongestGap, figures.longestGap, 4);
         m_output.set(QStringLiteral("summary"), summary);
         if (!m_output.isJson() && figures.count > 0)
             m_output.tell(lines.join(QLatin1Char('\n')));

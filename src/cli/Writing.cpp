@@ -159,9 +159,10 @@ Written write(Invocation& invocation, WriteRequest request, const QStringList& q
     const int changes = session.runner().changes();
     if (Result asked = ask(invocation, request, questions); !asked.isDone())
         return {asked};
-    if (changes != session.runner().changes())
+    if (changes != session.runner().changes()) {
         return {
             {.exit = ExitCode::Failed, .code = "lost", .text = languageString(strings::kLinkLost)}};
+    }
 
     QString reason;
     const bool withoutJournal = invocation.parser().isSet(noJournalName());

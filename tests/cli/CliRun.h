@@ -92,6 +92,7 @@ inline QString faultOf(const QJsonObject& object, const QString& where = {})
         {QStringLiteral("/summary/mean"), Type::Double},
         {QStringLiteral("/summary/deviation"), Type::Double},
         {QStringLiteral("/summary/perSecond"), Type::Double},
+        {QStringLiteral("/summary/longestGap"), Type::Double},
         {QStringLiteral("/table"), Type::Array},
         {QStringLiteral("/table/point"), Type::Double},
         {QStringLiteral("/table/value"), Type::Double},
