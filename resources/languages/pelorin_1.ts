@@ -2167,6 +2167,98 @@ From then on %1 is read, and %2 no longer.</translation>
         <extracomment>%1 path</extracomment>
         <translation>The settings file %1 does not exist.</translation>
     </message>
+    <message id="2060">
+        <source>Writes saved parameters to a sensor, restarts it and compares.</source>
+        <translation>Writes saved parameters to a sensor, restarts it and compares.</translation>
+    </message>
+    <message id="2061">
+        <source>Changes output settings of a sensor, restarts it and compares. What is not named stays.</source>
+        <translation>Changes output settings of a sensor, restarts it and compares. What is not named stays.</translation>
+    </message>
+    <message id="2062">
+        <source>Shows the magnet's position until the time is over or the command is ended.</source>
+        <translation>Shows the magnet's position until the time is over or the command is ended.</translation>
+    </message>
+    <message id="2063">
+        <source>Lists the states that sensors had before they were written to, shows one, or puts one back.</source>
+        <translation>Lists the states that sensors had before they were written to, shows one, or puts one back.</translation>
+    </message>
+    <message id="2064">
+        <source>Writes even if what the sensor has now cannot be kept in the journal.</source>
+        <translation>Writes even if what the sensor has now cannot be kept in the journal.</translation>
+    </message>
+    <message id="2065">
+        <source>The password that skip-count needs.</source>
+        <translation>The password that skip-count needs.</translation>
+    </message>
+    <message id="2066">
+        <source>What is written for an offset that is not named while the data format has a multiplier.</source>
+        <translation>What is written for an offset that is not named while the data format has a multiplier.</translation>
+    </message>
+    <message id="2067">
+        <source>How long the position is shown.</source>
+        <translation>How long the position is shown.</translation>
+    </message>
+    <message id="2068">
+        <source>Records the positions in a file.</source>
+        <translation>Records the positions in a file.</translation>
+    </message>
+    <message id="2070">
+        <source>Say what is to be written: --all or --output-only.</source>
+        <translation>Say what is to be written: --all or --output-only.</translation>
+    </message>
+    <message id="2071">
+        <source>Write this to the sensor?</source>
+        <translation>Write this to the sensor?</translation>
+    </message>
+    <message id="2072">
+        <source>Nothing was written, because nobody has agreed. --yes agrees.</source>
+        <translation>Nothing was written, because nobody has agreed. --yes agrees.</translation>
+    </message>
+    <message id="2073">
+        <source>--no-journal writes all the same.</source>
+        <translation>--no-journal writes all the same.</translation>
+    </message>
+    <message id="2074">
+        <source>While safe writes are switched off the sensor is not read before: a backup can only be restored with --all. Nothing was written.</source>
+        <translation>While safe writes are switched off the sensor is not read before: a backup can only be restored with --all. Nothing was written.</translation>
+    </message>
+    <message id="2075">
+        <source>%1 is no setting. Settings are written NAME=VALUE, with these names: %2</source>
+        <extracomment>%1 what was given, %2 names</extracomment>
+        <translation>%1 is no setting. Settings are written NAME=VALUE, with these names: %2</translation>
+    </message>
+    <message id="2076">
+        <source>%2 is no value of %1. Its values: %3</source>
+        <extracomment>%1 setting, %2 what was given, %3 values</extracomment>
+        <translation>%2 is no value of %1. Its values: %3</translation>
+    </message>
+    <message id="2077">
+        <source>Sensors of type %1 do not have %2. Nothing was written.</source>
+        <extracomment>%1 type, %2 setting</extracomment>
+        <translation>Sensors of type %1 do not have %2. Nothing was written.</translation>
+    </message>
+    <message id="2078">
+        <source>The measurement direction changes, and the offset with it: name the new offset, too. Nothing was written.</source>
+        <translation>The measurement direction changes, and the offset with it: name the new offset, too. Nothing was written.</translation>
+    </message>
+    <message id="2079">
+        <source>Choose with --offset-count=keep-length or --offset-count=multiplied. Nothing was written.</source>
+        <translation>Choose with --offset-count=keep-length or --offset-count=multiplied. Nothing was written.</translation>
+    </message>
+    <message id="2080">
+        <source>%1 is named twice.</source>
+        <extracomment>%1 setting</extracomment>
+        <translation>%1 is named twice.</translation>
+    </message>
+    <message id="2081">
+        <source>then a pause of %1 ms</source>
+        <translation>then a pause of %1 ms</translation>
+    </message>
+    <message id="2082">
+        <source>The journal has no entry %1.</source>
+        <translation>The journal has no entry %1.</translation>
+    </message>
     <message id="2100">
         <source>%1 hexadecimal is %2.</source>
         <translation>%1 hexadecimal is %2.</translation>

@@ -2167,6 +2167,98 @@ Da allora viene letto %1, e %2 non più.</translation>
         <extracomment>%1 path</extracomment>
         <translation>Il file delle impostazioni %1 non esiste.</translation>
     </message>
+    <message id="2060">
+        <source>Writes saved parameters to a sensor, restarts it and compares.</source>
+        <translation>Scrive parametri salvati in un sensore, lo riavvia e confronta.</translation>
+    </message>
+    <message id="2061">
+        <source>Changes output settings of a sensor, restarts it and compares. What is not named stays.</source>
+        <translation>Modifica impostazioni di uscita di un sensore, lo riavvia e confronta. Ciò che non è nominato resta.</translation>
+    </message>
+    <message id="2062">
+        <source>Shows the magnet's position until the time is over or the command is ended.</source>
+        <translation>Mostra la posizione del magnete finché il tempo è scaduto o il comando è terminato.</translation>
+    </message>
+    <message id="2063">
+        <source>Lists the states that sensors had before they were written to, shows one, or puts one back.</source>
+        <translation>Elenca gli stati che i sensori avevano prima della scrittura, ne mostra uno o lo ripristina.</translation>
+    </message>
+    <message id="2064">
+        <source>Writes even if what the sensor has now cannot be kept in the journal.</source>
+        <translation>Scrive anche se lo stato attuale del sensore non può essere conservato.</translation>
+    </message>
+    <message id="2065">
+        <source>The password that skip-count needs.</source>
+        <translation>La password richiesta da skip-count.</translation>
+    </message>
+    <message id="2066">
+        <source>What is written for an offset that is not named while the data format has a multiplier.</source>
+        <translation>Che cosa si scrive per un offset non nominato se il formato dati ha un moltiplicatore.</translation>
+    </message>
+    <message id="2067">
+        <source>How long the position is shown.</source>
+        <translation>Per quanto tempo si mostra la posizione.</translation>
+    </message>
+    <message id="2068">
+        <source>Records the positions in a file.</source>
+        <translation>Registra le posizioni in un file.</translation>
+    </message>
+    <message id="2070">
+        <source>Say what is to be written: --all or --output-only.</source>
+        <translation>Indicare che cosa deve essere scritto: --all o --output-only.</translation>
+    </message>
+    <message id="2071">
+        <source>Write this to the sensor?</source>
+        <translation>Scrivere questo nel sensore?</translation>
+    </message>
+    <message id="2072">
+        <source>Nothing was written, because nobody has agreed. --yes agrees.</source>
+        <translation>Non è stato scritto nulla, perché nessuno ha acconsentito. --yes acconsente.</translation>
+    </message>
+    <message id="2073">
+        <source>--no-journal writes all the same.</source>
+        <translation>--no-journal scrive comunque.</translation>
+    </message>
+    <message id="2074">
+        <source>While safe writes are switched off the sensor is not read before: a backup can only be restored with --all. Nothing was written.</source>
+        <translation>Finché la scrittura sicura è disattivata, il sensore non viene letto prima: un backup si può ripristinare solo con --all. Non è stato scritto nulla.</translation>
+    </message>
+    <message id="2075">
+        <source>%1 is no setting. Settings are written NAME=VALUE, with these names: %2</source>
+        <extracomment>%1 what was given, %2 names</extracomment>
+        <translation>%1 non è un'impostazione. Le impostazioni si scrivono NOME=VALORE, con questi nomi: %2</translation>
+    </message>
+    <message id="2076">
+        <source>%2 is no value of %1. Its values: %3</source>
+        <extracomment>%1 setting, %2 what was given, %3 values</extracomment>
+        <translation>%2 non è un valore di %1. I suoi valori: %3</translation>
+    </message>
+    <message id="2077">
+        <source>Sensors of type %1 do not have %2. Nothing was written.</source>
+        <extracomment>%1 type, %2 setting</extracomment>
+        <translation>I sensori di tipo %1 non hanno %2. Non è stato scritto nulla.</translation>
+    </message>
+    <message id="2078">
+        <source>The measurement direction changes, and the offset with it: name the new offset, too. Nothing was written.</source>
+        <translation>La direzione di misura cambia, e con essa l'offset: indicare anche il nuovo offset. Non è stato scritto nulla.</translation>
+    </message>
+    <message id="2079">
+        <source>Choose with --offset-count=keep-length or --offset-count=multiplied. Nothing was written.</source>
+        <translation>Scegliere con --offset-count=keep-length o --offset-count=multiplied. Non è stato scritto nulla.</translation>
+    </message>
+    <message id="2080">
+        <source>%1 is named twice.</source>
+        <extracomment>%1 setting</extracomment>
+        <translation>%1 è nominato due volte.</translation>
+    </message>
+    <message id="2081">
+        <source>then a pause of %1 ms</source>
+        <translation>poi una pausa di %1 ms</translation>
+    </message>
+    <message id="2082">
+        <source>The journal has no entry %1.</source>
+        <translation>Il giornale non ha una voce %1.</translation>
+    </message>
     <message id="2100">
         <source>%1 hexadecimal is %2.</source>
         <translation>%1 esadecimale è %2.</translation>

@@ -2167,6 +2167,98 @@ Von da an wird %1 gelesen und %2 nicht mehr.</translation>
         <extracomment>%1 path</extracomment>
         <translation>Die Einstellungsdatei %1 gibt es nicht.</translation>
     </message>
+    <message id="2060">
+        <source>Writes saved parameters to a sensor, restarts it and compares.</source>
+        <translation>Schreibt gespeicherte Parameter in einen Sensor, startet ihn neu und vergleicht.</translation>
+    </message>
+    <message id="2061">
+        <source>Changes output settings of a sensor, restarts it and compares. What is not named stays.</source>
+        <translation>Ändert Ausgabeeinstellungen eines Sensors, startet ihn neu und vergleicht. Was nicht genannt ist, bleibt.</translation>
+    </message>
+    <message id="2062">
+        <source>Shows the magnet's position until the time is over or the command is ended.</source>
+        <translation>Zeigt die Magnetposition, bis die Zeit um ist oder der Befehl beendet wird.</translation>
+    </message>
+    <message id="2063">
+        <source>Lists the states that sensors had before they were written to, shows one, or puts one back.</source>
+        <translation>Listet die Stände auf, die Sensoren vor dem Schreiben hatten, zeigt einen oder schreibt einen zurück.</translation>
+    </message>
+    <message id="2064">
+        <source>Writes even if what the sensor has now cannot be kept in the journal.</source>
+        <translation>Schreibt auch, wenn sich nicht aufbewahren lässt, was der Sensor jetzt hat.</translation>
+    </message>
+    <message id="2065">
+        <source>The password that skip-count needs.</source>
+        <translation>Das Kennwort, das skip-count verlangt.</translation>
+    </message>
+    <message id="2066">
+        <source>What is written for an offset that is not named while the data format has a multiplier.</source>
+        <translation>Was für einen nicht genannten Offset geschrieben wird, solange das Datenformat einen Multiplikator hat.</translation>
+    </message>
+    <message id="2067">
+        <source>How long the position is shown.</source>
+        <translation>Wie lange die Position gezeigt wird.</translation>
+    </message>
+    <message id="2068">
+        <source>Records the positions in a file.</source>
+        <translation>Zeichnet die Positionen in einer Datei auf.</translation>
+    </message>
+    <message id="2070">
+        <source>Say what is to be written: --all or --output-only.</source>
+        <translation>Sagen Sie, was geschrieben werden soll: --all oder --output-only.</translation>
+    </message>
+    <message id="2071">
+        <source>Write this to the sensor?</source>
+        <translation>Dies in den Sensor schreiben?</translation>
+    </message>
+    <message id="2072">
+        <source>Nothing was written, because nobody has agreed. --yes agrees.</source>
+        <translation>Es wurde nichts geschrieben, weil niemand zugestimmt hat. --yes stimmt zu.</translation>
+    </message>
+    <message id="2073">
+        <source>--no-journal writes all the same.</source>
+        <translation>--no-journal schreibt trotzdem.</translation>
+    </message>
+    <message id="2074">
+        <source>While safe writes are switched off the sensor is not read before: a backup can only be restored with --all. Nothing was written.</source>
+        <translation>Solange das sichere Schreiben ausgeschaltet ist, wird der Sensor vorher nicht gelesen: Eine Sicherung lässt sich dann nur mit --all wiederherstellen. Es wurde nichts geschrieben.</translation>
+    </message>
+    <message id="2075">
+        <source>%1 is no setting. Settings are written NAME=VALUE, with these names: %2</source>
+        <extracomment>%1 what was given, %2 names</extracomment>
+        <translation>%1 ist keine Einstellung. Einstellungen schreibt man NAME=WERT, mit diesen Namen: %2</translation>
+    </message>
+    <message id="2076">
+        <source>%2 is no value of %1. Its values: %3</source>
+        <extracomment>%1 setting, %2 what was given, %3 values</extracomment>
+        <translation>%2 ist kein Wert von %1. Seine Werte: %3</translation>
+    </message>
+    <message id="2077">
+        <source>Sensors of type %1 do not have %2. Nothing was written.</source>
+        <extracomment>%1 type, %2 setting</extracomment>
+        <translation>Sensoren vom Typ %1 haben %2 nicht. Es wurde nichts geschrieben.</translation>
+    </message>
+    <message id="2078">
+        <source>The measurement direction changes, and the offset with it: name the new offset, too. Nothing was written.</source>
+        <translation>Die Messrichtung ändert sich und mit ihr der Offset: Nennen Sie auch den neuen Offset. Es wurde nichts geschrieben.</translation>
+    </message>
+    <message id="2079">
+        <source>Choose with --offset-count=keep-length or --offset-count=multiplied. Nothing was written.</source>
+        <translation>Wählen Sie mit --offset-count=keep-length oder --offset-count=multiplied. Es wurde nichts geschrieben.</translation>
+    </message>
+    <message id="2080">
+        <source>%1 is named twice.</source>
+        <extracomment>%1 setting</extracomment>
+        <translation>%1 ist zweimal genannt.</translation>
+    </message>
+    <message id="2081">
+        <source>then a pause of %1 ms</source>
+        <translation>danach eine Pause von %1 ms</translation>
+    </message>
+    <message id="2082">
+        <source>The journal has no entry %1.</source>
+        <translation>Das Journal hat keinen Eintrag %1.</translation>
+    </message>
     <message id="2100">
         <source>%1 hexadecimal is %2.</source>
         <translation>%1 hexadezimal ist %2.</translation>

@@ -2167,6 +2167,98 @@ Désormais %1 est lu, et %2 ne l'est plus.</translation>
         <extracomment>%1 path</extracomment>
         <translation>Le fichier de réglages %1 n'existe pas.</translation>
     </message>
+    <message id="2060">
+        <source>Writes saved parameters to a sensor, restarts it and compares.</source>
+        <translation>Écrit des paramètres enregistrés dans un capteur, le redémarre et compare.</translation>
+    </message>
+    <message id="2061">
+        <source>Changes output settings of a sensor, restarts it and compares. What is not named stays.</source>
+        <translation>Modifie des réglages de sortie d'un capteur, le redémarre et compare. Ce qui n'est pas nommé reste.</translation>
+    </message>
+    <message id="2062">
+        <source>Shows the magnet's position until the time is over or the command is ended.</source>
+        <translation>Affiche la position de l'aimant jusqu'à la fin du temps ou de la commande.</translation>
+    </message>
+    <message id="2063">
+        <source>Lists the states that sensors had before they were written to, shows one, or puts one back.</source>
+        <translation>Liste les états que les capteurs avaient avant une écriture, en affiche un ou en rétablit un.</translation>
+    </message>
+    <message id="2064">
+        <source>Writes even if what the sensor has now cannot be kept in the journal.</source>
+        <translation>Écrit même si l'état actuel du capteur ne peut pas être conservé.</translation>
+    </message>
+    <message id="2065">
+        <source>The password that skip-count needs.</source>
+        <translation>Le mot de passe exigé par skip-count.</translation>
+    </message>
+    <message id="2066">
+        <source>What is written for an offset that is not named while the data format has a multiplier.</source>
+        <translation>Ce qui est écrit pour un décalage non nommé quand le format de données a un multiplicateur.</translation>
+    </message>
+    <message id="2067">
+        <source>How long the position is shown.</source>
+        <translation>La durée d'affichage de la position.</translation>
+    </message>
+    <message id="2068">
+        <source>Records the positions in a file.</source>
+        <translation>Enregistre les positions dans un fichier.</translation>
+    </message>
+    <message id="2070">
+        <source>Say what is to be written: --all or --output-only.</source>
+        <translation>Indiquez ce qui doit être écrit : --all ou --output-only.</translation>
+    </message>
+    <message id="2071">
+        <source>Write this to the sensor?</source>
+        <translation>Écrire cela dans le capteur ?</translation>
+    </message>
+    <message id="2072">
+        <source>Nothing was written, because nobody has agreed. --yes agrees.</source>
+        <translation>Rien n'a été écrit, car personne n'a donné son accord. --yes le donne.</translation>
+    </message>
+    <message id="2073">
+        <source>--no-journal writes all the same.</source>
+        <translation>--no-journal écrit quand même.</translation>
+    </message>
+    <message id="2074">
+        <source>While safe writes are switched off the sensor is not read before: a backup can only be restored with --all. Nothing was written.</source>
+        <translation>Tant que l'écriture sûre est désactivée, le capteur n'est pas lu avant : une sauvegarde ne peut être restaurée qu'avec --all. Rien n'a été écrit.</translation>
+    </message>
+    <message id="2075">
+        <source>%1 is no setting. Settings are written NAME=VALUE, with these names: %2</source>
+        <extracomment>%1 what was given, %2 names</extracomment>
+        <translation>%1 n'est pas un réglage. Les réglages s'écrivent NOM=VALEUR, avec ces noms : %2</translation>
+    </message>
+    <message id="2076">
+        <source>%2 is no value of %1. Its values: %3</source>
+        <extracomment>%1 setting, %2 what was given, %3 values</extracomment>
+        <translation>%2 n'est pas une valeur de %1. Ses valeurs : %3</translation>
+    </message>
+    <message id="2077">
+        <source>Sensors of type %1 do not have %2. Nothing was written.</source>
+        <extracomment>%1 type, %2 setting</extracomment>
+        <translation>Les capteurs de type %1 n'ont pas %2. Rien n'a été écrit.</translation>
+    </message>
+    <message id="2078">
+        <source>The measurement direction changes, and the offset with it: name the new offset, too. Nothing was written.</source>
+        <translation>Le sens de mesure change, et le décalage avec lui : nommez aussi le nouveau décalage. Rien n'a été écrit.</translation>
+    </message>
+    <message id="2079">
+        <source>Choose with --offset-count=keep-length or --offset-count=multiplied. Nothing was written.</source>
+        <translation>Choisissez avec --offset-count=keep-length ou --offset-count=multiplied. Rien n'a été écrit.</translation>
+    </message>
+    <message id="2080">
+        <source>%1 is named twice.</source>
+        <extracomment>%1 setting</extracomment>
+        <translation>%1 est nommé deux fois.</translation>
+    </message>
+    <message id="2081">
+        <source>then a pause of %1 ms</source>
+        <translation>puis une pause de %1 ms</translation>
+    </message>
+    <message id="2082">
+        <source>The journal has no entry %1.</source>
+        <translation>Le journal n'a pas d'entrée %1.</translation>
+    </message>
     <message id="2100">
         <source>%1 hexadecimal is %2.</source>
         <translation>%1 en hexadécimal vaut %2.</translation>

@@ -2167,6 +2167,98 @@ Desde entonces se lee %1, y %2 ya no.</translation>
         <extracomment>%1 path</extracomment>
         <translation>El archivo de ajustes %1 no existe.</translation>
     </message>
+    <message id="2060">
+        <source>Writes saved parameters to a sensor, restarts it and compares.</source>
+        <translation>Escribe parámetros guardados en un sensor, lo reinicia y compara.</translation>
+    </message>
+    <message id="2061">
+        <source>Changes output settings of a sensor, restarts it and compares. What is not named stays.</source>
+        <translation>Cambia ajustes de salida de un sensor, lo reinicia y compara. Lo que no se nombra se mantiene.</translation>
+    </message>
+    <message id="2062">
+        <source>Shows the magnet's position until the time is over or the command is ended.</source>
+        <translation>Muestra la posición del imán hasta que acabe el tiempo o la orden.</translation>
+    </message>
+    <message id="2063">
+        <source>Lists the states that sensors had before they were written to, shows one, or puts one back.</source>
+        <translation>Enumera los estados que tenían los sensores antes de escribirse, muestra uno o lo restablece.</translation>
+    </message>
+    <message id="2064">
+        <source>Writes even if what the sensor has now cannot be kept in the journal.</source>
+        <translation>Escribe aunque no pueda conservarse lo que el sensor tiene ahora.</translation>
+    </message>
+    <message id="2065">
+        <source>The password that skip-count needs.</source>
+        <translation>La contraseña que exige skip-count.</translation>
+    </message>
+    <message id="2066">
+        <source>What is written for an offset that is not named while the data format has a multiplier.</source>
+        <translation>Lo que se escribe para un offset no nombrado si el formato de datos tiene un multiplicador.</translation>
+    </message>
+    <message id="2067">
+        <source>How long the position is shown.</source>
+        <translation>Cuánto tiempo se muestra la posición.</translation>
+    </message>
+    <message id="2068">
+        <source>Records the positions in a file.</source>
+        <translation>Registra las posiciones en un archivo.</translation>
+    </message>
+    <message id="2070">
+        <source>Say what is to be written: --all or --output-only.</source>
+        <translation>Indique qué debe escribirse: --all o --output-only.</translation>
+    </message>
+    <message id="2071">
+        <source>Write this to the sensor?</source>
+        <translation>¿Escribir esto en el sensor?</translation>
+    </message>
+    <message id="2072">
+        <source>Nothing was written, because nobody has agreed. --yes agrees.</source>
+        <translation>No se ha escrito nada, porque nadie ha dado su conformidad. --yes la da.</translation>
+    </message>
+    <message id="2073">
+        <source>--no-journal writes all the same.</source>
+        <translation>--no-journal escribe de todos modos.</translation>
+    </message>
+    <message id="2074">
+        <source>While safe writes are switched off the sensor is not read before: a backup can only be restored with --all. Nothing was written.</source>
+        <translation>Mientras la escritura segura esté desactivada, el sensor no se lee antes: una copia solo puede restaurarse con --all. No se ha escrito nada.</translation>
+    </message>
+    <message id="2075">
+        <source>%1 is no setting. Settings are written NAME=VALUE, with these names: %2</source>
+        <extracomment>%1 what was given, %2 names</extracomment>
+        <translation>%1 no es un ajuste. Los ajustes se escriben NOMBRE=VALOR, con estos nombres: %2</translation>
+    </message>
+    <message id="2076">
+        <source>%2 is no value of %1. Its values: %3</source>
+        <extracomment>%1 setting, %2 what was given, %3 values</extracomment>
+        <translation>%2 no es un valor de %1. Sus valores: %3</translation>
+    </message>
+    <message id="2077">
+        <source>Sensors of type %1 do not have %2. Nothing was written.</source>
+        <extracomment>%1 type, %2 setting</extracomment>
+        <translation>Los sensores del tipo %1 no tienen %2. No se ha escrito nada.</translation>
+    </message>
+    <message id="2078">
+        <source>The measurement direction changes, and the offset with it: name the new offset, too. Nothing was written.</source>
+        <translation>El sentido de medición cambia, y con él el offset: nombre también el nuevo offset. No se ha escrito nada.</translation>
+    </message>
+    <message id="2079">
+        <source>Choose with --offset-count=keep-length or --offset-count=multiplied. Nothing was written.</source>
+        <translation>Elija con --offset-count=keep-length o --offset-count=multiplied. No se ha escrito nada.</translation>
+    </message>
+    <message id="2080">
+        <source>%1 is named twice.</source>
+        <extracomment>%1 setting</extracomment>
+        <translation>%1 se nombra dos veces.</translation>
+    </message>
+    <message id="2081">
+        <source>then a pause of %1 ms</source>
+        <translation>después una pausa de %1 ms</translation>
+    </message>
+    <message id="2082">
+        <source>The journal has no entry %1.</source>
+        <translation>El diario no tiene ninguna entrada %1.</translation>
+    </message>
     <message id="2100">
         <source>%1 hexadecimal is %2.</source>
         <translation>%1 en hexadecimal es %2.</translation>

@@ -16,7 +16,6 @@
 #include "sensor/Comparison.h"
 #include "sensor/Journal.h"
 #include "sensor/JournalWords.h"
-#include "sensor/ParameterCodec.h"
 #include "sensor/ParameterWords.h"
 #include "sensor/SafeWriter.h"
 #include "sensor/SensorTypes.h"
@@ -28,15 +27,10 @@
 
 namespace pelorin {
 
-using namespace std::chrono_literals;
-
 namespace {
 
 using Mode = BackupProgressDialog::Mode;
 using Purpose = ReviewDialog::Purpose;
-
-constexpr char kStoreId = 'E';
-constexpr auto kStorePause = 500ms;
 
 int titleOf(Mode mode)
 {
@@ -67,19 +61,6 @@ Purpose purposeOf(Mode mode)
         break;
     }
     return Purpose::Compare;
-}
-
-/// Why values cannot be written as a whole; empty if they can.
-QString faultsText(const BackupFaults& faults)
-{
-    if (faults == BackupFaults())
-        return {};
-    QStringList lines{languageString(strings::kBackupUnfit)};
-    if (!faults.missing.isEmpty())
-        lines << languageString(strings::kBackupMissing).arg(parametersInWords(faults.missing));
-    if (!faults.unfit.isEmpty())
-        lines << languageString(strings::kBackupNotUsable).arg(parametersInWords(faults.unfit));
-    return lines.join(QLatin1Char('\n'));
 }
 
 bool isEverythingEqual(const ReviewDialog::Review& review)
@@ -168,7 +149,7 @@ BackupCommands::End BackupCommands::runWithFile(Mode mode)
     if (mode == Mode::Compare)
         return review(mode, {*values, path});
     const auto faults = BackupFaults::of(*values, sensorType(link().ssiType()).backup);
-    if (const QString problem = faultsText(faults); !problem.isEmpty())
+    if (const QString problem = textOf(faults); !problem.isEmpty())
         return {.message = problem};
     return m_writer.settings().enabled ? review(mode, {*values, path}) : restoreUnseen(*values);
 }
@@ -258,15 +239,10 @@ BackupCommands::End BackupCommands::review(Mode mode, const Saved& saved)
 /// What is no value of its parameter may be what a sensor has, or a reply that was disturbed.
 bool BackupCommands::confirmValues(const WriteRequest& request)
 {
-    QStringList doubtful;
-    for (const char id : request.order) {
-        if (const QByteArray& value = request.values.at(id); !isWellFormed(id, value))
-            doubtful << textInWords(id, value);
-    }
+    const QString doubtful = doubtsInWords(request.order, request.values);
     if (doubtful.isEmpty())
         return true;
-    const QString question = languageString(strings::kWriteDoubtful) + QLatin1Char('\n') +
-                             doubtful.join(QLatin1Char('\n'));
+    const QString question = languageString(strings::kWriteDoubtful) + QLatin1Char('\n') + doubtful;
     return messageBox(&m_window, question, QMessageBox::Yes | QMessageBox::No,
                       QMessageBox::Question) == QMessageBox::Yes;
 }
@@ -274,8 +250,8 @@ bool BackupCommands::confirmValues(const WriteRequest& request)
 BackupCommands::End BackupCommands::write(Mode mode, WriteRequest request)
 {
     request.by = mode == Mode::PutBack ? WriteRequest::By::PutBack : WriteRequest::By::Restore;
-    request.closing = kStoreId;
-    request.storePause = kStorePause;
+    request.closing = kRestoreClosing;
+    request.storePause = kRestorePause;
     WriteSensorDialog dialog(&m_window, m_writer, m_formats, mode, std::move(request));
     if (dialog.exec() != QDialog::Accepted)
         return {.message = dialog.message()};

@@ -26,7 +26,6 @@ namespace pelorin {
 
 namespace {
 
-using Origin = RestoreChoice::Origin;
 using Refusal = RestoreChoice::Refusal;
 using State = ComparedParameter::State;
 using Purpose = ReviewDialog::Purpose;
@@ -47,21 +46,6 @@ const std::vector<double> kShares = {0.16, 0.08, 0.08, 0.2, 0.2, 0.1, 0.18};
 const std::vector<double> kSharesWithoutWritten = {0.2, 0.1, 0.1, 0.25, 0.25, 0.1, 0.0};
 const std::vector<double> kSharesOfFile = {0.3, 0.0, 0.2, 0.0, 0.5, 0.0, 0.0};
 constexpr std::array kColumnsOfSensor = {kSensor, kSensorWords, kState};
-
-int textNumberOf(Origin origin)
-{
-    switch (origin) {
-    case Origin::OwnMultiplier:
-        return strings::kOwnMultiplier;
-    case Origin::OwnVelocity:
-        return strings::kOwnVelocity;
-    case Origin::OwnLength:
-        return strings::kOwnLength;
-    case Origin::Saved:
-        break;
-    }
-    return 0;
-}
 
 /// Every parameter of the type; of a file alone, those that it has.
 std::vector<ComparedParameter> rowsOf(const ReviewDialog::Review& review)

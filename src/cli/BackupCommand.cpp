@@ -9,23 +9,9 @@
 #include "sensor/ParameterWords.h"
 #include "sensor/SensorTypes.h"
 
-#include <QFileInfo>
-
 namespace pelorin::cli {
 
 namespace {
-
-Result checkFile(Invocation& invocation, const QString& path)
-{
-    if (!QFileInfo::exists(path) || invocation.options().dryRun)
-        return {};
-    const auto answer = invocation.confirm(languageString(strings::kFileExists).arg(path));
-    if (answer == true)
-        return {};
-    return {.exit = ExitCode::Refused,
-            .code = "file-exists",
-            .text = languageString(strings::kFileNotOverwritten).arg(path)};
-}
 
 /// Texts that are no values were answered twice: they are saved, and the user is told.
 void tellDoubts(Output& output, const SensorValues& values)
@@ -48,12 +34,8 @@ Result readAndSave(Invocation& invocation, BackupFile& file)
     const std::string_view ids = sensorType(session.link().ssiType()).backup;
     if (Result read = session.read(readPlan(ids, true), values); !read.isDone())
         return read;
-    if (session.formats().isStreamingFormat(values['D'])) {
-        return {.exit = ExitCode::Refused,
-                .code = "streaming-format",
-                .text = languageString(strings::kStreamingFormat),
-                .parameter = 'D'};
-    }
+    if (Result format = session.checkFormat(values['D']); !format.isDone())
+        return format;
     invocation.output().set(QStringLiteral("values"), namedValues(values));
     if (invocation.options().dryRun)
         return {};
@@ -69,7 +51,7 @@ Result readAndSave(Invocation& invocation, BackupFile& file)
 Result runBackup(Invocation& invocation)
 {
     const QString path = invocation.arguments().front();
-    if (Result asked = checkFile(invocation, path); !asked.isDone())
+    if (Result asked = confirmOverwriting(invocation, path); !asked.isDone())
         return asked;
     BackupFile file(path);
     if (!invocation.options().dryRun) {

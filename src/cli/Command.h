@@ -16,7 +16,12 @@ class Invocation;
 /// What the program can be asked for.
 struct Command
 {
-    enum class Port { None, Optional, Needed };
+    enum class Port {
+        None,
+        Optional, ///< it stands for the last of the arguments
+        Needed,
+        Own ///< the command itself knows when it needs one
+    };
     static constexpr int kAnyNumber = std::numeric_limits<int>::max();
 
     const char* name;
@@ -34,5 +39,8 @@ struct Command
 
 /// @return null if there is none of that name
 [[nodiscard]] const Command* findCommand(const QString& name);
+
+/// How a command is called, for the help.
+[[nodiscard]] QString commandLineOf(const Command& command);
 
 } // namespace pelorin::cli

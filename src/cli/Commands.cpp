@@ -1,5 +1,6 @@
 #include "cli/Commands.h"
 
+#include "cli/Restoration.h"
 #include "platform/core/Strings.h"
 
 #include <algorithm>
@@ -20,6 +21,14 @@ constexpr std::array kCommands = {
             runBackup},
     Command{"compare", "--port PORT FILE | FILE FILE", strings::kCompareDescription, Port::Optional,
             1, 2, runCompare},
+    Command{"restore", "--port PORT FILE --all | --output-only", strings::kRestoreDescription,
+            Port::Needed, 1, 1, runRestore, Restoration::options},
+    Command{"set", "--port PORT NAME=VALUE ...", strings::kSetDescription, Port::Needed, 1,
+            Command::kAnyNumber, runSet, setOptions},
+    Command{"watch", "--port PORT [--seconds N] [--csv FILE]", strings::kWatchDescription,
+            Port::Needed, 0, 0, runWatch, watchOptions},
+    Command{"journal", "list | show ID | put-back ID --all | --output-only --port PORT",
+            strings::kJournalDescription, Port::Own, 1, 2, runJournal, Restoration::options},
     Command{"convert", "FILE", strings::kConvertDescription, Port::None, 1, 1, runConvert},
 };
 
@@ -37,6 +46,13 @@ const Command* findCommand(const QString& name)
             return name == QLatin1String(command.name);
         });
     return found == kCommands.end() ? nullptr : &*found;
+}
+
+QString commandLineOf(const Command& command)
+{
+    return QStringLiteral("  pelorin-cli %1 %2")
+        .arg(QLatin1String(command.name), QLatin1String(command.syntax))
+        .trimmed();
 }
 
 } // namespace pelorin::cli

@@ -4,7 +4,6 @@
 #include "cli/Output.h"
 #include "platform/core/LanguageStrings.h"
 #include "platform/core/Strings.h"
-#include "sensor/BackupFile.h"
 #include "sensor/ParameterCodec.h"
 #include "sensor/ParameterWords.h"
 #include "sensor/SensorTypes.h"
@@ -35,31 +34,6 @@ struct Side
     }
 };
 
-Result readFile(const QString& path, SensorValues& values)
-{
-    BackupFile file(path);
-    if (Result read = resultOf(file.read()); !read.isDone())
-        return read;
-    if (const auto saved = file.values()) {
-        values = *saved;
-        return {};
-    }
-    return {.exit = ExitCode::FileUnfit,
-            .code = "no-backup",
-            .text = path + QStringLiteral(": ") + languageString(strings::kNoBackupFile)};
-}
-
-QJsonObject differenceOf(char id, const Side& saved, const Side& found)
-{
-    QJsonObject object{{QStringLiteral("id"), QString(QLatin1Char(id))},
-                       {QStringLiteral("name"), nameOf(id)}};
-    if (const QByteArray text = saved.text(id); !text.isEmpty())
-        object.insert(QStringLiteral("written"), QString::fromLatin1(text));
-    if (const QByteArray text = found.text(id); !text.isEmpty())
-        object.insert(QStringLiteral("found"), QString::fromLatin1(text));
-    return object;
-}
-
 /// @param ids what has to be equal
 Result compareSides(Output& output, const QByteArray& ids, const Side& saved, const Side& found)
 {
@@ -67,7 +41,7 @@ Result compareSides(Output& output, const QByteArray& ids, const Side& saved, co
     for (const char id : ids) {
         if (isSameValue(id, saved.text(id), found.text(id)))
             continue;
-        differences.append(differenceOf(id, saved, found));
+        differences.append(namedDifference(id, saved.text(id), found.text(id)));
         output.print(parameterInWords(id));
         output.print(QStringLiteral("  ") + saved.inWords(id));
         output.print(QStringLiteral("  ") + found.inWords(id));
@@ -117,7 +91,7 @@ Result runCompare(Invocation& invocation)
     for (qsizetype index = 0; index < paths.size(); ++index) {
         Side& side = sides[static_cast<std::size_t>(index)];
         side.name = paths[index];
-        if (Result read = readFile(paths[index], side.values); !read.isDone())
+        if (Result read = readBackup(paths[index], side.values); !read.isDone())
             return read;
     }
     const auto& [first, second] = sides;

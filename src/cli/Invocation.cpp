@@ -2,6 +2,11 @@
 
 #include "cli/Terminal.h"
 #include "link/CommLogFile.h"
+#include "platform/core/LanguageStrings.h"
+#include "platform/core/Strings.h"
+#include "sensor/BackupFile.h"
+
+#include <QFileInfo>
 
 namespace pelorin::cli {
 
@@ -54,6 +59,32 @@ Result resultOf(const WholeFile::Outcome& outcome)
     if (outcome.isDone())
         return {};
     return {.exit = ExitCode::FileUnfit, .code = "file", .text = outcome.message()};
+}
+
+Result confirmOverwriting(Invocation& invocation, const QString& path)
+{
+    if (!QFileInfo::exists(path) || invocation.options().dryRun)
+        return {};
+    const auto answer = invocation.confirm(languageString(strings::kFileExists).arg(path));
+    if (answer == true)
+        return {};
+    return {.exit = ExitCode::Refused,
+            .code = "file-exists",
+            .text = languageString(strings::kFileNotOverwritten).arg(path)};
+}
+
+Result readBackup(const QString& path, SensorValues& values)
+{
+    BackupFile file(path);
+    if (Result read = resultOf(file.read()); !read.isDone())
+        return read;
+    if (const auto saved = file.values()) {
+        values = *saved;
+        return {};
+    }
+    return {.exit = ExitCode::FileUnfit,
+            .code = "no-backup",
+            .text = path + QStringLiteral(": ") + languageString(strings::kNoBackupFile)};
 }
 
 Result usage(const QString& text)

@@ -8,6 +8,7 @@
 
 #include <array>
 #include <cmath>
+#include <span>
 #include <utility>
 #include <vector>
 
@@ -56,28 +57,28 @@ double rounded(double number, int decimals)
 }
 
 /// One of a few words; a number that has none stays one.
-QJsonValue wordOf(qint32 value, std::initializer_list<const char*> words)
+QJsonValue wordOf(qint32 value, std::span<const char* const> words)
 {
     if (value < 0 || value >= static_cast<qint32>(words.size()))
         return value;
-    return QLatin1String(words.begin()[value]);
+    return QLatin1String(words[static_cast<std::size_t>(value)]);
 }
 
 std::vector<Part> formatParts(const DataFormat& format)
 {
     const int mode = format.has(DataFormat::kModeOne) ? 1 : format.has(DataFormat::kStream) ? 2 : 0;
     return {{"data-bits", format.dataBits},
-            {"code", wordOf(format.has(DataFormat::kGray), {"binary", "gray"})},
-            {"direction", wordOf(format.has(DataFormat::kReverse), {"forward", "reverse"})},
-            {"mode", wordOf(mode, {"asynchronous", "synchronous", "position-stream"})},
+            {"code", wordOf(format.has(DataFormat::kGray), kCodeWords)},
+            {"direction", wordOf(format.has(DataFormat::kReverse), kDirectionWords)},
+            {"mode", wordOf(mode, kModeWords)},
             {"multiplier", format.multiplier()},
             {"skip-count", format.errorSkipCount}};
 }
 
 std::vector<Part> extensionParts(const Extension& extension)
 {
-    return {{"output", wordOf(extension.mode, {"position", "difference", "velocity"})},
-            {"extension", wordOf(extension.extension, {"none", "parity", "temperature"})},
+    return {{"output", wordOf(extension.mode, kOutputWords)},
+            {"extension", wordOf(extension.extension, kExtensionWords)},
             {"magnets", extension.magnets}};
 }
 
@@ -145,6 +146,17 @@ QJsonArray namedValues(const SensorValues& values)
         }
     }
     return array;
+}
+
+QJsonObject namedDifference(char id, const QByteArray& written, const QByteArray& found)
+{
+    QJsonObject object{{QStringLiteral("id"), QString(QLatin1Char(id))},
+                       {QStringLiteral("name"), nameOf(id)}};
+    if (!written.isEmpty())
+        object.insert(QStringLiteral("written"), QString::fromLatin1(written));
+    if (!found.isEmpty())
+        object.insert(QStringLiteral("found"), QString::fromLatin1(found));
+    return object;
 }
 
 QStringList valuesInWords(const SensorValues& values)

@@ -6,11 +6,19 @@
 #include <QJsonObject>
 #include <QStringList>
 
+#include <array>
 #include <string_view>
 
 namespace pelorin::cli {
 
 /// Parameters for scripts: names and values are English and fixed, numbers have no unit in them.
+
+// Of the values 0, 1 and so on.
+inline constexpr std::array kCodeWords = {"binary", "gray"};
+inline constexpr std::array kDirectionWords = {"forward", "reverse"};
+inline constexpr std::array kModeWords = {"asynchronous", "synchronous", "position-stream"};
+inline constexpr std::array kOutputWords = {"position", "difference", "velocity"};
+inline constexpr std::array kExtensionWords = {"none", "parity", "temperature"};
 
 /// Every parameter that there is, in the order in which they are shown.
 [[nodiscard]] std::string_view allParameters();
@@ -22,7 +30,11 @@ namespace pelorin::cli {
 /// with the parameter's text. A text that is no value of its parameter has no value.
 [[nodiscard]] QJsonArray namedValues(const SensorValues& values);
 
-/// The same for people, in the current language, a line for each parameter.
+/// A parameter of which there are two texts; an empty one is left out.
+[[nodiscard]] QJsonObject namedDifference(char id, const QByteArray& written,
+                                          const QByteArray& found);
+
+/// The same as namedValues for people, in the current language, a line for each parameter.
 [[nodiscard]] QStringList valuesInWords(const SensorValues& values);
 
 } // namespace pelorin::cli

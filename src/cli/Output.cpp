@@ -5,10 +5,12 @@
 
 #include <QJsonDocument>
 
+#include <cerrno>
 #include <cstdio>
 #include <cstring>
 #include <utility>
 
+#include <poll.h>
 #include <unistd.h>
 
 namespace pelorin::cli {
@@ -97,6 +99,13 @@ Result Output::finish(const QString& command, const Result& result)
                               .arg(QString::fromLocal8Bit(std::strerror(m_error)))};
     tell(failed.text);
     return failed;
+}
+
+bool Output::isClosed() const
+{
+    pollfd standardOutput{.fd = STDOUT_FILENO, .events = 0, .revents = 0};
+    return m_error == EPIPE ||
+           (::poll(&standardOutput, 1, 0) == 1 && (standardOutput.revents & POLLERR) != 0);
 }
 
 void Output::write(const QByteArray& bytes)

@@ -5,8 +5,6 @@
 #include <QJsonObject>
 #include <QString>
 
-#include <cerrno>
-
 namespace pelorin::cli {
 
 /// What a command says: results on standard output, in words or as one JSON object; words and a
@@ -36,7 +34,7 @@ public:
     [[nodiscard]] Result finish(const QString& command, const Result& result);
 
     /// Whether whoever has read standard output has closed it.
-    [[nodiscard]] bool isClosed() const { return m_error == EPIPE; }
+    [[nodiscard]] bool isClosed() const;
 
 private:
     void write(const QByteArray& bytes);

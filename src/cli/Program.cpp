@@ -60,13 +60,6 @@ bool loadLanguage(LanguageManager& languages, std::optional<int> chosen)
     return languages.loadLanguage(kDefaultLanguage) == 1 && !chosen;
 }
 
-QString commandLineOf(const Command& command)
-{
-    return QStringLiteral("  pelorin-cli %1 %2")
-        .arg(QLatin1String(command.name), QLatin1String(command.syntax))
-        .trimmed();
-}
-
 void printHelp(Output& output, const QCommandLineParser& parser, const Command* command)
 {
     for (const Command& each : commands()) {

@@ -211,6 +211,16 @@ Result Session::read(const Plan& plan, SensorValues& values)
                         [&values](const Reply& reply) { values[reply.id] = reply.text; }));
 }
 
+Result Session::checkFormat(const QByteArray& format) const
+{
+    if (!m_restore.isStreamingFormat(format))
+        return {};
+    return {.exit = ExitCode::Refused,
+            .code = "streaming-format",
+            .text = languageString(strings::kStreamingFormat),
+            .parameter = 'D'};
+}
+
 WriteResult Session::write(WriteRequest request, SafeWriter::Question question)
 {
     m_writer.setQuestion(std::move(question));

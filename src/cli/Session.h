@@ -56,6 +56,21 @@ public:
     /// Reads parameters, up to the first that fails.
     [[nodiscard]] Result read(const Plan& plan, SensorValues& values);
 
+    /// Refused while the sensor has a streaming data format that is kept to be replaced.
+    /// @param format as the sensor has answered it
+    [[nodiscard]] Result checkFormat(const QByteArray& format) const;
+
+    /// What write does with the sensor from its first write on.
+    [[nodiscard]] Plan planOf(const WriteRequest& request) const
+    {
+        return m_writer.planOf(request);
+    }
+    /// Whether this is the sensor of an entry of the journal.
+    [[nodiscard]] bool isConnected(const JournalEntry& entry) const
+    {
+        return m_writer.isConnected(entry);
+    }
+
     /// Writes, with all that belongs to it.
     /// @param question as SafeWriter has it; without one nothing is written without the journal
     [[nodiscard]] WriteResult write(WriteRequest request, SafeWriter::Question question = {});

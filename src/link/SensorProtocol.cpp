@@ -1,6 +1,7 @@
 #include "link/SensorProtocol.h"
 
 #include "link/CommLog.h"
+#include "link/SensorFrame.h"
 #include "link/StreamFollower.h"
 #include "platform/core/ComPort.h"
 #include "platform/core/Pacing.h"
@@ -17,9 +18,6 @@ using namespace std::chrono_literals;
 
 namespace {
 
-constexpr char kTerminator = '\r';
-constexpr char kGet = 'A';
-constexpr char kSet = 'N';
 constexpr char kVersionId = 'V';
 constexpr std::string_view kProgFrame = "PROG\r";
 constexpr int kProgFramesPerConnect = 101;
@@ -47,18 +45,6 @@ std::string_view view(const QByteArray& bytes)
     return {bytes.constData(), static_cast<std::size_t>(bytes.size())};
 }
 
-/// The second byte of a frame says what it asks for.
-QString frameToken(std::size_t index, char byte)
-{
-    if (index == 1 && byte == kGet)
-        return QStringLiteral("[Get]");
-    if (index == 1 && byte == kSet)
-        return QStringLiteral("[Set]");
-    if (index != 1 && byte == kTerminator)
-        return QStringLiteral("[TERM]");
-    return QString::asprintf("[%02X]", static_cast<unsigned>(static_cast<unsigned char>(byte)));
-}
-
 } // namespace
 
 SensorProtocol::SensorProtocol(ComPort& port, CommLog& log, Callbacks callbacks)
@@ -75,8 +61,7 @@ std::optional<QByteArray> SensorProtocol::readParameter(char id)
 std::optional<QByteArray> SensorProtocol::readReply(char id)
 {
     m_unanswered = Clock::now();
-    const char request[] = {id, kGet, kTerminator};
-    (void)writeFrame({request, sizeof request}, 1); // a failed write still waits for a reply
+    (void)writeFrame(view(readFrameOf(id)), 1); // a failed write still waits for a reply
     QByteArray reply = readFrame(kReplyMaximum);
 
     const auto count = static_cast<int>(reply.size());
@@ -84,7 +69,7 @@ std::optional<QByteArray> SensorProtocol::readReply(char id)
         m_log.append(QString::asprintf("Invalid input byte count of %d", count));
         return std::nullopt;
     }
-    if (reply.back() != kTerminator) {
+    if (reply.back() != kFrameTerminator) {
         const auto last = static_cast<unsigned char>(reply.back());
         m_log.append(QString::asprintf("Invalid message terminator received ($%02X)",
                                        static_cast<unsigned>(last)));
@@ -130,10 +115,8 @@ int SensorProtocol::writeParameter(char id, const QByteArray& value)
             QString::asprintf("Invalid output data length of %d", static_cast<int>(value.size())));
         return 0;
     }
-    QByteArray frame;
-    frame.append(id).append(kSet).append(value).append(kTerminator);
     outlastLateAnswer();
-    return writeFrame(view(frame), 1);
+    return writeFrame(view(writeFrameOf(id, value)), 1);
 }
 
 std::optional<QByteArray> SensorProtocol::connect()
@@ -289,7 +272,7 @@ QByteArray SensorProtocol::readFrame(int maximum)
         if (!result.received)
             break;
         bytes.append(result.byte);
-        if (result.byte == kTerminator)
+        if (result.byte == kFrameTerminator)
             break;
     }
     logFrame(0, view(bytes));
@@ -300,10 +283,8 @@ void SensorProtocol::logFrame(int transmit, std::string_view bytes)
 {
     if (transmit == 1 && bytes.starts_with("PR"))
         return; // a hundred PROG frames would bury the rest of the log
-    QString line = transmit == 1 ? QStringLiteral("TX: ") : QStringLiteral("RX: ");
-    for (std::size_t index = 0; index < bytes.size(); ++index)
-        line += frameToken(index, bytes[index]);
-    m_log.append(line);
+    const QString direction = transmit == 1 ? QStringLiteral("TX: ") : QStringLiteral("RX: ");
+    m_log.append(direction + frameText({bytes.data(), static_cast<qsizetype>(bytes.size())}));
 }
 
 } // namespace pelorin

@@ -3,6 +3,7 @@
 #include "pages/SensorPage.h"
 #include "platform/core/LanguageStrings.h"
 #include "platform/core/Strings.h"
+#include "sensor/OutputRules.h"
 
 #include <QComboBox>
 #include <QGroupBox>
@@ -59,7 +60,6 @@ constexpr std::array kDirectionTexts = {strings::kForward, strings::kReverse};
 constexpr std::array kModeTexts = {strings::kAsynchronous, strings::kSynchronous};
 
 constexpr int kSkipCountLength = 3;
-constexpr int kDifferential = 1;
 
 void addItems(QComboBox& list, int count)
 {
@@ -285,7 +285,7 @@ void OutputSetupControls::restoreValues()
     check(m_extensions, original[ExtensionKind]);
     check(m_modes, original[Output]);
     if (original[Output] >= 0)
-        setMagnets(original[Output] == kDifferential);
+        setMagnets(magnetsFor(original[Output]) == 2);
     check(m_magnets, original[Magnets]);
     acceptValues();
 }
@@ -326,17 +326,16 @@ void OutputSetupControls::showExtension(const Extension& extension)
     check(m_modes, extension.mode);
     check(m_extensions, extension.extension);
     if (checkedIndex(m_modes) >= 0)
-        setMagnets(checkedIndex(m_modes) == kDifferential);
+        setMagnets(magnetsFor(checkedIndex(m_modes)) == 2);
 }
 
 void OutputSetupControls::onModeRadio()
 {
     const QScopedValueRollback showing(m_showing, true);
-    setMagnets(checkedIndex(m_modes) == kDifferential);
+    setMagnets(magnetsFor(checkedIndex(m_modes)) == 2);
     Q_EMIT settingChanged();
 }
 
-/// A difference needs two magnets, every other output is of one.
 void OutputSetupControls::setMagnets(bool two)
 {
     m_magnets[0]->setEnabled(!two);

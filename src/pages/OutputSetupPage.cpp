@@ -8,6 +8,7 @@
 #include "platform/core/Strings.h"
 #include "platform/ui/MessageBox.h"
 #include "sensor/OffsetChoice.h"
+#include "sensor/OutputRules.h"
 #include "sensor/ParameterWords.h"
 #include "sensor/SensorTypes.h"
 #include "sensor/SequenceRunner.h"
@@ -16,6 +17,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 
+#include <algorithm>
 #include <array>
 #include <utility>
 
@@ -58,15 +60,7 @@ constexpr std::array<std::pair<int, int>, 25> kCaptions = {{
 constexpr std::array<std::pair<char, int>, 3> kAsReadLabels = {
     {{'L', 1072}, {'N', 1074}, {'U', 1076}}};
 
-constexpr int kLargestSkipCount = 255;
-constexpr int kFinestOfType0 = 10; ///< micrometres
-constexpr int kParity = 1;
 constexpr int kReadableWidth = 900; ///< logical pixels: captions stay beside their controls
-
-QLatin1String storedPassword()
-{
-    return QLatin1String("STEADYNOW");
-}
 
 } // namespace
 
@@ -205,7 +199,7 @@ void OutputSetupPage::unlock()
     PasswordDialog dialog(window(), strings::kPasswordPrompt);
     if (dialog.exec() != QDialog::Accepted)
         return;
-    if (dialog.getPassword().compare(storedPassword(), Qt::CaseInsensitive) == 0) {
+    if (isSkipCountPassword(dialog.getPassword())) {
         m_unlocked = true;
         m_controls->skipCountEdit()->setEnabled(true);
     } else {
@@ -247,16 +241,12 @@ bool OutputSetupPage::valuesAreUsable()
 
 bool OutputSetupPage::entriesAreAllowed()
 {
-    const bool modeOne = m_chosen.format.has(DataFormat::kModeOne);
-    if (link().ssiType() == 0) {
-        if (m_chosen.micrometres < kFinestOfType0)
-            return refuse(strings::kResolutionTooFine, m_controls->resolutionList());
-        if (modeOne)
-            return refuse(strings::kModeNotOffered, m_controls->modeList());
-    }
-    if (modeOne && m_chosen.format.has(DataFormat::kReverse))
-        return refuse(strings::kModeNotInReverse, m_controls->modeList());
-    return true;
+    const OutputRefusal refusal = refusalOf(link().ssiType(), m_chosen);
+    if (refusal == OutputRefusal::None)
+        return true;
+    return refuse(textNumberOf(refusal), refusal == OutputRefusal::ResolutionTooFine
+                                             ? m_controls->resolutionList()
+                                             : m_controls->modeList());
 }
 
 /// Another direction needs another offset.
@@ -284,27 +274,19 @@ bool OutputSetupPage::chooseOffset()
     return m_offset && isLinkKept();
 }
 
-/// Asks only about what the sensor does not do already.
 bool OutputSetupPage::confirmChanges()
 {
-    const bool parity = hasExtension() && m_chosen.extension.extension == kParity;
-    if (parity && m_read.extension.extension != kParity && !confirm(strings::kAskForParity))
-        return false;
-    const bool modeOne = m_chosen.format.has(DataFormat::kModeOne);
-    return !modeOne || m_read.format.has(DataFormat::kModeOne) || confirm(strings::kAskForMode);
+    const auto questions = questionsBefore(link().ssiType(), m_chosen, m_read);
+    return std::ranges::all_of(questions, [this](int question) { return confirm(question); });
 }
 
 /// All values, before the first one is written.
 bool OutputSetupPage::composeWriteValues()
 {
-    m_writes.clear();
-    for (const char id : sensorType(link().ssiType()).outputWrite) {
-        const bool asked = id == 'N' && m_offset;
-        const auto valueText = asked ? m_offset : m_chosen.composeWriteValue(id);
-        if (!valueText)
-            return refuse(strings::kDoesNotFit, m_controls->resolutionList());
-        m_writes[id] = *valueText;
-    }
+    const auto values = composeOutput(link().ssiType(), m_chosen, m_offset);
+    if (!values)
+        return refuse(strings::kDoesNotFit, m_controls->resolutionList());
+    m_writes = *values;
     return true;
 }
 

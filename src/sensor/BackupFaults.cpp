@@ -1,6 +1,11 @@
 #include "sensor/BackupFaults.h"
 
+#include "platform/core/LanguageStrings.h"
+#include "platform/core/Strings.h"
 #include "sensor/ParameterCodec.h"
+#include "sensor/ParameterWords.h"
+
+#include <QStringList>
 
 namespace pelorin {
 
@@ -28,6 +33,18 @@ BackupFaults BackupFaults::of(const SensorValues& values, std::string_view param
         }
     }
     return faults;
+}
+
+QString textOf(const BackupFaults& faults)
+{
+    if (faults == BackupFaults())
+        return {};
+    QStringList lines{languageString(strings::kBackupUnfit)};
+    if (!faults.missing.isEmpty())
+        lines << languageString(strings::kBackupMissing).arg(parametersInWords(faults.missing));
+    if (!faults.unfit.isEmpty())
+        lines << languageString(strings::kBackupNotUsable).arg(parametersInWords(faults.unfit));
+    return lines.join(QLatin1Char('\n'));
 }
 
 } // namespace pelorin

@@ -3,6 +3,7 @@
 #include "sensor/SensorValues.h"
 
 #include <QByteArray>
+#include <QString>
 
 #include <string_view>
 
@@ -19,5 +20,8 @@ struct BackupFaults
 
     bool operator==(const BackupFaults&) const = default;
 };
+
+/// Why the values cannot be written as a whole, in the current language; empty if they can.
+[[nodiscard]] QString textOf(const BackupFaults& faults);
 
 } // namespace pelorin

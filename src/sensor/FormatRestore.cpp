@@ -134,17 +134,22 @@ void FormatRestore::decide(const Outcome& outcome)
     finish(result);
 }
 
+Plan FormatRestore::planOf(const QByteArray& own, int ssiType)
+{
+    Plan plan = writePlan("D", {{'D', own}}, sensorType(ssiType).closing, kRestoreTime);
+    plan.front().pauseAfter = kWriteTime;
+    plan.push_back({.kind = Step::Kind::Read, .id = 'D'});
+    return plan;
+}
+
 void FormatRestore::writeBack(const KeptFormat& format)
 {
     KeptFormat unstored = format; // the sensor shows that it has not kept what was written back
     if (std::exchange(unstored.readBack, false))
         (void)m_formats.keep(unstored); // it is kept in any case
-    Plan plan = writePlan("D", {{'D', format.own}}, sensorType(m_runner.link().ssiType()).closing,
-                          kRestoreTime);
-    plan.front().pauseAfter = kWriteTime;
-    plan.push_back({.kind = Step::Kind::Read, .id = 'D'});
     tellStep(strings::kWritingOwnFormat);
-    run(plan, [this, unstored](const Outcome& outcome) { check(unstored, outcome); });
+    run(planOf(format.own, m_runner.link().ssiType()),
+        [this, unstored](const Outcome& outcome) { check(unstored, outcome); });
 }
 
 /// Only a restart shows what the sensor has stored; until then the format stays kept.

@@ -36,6 +36,9 @@ public:
     /// Both outlive this.
     FormatRestore(SequenceRunner& runner, KeptFormats& formats);
 
+    /// Writes an own format back to a sensor of a type, and reads it.
+    [[nodiscard]] static Plan planOf(const QByteArray& own, int ssiType);
+
     /// Looks after the sensor that has just been restarted, connected and identified.
     /// @param owner of the plans; done is called at once where nothing is kept for the sensor
     /// @param own a format that was kept for it in this run: whatever became of its file meanwhile

@@ -294,4 +294,19 @@ WholeFile::Outcome Journal::saveCircumstances(const JournalEntry& entry) const
     return WholeFile(path(entry.id, kCircumstancesSuffix)).save(textOf(entry));
 }
 
+QString nameOf(WriteRequest::By by)
+{
+    return kWriters.wordOf(by);
+}
+
+QString nameOf(WriteResult::Kind kind)
+{
+    return kKinds.wordOf(kind);
+}
+
+QString nameOf(WriteResult::Reason reason)
+{
+    return kReasons.wordOf(reason);
+}
+
 } // namespace pelorin

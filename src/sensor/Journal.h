@@ -115,4 +115,9 @@ private:
     QString m_folder;
 };
 
+/// The names that the journal's files have for these; they never change.
+[[nodiscard]] QString nameOf(WriteRequest::By by);
+[[nodiscard]] QString nameOf(WriteResult::Kind kind);
+[[nodiscard]] QString nameOf(WriteResult::Reason reason);
+
 } // namespace pelorin

@@ -102,6 +102,16 @@ QString scaleText(const QByteArray& text, const SensorValues& values)
 
 } // namespace
 
+QString doubtsInWords(const QByteArray& ids, const SensorValues& values)
+{
+    QStringList lines;
+    for (const char id : ids) {
+        if (const QByteArray& text = values.at(id); !isWellFormed(id, text))
+            lines << textInWords(id, text);
+    }
+    return lines.join(QLatin1Char('\n'));
+}
+
 QString formatText(const DataFormat& format)
 {
     return languageString(format.has(DataFormat::kGray) ? strings::kBitsGray : strings::kBitsBinary)

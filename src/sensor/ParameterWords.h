@@ -18,6 +18,10 @@ struct DataFormat;
 /// A parameter and its text as it stands, which may be no value.
 [[nodiscard]] QString textInWords(char id, const QByteArray& text);
 
+/// Those of values that are no values of their parameters, a line each; empty if all are.
+/// @param ids which are looked at; each has a value
+[[nodiscard]] QString doubtsInWords(const QByteArray& ids, const SensorValues& values);
+
 /// The parts of the data format.
 [[nodiscard]] QString formatText(const DataFormat& format);
 [[nodiscard]] QString modeText(const DataFormat& format);

@@ -38,35 +38,45 @@ std::optional<double> slopeOf(PositionPoints points)
 
 /// Mean and deviation are carried along from point to point: a sum of squares of large positions
 /// would lose the noise.
+void PositionTally::add(const PositionPoint& point)
+{
+    const auto& [seconds, value] = point;
+    const bool first = m_figures.count == 0;
+    const double gap = first ? 0.0 : seconds - m_before;
+    m_before = seconds;
+    m_figures.longestGap = std::max(m_figures.longestGap, gap);
+    if (!first && gap < kPositionSilence) {
+        m_streamed += gap;
+        ++m_intervals;
+    }
+    m_figures.minimum = first ? value : std::min(m_figures.minimum, value);
+    m_figures.maximum = first ? value : std::max(m_figures.maximum, value);
+    const double distance = value - m_figures.mean;
+    m_figures.mean += distance / static_cast<double>(++m_figures.count);
+    m_squares += distance * (value - m_figures.mean);
+}
+
+PositionFigures PositionTally::figures(double end) const
+{
+    PositionFigures figures = m_figures;
+    if (figures.count == 0)
+        return figures;
+    if (figures.count > 1)
+        figures.deviation = std::sqrt(m_squares / static_cast<double>(figures.count - 1));
+    if (m_streamed > 0.0)
+        figures.perSecond = m_intervals / m_streamed;
+    figures.longestGap = std::max(figures.longestGap, end - m_before);
+    return figures;
+}
+
 PositionFigures positionFigures(PositionPoints points, double end)
 {
-    PositionFigures figures;
-    if (points.empty())
-        return figures;
-    figures.minimum = figures.maximum = points.front().millimetres;
-    double squares = 0.0;
-    double before = points.front().seconds;
-    double streamed = 0.0; // seconds
-    int intervals = 0;
-    for (const auto& [seconds, value] : points) {
-        const double gap = seconds - std::exchange(before, seconds);
-        figures.longestGap = std::max(figures.longestGap, gap);
-        if (gap < kPositionSilence && figures.count > 0) {
-            streamed += gap;
-            ++intervals;
-        }
-        figures.minimum = std::min(figures.minimum, value);
-        figures.maximum = std::max(figures.maximum, value);
-        const double distance = value - figures.mean;
-        figures.mean += distance / static_cast<double>(++figures.count);
-        squares += distance * (value - figures.mean);
-    }
-    if (figures.count > 1)
-        figures.deviation = std::sqrt(squares / static_cast<double>(figures.count - 1));
-    if (streamed > 0.0)
-        figures.perSecond = intervals / streamed;
-    figures.longestGap = std::max(figures.longestGap, end - before);
-    figures.velocity = slopeOf(pointsBetween(points, end - kVelocityTime, end));
+    PositionTally tally;
+    for (const PositionPoint& point : points)
+        tally.add(point);
+    PositionFigures figures = tally.figures(end);
+    if (!points.empty())
+        figures.velocity = slopeOf(pointsBetween(points, end - kVelocityTime, end));
     return figures;
 }
 

@@ -37,6 +37,23 @@ struct PositionFigures
     [[nodiscard]] double span() const { return maximum - minimum; }
 };
 
+/// Takes positions one after the other, and keeps none of them.
+class PositionTally
+{
+public:
+    void add(const PositionPoint& point);
+    /// What they amount to so far, without the velocity.
+    /// @param end until when positions were waited for
+    [[nodiscard]] PositionFigures figures(double end) const;
+
+private:
+    PositionFigures m_figures;
+    double m_squares = 0.0;  ///< of the distances from the mean
+    double m_before = 0.0;   ///< seconds of the last one
+    double m_streamed = 0.0; ///< seconds without the silences, and the intervals in them
+    int m_intervals = 0;
+};
+
 /// @param end until when positions were waited for, or are shown
 [[nodiscard]] PositionFigures positionFigures(PositionPoints points, double end);
 

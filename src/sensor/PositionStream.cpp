@@ -32,6 +32,14 @@ PositionStream::PositionStream(SequenceRunner& runner, KeptFormats& formats, For
 {
 }
 
+Plan PositionStream::formatPlan(const QByteArray& format, int ssiType)
+{
+    Plan plan = writePlan("D", {{'D', format}}, sensorType(ssiType).closing, kStoreTime);
+    plan.front().pauseAfter = kWriteTime;
+    plan.push_back({.kind = Kind::Read, .id = 'A'});
+    return plan;
+}
+
 bool PositionStream::start()
 {
     return m_state != State::Idle || begin();
@@ -125,13 +133,10 @@ void PositionStream::writeStreamingFormat()
                                          if (isStreaming())
                                              Q_EMIT frames(batch.samples, batch.malformed);
                                      }});
-    Plan plan = writePlan("D", {{'D', m_savedFormat.streaming}},
-                          sensorType(m_runner.link().ssiType()).closing, kStoreTime);
-    plan.front().pauseAfter = kWriteTime;
-    plan.push_back({.kind = Kind::Read, .id = 'A'});
     Q_EMIT stepBegun(strings::kWritingStreamFormat);
     if (!run(
-            plan, [this](const Outcome& done) { takeResolution(done); },
+            formatPlan(m_savedFormat.streaming, m_runner.link().ssiType()),
+            [this](const Outcome& done) { takeResolution(done); },
             [this] { Q_EMIT stepBegun(strings::kStoringFormat); }))
         failStart('D');
 }

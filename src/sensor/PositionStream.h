@@ -23,6 +23,9 @@ public:
     PositionStream(SequenceRunner& runner, KeptFormats& formats, FormatRestore& restore,
                    bool manualPower);
 
+    /// Gives a sensor of a type a data format, and reads its resolution.
+    [[nodiscard]] static Plan formatPlan(const QByteArray& format, int ssiType);
+
     /// While there is no stream.
     void setManualPower(bool manualPower) { m_manualPower = manualPower; }
 

@@ -2,11 +2,9 @@
 
 #include "platform/core/LanguageStrings.h"
 #include "platform/core/Strings.h"
-#include "sensor/OutputSettings.h"
 #include "sensor/ParameterWords.h"
 #include "sensor/SensorTypes.h"
 
-#include <algorithm>
 #include <cmath>
 #include <optional>
 #include <string>
@@ -21,7 +19,6 @@ using Origin = RestoreChoice::Origin;
 
 constexpr std::string_view kCalibration = "ULPZMJO";
 constexpr std::string_view kOwnUsed = "DAUNL"; ///< what the output settings follow from
-constexpr int kFinestOfType0 = 10;             ///< micrometres
 
 RestoreChoice refusing(Refusal refusal, const QByteArray& parameters = {})
 {
@@ -88,71 +85,11 @@ OutputSettings settingsOf(const SensorValues& values)
     return settings;
 }
 
-/// What the page for the output settings refuses, too.
-Refusal refusalOf(int ssiType, const OutputSettings& wanted)
-{
-    const bool modeOne = wanted.format.has(DataFormat::kModeOne);
-    if (wanted.micrometres <= 0)
-        return Refusal::NoResolution;
-    if (ssiType == 0 && wanted.micrometres < kFinestOfType0)
-        return Refusal::ResolutionTooFine;
-    if (ssiType == 0 && modeOne)
-        return Refusal::ModeNotOffered;
-    if (modeOne && wanted.format.has(DataFormat::kReverse))
-        return Refusal::ModeNotInReverse;
-    return Refusal::None;
-}
-
-/// The parameters that hold a setting which that page has no item for.
-QByteArray notOffered(const SensorType& type, const OutputSettings& wanted)
-{
-    constexpr int kLastItem = 2;
-    const auto isOneOf = [](const auto& offered, int value) {
-        return std::find(offered.begin(), offered.end(), value) != offered.end();
-    };
-    const auto isItem = [](int item) { return item >= 0 && item <= kLastItem; };
-    QByteArray parameters;
-    if (!isOneOf(kOfferedDataBits, wanted.format.dataBits))
-        parameters += 'D';
-    if (!isOneOf(kOfferedResolutions, wanted.micrometres))
-        parameters += 'A';
-    if (type.has('K') && !(isItem(wanted.extension.extension) && isItem(wanted.extension.mode)))
-        parameters += 'K';
-    return parameters;
-}
-
 /// The offset of a sensor in counts of another resolution.
 std::optional<QByteArray> recounted(const QByteArray& offset, int micrometres, int newMicrometres)
 {
     const double length = static_cast<double>(decodeOffsetCounts(offset)) * micrometres;
     return encodeOffsetCounts(std::llround(length / newMicrometres));
-}
-
-int textNumberOf(Refusal refusal)
-{
-    switch (refusal) {
-    case Refusal::NotSaved:
-        return strings::kBackupMissing;
-    case Refusal::NoValue:
-        return strings::kBackupNotUsable;
-    case Refusal::NotOffered:
-        return strings::kNotOffered;
-    case Refusal::NoResolution:
-        return strings::kNoResolution;
-    case Refusal::ResolutionTooFine:
-        return strings::kResolutionTooFine;
-    case Refusal::ModeNotOffered:
-        return strings::kModeNotOffered;
-    case Refusal::ModeNotInReverse:
-        return strings::kModeNotInReverse;
-    case Refusal::OffsetUnknown:
-        return strings::kOffsetToBeCalculated;
-    case Refusal::DoesNotFit:
-        return strings::kDoesNotFit;
-    case Refusal::None:
-        break;
-    }
-    return 0;
 }
 
 } // namespace
@@ -186,7 +123,7 @@ RestoreChoice chooseOutputSettings(int ssiType, const SensorValues& sensor,
         return refusing(Refusal::NoResolution);
     if (const Refusal refusal = refusalOf(ssiType, wanted); refusal != Refusal::None)
         return refusing(refusal);
-    if (const QByteArray unknown = notOffered(type, wanted); !unknown.isEmpty())
+    if (const QByteArray unknown = notOffered(ssiType, wanted); !unknown.isEmpty())
         return refusing(Refusal::NotOffered, unknown);
 
     const bool savedOffset = sameMultiplier && isSameValue('L', sensor.at('L'), saved.at('L'));
@@ -227,6 +164,21 @@ QString refusalText(const RestoreChoice& choice)
         return {};
     const QString text = languageString(textNumberOf(choice.refusal));
     return choice.refused.isEmpty() ? text : text.arg(parametersInWords(choice.refused));
+}
+
+int textNumberOf(Origin origin)
+{
+    switch (origin) {
+    case Origin::OwnMultiplier:
+        return strings::kOwnMultiplier;
+    case Origin::OwnVelocity:
+        return strings::kOwnVelocity;
+    case Origin::OwnLength:
+        return strings::kOwnLength;
+    case Origin::Saved:
+        break;
+    }
+    return 0;
 }
 
 QByteArray unlikeSaved(int ssiType, const SensorValues& sensor, const SensorValues& saved)

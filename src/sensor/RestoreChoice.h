@@ -1,9 +1,11 @@
 #pragma once
 
+#include "sensor/OutputRules.h"
 #include "sensor/SensorValues.h"
 
 #include <QString>
 
+#include <chrono>
 #include <map>
 
 namespace pelorin {
@@ -12,18 +14,7 @@ namespace pelorin {
 /// position stream that a saved data format may ask for is never written.
 struct RestoreChoice
 {
-    enum class Refusal {
-        None,
-        NotSaved, ///< parameters that it needs, as the next two
-        NoValue,
-        NotOffered, ///< by the page for the output settings
-        NoResolution,
-        ResolutionTooFine, ///< for the sensor's type, as the next
-        ModeNotOffered,
-        ModeNotInReverse,
-        OffsetUnknown, ///< the direction changes, and the saved offset does not fit the sensor
-        DoesNotFit
-    };
+    using Refusal = OutputRefusal;
 
     /// What a value comes from.
     enum class Origin {
@@ -42,6 +33,9 @@ struct RestoreChoice
     bool operator==(const RestoreChoice&) const = default;
 };
 
+inline constexpr char kRestoreClosing = 'E'; ///< the command that has restored values stored
+inline constexpr std::chrono::milliseconds kRestorePause{500}; ///< after it
+
 /// The sensor becomes what was saved, its calibration included. What was not saved stays.
 /// @param sensor every parameter of the type
 /// @param withFactoryText whether 'F' goes first, if it was saved
@@ -54,6 +48,9 @@ struct RestoreChoice
 
 /// Why a choice is refused, in the current language; empty if it is not.
 [[nodiscard]] QString refusalText(const RestoreChoice& choice);
+
+/// The number of the text that says what a value comes from; 0 for a saved one.
+[[nodiscard]] int textNumberOf(RestoreChoice::Origin origin);
 
 /// The parameters that tell one sensor from another and are not as they were saved, the version
 /// among them. What was not saved tells nothing.

@@ -22,6 +22,11 @@ namespace {
 
 constexpr char kFactoryText = 'F';
 
+std::string_view viewOf(const QByteArray& ids)
+{
+    return {ids.constData(), static_cast<std::size_t>(ids.size())};
+}
+
 /// What the user is told where the sensor is not as the user has seen it.
 int changedText(WriteRequest::By by)
 {
@@ -73,6 +78,23 @@ bool SafeWriter::isRunning(const QObject& asker) const
     return m_job && m_job->asker == &asker;
 }
 
+Plan SafeWriter::writingPlan(const WriteRequest& request) const
+{
+    const auto pause =
+        m_settings.enabled ? std::max(request.storePause, kStoreTime) : request.storePause;
+    return writePlan(viewOf(request.order), request.values, request.closing, pause);
+}
+
+Plan SafeWriter::planOf(const WriteRequest& request) const
+{
+    Plan plan = writingPlan(request);
+    if (!m_settings.enabled)
+        return plan;
+    if (!m_settings.manualPower)
+        plan = joined(std::move(plan), connectPlan());
+    return joined(std::move(plan), verifyPlan(viewOf(request.order), request.values));
+}
+
 bool SafeWriter::write(QObject& asker, WriteRequest request, Listener listener)
 {
     if (m_job || m_runner.isBusy() || m_runner.isConnectWanted())
@@ -105,8 +127,7 @@ void SafeWriter::check()
         if (!order.contains(id) && m_runner.known().find(id) == m_runner.known().end())
             others.append(id);
     }
-    const Plan plan = joined(readPlan({order.constData(), std::size_t(order.size())}, true),
-                             tolerantReadPlan({others.constData(), std::size_t(others.size())}));
+    const Plan plan = joined(readPlan(viewOf(order), true), tolerantReadPlan(viewOf(others)));
     if (!run(plan, [this](const Outcome& outcome) { takeState(outcome); }))
         refuse(languageString(strings::kBeingConnected));
 }
@@ -199,12 +220,7 @@ void SafeWriter::writeAll()
 {
     tell(Phase::Writing);
     m_job->changes = m_runner.changes();
-    const WriteRequest& request = m_job->request;
-    const auto pause =
-        m_settings.enabled ? std::max(request.storePause, kStoreTime) : request.storePause;
-    const Plan plan = writePlan({request.order.constData(), std::size_t(request.order.size())},
-                                request.values, request.closing, pause);
-    if (!run(plan, [this](const Outcome& outcome) { onWritten(outcome); }))
+    if (!run(writingPlan(m_job->request), [this](const Outcome& outcome) { onWritten(outcome); }))
         refuse(languageString(strings::kBeingConnected));
 }
 
@@ -269,8 +285,7 @@ QByteArray SafeWriter::proof() const
 
 void SafeWriter::readBack(const QByteArray& ids)
 {
-    const Plan plan = verifyPlan({ids.constData(), std::size_t(ids.size())},
-                                 overlaid(m_job->state.values, m_job->request.values));
+    const Plan plan = verifyPlan(viewOf(ids), overlaid(m_job->state.values, m_job->request.values));
     const bool begun = run(
         plan, [this](const Outcome& outcome) { onCompared(outcome); },
         [this](const Reply& reply) {

@@ -62,6 +62,9 @@ public:
     /// Who asks the user; without one nothing is written where the journal cannot be.
     void setQuestion(Question question) { m_question = std::move(question); }
 
+    /// What a request does with the sensor from its first write on.
+    [[nodiscard]] Plan planOf(const WriteRequest& request) const;
+
     /// Begins to write.
     /// @return false if it cannot begin now; nobody is told anything then
     [[nodiscard]] bool write(QObject& asker, WriteRequest request, Listener listener);
@@ -87,6 +90,7 @@ Q_SIGNALS:
 private:
     struct Job;
 
+    [[nodiscard]] Plan writingPlan(const WriteRequest& request) const;
     void check();
     void takeState(const Outcome& outcome);
     [[nodiscard]] QByteArray changedSinceSeen() const;

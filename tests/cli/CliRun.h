@@ -1,5 +1,6 @@
 #pragma once
 
+#include "support/Rows.h"
 #include "support/WaitFor.h"
 
 #include <QJsonArray>
@@ -7,6 +8,10 @@
 #include <QJsonObject>
 #include <QMap>
 #include <QProcess>
+
+#include <algorithm>
+#include <map>
+#include <memory>
 
 namespace pelorin::test {
 
@@ -71,6 +76,23 @@ inline QString faultOf(const QJsonObject& object, const QString& where = {})
         {QStringLiteral("/differences/name"), Type::String},
         {QStringLiteral("/differences/written"), Type::String},
         {QStringLiteral("/differences/found"), Type::String},
+        {QStringLiteral("/entry"), Type::String},
+        {QStringLiteral("/plan"), Type::Array},
+        {QStringLiteral("/plan/id"), Type::String},
+        {QStringLiteral("/plan/frame"), Type::String},
+        {QStringLiteral("/plan/raw"), Type::String},
+        {QStringLiteral("/plan/restart"), Type::Bool},
+        {QStringLiteral("/plan/pause"), Type::Double},
+        {QStringLiteral("/entries"), Type::Array},
+        {QStringLiteral("/summary"), Type::Object},
+        {QStringLiteral("/summary/count"), Type::Double},
+        {QStringLiteral("/summary/malformed"), Type::Double},
+        {QStringLiteral("/summary/minimum"), Type::Double},
+        {QStringLiteral("/summary/maximum"), Type::Double},
+        {QStringLiteral("/summary/mean"), Type::Double},
+        {QStringLiteral("/summary/deviation"), Type::Double},
+        {QStringLiteral("/summary/perSecond"), Type::Double},
+        {QStringLiteral("/summary/longestGap"), Type::Double},
         {QStringLiteral("/table"), Type::Array},
         {QStringLiteral("/table/point"), Type::Double},
         {QStringLiteral("/table/value"), Type::Double},
@@ -105,6 +127,57 @@ inline QJsonObject objectOf(const QByteArray& output)
 {
     const bool oneLine = output.count('\n') == 1 && output.endsWith('\n');
     return oneLine ? QJsonDocument::fromJson(output).object() : QJsonObject();
+}
+
+/// The member at a path such as "error/code", as text.
+inline QString at(const QJsonObject& object, const QString& path)
+{
+    QJsonValue value = object;
+    for (const QString& name : path.split(QLatin1Char('/'))) {
+        bool isIndex = false;
+        const int index = name.toInt(&isIndex);
+        value = isIndex ? value.toArray().at(index) : value.toObject().value(name);
+    }
+    return value.toVariant().toString();
+}
+
+/// A call of the program, and how it ends.
+struct CliRow
+{
+    const char* name;
+    QString line; ///< "%" stands for the folder of the files
+    int exit = 0;
+    QString member{}; ///< what the object has, and where
+    QString value{};
+};
+
+/// Runs them side by side, since they mostly wait; each says how it ends in one object.
+inline void checkRows(const std::vector<CliRow>& rows, const QString& folder)
+{
+    constexpr std::size_t kAtOnce = 10; // more would starve each other's simulated sensors
+    std::map<const CliRow*, std::unique_ptr<CliRun>> runs;
+    const auto begin = [&](const CliRow& row) {
+        QStringList arguments = row.line.split(QLatin1Char(' '), Qt::SkipEmptyParts);
+        arguments.replaceInStrings(QStringLiteral("%"), folder + QLatin1Char('/'));
+        arguments << QStringLiteral("--json");
+        runs[&row] = std::make_unique<CliRun>(arguments);
+        runs[&row]->begin();
+    };
+    forEachRow(rows, [&](const CliRow& row) {
+        const auto end = std::min(std::size_t(&row - rows.data()) + kAtOnce, rows.size());
+        while (runs.size() < end)
+            begin(rows[runs.size()]);
+        CliRun& run = *runs.at(&row);
+        QCOMPARE(run.end(), row.exit);
+        const QJsonObject object = objectOf(run.output);
+        QCOMPARE(faultOf(object), QString());
+        QCOMPARE(at(object, QStringLiteral("schema")), QStringLiteral("1"));
+        QCOMPARE(at(object, QStringLiteral("exit")), QString::number(row.exit));
+        QCOMPARE(at(object, row.member), row.value);
+        QCOMPARE(object.contains(QStringLiteral("error")), row.exit > 1);
+        QVERIFY2(run.errors.trimmed().endsWith(at(object, QStringLiteral("error/text")).trimmed()),
+                 qPrintable(run.errors));
+    });
 }
 
 } // namespace pelorin::test

@@ -19,18 +19,6 @@ const QByteArray kInstalled =
 const QByteArray kPorts = "[HKEY_LOCAL_MACHINE\\HARDWARE\\DEVICEMAP\\SERIALCOMM]\r\n"
                           "\"simulator:sensor?type=1\"=\"COM9\"\r\n";
 
-/// The member at a path such as "error/code", as text.
-QString at(const QJsonObject& object, const QString& path)
-{
-    QJsonValue value = object;
-    for (const QString& name : path.split(u'/')) {
-        bool isIndex = false;
-        const int index = name.toInt(&isIndex);
-        value = isIndex ? value.toArray().at(index) : value.toObject().value(name);
-    }
-    return value.toVariant().toString();
-}
-
 } // namespace
 
 /// Runs the built program, as scripts do. What it does with a sensor is tested where that lives.
@@ -57,14 +45,6 @@ private Q_SLOTS:
 
     void everyCommandEndsWithItsExitCodeAndOneObject()
     {
-        struct Row
-        {
-            const char* name;
-            QString line; ///< "%" stands for the folder of the files
-            int exit = 0;
-            QString member{}; ///< what the object has, and where
-            QString value{};
-        };
         const QString sensor = u" --port "_s + kSensor;
         const auto faulty = [](const char* fault) {
             return u" --port simulator:sensor?fault="_s + QLatin1String(fault);
@@ -72,7 +52,7 @@ private Q_SLOTS:
         keepFormat(u"simulator:sensor?fault=deaf@DN"_s);
         keepFormat(u"simulator:sensor?moving=0"_s);
         const QString code = u"error/code"_s;
-        const std::vector<Row> rows = {
+        const std::vector<CliRow> rows = {
             {"all of a sensor", u"info"_s + sensor, 0, u"values/7/value"_s, u"1250"_s},
             {"by COM number", u"info --port COM9"_s, 0, u"sensor/type"_s, u"1"_s},
             {"by a number alone", u"read A --port 9"_s, 0, u"port/device"_s,
@@ -136,26 +116,7 @@ private Q_SLOTS:
                                .type = 0, .supply = SimulatedSensor::Supply::ByLineSpeed}),
                            m_folder.path(u"pty"_s).toStdString());
         QCOMPARE(terminal.start(), 0);
-        std::map<const Row*, std::unique_ptr<CliRun>> runs; // all at once: they mostly wait
-        for (const Row& row : rows) {
-            QStringList arguments = row.line.split(u' ', Qt::SkipEmptyParts);
-            arguments.replaceInStrings(u"%"_s, m_folder.path(u"."_s) + u'/');
-            arguments << u"--json"_s;
-            runs[&row] = std::make_unique<CliRun>(arguments);
-            runs[&row]->begin();
-        }
-        forEachRow(rows, [&](const Row& row) {
-            CliRun& run = *runs.at(&row);
-            QCOMPARE(run.end(), row.exit);
-            const QJsonObject object = objectOf(run.output);
-            QCOMPARE(faultOf(object), QString());
-            QCOMPARE(at(object, u"schema"_s), u"1"_s);
-            QCOMPARE(at(object, u"exit"_s), QString::number(row.exit));
-            QCOMPARE(at(object, row.member), row.value);
-            QCOMPARE(object.contains(u"error"_s), row.exit > 1);
-            QVERIFY2(run.errors.trimmed().endsWith(at(object, u"error/text"_s).trimmed()),
-                     qPrintable(run.errors));
-        });
+        checkRows(rows, m_folder.path(u"."_s));
         QVERIFY(!m_folder.names().contains(u"never"_s));
         QVERIFY(m_folder.content(u"log.txt"_s).contains("\r\nTX: [44][Get][TERM]\r\n"));
         QCOMPARE(m_folder.content(u"garbage.dat"_s), QByteArray("garbage\r\n"));

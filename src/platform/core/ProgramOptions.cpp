@@ -11,7 +11,6 @@ namespace pelorin {
 
 namespace {
 
-
 QString helpOption()
 {
     return QStringLiteral("help");

@@ -609,5 +609,27 @@ inline constexpr int kSettingsHeading = 2154;
 inline constexpr int kLastStateHeading = 2155;
 inline constexpr int kLastLines = 2156;
 inline constexpr int kTypeOfSensor = 2157;
+inline constexpr int kRestoreDescription = 2060;
+inline constexpr int kSetDescription = 2061;
+inline constexpr int kWatchDescription = 2062;
+inline constexpr int kJournalDescription = 2063;
+inline constexpr int kNoJournalOption = 2064;
+inline constexpr int kPasswordOption = 2065;
+inline constexpr int kOffsetCountOption = 2066;
+inline constexpr int kWatchTimeOption = 2067;
+inline constexpr int kCsvOption = 2068;
+inline constexpr int kAllOrOutput = 2070;
+inline constexpr int kAskToWrite = 2071;
+inline constexpr int kNotConfirmed = 2072;
+inline constexpr int kNoJournalWrites = 2073;
+inline constexpr int kOnlyAllUnseen = 2074;
+inline constexpr int kNoSetting = 2075;
+inline constexpr int kBadSetting = 2076;
+inline constexpr int kNotOfType = 2077;
+inline constexpr int kOffsetNeeded = 2078;
+inline constexpr int kChooseOffsetCount = 2079;
+inline constexpr int kNamedTwice = 2080;
+inline constexpr int kThenPause = 2081;
+inline constexpr int kNoEntry = 2082;
 
 } // namespace pelorin::strings
