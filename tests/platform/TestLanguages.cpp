@@ -25,9 +25,9 @@ namespace {
 
 const QList<int> kLanguages{1, 2, 4, 8, 16};
 
-const QString kChapters =
-    u"first connect port settings information position output offset factory backup safe log manual "
-    "compensation display keyboard troubleshooting"_s;
+const QString kChapters = u"first connect port settings information position output offset factory "
+                          u"backup safe log manual "
+                          "compensation display keyboard troubleshooting"_s;
 
 /// The captions in menus that are no titles as well: they alone mark a letter.
 const QString kMarked =
