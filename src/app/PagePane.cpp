@@ -61,14 +61,30 @@ PagePane::PagePane(QWidget* window, SafeWriter& writer, PositionStream& stream,
     connect(m_refreshButton, &QPushButton::clicked, this, &PagePane::refreshChosen);
 
     // In the order of the list.
-    addPage({new SensorInfoPage, strings::kSensorInformation, "information"}, kInfo);
-    addPage({new MagnetPositionPage(stream), strings::kMagnetPosition, "position"}, kInfo);
-    addPage({new OutputSetupPage(writer), strings::kOutputSetup, "output"}, kWrench);
+    addPage({new SensorInfoPage, strings::kSensorInformation, "information", true}, kInfo);
+    addPage({new MagnetPositionPage(stream), strings::kMagnetPosition, "position", true}, kInfo);
+    addPage({new OutputSetupPage(writer), strings::kOutputSetup, "output", true}, kWrench);
     addPage({new CommLogPage, strings::kCommLog, "log"}, kInfo);
-    addPage({new FactoryParamsPage(formats, writer), strings::kFactoryParameters, "factory"},
+    addPage({new FactoryParamsPage(formats, writer), strings::kFactoryParameters, "factory", true},
             kWrench);
     showTempComp(tempCompEnabled);
+    connect(m_header, &SensorHeader::connectedChanged, this, &PagePane::showConnected);
+    showConnected(false);
     translate();
+}
+
+/// Without a sensor that is identified its values stay to be looked at, in gray.
+void PagePane::showConnected(bool connected)
+{
+    QPalette colors;
+    if (!connected) {
+        for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+            colors.setColor(role, colors.color(QPalette::Disabled, role));
+    }
+    for (const Page& page : m_pages) {
+        if (page.ofSensor)
+            page.area->setPalette(colors);
+    }
 }
 
 void PagePane::addPage(Page page, const char* icon)

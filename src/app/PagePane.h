@@ -83,12 +83,14 @@ private:
         SensorPage* widget;
         int caption; ///< string number
         const char* helpAnchor;
+        bool ofSensor = false;       ///< it shows what a sensor has
         QScrollArea* area = nullptr; ///< around the widget
         QShortcut* shortcut = nullptr;
     };
 
     void addPage(Page page, const char* icon);
     void removeLastPage();
+    void showConnected(bool connected);
     void markShownPage();
     [[nodiscard]] bool takeKey(int key);
     void layOut();

@@ -12,6 +12,8 @@
 #include <QHBoxLayout>
 #include <QLabel>
 
+#include <utility>
+
 namespace pelorin {
 
 namespace {
@@ -94,6 +96,9 @@ void SensorHeader::showSensor()
     m_state->setEnabled(state != State::NotConnected);
     for (int field = 0; field < FieldCount; ++field)
         m_fields[static_cast<std::size_t>(field)]->setText(text(static_cast<Field>(field)));
+    const bool connected = state == State::Connected;
+    if (std::exchange(m_connected, connected) != connected)
+        Q_EMIT connectedChanged(connected);
 }
 
 QString SensorHeader::stateText() const

@@ -27,6 +27,10 @@ public:
     /// The sensor may be another one from now on.
     void forgetSensor();
 
+Q_SIGNALS:
+    /// Whether what the pages show is known to be of the sensor that is connected.
+    void connectedChanged(bool connected);
+
 private:
     enum Field { Type, Revision, FactoryText, Port, SafeWrites, FieldCount };
 
@@ -34,6 +38,7 @@ private:
     [[nodiscard]] QString text(Field field) const;
 
     const SafeWriter& m_writer;
+    bool m_connected = false; ///< as it was told last
     QByteArray m_factoryText; ///< as a page has read it; empty before
     QLabel* m_light;
     QLabel* m_state;

@@ -1,5 +1,7 @@
 #include "app/Commands.h"
+#include "app/SensorHeader.h"
 #include "pages/SelectPortDialog.h"
+#include "pages/SensorInfoPage.h"
 #include "pages/SerialPortComboBox.h"
 #include "platform/core/MessageNumbers.h"
 #include "platform/core/Pacing.h"
@@ -74,6 +76,18 @@ struct Rig : MainWindowRig
         return waitFor([&isOver] { return isOver; }) && openAttempts() == before;
     }
 
+    /// What stands above the page, and whether the page's values are gray.
+    [[nodiscard]] QString header()
+    {
+        QStringList texts;
+        for (const auto* label : page<SensorHeader>().findChildren<QLabel*>())
+            texts << label->text();
+        const QColor text =
+            page<SensorInfoPage>().palette().color(QPalette::Active, QPalette::Text);
+        const bool isGray = text == QPalette().color(QPalette::Disabled, QPalette::Text);
+        return texts.join(u'|') + (isGray ? u"|gray"_s : QString());
+    }
+
     /// The caption of the button that answers a message box, nothing: not yet. A box without it is
     /// closed. By hand the second box asks to switch the supply on, which the PROG frames show.
     std::function<QString()> answer = [this] {
@@ -104,6 +118,8 @@ private Q_SLOTS:
             };
             QVERIFY(waitFor(isExplained) && rig.waitIdle());
             const QString english = message->toolTip();
+            QVERIFY(rig.header().startsWith(u"|Sensor not identified||Firmware revision 3A||"_s) &&
+                    rig.header().endsWith(u"gray"_s));
             QVERIFY(english.contains(byHand ? u"bounds"_s : u"revision 3A"_s));
             QVERIFY(rig.clickCommand(kFirstLanguageCommand + 1));
             QVERIFY(waitFor([&] { return message->toolTip() != english; }) && isExplained());
@@ -195,10 +211,13 @@ private Q_SLOTS:
                 rig.sensor().vanish();
             QVERIFY(rig.isLost(rig.openAttempts() + 3));
             QVERIFY(!rig.window().isBusy()); // the sequence ended as a failed one
+            QCOMPARE(rig.header(), u"|Connection lost||||||gray"_s);
             rig.sensor().clearFaults();
             rig.sensor().comeBack();
             QVERIFY(rig.isConnected(isRead ? 3 : 2) && rig.restsOnItsPort());
             QCOMPARE(rig.lightText(), u"Green: connected"_s);
+            QCOMPARE(rig.header(), u"|Sensor connected|Type 2|Firmware revision 3A|SN012345|COM7"
+                                   "|Safe writes off"_s);
             QCOMPARE(rig.told, QStringList());
         }
         // One that is back at once is connected over the failed read.
