@@ -50,8 +50,13 @@ QString useSettingsFile(const QString& path)
         const QString where = QStringLiteral("damaged in line %1").arg(damage->line);
         return path + QStringLiteral(": ") + (damage->line == 0 ? damage->reason : where);
     }
-    qputenv(kVariable, QFile::encodeName(file.absoluteFilePath()));
+    nameRegistryFile(path);
     return QString();
+}
+
+void nameRegistryFile(const QString& path)
+{
+    qputenv(kVariable, QFile::encodeName(QFileInfo(path).absoluteFilePath()));
 }
 
 QString programFolder()

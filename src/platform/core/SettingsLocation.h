@@ -14,6 +14,9 @@ namespace pelorin {
 /// @return why it cannot be used, in English; null if it can
 [[nodiscard]] QString useSettingsFile(const QString& path);
 
+/// The same for a file that is known to be good.
+void nameRegistryFile(const QString& path);
+
 /// The settings file that was named for this run; empty if none was.
 [[nodiscard]] QString namedRegistryFile();
 
