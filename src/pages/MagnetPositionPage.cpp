@@ -158,7 +158,8 @@ void MagnetPositionPage::getCurrentValues()
     }
     if (!link().isIdentified()) {
         showText(noPosition());
-        setStatusText(strings::kPositionNotIdentified);
+        setStatusText(link().hasOpened() ? strings::kPositionNotIdentified
+                                         : strings::kNotConnected);
     } else if (m_stream.isStreaming()) {
         clearStatusText();
     } else if (!m_stream.start()) {
