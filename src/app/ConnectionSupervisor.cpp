@@ -242,12 +242,17 @@ void ConnectionSupervisor::leavePort(const std::function<void()>& done)
             m_statusBar.setPort(0);
             m_statusBar.showString(strings::kNotConnected);
             m_statusBar.setLinkState(-1);
+            m_link.forgetPort();
+            Q_EMIT sensorLeft();
             done();
         });
         m_reconnectBusy = true; // no attempt opens it again
     });
-    if (!begun)
-        m_gate.addNotice(languageString(strings::kBeingConnected));
+    if (!begun) { // it would be the wrong port for ever
+        connect(
+            &m_runner, &SequenceRunner::busyChanged, this, [this, done] { leavePort(done); },
+            static_cast<Qt::ConnectionType>(Qt::QueuedConnection | Qt::SingleShotConnection));
+    }
 }
 
 void ConnectionSupervisor::onOpened()

@@ -2,6 +2,7 @@
 #include "app/PagePane.h"
 #include "display/DisplayUnitDialog.h"
 #include "pages/SelectPortDialog.h"
+#include "pages/SerialPortComboBox.h"
 #include "pages/SettingsDialog.h"
 #include "platform/core/SettingsLocation.h"
 #include "support/FileContent.h"
@@ -249,6 +250,7 @@ private Q_SLOTS:
             [&](SelectPortDialog& dialog) {
                 QVERIFY(!rig.link().isOpen() && !rig.link().isIdentified());
                 const bool again = ++asked == 2;
+                dialog.findChild<SerialPortComboBox*>()->selectPort(7);
                 QTest::keyClick(&dialog, again ? Qt::Key_Return : Qt::Key_Escape);
             },
             false);
@@ -258,9 +260,10 @@ private Q_SLOTS:
             dialog.accept();
         }));
         QVERIFY(waitFor([&] { return asked == 1 && !QApplication::activeModalWidget(); }));
-        QVERIFY(rig.waitIdle() && rig.openAttempts() == attempts);
-        QVERIFY(rig.clickCommand(kSelectPortCommand)); // the same number again
-        QVERIFY(waitFor([&] { return asked == 2 && rig.link().device() == u"/dev/a"; }));
+        QVERIFY(rig.waitIdle() && rig.openAttempts() == attempts && rig.link().openedPort() == 0);
+        QVERIFY(rig.page<QLabel>("noticeText").text().startsWith(u"No port is open"));
+        QVERIFY(rig.clickCommand(kSelectPortCommand));
+        QVERIFY(waitFor([&] { return rig.link().openedPort() == 7 && rig.link().isIdentified(); }));
     }
 
     void streamAndDisplayUnitGiveWay()
