@@ -212,9 +212,11 @@ void ConnectionSupervisor::changePort(int port, const std::function<void(bool)>&
             return;
         m_statusBar.setExplanation(nullptr); // of the sensor that is left
         m_reconnectTimer.stop();
+        m_statusBar.setText(languageString(strings::kPortOpening).arg(port));
         m_runner.openPort(port, [this, done](bool opened) {
             m_reconnectBusy = false;
             m_reconnectAttempts = 0;
+            m_statusBar.showString(strings::kNotConnected);
             if (opened)
                 onOpened();
             done(opened);
