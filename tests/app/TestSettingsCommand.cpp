@@ -359,15 +359,25 @@ private Q_SLOTS:
             QVERIFY(!dialog.find<QWidget>("siteButton").isVisible());
             dialog.type("low1Edit", u"20"_s);
             dialog.type("high1Edit", u"2F"_s);
+            dialog.chooseTab(kGeneral);
+            dialog.click("tempCompBox");
             dialog.accept();
         }));
+        QVERIFY(rig.waitIdle() && rig.choosePage(kTempCompPage));
+        rig.page<QTableWidget>("lookupList").item(2, 1)->setText(u"20"_s);
         QVERIFY(contentOf(own).contains("\"Type1Low\"=dword:00000020"));
+        int asked = 0;
         const ModalAnswer<QMessageBox> user(
-            [](QMessageBox& box) {
-                QTest::mouseClick(box.button(QMessageBox::Yes), Qt::LeftButton);
+            [&](QMessageBox& box) { // the tables go only at the second time
+                const auto answer = ++asked == 2 ? QMessageBox::No : QMessageBox::Yes;
+                QTest::mouseClick(box.button(answer), Qt::LeftButton);
             },
             false);
-        QVERIFY(rig.change([](const Dialog& dialog) { dialog.click("siteButton"); }));
+        QVERIFY(rig.change([&](const Dialog& dialog) {
+            dialog.click("siteButton");
+            QVERIFY(asked == 2 && dialog.dialog.isVisible() && QFileInfo::exists(own));
+            dialog.click("siteButton");
+        }));
         QVERIFY(!QFileInfo::exists(own) && QFileInfo::exists(own + u".old"_s));
         qputenv("XDG_CONFIG_HOME", former);
     }

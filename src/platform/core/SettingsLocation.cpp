@@ -22,12 +22,14 @@ QString registryFilePath()
 {
     if (QString named = namedRegistryFile(); !named.isEmpty())
         return named;
+    const QString own = usersRegistryFile();
+    return QFileInfo::exists(own) ? own : sitesRegistryFile();
+}
+
+QString sitesRegistryFile()
+{
     const QString sites = QStringLiteral("/etc/pelorin/pelorin.reg");
-    for (const QString& path : {usersRegistryFile(), sites}) {
-        if (QFileInfo::exists(path))
-            return path;
-    }
-    return programFolder() + QStringLiteral("/pelorin.reg");
+    return QFileInfo::exists(sites) ? sites : programFolder() + QStringLiteral("/pelorin.reg");
 }
 
 QString namedRegistryFile()

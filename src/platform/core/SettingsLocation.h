@@ -20,6 +20,9 @@ void nameRegistryFile(const QString& path);
 /// The settings file that was named for this run; empty if none was.
 [[nodiscard]] QString namedRegistryFile();
 
+/// The settings file of this run without a named one and without the user's own.
+[[nodiscard]] QString sitesRegistryFile();
+
 /// The place of the user's own settings file, which need not exist.
 [[nodiscard]] QString usersRegistryFile();
 
