@@ -1986,6 +1986,11 @@ From then on %1 is read, and %2 no longer.</translation>
         <extracomment>In the file dialog, before a list</extracomment>
         <translation>Last files:</translation>
     </message>
+    <message id="1977">
+        <source>COM%1 is being opened. That can take up to 20 seconds while another program looks at an adapter that has just been plugged in.</source>
+        <extracomment>Box at the start, with a button that leads to the choice of another port</extracomment>
+        <translation>COM%1 is being opened. That can take up to 20 seconds while another program looks at an adapter that has just been plugged in.</translation>
+    </message>
     <message id="2000">
         <source>The sensor's port: a COM number, the path of a device, or simulator:...</source>
         <extracomment>Help of pelorin-cli, as all up to 2019</extracomment>

@@ -1986,6 +1986,11 @@ Von da an wird %1 gelesen und %2 nicht mehr.</translation>
         <extracomment>In the file dialog, before a list</extracomment>
         <translation>Letzte Dateien:</translation>
     </message>
+    <message id="1977">
+        <source>COM%1 is being opened. That can take up to 20 seconds while another program looks at an adapter that has just been plugged in.</source>
+        <extracomment>Box at the start, with a button that leads to the choice of another port</extracomment>
+        <translation>COM%1 wird geöffnet. Das kann bis zu 20 Sekunden dauern, solange ein anderes Programm einen Adapter untersucht, der gerade eingesteckt wurde.</translation>
+    </message>
     <message id="2000">
         <source>The sensor's port: a COM number, the path of a device, or simulator:...</source>
         <extracomment>Help of pelorin-cli, as all up to 2019</extracomment>

@@ -2,7 +2,6 @@
 
 #include "app/CommandGate.h"
 #include "app/Commands.h"
-#include "app/NoticeStrip.h"
 #include "link/SensorIdentification.h"
 #include "link/SensorLink.h"
 #include "platform/core/LanguageStrings.h"
@@ -98,10 +97,7 @@ void ConnectionNotices::tellNotIdentified()
                               .arg(hex(revision), QString::number(revision), rangesInWords());
                       },
                   .light = NoticeStrip::Light::Red,
-                  .buttons = {{.caption = strings::kSettingsTitle,
-                               .clicked = [this] { Q_EMIT commandWanted(kSettingsCommand); }},
-                              {.caption = strings::kUseAsType,
-                               .fill = [this](QMenu& menu) { fillTypes(menu); }}},
+                  .buttons = typeButtons(),
                   .owner = this});
 }
 
@@ -112,9 +108,16 @@ void ConnectionNotices::tellChosen()
                           return languageString(strings::kChosenByHand)
                               .arg(hex(revision), QString::number(type));
                       },
-                  .buttons = {{.caption = strings::kSettingsTitle,
-                               .clicked = [this] { Q_EMIT commandWanted(kSettingsCommand); }}},
+                  .buttons = typeButtons(),
                   .owner = this});
+}
+
+/// Also where a type was chosen: it may have been the wrong one, or is to hold always.
+std::vector<NoticeStrip::Button> ConnectionNotices::typeButtons()
+{
+    return {{.caption = strings::kSettingsTitle,
+             .clicked = [this] { Q_EMIT commandWanted(kSettingsCommand); }},
+            {.caption = strings::kUseAsType, .fill = [this](QMenu& menu) { fillTypes(menu); }}};
 }
 
 void ConnectionNotices::fillTypes(QMenu& menu)

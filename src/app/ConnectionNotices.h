@@ -1,5 +1,7 @@
 #pragma once
 
+#include "app/NoticeStrip.h"
+
 #include <QObject>
 #include <QString>
 
@@ -8,7 +10,6 @@ class QMenu;
 namespace pelorin {
 
 class CommandGate;
-class NoticeStrip;
 class SensorLink;
 
 /// What the strip above the page says about the connection: that no port is open, why a sensor that
@@ -42,6 +43,7 @@ private:
     void tellNoPort();
     void tellNotIdentified();
     void tellChosen();
+    [[nodiscard]] std::vector<NoticeStrip::Button> typeButtons();
     void fillTypes(QMenu& menu);
     void useAs(int type);
     void useAlways(int type);

@@ -212,9 +212,11 @@ void ConnectionSupervisor::changePort(int port, const std::function<void(bool)>&
             return;
         m_statusBar.setExplanation(nullptr); // of the sensor that is left
         m_reconnectTimer.stop();
+        m_statusBar.setText(languageString(strings::kPortOpening).arg(port));
         m_runner.openPort(port, [this, done](bool opened) {
             m_reconnectBusy = false;
             m_reconnectAttempts = 0;
+            m_statusBar.showString(strings::kNotConnected);
             if (opened)
                 onOpened();
             done(opened);
@@ -242,12 +244,17 @@ void ConnectionSupervisor::leavePort(const std::function<void()>& done)
             m_statusBar.setPort(0);
             m_statusBar.showString(strings::kNotConnected);
             m_statusBar.setLinkState(-1);
+            m_link.forgetPort();
+            Q_EMIT sensorLeft();
             done();
         });
         m_reconnectBusy = true; // no attempt opens it again
     });
-    if (!begun)
-        m_gate.addNotice(languageString(strings::kBeingConnected));
+    if (!begun) { // it would be the wrong port for ever
+        connect(
+            &m_runner, &SequenceRunner::busyChanged, this, [this, done] { leavePort(done); },
+            static_cast<Qt::ConnectionType>(Qt::QueuedConnection | Qt::SingleShotConnection));
+    }
 }
 
 void ConnectionSupervisor::onOpened()

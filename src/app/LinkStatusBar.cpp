@@ -115,6 +115,7 @@ void LinkStatusBar::setLinkState(int state)
 {
     if (state == -1) {
         m_linkState = -1;
+        m_blinkTimer.stop();
         showLight(m_grayLight);
     } else if (state != m_linkState) {
         m_linkState = state;

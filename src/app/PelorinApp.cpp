@@ -4,6 +4,7 @@
 #include "pages/SelectPortDialog.h"
 #include "platform/core/ComPortNames.h"
 #include "platform/core/LanguageStrings.h"
+#include "platform/core/Pacing.h"
 #include "platform/core/ProgramSettings.h"
 #include "platform/core/RegistryConfig.h"
 #include "platform/core/SettingsLocation.h"
@@ -12,8 +13,8 @@
 #include "platform/ui/MessageBox.h"
 
 #include <QApplication>
-#include <QFileInfo>
 
+#include <algorithm>
 #include <optional>
 #include <utility>
 
@@ -24,6 +25,7 @@ namespace {
 constexpr int kLanguageCount = 5;
 constexpr int kDefaultPort = 1;
 constexpr std::chrono::seconds kSessionEndLimit{60};
+constexpr std::chrono::seconds kOpeningTold{1}; ///< after which the user hears of it
 
 QString portEntry()
 {
@@ -49,10 +51,12 @@ std::optional<int> portOfCommandLine(const QString& commandLine)
     return second < 0 ? first : first * 10 + second;
 }
 
+/// Devices that a driver only keeps ready do not count.
 bool portExists(int port)
 {
-    const QString device = ComPortNames().devicePath(QStringLiteral("COM%1").arg(port));
-    return ComPortNames().isSimulated(device) || QFileInfo::exists(device);
+    const auto ports = ComPortNames().presentPorts();
+    return std::any_of(ports.begin(), ports.end(),
+                       [port](const PresentPort& present) { return present.number == port; });
 }
 
 } // namespace
@@ -61,6 +65,9 @@ PelorinApp::PelorinApp(const ComPortFactory& factory)
     : m_factory(factory), m_installPath(installPath()), m_link(factory), m_runner(m_link),
       m_restore(m_runner, m_formats)
 {
+    m_openingTimer.setSingleShot(true);
+    m_openingTimer.setInterval(Pacing::pause(kOpeningTold));
+    connect(&m_openingTimer, &QTimer::timeout, this, &PelorinApp::tellOpening);
     connect(qApp, &QGuiApplication::commitDataRequest, this, [this] {
         requestClose();
         if (!m_portLeft)
@@ -99,13 +106,34 @@ void PelorinApp::connectToPort(int port)
 {
     if (m_closeRequested)
         return giveUp();
+    m_openingPort = port;
+    m_openingLeft = false;
+    m_openingTimer.start();
     m_runner.openPort(port, [this, port](bool opened) {
+        m_openingTimer.stop();
+        if (m_openingLeft)
+            return; // by the box, which goes by itself
+        delete m_openingBox.data();
         if (m_closeRequested)
             return; // the port is being closed
         if (opened)
             return showMainWindow();
         showError(m_link.openFailure());
         askForPort(port);
+    });
+}
+
+/// An adapter that was just plugged in may be busy for a while. Nobody has to wait for that.
+void PelorinApp::tellOpening()
+{
+    m_openingBox = showMessageBox(nullptr, languageString(strings::kPortOpening).arg(m_openingPort),
+                                  QMessageBox::Information, languageString(strings::kSelectPort));
+    connect(m_openingBox, &QDialog::finished, this, [this] {
+        m_openingLeft = true;
+        m_runner.closePort(false, [this] {
+            if (!m_closeRequested)
+                selectPort(m_openingPort);
+        });
     });
 }
 

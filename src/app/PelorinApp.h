@@ -7,8 +7,11 @@
 #include "sensor/KeptFormats.h"
 #include "sensor/SequenceRunner.h"
 
+#include <QMessageBox>
 #include <QObject>
+#include <QPointer>
 #include <QString>
+#include <QTimer>
 
 #include <memory>
 #include <optional>
@@ -61,6 +64,7 @@ private:
     [[nodiscard]] bool loadLanguage(int code);
     void loadHelpFiles();
     void connectToPort(int port);
+    void tellOpening();
     void askForPort(int port);
     void selectPort(int port);
     void showMainWindow();
@@ -74,6 +78,10 @@ private:
     bool m_profileStays = false;
     bool m_closeRequested = false;
     bool m_portLeft = false;
+    int m_openingPort = 0;      ///< at the start
+    bool m_openingLeft = false; ///< the user would rather have another one
+    QTimer m_openingTimer;
+    QPointer<QMessageBox> m_openingBox;
     LanguageManager m_languages;
     SensorLink m_link;
     SequenceRunner m_runner;

@@ -157,8 +157,11 @@ void PelorinMainWindow::connectParts()
             refresh();
     });
     connect(m_settings, &SettingsCommand::connectWanted, this, &PelorinMainWindow::wantConnect);
-    connect(m_settings, &SettingsCommand::portWanted, this,
-            [this] { chooseCommand(kSelectPortCommand); });
+    connect(m_settings, &SettingsCommand::portWanted, this, [this] {
+        showTitle();
+        m_notices->update();
+        chooseCommand(kSelectPortCommand);
+    });
     connect(m_settings, &SettingsCommand::displayUnitChanged, this, [this] {
         if (m_displayUnit)
             m_displayUnit->close();

@@ -75,8 +75,8 @@ void SettingsCommand::apply(const Settings& before, const Settings& after)
 void SettingsCommand::followPort(const Settings& before, const Settings& after)
 {
     if (before.ports != after.ports && hasPortMoved()) {
-        m_parts.connection.leavePort([this] {
-            const int number = m_parts.writer.runner().link().portNumber();
+        const int number = m_parts.writer.runner().link().portNumber();
+        m_parts.connection.leavePort([this, number] {
             m_parts.gate.addNotice({languageString(strings::kPortMoved).arg(number),
                                     {},
                                     [this](int) { Q_EMIT portWanted(); }});

@@ -111,7 +111,7 @@ ExitCode run(const ComPortFactory& factory, const QStringList& arguments)
     };
 
     if (!options.settingsFile.isEmpty())
-        qputenv("PELORIN_REGISTRY", QFile::encodeName(options.settingsFile));
+        nameRegistryFile(options.settingsFile);
     LanguageManager languages;
     const bool loaded = loadLanguage(languages, options.language);
     if (const Result settings = checkSettings(options.settingsFile); !settings.isDone())

@@ -416,6 +416,16 @@ void SensorLink::forgetIdentification()
         m_session->forgetIdentification();
 }
 
+void SensorLink::forgetPort()
+{
+    if (m_session) {
+        m_formerLosses += m_session->lossCount;
+        m_formerCutFrames += m_session->cutFrames;
+    }
+    m_session.reset();
+    m_former.reset();
+}
+
 void SensorLink::chooseType(int type)
 {
     if (m_session)

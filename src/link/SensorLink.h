@@ -105,6 +105,9 @@ public:
     /// Counts the sensor as not identified and forgets its version answer, until the next connect.
     void forgetIdentification();
 
+    /// Counts as if no port had been opened in this run. After the completion of close.
+    void forgetPort();
+
     /// Identifies the sensor from the version answer in the last reply, after a connect in which
     /// the user switched the supply.
     /// @return 1 identified, 0 not

@@ -7,6 +7,7 @@
 #include "platform/core/LanguageStrings.h"
 #include "platform/core/Strings.h"
 #include "platform/ui/FileChooser.h"
+#include "platform/ui/KeptChoice.h"
 #include "platform/ui/MessageBox.h"
 #include "sensor/LogLineWords.h"
 
@@ -106,6 +107,7 @@ void CommLogPage::onInitDialog()
     m_foundLabel = getControl<QLabel>(kFoundLabel);
     m_wordsLabel = getControl<QLabel>(kWordsLabel);
     m_followBox = getControl<QCheckBox>(kFollowBox);
+    keepChoice(*m_followBox, QStringLiteral("FollowLog"));
     m_wordsLabel->setMinimumHeight(kLinesOfWords * m_wordsLabel->fontMetrics().lineSpacing());
 
     connectList();

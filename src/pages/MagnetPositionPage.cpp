@@ -10,6 +10,7 @@
 #include "platform/core/Strings.h"
 #include "platform/ui/ColorableTextBox.h"
 #include "platform/ui/FileChooser.h"
+#include "platform/ui/KeptChoice.h"
 #include "sensor/FailureText.h"
 #include "sensor/ParameterCodec.h"
 #include "sensor/PositionStream.h"
@@ -122,6 +123,7 @@ void MagnetPositionPage::onInitDialog()
     auto* note = getControl<QPlainTextEdit>(kNoteControl);
     note->setFixedHeight(note->fontMetrics().lineSpacing() * kNoteLines + 16);
     m_allDecimals = getControl<QCheckBox>(kAllDecimalsControl);
+    keepChoice(*m_allDecimals, QStringLiteral("AllDecimals"));
     makeView();
     showText(noPosition());
 }
@@ -158,7 +160,8 @@ void MagnetPositionPage::getCurrentValues()
     }
     if (!link().isIdentified()) {
         showText(noPosition());
-        setStatusText(strings::kPositionNotIdentified);
+        setStatusText(link().hasOpened() ? strings::kPositionNotIdentified
+                                         : strings::kNotConnected);
     } else if (m_stream.isStreaming()) {
         clearStatusText();
     } else if (!m_stream.start()) {

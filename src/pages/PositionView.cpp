@@ -3,6 +3,7 @@
 #include "pages/PositionTrace.h"
 #include "platform/core/LanguageStrings.h"
 #include "platform/core/Strings.h"
+#include "platform/ui/KeptChoice.h"
 
 #include <QCheckBox>
 #include <QClipboard>
@@ -135,6 +136,10 @@ void PositionView::makeControls(Kind kind)
         m_durations->addItem(QString(), 0);
     const int chosen = kind == Kind::Recording ? m_durations->count() - 1 : kFirstDuration;
     m_durations->setCurrentIndex(chosen);
+    if (kind == Kind::Live) { // a recording is shown as a whole at first
+        keepChoice(*m_durations, QStringLiteral("TraceSeconds"));
+        m_trace->setDuration(m_durations->currentData().toInt());
+    }
     connect(m_durations, &QComboBox::activated, this,
             [this] { m_trace->setDuration(m_durations->currentData().toInt()); });
 

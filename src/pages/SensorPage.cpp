@@ -1,5 +1,6 @@
 #include "pages/SensorPage.h"
 
+#include "link/SensorLink.h"
 #include "platform/core/LanguageStrings.h"
 #include "platform/core/MessageNumbers.h"
 #include "platform/core/Strings.h"
@@ -38,6 +39,10 @@ void SensorPage::planEnded(const Outcome& /*outcome*/) {}
 
 bool SensorPage::start(Plan plan, int statusString)
 {
+    if (!link().hasOpened()) { // nothing was asked, so nothing has failed
+        setStatusText(strings::kNotConnected);
+        return false;
+    }
     const bool writing =
         std::any_of(plan.begin(), plan.end(), [](const Step& step) { return step.writes(); });
     const bool begun = m_runner->start(

@@ -4,6 +4,7 @@
 #include "platform/core/LanguageStrings.h"
 #include "platform/core/RegistryFile.h"
 #include "platform/core/RegistryFileEditor.h"
+#include "platform/core/SettingsLocation.h"
 #include "platform/core/Strings.h"
 #include "platform/ui/CellEditor.h"
 #include "platform/ui/FileChooser.h"
@@ -62,6 +63,17 @@ constexpr std::array<std::pair<int, bool Settings::*>, 4> kSwitches = {
      {kSafeWritesBox, &Settings::safeWrites},
      {kTempCompBox, &Settings::tempComp},
      {kDisplayBox, &Settings::displayEnabled}}};
+
+/// What keeps a file from being used; null if nothing does.
+QString damageOf(const RegistryFile& file, const QString& path)
+{
+    const auto& damage = file.damage();
+    if (!damage)
+        return QString();
+    return damage->line == 0
+               ? languageString(strings::kRegistryUnreadable).arg(path, damage->reason)
+               : languageString(strings::kRegistryDamaged).arg(path, QString::number(damage->line));
+}
 
 } // namespace
 
@@ -289,11 +301,8 @@ void SettingsDialog::importPackages()
         return;
     const RegistryFile file = RegistryFile::read(path);
     const QList<PackageSetting> packages = packagesOf(file);
-    if (const auto& damage = file.damage()) {
-        showProblem(damage->line == 0
-                        ? languageString(strings::kRegistryUnreadable).arg(path, damage->reason)
-                        : languageString(strings::kRegistryDamaged)
-                              .arg(path, QString::number(damage->line)));
+    if (const QString damage = damageOf(file, path); !damage.isNull()) {
+        showProblem(damage);
     } else if (packages.isEmpty()) {
         showProblem(languageString(strings::kNoPackagesInFile).arg(path));
     } else {
@@ -308,6 +317,11 @@ void SettingsDialog::useSitesSettings()
         messageBox(this, languageString(strings::kAskForSites).arg(m_file.asidePath()),
                    QMessageBox::Yes | QMessageBox::No, QMessageBox::Question, QMessageBox::No);
     if (answer != QMessageBox::Yes)
+        return;
+    const RegistryFile sites = RegistryFile::read(sitesRegistryFile());
+    if (const QString damage = damageOf(sites, sitesRegistryFile()); !damage.isNull())
+        return showProblem(damage);
+    if (!confirmLosses(Settings::of(sites)))
         return;
     if (m_context.isSensorInUse())
         return showProblem(languageString(strings::kSettingsInUse));

@@ -7,6 +7,8 @@
 #include "platform/core/SettingsLocation.h"
 
 #include <algorithm>
+#include <functional>
+#include <set>
 
 namespace pelorin {
 
@@ -55,6 +57,11 @@ QString boundName(int type, bool high)
         .arg(QString::number(type), high ? QStringLiteral("High") : QStringLiteral("Low"));
 }
 
+QString packagesKey()
+{
+    return productKey(QStringLiteral("Package Parameters"));
+}
+
 QString packageName(int number)
 {
     return QStringLiteral("Package%1").arg(number);
@@ -62,7 +69,7 @@ QString packageName(int number)
 
 QString packageKey(int number)
 {
-    return productKey(QStringLiteral("Package Parameters\\") + packageName(number));
+    return packagesKey() + QLatin1Char('\\') + packageName(number);
 }
 
 /// Only the low eight bits of a bound count.
@@ -95,6 +102,22 @@ void enterBound(RegistryFileEditor& editor, const QString& name, std::optional<i
     }
 }
 
+/// Packages behind a missing number, which nobody reads, stay behind one: new packages neither take
+/// their numbers nor close the gap before them.
+void keepGap(RegistryFileEditor& editor, int before, int after)
+{
+    std::set<int, std::greater<>> behind;
+    for (const QString& name : editor.keysBelow(packagesKey())) {
+        const int number = name.mid(name.lastIndexOf(QLatin1Char('e')) + 1).toInt();
+        if (number > before && name == packageName(number).toCaseFolded())
+            behind.insert(number);
+    }
+    if (behind.empty() || *behind.rbegin() > after)
+        return;
+    for (const int number : behind)
+        editor.renameKey(packageKey(number), packageName(number + after - before));
+}
+
 /// @return the packages that the file had and keeps, under their new numbers
 QList<PackageSetting> enterRemovals(RegistryFileEditor& editor, const QList<PackageSetting>& before,
                                     const QList<PackageSetting>& after)
@@ -118,6 +141,7 @@ QList<PackageSetting> enterRemovals(RegistryFileEditor& editor, const QList<Pack
 void enterPackages(RegistryFileEditor& editor, const QList<PackageSetting>& before,
                    const QList<PackageSetting>& after)
 {
+    keepGap(editor, static_cast<int>(before.size()), static_cast<int>(after.size()));
     const QList<PackageSetting> kept = enterRemovals(editor, before, after);
     for (qsizetype row = 0; row < after.size(); ++row) {
         const PackageSetting older = kept.value(row);

@@ -79,6 +79,11 @@ private Q_SLOTS:
         QCOMPARE(lines.count(kByHand), 2);
         QCOMPARE(lines.at(lines.lastIndexOf(u"SSI Type: 2"_s) - 1), kByHand);
 
+        (void)rig.types();
+        rig.choose(u"Type 1"_s); // the other one was wrong
+        QVERIFY(waitFor([&rig] { return rig.notice().contains(u"as type 1"_s); }));
+        QVERIFY(rig.waitIdle());
+
         // Another revision answers, then the first one again.
         QVERIFY(rig.link().isTypeByHand());
         rig.sensor().setParameter('V', "4A0203");

@@ -30,6 +30,7 @@
 
 #include <cerrno>
 #include <csignal>
+#include <mutex>
 
 using namespace pelorin;
 using namespace pelorin::test;
@@ -114,7 +115,13 @@ struct Run
     QStringList misheard;
     QTimer poll;
     SimulatedPorts ports;
-    ComPortFactory factory{[this](const QString& device) { return ports.makePort(device); }};
+    std::shared_ptr<std::mutex> hold = std::make_shared<std::mutex>(); ///< keeps COM10 from opening
+    ComPortFactory factory{[this](const QString& device) -> std::unique_ptr<ComPort> {
+        auto port = ports.makePort(device);
+        if (!device.endsWith(u"type=2"_s))
+            return port;
+        return std::make_unique<HeldPort>(std::move(port), hold, HeldPort::Call::Open);
+    }};
     int closed = 0; ///< how often the program has told it
     std::unique_ptr<PelorinApp> app;
 };
@@ -269,6 +276,31 @@ private Q_SLOTS:
         });
     }
 
+    void openingThatTakesLongIsToldAndNeedNotBeWaitedFor()
+    {
+        const QString said = u"COM10 is being opened."_s;
+        const Answer release = [](QDialog& /*box*/, Run& run) {
+            run.hold->unlock();
+            QVERIFY(waitFor([] { return !QApplication::activeModalWidget(); })); // by itself
+        };
+        struct Row
+        {
+            const char* name;
+            Talk talk;
+            int port;
+        };
+        forEachRow(std::vector<Row>{{"waited for", {{said, release}}, 10},
+                                    {"left", {{said, kOk}, choosePort(7)}, 7}},
+                   [](const Row& row) {
+                       Run run(kSettings, row.talk);
+                       run.hold->lock();
+                       QCOMPARE(run.start(u"/CP:10"_s), row.port);
+                       if (row.port != 10)
+                           run.hold->unlock();
+                       QCOMPARE(run.end(), QString());
+                   });
+    }
+
     void withoutAPortAllWorksThatNeedsNoSensor()
     {
         Run run(kSettings, notOpen(5, kIgnore) << start(u"withoutPortButton"_s) << choosePort(5)
@@ -287,7 +319,7 @@ private Q_SLOTS:
                  u"Gray: no exchange yet"_s);
         QVERIFY(text("noticeText").startsWith(u"No port is open"));
         QVERIFY(!possible(kConnectCommand) && possible(kSelectPortCommand));
-        QVERIFY(waitFor([&] { return text("messagePane").startsWith(u"Parameter"); }));
+        QVERIFY(waitFor([&] { return text("messagePane").startsWith(u"Not connected"); }));
         const auto clickUntilSaid = [&](qsizetype left) { // what comes while it reads is dropped
             return waitFor([&, left] {
                 if (!QApplication::activeModalWidget() && run.talk.size() > left)

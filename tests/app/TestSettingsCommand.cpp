@@ -2,6 +2,7 @@
 #include "app/PagePane.h"
 #include "display/DisplayUnitDialog.h"
 #include "pages/SelectPortDialog.h"
+#include "pages/SerialPortComboBox.h"
 #include "pages/SettingsDialog.h"
 #include "platform/core/SettingsLocation.h"
 #include "support/FileContent.h"
@@ -249,6 +250,7 @@ private Q_SLOTS:
             [&](SelectPortDialog& dialog) {
                 QVERIFY(!rig.link().isOpen() && !rig.link().isIdentified());
                 const bool again = ++asked == 2;
+                dialog.findChild<SerialPortComboBox*>()->selectPort(7);
                 QTest::keyClick(&dialog, again ? Qt::Key_Return : Qt::Key_Escape);
             },
             false);
@@ -258,9 +260,10 @@ private Q_SLOTS:
             dialog.accept();
         }));
         QVERIFY(waitFor([&] { return asked == 1 && !QApplication::activeModalWidget(); }));
-        QVERIFY(rig.waitIdle() && rig.openAttempts() == attempts);
-        QVERIFY(rig.clickCommand(kSelectPortCommand)); // the same number again
-        QVERIFY(waitFor([&] { return asked == 2 && rig.link().device() == u"/dev/a"; }));
+        QVERIFY(rig.waitIdle() && rig.openAttempts() == attempts && rig.link().openedPort() == 0);
+        QVERIFY(rig.page<QLabel>("noticeText").text().startsWith(u"No port is open"));
+        QVERIFY(rig.clickCommand(kSelectPortCommand));
+        QVERIFY(waitFor([&] { return rig.link().openedPort() == 7 && rig.link().isIdentified(); }));
     }
 
     void streamAndDisplayUnitGiveWay()
@@ -356,15 +359,25 @@ private Q_SLOTS:
             QVERIFY(!dialog.find<QWidget>("siteButton").isVisible());
             dialog.type("low1Edit", u"20"_s);
             dialog.type("high1Edit", u"2F"_s);
+            dialog.chooseTab(kGeneral);
+            dialog.click("tempCompBox");
             dialog.accept();
         }));
+        QVERIFY(rig.waitIdle() && rig.choosePage(kTempCompPage));
+        rig.page<QTableWidget>("lookupList").item(2, 1)->setText(u"20"_s);
         QVERIFY(contentOf(own).contains("\"Type1Low\"=dword:00000020"));
+        int asked = 0;
         const ModalAnswer<QMessageBox> user(
-            [](QMessageBox& box) {
-                QTest::mouseClick(box.button(QMessageBox::Yes), Qt::LeftButton);
+            [&](QMessageBox& box) { // the tables go only at the second time
+                const auto answer = ++asked == 2 ? QMessageBox::No : QMessageBox::Yes;
+                QTest::mouseClick(box.button(answer), Qt::LeftButton);
             },
             false);
-        QVERIFY(rig.change([](const Dialog& dialog) { dialog.click("siteButton"); }));
+        QVERIFY(rig.change([&](const Dialog& dialog) {
+            dialog.click("siteButton");
+            QVERIFY(asked == 2 && dialog.dialog.isVisible() && QFileInfo::exists(own));
+            dialog.click("siteButton");
+        }));
         QVERIFY(!QFileInfo::exists(own) && QFileInfo::exists(own + u".old"_s));
         qputenv("XDG_CONFIG_HOME", former);
     }

@@ -1,11 +1,14 @@
 #include "platform/ui/BaseDialog.h"
 #include "platform/ui/CellEditor.h"
 #include "platform/ui/FileChooser.h"
+#include "platform/ui/KeptChoice.h"
 #include "platform/ui/MessageBox.h"
 #include "support/FileDialogUser.h"
 #include "support/ModalAnswer.h"
 #include "support/TestFolder.h"
 
+#include <QApplication>
+#include <QCheckBox>
 #include <QComboBox>
 #include <QLineEdit>
 #include <QPointer>
@@ -127,6 +130,43 @@ private Q_SLOTS:
             offered = list.itemText(1) + dialog.findChild<QLineEdit*>(u"fileNameEdit"_s)->text();
         });
         QCOMPARE(offered, first + first);
+    }
+
+    void whatTheUserChoosesIsKeptAndWhatTheProgramChoosesIsNot()
+    {
+        struct Controls
+        {
+            Controls()
+            {
+                list.addItem(u"ten"_s, 10);
+                list.addItem(u"sixty"_s, 60);
+                keepChoice(box, u"Box"_s);
+                keepChoice(list, u"List"_s);
+            }
+            QCheckBox box;
+            QComboBox list;
+        };
+        const TestFolder folder;
+        QVERIFY(folder.put(u"plain"_s, {}));
+        qputenv("PELORIN_PROFILE", folder.path(u"Pelorin.ini"_s).toUtf8());
+        {
+            Controls controls;
+            QVERIFY(!controls.box.isChecked() && controls.list.currentIndex() == 0);
+            controls.box.click();
+            QTest::keyClick(&controls.list, Qt::Key_Down);
+            controls.box.setChecked(false);
+        }
+        Controls later;
+        QVERIFY(later.box.isChecked() && later.list.currentIndex() == 1);
+        qputenv("PELORIN_PROFILE", folder.path(u"plain/Pelorin.ini"_s).toUtf8());
+        int told = 0;
+        for (int click = 0; click < 2; ++click) {
+            later.box.click();
+            if (QWidget* box = QApplication::activeModalWidget())
+                told += box->close() ? 1 : 0;
+        }
+        QCOMPARE(told, 1);
+        qunsetenv("PELORIN_PROFILE");
     }
 
     void dialogIsMadeOnceAndEndedByItsButtonsAndKeys()

@@ -77,12 +77,12 @@ private Q_SLOTS:
         for (int number = 1; number <= 12; ++number) {
             const QString name = u"Ü %1.dat"_s.arg(number);
             QVERIFY(number == 11 || m_folder->put(name, {}));
-            recent.add(m_folder->path(name));
+            QVERIFY(recent.add(m_folder->path(name)).isDone());
             if (number > 2 && number != 11)
                 expected.prepend(m_folder->path(name));
         }
         QCOMPARE(RecentFiles(u"dat"_s).files(), expected);
-        recent.add(expected.back());
+        QVERIFY(recent.add(expected.back()).isDone());
         expected.prepend(expected.takeLast());
         QCOMPARE(recent.files(), expected);
         QCOMPARE(recent.folder(), m_folder->path({}));

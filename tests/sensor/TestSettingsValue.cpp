@@ -34,6 +34,7 @@ const QByteArray kFile = "[$]\n'SafeWrites'='0'\n'EnableQDL3'=dword:2\n'QDL3Comp
                          "'Type1Low'=dword:20\n'Type1High'=dword:2f\n"
                          "[$\\Package Parameters\\Package0]\n'Name'='A'\n'SEDistance'='1.0 mm'\n"
                          "[$\\Package Parameters\\Package1]\n'Name'='B'\n'Other'='b'\n"
+                         "[$\\Package Parameters\\Package3]\n'Name'='D'\n"
                          "[#]\n'\\\\Device\\\\Serial0'='COM7'\n'/dev/a'='COM7'\n'/dev/b'='COM9'\n";
 
 } // namespace
@@ -90,6 +91,13 @@ private Q_SLOTS:
              {{"[$\\Package Parameters\\Package0]\n'Name'='A'\n'SEDistance'='1.0 mm'\n", ""},
               {"Package1]\n", "Package0]\n"},
               {"'COM9'\n", "'COM9'\n\n[$\\Package Parameters\\Package1]\n'Name'='C\\'D'\n"
+                           "'SEDistance'='5'\n'InactiveZone'='6'\n"}}},
+            {"package before one behind a gap",
+             [](Settings& to) {
+                 to.packages.append({u"C"_s, u"5"_s, u"6"_s});
+             },
+             {{"Package3]\n", "Package4]\n"},
+              {"'COM9'\n", "'COM9'\n\n[$\\Package Parameters\\Package2]\n'Name'='C'\n"
                            "'SEDistance'='5'\n'InactiveZone'='6'\n"}}},
             {"ports",
              [](Settings& to) {

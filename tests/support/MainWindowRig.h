@@ -45,7 +45,8 @@ public:
         : m_settings(kSimulatedBounds + kPlainWrites + settings),
           m_sensor(std::make_shared<SimulatedSensor>(options))
     {
-        Pacing::setSpeeds({100, 200, 1}); // a loaded machine must not miss a time limit
+        Pacing::setSpeeds({100, 200, 1});   // a loaded machine must not miss a time limit
+        (void)QFile::remove(profilePath()); // of a test before
     }
 
     /// Opens the port and shows the main window, which then connects by itself.

@@ -32,7 +32,7 @@ void useDemonstration()
     const QString own = demonstrationFolder() + QStringLiteral("/Pelorin.ini");
     if (copyOf(former, QStringLiteral("Pelorin.ini")) != own)
         (void)WholeFile(own).remove(); // there is no profile yet: that of an earlier demonstration
-    qputenv("PELORIN_REGISTRY", QFile::encodeName(settings));
+    nameRegistryFile(settings);
     qputenv("PELORIN_PROFILE", QFile::encodeName(own));
 }
 

@@ -34,7 +34,7 @@ QStringList RecentFiles::files() const
     return files;
 }
 
-void RecentFiles::add(const QString& path) const
+WholeFile::Outcome RecentFiles::add(const QString& path) const
 {
     Profile profile;
     QStringList files = profile.readTexts(section()).values();
@@ -43,7 +43,7 @@ void RecentFiles::add(const QString& path) const
     QMap<QString, QString> texts;
     for (int place = 1; place <= kLimit; ++place)
         texts[nameOf(place)] = files.value(place - 1);
-    (void)profile.writeTexts(section(), texts);
+    return profile.writeTexts(section(), texts);
 }
 
 } // namespace pelorin

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/core/WholeFile.h"
+
 #include <QString>
 #include <QStringList>
 
@@ -22,8 +24,8 @@ public:
     /// The last ones that are there, at most kLimit, the newest first.
     [[nodiscard]] QStringList files() const;
 
-    /// Puts a file in front. That the profile cannot be written is told at the program's end.
-    void add(const QString& path) const;
+    /// Puts a file in front.
+    [[nodiscard]] WholeFile::Outcome add(const QString& path) const;
 
 private:
     [[nodiscard]] QString section() const;

@@ -240,4 +240,16 @@ void RegistryFileEditor::renameKey(const QString& keyPath, const QString& lastNa
     reread();
 }
 
+QStringList RegistryFileEditor::keysBelow(const QString& keyPath) const
+{
+    const QString above = foldedKeyPath(keyPath) + u'\\';
+    QStringList names;
+    for (const Line& line : m_lines) {
+        if (line.meaning.kind == Kind::Key && line.key.startsWith(above))
+            names << line.key.mid(above.size());
+    }
+    names.removeIf([](const QString& name) { return name.contains(u'\\'); });
+    return names;
+}
+
 } // namespace pelorin

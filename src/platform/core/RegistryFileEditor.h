@@ -39,6 +39,9 @@ public:
     /// Gives a key another last name, also in the paths of the keys below it.
     void renameKey(const QString& keyPath, const QString& lastName);
 
+    /// The last names of the keys right below one, folded; those with several lines several times.
+    [[nodiscard]] QStringList keysBelow(const QString& keyPath) const;
+
 private:
     struct Line
     {

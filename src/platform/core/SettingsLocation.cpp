@@ -22,12 +22,14 @@ QString registryFilePath()
 {
     if (QString named = namedRegistryFile(); !named.isEmpty())
         return named;
+    const QString own = usersRegistryFile();
+    return QFileInfo::exists(own) ? own : sitesRegistryFile();
+}
+
+QString sitesRegistryFile()
+{
     const QString sites = QStringLiteral("/etc/pelorin/pelorin.reg");
-    for (const QString& path : {usersRegistryFile(), sites}) {
-        if (QFileInfo::exists(path))
-            return path;
-    }
-    return programFolder() + QStringLiteral("/pelorin.reg");
+    return QFileInfo::exists(sites) ? sites : programFolder() + QStringLiteral("/pelorin.reg");
 }
 
 QString namedRegistryFile()
@@ -50,8 +52,13 @@ QString useSettingsFile(const QString& path)
         const QString where = QStringLiteral("damaged in line %1").arg(damage->line);
         return path + QStringLiteral(": ") + (damage->line == 0 ? damage->reason : where);
     }
-    qputenv(kVariable, QFile::encodeName(file.absoluteFilePath()));
+    nameRegistryFile(path);
     return QString();
+}
+
+void nameRegistryFile(const QString& path)
+{
+    qputenv(kVariable, QFile::encodeName(QFileInfo(path).absoluteFilePath()));
 }
 
 QString programFolder()

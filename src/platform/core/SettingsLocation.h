@@ -14,8 +14,14 @@ namespace pelorin {
 /// @return why it cannot be used, in English; null if it can
 [[nodiscard]] QString useSettingsFile(const QString& path);
 
+/// The same for a file that is known to be good.
+void nameRegistryFile(const QString& path);
+
 /// The settings file that was named for this run; empty if none was.
 [[nodiscard]] QString namedRegistryFile();
+
+/// The settings file of this run without a named one and without the user's own.
+[[nodiscard]] QString sitesRegistryFile();
 
 /// The place of the user's own settings file, which need not exist.
 [[nodiscard]] QString usersRegistryFile();

@@ -77,6 +77,7 @@ inline constexpr int kChosenByHand = 1973;
 inline constexpr int kTypeChosenByHand = 1974;
 inline constexpr int kOwnSettingsFirst = 1975;
 inline constexpr int kRecentFiles = 1976;
+inline constexpr int kPortOpening = 1977;
 
 // Connection
 inline constexpr int kConnecting = 116;

@@ -3,6 +3,7 @@
 #include "platform/core/LanguageStrings.h"
 #include "platform/core/RecentFiles.h"
 #include "platform/core/Strings.h"
+#include "platform/ui/KeptChoice.h"
 
 #include <QComboBox>
 #include <QDir>
@@ -69,7 +70,7 @@ QString chooseFile(QWidget* parent, QFileDialog::AcceptMode acceptMode, const QS
     if (dialog.exec() != QDialog::Accepted)
         return QString();
     const QString path = dialog.selectedFiles().value(0);
-    recent.add(path);
+    tellUnkept(parent, recent.add(path));
     return path;
 }
 

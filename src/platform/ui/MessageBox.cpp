@@ -85,9 +85,12 @@ int askWithButtons(QWidget* parent, const QString& text, const QStringList& capt
     return answer;
 }
 
-QMessageBox* showMessageBox(QWidget* parent, const QString& text, QMessageBox::Icon icon)
+QMessageBox* showMessageBox(QWidget* parent, const QString& text, QMessageBox::Icon icon,
+                            const QString& caption)
 {
     QMessageBox* box = makeBox(parent, text, QMessageBox::Ok, icon);
+    if (!caption.isEmpty())
+        box->button(QMessageBox::Ok)->setText(caption);
     box->setAttribute(Qt::WA_DeleteOnClose);
     box->open();
     return box;

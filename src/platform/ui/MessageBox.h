@@ -25,6 +25,8 @@ int askWithButtons(QWidget* parent, const QString& text, const QStringList& capt
 
 /// Shows a message like messageBox, with OK alone, and returns at once. The box blocks its parent's
 /// windows until it is closed, and is deleted then.
-QMessageBox* showMessageBox(QWidget* parent, const QString& text, QMessageBox::Icon icon);
+/// @param caption of the button, if that is not OK
+QMessageBox* showMessageBox(QWidget* parent, const QString& text, QMessageBox::Icon icon,
+                            const QString& caption = {});
 
 } // namespace pelorin
