@@ -66,10 +66,7 @@ public:
             m_timeIsOver = true;
             end();
         });
-        QObject::connect(&m_look, &QTimer::timeout, &m_stream, [this] {
-            if (m_output.isClosed())
-                end();
-        });
+        QObject::connect(&m_look, &QTimer::timeout, &m_stream, [this] { endUnread(); });
     }
 
     /// Shows the positions until something ends it.
@@ -128,8 +125,8 @@ private:
     {
         m_began = true;
         m_origin = std::chrono::steady_clock::now();
-        if (m_seconds > 0.0)
-            m_time.start(std::chrono::milliseconds(std::llround(m_seconds * 1000)));
+        if (!m_session.isPowerManual())
+            startTime();
         if (m_csv.isEmpty())
             return;
         const SensorLink& link = m_session.link();
@@ -138,6 +135,13 @@ private:
                                  QDateTime::currentDateTimeUtc()};
         if (const auto begun = m_recorder.begin(m_csv, head, m_origin); !begun.isDone())
             stopFor(resultOf(begun));
+    }
+
+    /// Where the user switches the supply it begins with the first position.
+    void startTime()
+    {
+        if (m_seconds > 0.0 && !m_time.isActive() && !m_timeIsOver)
+            m_time.start(std::chrono::milliseconds(std::llround(m_seconds * 1000)));
     }
 
     void take(const QList<PositionSample>& samples)
@@ -149,13 +153,13 @@ private:
             const double seconds = secondsAt(time);
             m_tally.add({seconds, millimetres});
             show(QString::number(seconds, 'f', 4), QString::number(millimetres, 'f', decimals));
+            startTime();
         }
         if (m_recorder.isRecording()) {
             if (const auto added = m_recorder.add(samples); !added.isDone())
                 stopFor(resultOf(added));
         }
-        if (m_output.isClosed())
-            end();
+        endUnread();
     }
 
     [[nodiscard]] double secondsAt(std::chrono::steady_clock::time_point time) const
@@ -177,6 +181,13 @@ private:
     {
         if (m_stream.isStreaming())
             (void)m_session.runner().endStream(m_owner, [](bool /*restored*/) {});
+    }
+
+    /// Ends the stream if nobody gets the positions.
+    void endUnread()
+    {
+        if (m_output.isClosed() || m_output.hasFailed())
+            end();
     }
 
     void stopFor(const Result& result)
