@@ -10,6 +10,7 @@
 #include "sensor/PositionRecording.h"
 #include "sensor/PositionStream.h"
 
+#include <QFileInfo>
 #include <QTimer>
 
 #include <cmath>
@@ -289,23 +290,8 @@ Result readFormat(Session& session, QByteArray& own)
     return {};
 }
 
-} // namespace
-
-QList<QCommandLineOption> watchOptions()
+Result connectAndWatch(Invocation& invocation, double seconds)
 {
-    return {{secondsName(), languageString(strings::kWatchTimeOption), QStringLiteral("N")},
-            {csvName(), languageString(strings::kCsvOption), QStringLiteral("FILE")}};
-}
-
-Result runWatch(Invocation& invocation)
-{
-    QString fault;
-    const double seconds = secondsOf(invocation.parser(), fault);
-    if (!fault.isNull())
-        return usage(fault);
-    const QString csv = invocation.parser().value(csvName());
-    if (Result asked = confirmOverwriting(invocation, csv); !asked.isDone())
-        return asked;
     Session& session = invocation.session();
     if (Result connected = session.connectSensor(); !connected.isDone())
         return connected;
@@ -314,6 +300,34 @@ Result runWatch(Invocation& invocation)
         return format;
     return invocation.options().dryRun ? showFormat(invocation, own)
                                        : Watch(invocation, seconds).run();
+}
+
+} // namespace
+
+QList<QCommandLineOption> watchOptions()
+{
+    return {{secondsName(), languageString(strings::kWatchTimeOption), QStringLiteral("N")},
+            {csvName(), languageString(strings::kCsvOption), QStringLiteral("FILE")}};
+}
+
+/// The sensor is not given the streaming format for a recording that cannot be made.
+Result runWatch(Invocation& invocation)
+{
+    QString fault;
+    const double seconds = secondsOf(invocation.parser(), fault);
+    if (!fault.isNull())
+        return usage(fault);
+    WholeFile csv(invocation.parser().value(csvName()));
+    if (Result asked = confirmOverwriting(invocation, csv.path()); !asked.isDone())
+        return asked;
+    if (!csv.path().isEmpty() && !invocation.options().dryRun) {
+        if (Result prepared = resultOf(csv.prepareSaving()); !prepared.isDone())
+            return prepared;
+    }
+    Result result = connectAndWatch(invocation, seconds);
+    if (QFileInfo(csv.path()).size() == 0)
+        csv.giveUpSaving();
+    return result;
 }
 
 } // namespace pelorin::cli

@@ -198,6 +198,7 @@ private Q_SLOTS:
             CliRun run(row.arguments);
             run.setStandardInputFile(path);
             run.setStandardErrorFile(path);
+            QVERIFY(terminal.send("y\n")); // before anything is asked
             run.begin();
             for (const auto& [question, answer] : row.answers) {
                 std::string said;

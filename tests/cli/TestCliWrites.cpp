@@ -128,12 +128,16 @@ private Q_SLOTS:
             {"no decimal point", u"set offset=0,5"_s + on, 2, code, u"usage"_s},
             {"twice", u"set code=gray code=binary"_s + on, 2, code, u"usage"_s},
             {"no time", u"watch --seconds 0"_s + on, 2, code, u"usage"_s},
+            {"nowhere to record", u"watch --csv %own/x"_s + on, 7, u"port"_s},
+            {"nothing to record", u"watch --csv %none --port simulator:sensor?fault=silent@A"_s, 6,
+             code, u"failed"_s},
             {"no stream", u"watch --port simulator:sensor?fault=silent@A"_s, 6,
              u"error/parameter"_s, u"A"_s},
             {"stream only shown", u"watch --dry-run"_s + on, 0, u"plan/0/raw"_s, u"4E0519"_s},
             {"no entry", u"journal show none"_s, 7, code, u"no-entry"_s},
             {"no such use", u"journal burn"_s, 2, code, u"usage"_s}};
         checkRows(rows, m_folder.path(u"."_s), kFast);
+        QVERIFY(!m_folder.names().contains(u"none"_s));
     }
 
     void aStateIsKeptShownAndPutBack()
