@@ -2029,8 +2029,8 @@ From then on %1 is read, and %2 no longer.</translation>
         <translation>Answers yes to what would be asked.</translation>
     </message>
     <message id="2009">
-        <source>Writes nothing, neither to a sensor nor to a file.</source>
-        <translation>Writes nothing, neither to a sensor nor to a file.</translation>
+        <source>Writes nothing, neither to a sensor nor to a file other than that of --log.</source>
+        <translation>Writes nothing, neither to a sensor nor to a file other than that of --log.</translation>
     </message>
     <message id="2010">
         <source>Shows this help.</source>

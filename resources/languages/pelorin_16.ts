@@ -2029,8 +2029,8 @@ Da allora viene letto %1, e %2 non più.</translation>
         <translation>Risponde sì a ciò che verrebbe chiesto.</translation>
     </message>
     <message id="2009">
-        <source>Writes nothing, neither to a sensor nor to a file.</source>
-        <translation>Non scrive nulla, né in un sensore né in un file.</translation>
+        <source>Writes nothing, neither to a sensor nor to a file other than that of --log.</source>
+        <translation>Non scrive nulla, né in un sensore né in un file diverso da quello di --log.</translation>
     </message>
     <message id="2010">
         <source>Shows this help.</source>

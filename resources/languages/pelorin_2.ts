@@ -2029,8 +2029,8 @@ Von da an wird %1 gelesen und %2 nicht mehr.</translation>
         <translation>Beantwortet mit Ja, was gefragt würde.</translation>
     </message>
     <message id="2009">
-        <source>Writes nothing, neither to a sensor nor to a file.</source>
-        <translation>Schreibt nichts, weder in einen Sensor noch in eine Datei.</translation>
+        <source>Writes nothing, neither to a sensor nor to a file other than that of --log.</source>
+        <translation>Schreibt nichts, weder in einen Sensor noch in eine andere Datei als die von --log.</translation>
     </message>
     <message id="2010">
         <source>Shows this help.</source>

@@ -2029,8 +2029,8 @@ Désormais %1 est lu, et %2 ne l'est plus.</translation>
         <translation>Répond oui à ce qui serait demandé.</translation>
     </message>
     <message id="2009">
-        <source>Writes nothing, neither to a sensor nor to a file.</source>
-        <translation>N'écrit rien, ni dans un capteur ni dans un fichier.</translation>
+        <source>Writes nothing, neither to a sensor nor to a file other than that of --log.</source>
+        <translation>N'écrit rien, ni dans un capteur ni dans un fichier autre que celui de --log.</translation>
     </message>
     <message id="2010">
         <source>Shows this help.</source>

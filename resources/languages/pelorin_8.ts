@@ -2029,8 +2029,8 @@ Desde entonces se lee %1, y %2 ya no.</translation>
         <translation>Responde sí a lo que se preguntaría.</translation>
     </message>
     <message id="2009">
-        <source>Writes nothing, neither to a sensor nor to a file.</source>
-        <translation>No escribe nada, ni en un sensor ni en un archivo.</translation>
+        <source>Writes nothing, neither to a sensor nor to a file other than that of --log.</source>
+        <translation>No escribe nada, ni en un sensor ni en un archivo que no sea el de --log.</translation>
     </message>
     <message id="2010">
         <source>Shows this help.</source>

@@ -11,7 +11,7 @@
 namespace pelorin::cli {
 
 Invocation::Invocation(const Session::Shared& shared, const QCommandLineParser& parser)
-    : m_shared(shared), m_parser(parser)
+    : m_shared(shared), m_parser(parser), m_log(shared.options.logFile)
 {
 }
 
@@ -42,15 +42,22 @@ Result Invocation::worseOf(const Result& result, const Result& afterwards)
     return result;
 }
 
+Result Invocation::begin()
+{
+    return m_log.path().isEmpty() ? Result() : resultOf(m_log.prepareSaving());
+}
+
 Result Invocation::end(const Result& result)
 {
-    if (!m_session)
+    if (!m_session) {
+        m_log.giveUpSaving();
         return result;
+    }
     m_session->close();
     const auto log = m_session->link().commLog().snapshot();
     Result worst = worseOf(result, m_session->formatFault());
-    if (!options().logFile.isEmpty())
-        worst = worseOf(worst, resultOf(saveCommLog(options().logFile, log)));
+    if (!m_log.path().isEmpty())
+        worst = worseOf(worst, resultOf(saveCommLog(m_log.path(), log)));
     return worst;
 }
 
@@ -68,6 +75,8 @@ Result confirmOverwriting(Invocation& invocation, const QString& path)
     const auto answer = invocation.confirm(languageString(strings::kFileExists).arg(path));
     if (answer == true)
         return {};
+    if (invocation.isInterrupted())
+        return Session::interrupted();
     return {.exit = ExitCode::Refused,
             .code = "file-exists",
             .text = languageString(strings::kFileNotOverwritten).arg(path)};

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "cli/Interruption.h"
 #include "cli/Options.h"
 #include "cli/Output.h"
 #include "cli/Result.h"
@@ -28,6 +29,7 @@ public:
 
     [[nodiscard]] Output& output() { return m_shared.output; }
     [[nodiscard]] Terminal& terminal() { return m_shared.terminal; }
+    [[nodiscard]] bool isInterrupted() const { return m_shared.interruption.hasCome(); }
     /// Made when it is first asked for.
     [[nodiscard]] Session& session();
 
@@ -35,6 +37,8 @@ public:
     /// @return nothing if nobody can be asked
     [[nodiscard]] std::optional<bool> confirm(const QString& question);
 
+    /// Finds out whether the communications log can be stored in the end.
+    [[nodiscard]] Result begin();
     /// Closes the port and stores the communications log.
     /// @param result of the command
     /// @return the same, or what else went wrong
@@ -46,6 +50,7 @@ private:
     const Session::Shared& m_shared;
     const QCommandLineParser& m_parser;
     std::optional<Session> m_session;
+    WholeFile m_log;
 };
 
 /// The result of an operation on a file of the user.

@@ -1,6 +1,7 @@
 #include "cli/Options.h"
 
 #include "platform/core/LanguageStrings.h"
+#include "platform/core/ProgramSettings.h"
 #include "platform/core/Strings.h"
 
 #include <QCommandLineParser>
@@ -24,8 +25,8 @@ std::optional<int> numberOf(const QCommandLineParser& parser, const QString& nam
     const int number = parser.value(name).toInt(&isNumber);
     if (isNumber && number >= 0 && number <= highest)
         return number;
-    fault =
-        languageString(strings::kBadOption).arg(QStringLiteral("--") + name, parser.value(name));
+    fault = textOr(strings::kBadOption, QStringLiteral("%2: %1")) // no language is loaded at first
+                .arg(QStringLiteral("--") + name, parser.value(name));
     return std::nullopt;
 }
 

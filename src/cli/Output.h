@@ -33,6 +33,8 @@ public:
     /// @return the same, or that the results could not be written
     [[nodiscard]] Result finish(const QString& command, const Result& result);
 
+    /// Whether something could not be written to standard output.
+    [[nodiscard]] bool hasFailed() const { return m_error != 0; }
     /// Whether whoever has read standard output has closed it.
     [[nodiscard]] bool isClosed() const;
 

@@ -18,9 +18,11 @@ Result runPorts(Invocation& invocation)
             port.number == 0 ? port.device : QStringLiteral("COM%1").arg(port.number);
         const QString description =
             port.simulated ? languageString(strings::kSimulated) : port.adapter.description;
-        QJsonObject object{{QStringLiteral("number"), port.number},
-                           {QStringLiteral("name"), name},
-                           {QStringLiteral("device"), port.device}};
+        QJsonObject object{{QStringLiteral("device"), port.device}};
+        if (port.number != 0) {
+            object.insert(QStringLiteral("number"), port.number);
+            object.insert(QStringLiteral("name"), name);
+        }
         const std::pair<const char*, QString> others[] = {
             {"description", port.adapter.description}, {"serialNumber", port.adapter.serialNumber}};
         for (const auto& [member, text] : others) {

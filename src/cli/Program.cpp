@@ -45,7 +45,7 @@ Result checkSettings(const QString& path)
                               : textOr(strings::kNoSettingsFile, QStringLiteral("%1")).arg(path);
     if (fault.isNull())
         return {};
-    return {.exit = ExitCode::FileUnfit, .code = "settings", .text = fault};
+    return {.exit = ExitCode::Usage, .code = "settings", .text = fault};
 }
 
 /// Loads the language of the command line, else that of the profile. One that the profile names
@@ -147,6 +147,8 @@ ExitCode run(const ComPortFactory& factory, const QStringList& arguments)
         output.tell(unused);
     const Session::Shared shared{factory, options, output, terminal, interruption};
     Invocation invocation(shared, parser);
+    if (const Result begun = invocation.begin(); !begun.isDone())
+        return finish(begun);
     return finish(invocation.end(command->run(invocation)));
 }
 

@@ -124,7 +124,7 @@ Result chooseOffset(Invocation& invocation, const Change& change, std::optional<
             QStringLiteral(" [%1, %2]").arg(QLatin1String(kKeepLength), QLatin1String(kMultiplied));
         word = invocation.terminal().ask(choice->question() + words).value_or(QString());
     }
-    if (invocation.session().isInterrupted())
+    if (invocation.isInterrupted())
         return Session::interrupted();
     if (!isOffsetCount(word)) {
         return refused(choice->question() + QLatin1Char('\n') +

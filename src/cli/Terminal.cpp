@@ -10,6 +10,7 @@
 
 #include <array>
 
+#include <termios.h>
 #include <unistd.h>
 
 namespace pelorin::cli {
@@ -23,6 +24,7 @@ Terminal::Terminal(Output& output, const Interruption& interruption)
 /// The terminal gives whole lines; nothing is read before there is one, so that a signal is heard.
 std::optional<QString> Terminal::ask(const QString& question)
 {
+    (void)::tcflush(STDIN_FILENO, TCIFLUSH); // what was typed before is no answer
     m_output.tell(question);
     std::optional<QByteArray> line;
     QSocketNotifier notifier(STDIN_FILENO, QSocketNotifier::Read);

@@ -10,6 +10,7 @@
 #include "sensor/PositionRecording.h"
 #include "sensor/PositionStream.h"
 
+#include <QFileInfo>
 #include <QTimer>
 
 #include <cmath>
@@ -66,10 +67,7 @@ public:
             m_timeIsOver = true;
             end();
         });
-        QObject::connect(&m_look, &QTimer::timeout, &m_stream, [this] {
-            if (m_output.isClosed())
-                end();
-        });
+        QObject::connect(&m_look, &QTimer::timeout, &m_stream, [this] { endUnread(); });
     }
 
     /// Shows the positions until something ends it.
@@ -128,8 +126,8 @@ private:
     {
         m_began = true;
         m_origin = std::chrono::steady_clock::now();
-        if (m_seconds > 0.0)
-            m_time.start(std::chrono::milliseconds(std::llround(m_seconds * 1000)));
+        if (!m_session.isPowerManual())
+            startTime();
         if (m_csv.isEmpty())
             return;
         const SensorLink& link = m_session.link();
@@ -138,6 +136,13 @@ private:
                                  QDateTime::currentDateTimeUtc()};
         if (const auto begun = m_recorder.begin(m_csv, head, m_origin); !begun.isDone())
             stopFor(resultOf(begun));
+    }
+
+    /// Where the user switches the supply it begins with the first position.
+    void startTime()
+    {
+        if (m_seconds > 0.0 && !m_time.isActive() && !m_timeIsOver)
+            m_time.start(std::chrono::milliseconds(std::llround(m_seconds * 1000)));
     }
 
     void take(const QList<PositionSample>& samples)
@@ -149,13 +154,13 @@ private:
             const double seconds = secondsAt(time);
             m_tally.add({seconds, millimetres});
             show(QString::number(seconds, 'f', 4), QString::number(millimetres, 'f', decimals));
+            startTime();
         }
         if (m_recorder.isRecording()) {
             if (const auto added = m_recorder.add(samples); !added.isDone())
                 stopFor(resultOf(added));
         }
-        if (m_output.isClosed())
-            end();
+        endUnread();
     }
 
     [[nodiscard]] double secondsAt(std::chrono::steady_clock::time_point time) const
@@ -177,6 +182,13 @@ private:
     {
         if (m_stream.isStreaming())
             (void)m_session.runner().endStream(m_owner, [](bool /*restored*/) {});
+    }
+
+    /// Ends the stream if nobody gets the positions.
+    void endUnread()
+    {
+        if (m_output.isClosed() || m_output.hasFailed())
+            end();
     }
 
     void stopFor(const Result& result)
@@ -278,23 +290,8 @@ Result readFormat(Session& session, QByteArray& own)
     return {};
 }
 
-} // namespace
-
-QList<QCommandLineOption> watchOptions()
+Result connectAndWatch(Invocation& invocation, double seconds)
 {
-    return {{secondsName(), languageString(strings::kWatchTimeOption), QStringLiteral("N")},
-            {csvName(), languageString(strings::kCsvOption), QStringLiteral("FILE")}};
-}
-
-Result runWatch(Invocation& invocation)
-{
-    QString fault;
-    const double seconds = secondsOf(invocation.parser(), fault);
-    if (!fault.isNull())
-        return usage(fault);
-    const QString csv = invocation.parser().value(csvName());
-    if (Result asked = confirmOverwriting(invocation, csv); !asked.isDone())
-        return asked;
     Session& session = invocation.session();
     if (Result connected = session.connectSensor(); !connected.isDone())
         return connected;
@@ -303,6 +300,34 @@ Result runWatch(Invocation& invocation)
         return format;
     return invocation.options().dryRun ? showFormat(invocation, own)
                                        : Watch(invocation, seconds).run();
+}
+
+} // namespace
+
+QList<QCommandLineOption> watchOptions()
+{
+    return {{secondsName(), languageString(strings::kWatchTimeOption), QStringLiteral("N")},
+            {csvName(), languageString(strings::kCsvOption), QStringLiteral("FILE")}};
+}
+
+/// The sensor is not given the streaming format for a recording that cannot be made.
+Result runWatch(Invocation& invocation)
+{
+    QString fault;
+    const double seconds = secondsOf(invocation.parser(), fault);
+    if (!fault.isNull())
+        return usage(fault);
+    WholeFile csv(invocation.parser().value(csvName()));
+    if (Result asked = confirmOverwriting(invocation, csv.path()); !asked.isDone())
+        return asked;
+    if (!csv.path().isEmpty() && !invocation.options().dryRun) {
+        if (Result prepared = resultOf(csv.prepareSaving()); !prepared.isDone())
+            return prepared;
+    }
+    Result result = connectAndWatch(invocation, seconds);
+    if (QFileInfo(csv.path()).size() == 0)
+        csv.giveUpSaving();
+    return result;
 }
 
 } // namespace pelorin::cli

@@ -54,7 +54,7 @@ Result ask(Invocation& invocation, const WriteRequest& request, QStringList ques
     questions << languageString(strings::kAskToWrite);
     for (const QString& question : std::as_const(questions)) {
         const auto answer = invocation.confirm(question);
-        if (invocation.session().isInterrupted())
+        if (invocation.isInterrupted())
             return Session::interrupted();
         if (!answer) {
             return {.exit = ExitCode::Refused,
@@ -173,7 +173,7 @@ Written write(Invocation& invocation, WriteRequest request, const QStringList& q
     };
     const WriteResult written = session.write(std::move(request), question);
     show(invocation.output(), written);
-    Result result = resultOf(written, session.isInterrupted());
+    Result result = resultOf(written, invocation.isInterrupted());
     if (written.kind == Kind::NotWritten && result.exit == ExitCode::Refused && !reason.isEmpty()) {
         result.code = "journal";
         result.text =

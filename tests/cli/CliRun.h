@@ -10,6 +10,7 @@
 #include <QProcess>
 
 #include <algorithm>
+#include <csignal>
 #include <map>
 #include <memory>
 
@@ -18,9 +19,10 @@ namespace pelorin::test {
 /// One call of the program, which runs beside the test.
 struct CliRun : QProcess
 {
-    explicit CliRun(const QStringList& arguments)
+    explicit CliRun(const QStringList& arguments,
+                    const QString& program = QStringLiteral(PELORIN_CLI))
     {
-        setProgram(QStringLiteral(PELORIN_CLI));
+        setProgram(program);
         setArguments(arguments);
     }
 
@@ -48,6 +50,12 @@ struct CliRun : QProcess
 private:
     bool m_begun = false;
 };
+
+inline void interrupt(const CliRun& run, std::initializer_list<int> signals)
+{
+    for (const int signal : signals)
+        QCOMPARE(::kill(static_cast<pid_t>(run.processId()), signal), 0);
+}
 
 /// What is wrong with a member of the JSON object, or of an object in it: it is none of those that
 /// scripts are told of, or of another kind. Empty if all are as they should be.
@@ -152,7 +160,8 @@ struct CliRow
 };
 
 /// Runs them side by side, since they mostly wait; each says how it ends in one object.
-inline void checkRows(const std::vector<CliRow>& rows, const QString& folder)
+inline void checkRows(const std::vector<CliRow>& rows, const QString& folder,
+                      const QString& program = QStringLiteral(PELORIN_CLI))
 {
     constexpr std::size_t kAtOnce = 10; // more would starve each other's simulated sensors
     std::map<const CliRow*, std::unique_ptr<CliRun>> runs;
@@ -160,7 +169,7 @@ inline void checkRows(const std::vector<CliRow>& rows, const QString& folder)
         QStringList arguments = row.line.split(QLatin1Char(' '), Qt::SkipEmptyParts);
         arguments.replaceInStrings(QStringLiteral("%"), folder + QLatin1Char('/'));
         arguments << QStringLiteral("--json");
-        runs[&row] = std::make_unique<CliRun>(arguments);
+        runs[&row] = std::make_unique<CliRun>(arguments, program);
         runs[&row]->begin();
     };
     forEachRow(rows, [&](const CliRow& row) {

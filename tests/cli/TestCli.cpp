@@ -57,7 +57,6 @@ private Q_SLOTS:
             {"by COM number", u"info --port COM9"_s, 0, u"sensor/type"_s, u"1"_s},
             {"by a number alone", u"read A --port 9"_s, 0, u"port/device"_s,
              u"simulator:sensor?type=1"_s},
-            {"over a terminal", u"info --port %pty"_s, 0, u"sensor/version"_s, u"1A0204"_s},
             {"silent", u"info"_s + faulty("silent"), 4, code, u"no-answer"_s},
             {"silent midway", u"info"_s + faulty("silent@UA"), 6, u"error/parameter"_s, u"U"_s},
             {"lost midway", u"info"_s + faulty("vanish@LA"), 6, code, u"lost"_s},
@@ -94,7 +93,7 @@ private Q_SLOTS:
             {"no file", u"convert %absent.dat"_s, 7, code, u"file"_s},
             {"ports", u"ports"_s, 0, u"schema"_s, u"1"_s},
             {"a log", u"read D --log %log.txt"_s + sensor, 0, u"values/0/raw"_s, u"4A0519"_s},
-            {"a log that cannot be", u"read D --log %garbage.dat/x"_s + sensor, 7, code, u"file"_s},
+            {"a log that cannot be", u"read D --log %garbage.dat/x"_s + sensor, 7, u"port"_s},
             {"format written back", u"read D --port simulator:sensor?moving=0"_s, 0,
              u"values/0/raw"_s, u"4A0518"_s},
             {"format not written back", u"info"_s + faulty("deaf@DN"), 6, code,
@@ -109,14 +108,16 @@ private Q_SLOTS:
             {"no type", u"info --type 3"_s + sensor, 2, code, u"usage"_s},
             {"no language", u"ports --language 3"_s, 2, code, u"usage"_s},
             {"nobody at the supply", u"info --manual-power"_s + sensor, 2, code, u"usage"_s},
-            {"no settings", u"ports --settings %none"_s, 7, code, u"settings"_s},
-            {"damaged settings", u"ports --settings %damaged.reg"_s, 7, code, u"settings"_s}};
+            {"no settings", u"ports --settings %none"_s, 2, code, u"settings"_s},
+            {"damaged settings", u"ports --settings %damaged.reg"_s, 2, code, u"settings"_s}};
 
         PtyServer terminal(std::make_shared<SimulatedSensor>(SimulatedSensor::Options{
                                .type = 0, .supply = SimulatedSensor::Supply::ByLineSpeed}),
                            m_folder.path(u"pty"_s).toStdString());
         QCOMPARE(terminal.start(), 0);
-        checkRows(rows, m_folder.path(u"."_s));
+        checkRows(rows, m_folder.path(u"."_s), QStringLiteral(PELORIN_FAST_CLI));
+        checkRows({{"over a terminal", u"info --port %pty"_s, 0, u"sensor/version"_s, u"1A0204"_s}},
+                  m_folder.path(u"."_s));
         QVERIFY(!m_folder.names().contains(u"never"_s));
         QVERIFY(m_folder.content(u"log.txt"_s).contains("\r\nTX: [44][Get][TERM]\r\n"));
         QCOMPARE(m_folder.content(u"garbage.dat"_s), QByteArray("garbage\r\n"));
@@ -188,6 +189,7 @@ private Q_SLOTS:
             {"yes", backup, {{"[y/N]", "y\n"}}, 0},
             {"supply", byHand, {{"supply off", "\n"}, {"supply on", "\n"}}, 0},
             {"ready", byHand, {{"supply off", "n\n"}}, 4},
+            {"a signal", backup, {{"[y/N]", {}}}, 130},
         };
         forEachRow(rows, [&](const Row& row) {
             QVERIFY(m_folder.put(u"asked.dat"_s, "old"));
@@ -196,6 +198,7 @@ private Q_SLOTS:
             CliRun run(row.arguments);
             run.setStandardInputFile(path);
             run.setStandardErrorFile(path);
+            QVERIFY(terminal.send("y\n")); // before anything is asked
             run.begin();
             for (const auto& [question, answer] : row.answers) {
                 std::string said;
@@ -204,6 +207,8 @@ private Q_SLOTS:
                     QVERIFY2(!more.empty(), said.c_str());
                     said += more;
                 }
+                if (answer.empty())
+                    interrupt(run, {SIGINT});
                 QVERIFY(terminal.send(answer));
             }
             QCOMPARE(run.end(), row.exit);

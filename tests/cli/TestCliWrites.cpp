@@ -8,10 +8,9 @@
 #include "support/TestFolder.h"
 #include "support/TestRegistry.h"
 
-#include <QFileInfo>
+#include <QFile>
 
 #include <array>
-#include <csignal>
 
 using namespace pelorin;
 using namespace pelorin::test;
@@ -21,6 +20,8 @@ namespace {
 
 const QByteArray kInstalled =
     "[HKEY_LOCAL_MACHINE\\SOFTWARE\\Korvex Systems\\Pelorin]\r\n\"Path\"=\"C:\\\\Pelorin\"\r\n";
+
+const QString kFast = QStringLiteral(PELORIN_FAST_CLI); ///< for sensors that live in the program
 
 /// A sensor of type 2 on a line without RTS.
 struct PtySensor
@@ -35,12 +36,6 @@ struct PtySensor
     PtyServer server;
     bool started = false;
 };
-
-void interrupt(const CliRun& run, std::initializer_list<int> signals)
-{
-    for (const int signal : signals)
-        QCOMPARE(::kill(static_cast<pid_t>(run.processId()), signal), 0);
-}
 
 /// The first shell script of a document.
 QString scriptIn(const QString& document)
@@ -59,7 +54,8 @@ private Q_SLOTS:
     void initTestCase()
     {
         qputenv("XDG_DATA_HOME", m_folder.path(u"data"_s).toUtf8());
-        CliRun backup({u"backup"_s, u"--port"_s, u"simulator:sensor"_s, m_folder.path(u"own"_s)});
+        CliRun backup({u"backup"_s, u"--port"_s, u"simulator:sensor"_s, m_folder.path(u"own"_s)},
+                      kFast);
         QCOMPARE(backup.end(), 0);
         QByteArray text = m_folder.content(u"own"_s);
         QVERIFY(m_folder.put(u"few"_s, QByteArray(text).replace("4B:000001\r\n", "")));
@@ -132,12 +128,16 @@ private Q_SLOTS:
             {"no decimal point", u"set offset=0,5"_s + on, 2, code, u"usage"_s},
             {"twice", u"set code=gray code=binary"_s + on, 2, code, u"usage"_s},
             {"no time", u"watch --seconds 0"_s + on, 2, code, u"usage"_s},
+            {"nowhere to record", u"watch --csv %own/x"_s + on, 7, u"port"_s},
+            {"nothing to record", u"watch --csv %none --port simulator:sensor?fault=silent@A"_s, 6,
+             code, u"failed"_s},
             {"no stream", u"watch --port simulator:sensor?fault=silent@A"_s, 6,
              u"error/parameter"_s, u"A"_s},
             {"stream only shown", u"watch --dry-run"_s + on, 0, u"plan/0/raw"_s, u"4E0519"_s},
             {"no entry", u"journal show none"_s, 7, code, u"no-entry"_s},
             {"no such use", u"journal burn"_s, 2, code, u"usage"_s}};
-        checkRows(rows, m_folder.path(u"."_s));
+        checkRows(rows, m_folder.path(u"."_s), kFast);
+        QVERIFY(!m_folder.names().contains(u"none"_s));
     }
 
     void aStateIsKeptShownAndPutBack()
@@ -173,7 +173,7 @@ private Q_SLOTS:
         QProcessEnvironment nowhere = QProcessEnvironment::systemEnvironment();
         nowhere.insert(u"XDG_DATA_HOME"_s, m_folder.path(u"own/below"_s));
         for (const int exit : {8, 0}) {
-            CliRun run(arguments);
+            CliRun run(arguments, kFast);
             run.setProcessEnvironment(nowhere);
             QCOMPARE(run.end(), exit);
             QCOMPARE(at(objectOf(run.output), u"error/code"_s), exit ? u"journal"_s : QString());
@@ -203,9 +203,9 @@ private Q_SLOTS:
 
     void positionsAreShownUntilSomethingEndsThemAndTheFormatIsBack()
     {
-        const std::array<PtySensor, 3> sensors{PtySensor(m_folder.path(u"1"_s)),
-                                               PtySensor(m_folder.path(u"2"_s)),
-                                               PtySensor(m_folder.path(u"3"_s))};
+        const std::array<PtySensor, 4> sensors{
+            PtySensor(m_folder.path(u"1"_s)), PtySensor(m_folder.path(u"2"_s)),
+            PtySensor(m_folder.path(u"3"_s)), PtySensor(m_folder.path(u"4"_s))};
         const auto watching = [this](const QString& line) {
             return QStringList{u"watch"_s, u"--json"_s, u"--port"_s, m_folder.path(line)};
         };
@@ -216,7 +216,9 @@ private Q_SLOTS:
                       QStringLiteral(PELORIN_CLI)});
         piped.setArguments(piped.arguments() + watching(u"3"_s));
         piped.setProgram(u"bash"_s);
-        for (CliRun* run : {&timed, &given, &piped})
+        CliRun closed({u"-c"_s, u"\"$0\" \"$@\" >&-"_s, QStringLiteral(PELORIN_CLI)}, u"bash"_s);
+        closed.setArguments(closed.arguments() + watching(u"4"_s));
+        for (CliRun* run : {&timed, &given, &piped, &closed})
             run->begin();
 
         QVERIFY(waitFor([&] { return given.bytesAvailable() > 0; }));
@@ -224,6 +226,7 @@ private Q_SLOTS:
         interrupt(given, {SIGHUP, SIGINT});
         for (CliRun* run : {&timed, &given, &piped})
             QCOMPARE(run->end(), 0);
+        QCOMPARE(closed.end(), 7);
         for (const PtySensor& each : sensors)
             QCOMPARE(each.sensor->parameter('D'), "4A0519");
         QCOMPARE(piped.output.count('\n'), 1);
@@ -238,7 +241,7 @@ private Q_SLOTS:
     void whoeverSitsAtTheTerminalAgreesToWhatIsWritten()
     {
         PseudoTerminal terminal;
-        CliRun run({u"set"_s, u"extension=parity"_s, u"--port"_s, u"simulator:sensor"_s});
+        CliRun run({u"set"_s, u"extension=parity"_s, u"--port"_s, u"simulator:sensor"_s}, kFast);
         run.setStandardInputFile(QString::fromStdString(terminal.path()));
         run.setStandardErrorFile(QString::fromStdString(terminal.path()));
         run.begin();
@@ -264,8 +267,8 @@ private Q_SLOTS:
         CliRun series({u"-c"_s, script, u"series"_s, u"simulator:sensor"_s,
                        m_folder.path(u"other"_s), u"2"_s, m_folder.path(u"series.csv"_s)});
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        environment.insert(u"PATH"_s, QFileInfo(QStringLiteral(PELORIN_CLI)).path() + u':' +
-                                          environment.value(u"PATH"_s));
+        QVERIFY(QFile::link(kFast, m_folder.path(u"pelorin-cli"_s)));
+        environment.insert(u"PATH"_s, m_folder.path(u"."_s) + u':' + environment.value(u"PATH"_s));
         series.setProcessEnvironment(environment);
         series.setProgram(u"bash"_s);
         series.setStandardInputFile(m_folder.path(u"enter"_s));
