@@ -15,7 +15,7 @@ git clone --quiet . "$folder/pelorin"
 cd -- "$folder/pelorin"
 SOURCE_DATE_EPOCH=$(git log -1 --format=%ct)
 export SOURCE_DATE_EPOCH
-export DEB_BUILD_OPTIONS=${DEB_BUILD_OPTIONS-"noautodbgsym parallel=$(nproc)"}
+export DEB_BUILD_OPTIONS=${DEB_BUILD_OPTIONS-"noautodbgsym terse parallel=$(nproc)"}
 say "Building the packages in $folder"
 dpkg-buildpackage --unsigned-source --unsigned-changes
 cd ..
