@@ -9,7 +9,7 @@ packages=(
     libqt6opengl6-dev qt6-translations-l10n
     libbenchmark-dev
     clang-format clang-tidy locales
-    dpkg-dev file desktop-file-utils appstream
+    debhelper desktop-file-utils appstream
 )
 # Packages that only save time. They come along when something is installed, and alone are no
 # reason to ask for network and root.

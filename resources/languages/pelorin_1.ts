@@ -2549,5 +2549,20 @@ From then on %1 is read, and %2 no longer.</translation>
         <extracomment>Note above the communications log; %1 number of lines</extracomment>
         <translation>The log keeps its newest lines, up to 256 MB. Older lines that are gone: %1</translation>
     </message>
+    <message id="2220">
+        <source>Licence:</source>
+        <extracomment>Caption in the About dialog</extracomment>
+        <translation>Licence:</translation>
+    </message>
+    <message id="2221">
+        <source>Commit:</source>
+        <extracomment>Caption in the About dialog: the revision of the sources</extracomment>
+        <translation>Commit:</translation>
+    </message>
+    <message id="2222">
+        <source>Qt version:</source>
+        <extracomment>Caption in the About dialog</extracomment>
+        <translation>Qt version:</translation>
+    </message>
 </context>
 </TS>

@@ -2549,5 +2549,20 @@ Da allora viene letto %1, e %2 non più.</translation>
         <extracomment>Note above the communications log; %1 number of lines</extracomment>
         <translation>Il registro conserva le righe più recenti, fino a 256 MB. Righe più vecchie che non esistono più: %1</translation>
     </message>
+    <message id="2220">
+        <source>Licence:</source>
+        <extracomment>Caption in the About dialog</extracomment>
+        <translation>Licenza:</translation>
+    </message>
+    <message id="2221">
+        <source>Commit:</source>
+        <extracomment>Caption in the About dialog: the revision of the sources</extracomment>
+        <translation>Commit:</translation>
+    </message>
+    <message id="2222">
+        <source>Qt version:</source>
+        <extracomment>Caption in the About dialog</extracomment>
+        <translation>Versione di Qt:</translation>
+    </message>
 </context>
 </TS>

@@ -2549,5 +2549,20 @@ Von da an wird %1 gelesen und %2 nicht mehr.</translation>
         <extracomment>Note above the communications log; %1 number of lines</extracomment>
         <translation>Das Protokoll behält seine neuesten Zeilen, bis zu 256 MB. Ältere Zeilen, die es nicht mehr gibt: %1</translation>
     </message>
+    <message id="2220">
+        <source>Licence:</source>
+        <extracomment>Caption in the About dialog</extracomment>
+        <translation>Lizenz:</translation>
+    </message>
+    <message id="2221">
+        <source>Commit:</source>
+        <extracomment>Caption in the About dialog: the revision of the sources</extracomment>
+        <translation>Commit:</translation>
+    </message>
+    <message id="2222">
+        <source>Qt version:</source>
+        <extracomment>Caption in the About dialog</extracomment>
+        <translation>Qt-Version:</translation>
+    </message>
 </context>
 </TS>

@@ -2549,5 +2549,20 @@ Désormais %1 est lu, et %2 ne l'est plus.</translation>
         <extracomment>Note above the communications log; %1 number of lines</extracomment>
         <translation>Le journal garde ses lignes les plus récentes, jusqu'à 256 Mo. Lignes plus anciennes qui n'existent plus : %1</translation>
     </message>
+    <message id="2220">
+        <source>Licence:</source>
+        <extracomment>Caption in the About dialog</extracomment>
+        <translation>Licence :</translation>
+    </message>
+    <message id="2221">
+        <source>Commit:</source>
+        <extracomment>Caption in the About dialog: the revision of the sources</extracomment>
+        <translation>Commit :</translation>
+    </message>
+    <message id="2222">
+        <source>Qt version:</source>
+        <extracomment>Caption in the About dialog</extracomment>
+        <translation>Version de Qt :</translation>
+    </message>
 </context>
 </TS>

@@ -2549,5 +2549,20 @@ Desde entonces se lee %1, y %2 ya no.</translation>
         <extracomment>Note above the communications log; %1 number of lines</extracomment>
         <translation>El registro conserva sus líneas más recientes, hasta 256 MB. Líneas más antiguas que ya no existen: %1</translation>
     </message>
+    <message id="2220">
+        <source>Licence:</source>
+        <extracomment>Caption in the About dialog</extracomment>
+        <translation>Licencia:</translation>
+    </message>
+    <message id="2221">
+        <source>Commit:</source>
+        <extracomment>Caption in the About dialog: the revision of the sources</extracomment>
+        <translation>Commit:</translation>
+    </message>
+    <message id="2222">
+        <source>Qt version:</source>
+        <extracomment>Caption in the About dialog</extracomment>
+        <translation>Versión de Qt:</translation>
+    </message>
 </context>
 </TS>

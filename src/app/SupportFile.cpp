@@ -30,7 +30,7 @@ QString section(int heading, const QStringList& lines)
 
 QStringList versions(int language)
 {
-    return {languageString(strings::kProgram) + QLatin1Char(' ') + programVersion(),
+    return {languageString(strings::kProgram) + QLatin1Char(' ') + programRelease(),
             QStringLiteral("Qt %1").arg(QLatin1String(qVersion())),
             QSysInfo::prettyProductName() + QStringLiteral(", ") + QSysInfo::kernelType() +
                 QLatin1Char(' ') + QSysInfo::kernelVersion() + QStringLiteral(", ") +

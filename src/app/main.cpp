@@ -1,3 +1,4 @@
+#include "app/Commit.h"
 #include "app/PelorinApp.h"
 #include "platform/core/ComPortFactory.h"
 #include "platform/core/Demonstration.h"
@@ -82,7 +83,8 @@ int main(int argc, char* argv[])
     QApplication application(argc, argv);
     if (const QString fault = takeOptions(options); !fault.isNull())
         return options.refuse(fault);
-    QApplication::setApplicationName(QStringLiteral("Pelorin")); // titles the message boxes
+    QApplication::setApplicationName(QStringLiteral("Pelorin"));         // titles the message boxes
+    QApplication::setApplicationVersion(QStringLiteral(PELORIN_COMMIT)); // for "About"
     QApplication::setWindowIcon(programIcon());
     QApplication::setQuitOnLastWindowClosed(false); // a start-up dialog is not the program's end
 

@@ -10,6 +10,7 @@
 #include "platform/core/LanguageStrings.h"
 #include "platform/core/Profile.h"
 #include "platform/core/ProgramSettings.h"
+#include "platform/core/ProgramVersion.h"
 #include "platform/core/SettingsLocation.h"
 #include "platform/core/Strings.h"
 
@@ -128,7 +129,7 @@ ExitCode run(const ComPortFactory& factory, const QStringList& arguments)
         return finish({});
     }
     if (isSet(parser, "version")) {
-        output.print(QStringLiteral("pelorin-cli ") + QStringLiteral(PELORIN_VERSION));
+        output.print(QStringLiteral("pelorin-cli ") + programRelease());
         return finish({});
     }
     if (!parsed)

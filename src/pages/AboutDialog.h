@@ -4,7 +4,8 @@
 
 namespace pelorin {
 
-/// Shows the program's name, version and icon.
+/// Shows the program's name, version and icon, and what it was made from: its licence, the commit
+/// that the application has as its version, if any, and the toolkit.
 class AboutDialog : public BaseDialog
 {
     Q_OBJECT

@@ -34,7 +34,7 @@ private Q_SLOTS:
         forEachRow(
             std::vector<Row>{
                 {"help", {u"--help"_s}, 0, u"--settings <FILE>"_s},
-                {"version", {u"/CP:9"_s, u"--version"_s}, 0, u"pelorin 1.06\n"_s},
+                {"version", {u"/CP:9"_s, u"--version"_s}, 0, u"pelorin 1.06."_s},
                 {"unknown", offscreen + QStringList{u"--help-me"_s}, 2, {}, u"'help-me'."_s},
                 {"short", offscreen + QStringList{u"/CP:1"_s, u"-h"_s}, 2, {}, u"option 'h'."_s},
                 {"dash", offscreen + QStringList{u"-"_s}, 2, {}, u"option '-'."_s},

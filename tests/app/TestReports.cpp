@@ -120,7 +120,7 @@ private Q_SLOTS:
         QCOMPARE(rig.save(kSupportFileCommand, u"support"_s), QString());
         QCOMPARE(rig.folder.content(u"support.txt"_s), QByteArray("only this"));
         for (const auto& part :
-             {u"== Versions ==\nPelorin 1.06\nQt 6."_s, u"== Settings ==\n"_s,
+             {u"== Versions ==\nPelorin 1.06."_s, u"== Settings ==\n"_s,
               u"\n[HKEY_LOCAL_MACHINE\\SOFTWARE\\Korvex Systems\\Pelorin\\Firmware Rev Bounds]\n"_s,
               u"\nOffset (N): \"000007\"\n"_s, u"Verified: after a restart"_s,
               u"== Communications Log ==\n20"_s, u" TX: [56][Get][TERM]\n"_s})

@@ -312,13 +312,18 @@ private Q_SLOTS:
         }
     }
 
-    void aboutShowsVersionAndIcon()
+    void aboutShowsVersionIconAndOrigin()
     {
+        QCoreApplication::setApplicationVersion(u"0123456789ab"_s);
         AboutDialog dialog(nullptr);
         dialog.show();
         QCOMPARE(dialog.windowTitle(), u"About Pelorin"_s);
         QCOMPARE(dialog.getControl<QLineEdit>(1039)->text(), u"1.06"_s);
         QVERIFY(!dialog.getControl<QLabel>(1040)->pixmap(Qt::ReturnByValue).isNull());
+        QCOMPARE(dialog.getControl<QLineEdit>(1043)->text(), u"MIT"_s);
+        QCOMPARE(dialog.getControl<QLineEdit>(1045)->text(), u"0123456789ab"_s);
+        QVERIFY(dialog.getControl<QLineEdit>(1045)->isVisible());
+        QCOMPARE(dialog.getControl<QLineEdit>(1047)->text(), QLatin1String(qVersion()));
     }
 
 private:

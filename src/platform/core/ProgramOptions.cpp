@@ -56,7 +56,7 @@ void ProgramOptions::answer() const
     const QString name = QFileInfo(QCoreApplication::applicationFilePath()).fileName();
     print(stdout, m_parser.isSet(helpOption())
                       ? m_parser.helpText()
-                      : name + QLatin1Char(' ') + programVersion() + QLatin1Char('\n'));
+                      : name + QLatin1Char(' ') + programRelease() + QLatin1Char('\n'));
 }
 
 QString ProgramOptions::fault() const

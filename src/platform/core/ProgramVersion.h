@@ -4,12 +4,11 @@
 
 namespace pelorin {
 
-/// The version of this program, as the user is shown it.
-[[nodiscard]] inline QString programVersion()
-{
-    constexpr int kMajorVersion = 1;
-    constexpr int kMinorVersion = 6;
-    return QString::asprintf("%01d.%02d", kMajorVersion, kMinorVersion);
-}
+/// The version of this program as its windows show it: "1.06".
+[[nodiscard]] QString programVersion();
+
+/// The release that this program is of: programVersion() and a count, as packages and changelog
+/// have it.
+[[nodiscard]] QString programRelease();
 
 } // namespace pelorin
