@@ -18,6 +18,8 @@ inline constexpr int kRegistryUnreadable = 1027;
 inline constexpr int kNoHelpFiles = 238;
 inline constexpr int kHelpFailed = 239;
 inline constexpr int kHelpTitle = 1014;
+inline constexpr int kHelpBack = 2170;
+inline constexpr int kHelpForward = 2171;
 
 // Menu
 inline constexpr int kExit = 106;
@@ -120,7 +122,7 @@ inline constexpr int kFactoryText = 138;
 inline constexpr int kFirmwareVersion = 139;
 inline constexpr int kResolution = 140;
 inline constexpr int kStrokeLength = 142;
-inline constexpr int kPulseVelocity = 143;
+inline constexpr int kGradient = 143;
 inline constexpr int kScaleFactor = 145;
 inline constexpr int kFactoryTextP = 147;
 inline constexpr int kCycleCodeZ = 148;
@@ -326,7 +328,7 @@ inline constexpr int kToBeWritten = 1743;
 inline constexpr int kStays = 1744;
 inline constexpr int kOwnMultiplier = 1745;
 inline constexpr int kStreamNotWritten = 1746;
-inline constexpr int kOwnVelocity = 1747;
+inline constexpr int kOwnGradient = 1747;
 inline constexpr int kOwnLength = 1748;
 inline constexpr int kSameSensor = 1749;
 inline constexpr int kPerhapsAnotherSensor = 1750;
