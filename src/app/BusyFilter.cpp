@@ -1,12 +1,15 @@
 #include "app/BusyFilter.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QCursor>
 #include <QEvent>
+#include <QKeyEvent>
 #include <QMessageBox>
 #include <QMouseEvent>
 #include <QWindow>
 
+#include <algorithm>
 #include <utility>
 
 namespace pelorin {
@@ -53,6 +56,33 @@ bool belongsToMessageBox(const QObject* object)
     while (object && object != box)
         object = object->parent();
     return object == box;
+}
+
+bool isUsableButton(const QWidget& widget)
+{
+    return widget.isVisible() && widget.isEnabled() && widget.property("usableWhileBusy").toBool();
+}
+
+/// Whether an event is a click on the open dialog's button that is usable all the same, or a key
+/// that presses it; or passes the dialog's window, from where it goes on to a widget.
+bool isForUsableButton(const QObject* object, const QEvent& event)
+{
+    const QWidget* dialog = QApplication::activeModalWidget();
+    if (!dialog)
+        return false;
+    if (object->isWindowType()) {
+        const auto buttons = dialog->findChildren<QAbstractButton*>();
+        return object == dialog->windowHandle() &&
+               std::any_of(buttons.begin(), buttons.end(),
+                           [](const auto* button) { return isUsableButton(*button); });
+    }
+    const auto* button = qobject_cast<const QAbstractButton*>(object);
+    if (!button || button->window() != dialog || !isUsableButton(*button))
+        return false;
+    if (event.type() != QEvent::KeyPress && event.type() != QEvent::KeyRelease)
+        return true;
+    const int key = static_cast<const QKeyEvent&>(event).key();
+    return key == Qt::Key_Space || key == Qt::Key_Return || key == Qt::Key_Enter;
 }
 
 } // namespace
@@ -102,7 +132,8 @@ void BusyFilter::showCursor(bool shown)
 
 bool BusyFilter::eventFilter(QObject* watched, QEvent* event)
 {
-    return isInput(*event) && (m_passesLeft > 0 || m_isBusy()) && !belongsToMessageBox(watched);
+    return isInput(*event) && (m_passesLeft > 0 || m_isBusy()) && !belongsToMessageBox(watched) &&
+           !isForUsableButton(watched, *event);
 }
 
 } // namespace pelorin

@@ -6,6 +6,7 @@
 #include "pages/ManualCommDialog.h"
 #include "pages/PasswordDialog.h"
 #include "pages/SelectPortDialog.h"
+#include "pages/SendHistory.h"
 #include "pages/SettingsDialog.h"
 #include "platform/core/LanguageStrings.h"
 #include "sensor/BackupFile.h"
@@ -273,12 +274,13 @@ private Q_SLOTS:
             dialog->findChild<QTabWidget*>()->setCurrentIndex(tab);
             return dialog;
         };
+        SendHistory history;
         const std::vector<std::function<QDialog*()>> makers{
             [&] { return new AboutDialog(window); },
             [&] { return new CalculateOffsetDialog(window, true, 1250); },
             [&] { return new PasswordDialog(window, 240); },
             [&] { return new SelectPortDialog(window, 7); },
-            [&] { return new ManualCommDialog(window, runner); },
+            [&] { return new ManualCommDialog(window, runner, history); },
             [&] { return makeSettings(0); },
             [&] { return makeSettings(1); },
             [&] { return makeSettings(2); },
