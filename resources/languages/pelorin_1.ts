@@ -2547,6 +2547,10 @@ From then on %1 is read, and %2 no longer.</translation>
         <source>Go Forward</source>
         <translation>Go Forward</translation>
     </message>
+    <message id="2172">
+        <source>%1 has vanished right after it was plugged in. Other programs take some adapters, such as braille display drivers (brltty) or ModemManager: have them leave it alone, then plug it in again.</source>
+        <translation>%1 has vanished right after it was plugged in. Other programs take some adapters, such as braille display drivers (brltty) or ModemManager: have them leave it alone, then plug it in again.</translation>
+    </message>
     <message id="2200">
         <source>The log keeps its newest lines, up to 256 MB. Older lines that are gone: %1</source>
         <extracomment>Note above the communications log; %1 number of lines</extracomment>

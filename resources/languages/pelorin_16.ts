@@ -2547,6 +2547,10 @@ Da allora viene letto %1, e %2 non più.</translation>
         <source>Go Forward</source>
         <translation>Avanti</translation>
     </message>
+    <message id="2172">
+        <source>%1 has vanished right after it was plugged in. Other programs take some adapters, such as braille display drivers (brltty) or ModemManager: have them leave it alone, then plug it in again.</source>
+        <translation>%1 è sparito subito dopo essere stato collegato. Altri programmi si appropriano di alcuni adattatori, come i driver di display braille (brltty) o ModemManager: fare in modo che lo lascino libero, poi ricollegarlo.</translation>
+    </message>
     <message id="2200">
         <source>The log keeps its newest lines, up to 256 MB. Older lines that are gone: %1</source>
         <extracomment>Note above the communications log; %1 number of lines</extracomment>

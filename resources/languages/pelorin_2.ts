@@ -2547,6 +2547,10 @@ Von da an wird %1 gelesen und %2 nicht mehr.</translation>
         <source>Go Forward</source>
         <translation>Vorwärtsgehen</translation>
     </message>
+    <message id="2172">
+        <source>%1 has vanished right after it was plugged in. Other programs take some adapters, such as braille display drivers (brltty) or ModemManager: have them leave it alone, then plug it in again.</source>
+        <translation>%1 ist gleich nach dem Einstecken verschwunden. Manche Adapter nehmen sich andere Programme, etwa Treiber für Braillezeilen (brltty) oder ModemManager: Sorgen Sie dafür, dass sie ihn in Ruhe lassen, und stecken Sie ihn wieder ein.</translation>
+    </message>
     <message id="2200">
         <source>The log keeps its newest lines, up to 256 MB. Older lines that are gone: %1</source>
         <extracomment>Note above the communications log; %1 number of lines</extracomment>

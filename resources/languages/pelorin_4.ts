@@ -2547,6 +2547,10 @@ Désormais %1 est lu, et %2 ne l'est plus.</translation>
         <source>Go Forward</source>
         <translation>Avancer</translation>
     </message>
+    <message id="2172">
+        <source>%1 has vanished right after it was plugged in. Other programs take some adapters, such as braille display drivers (brltty) or ModemManager: have them leave it alone, then plug it in again.</source>
+        <translation>%1 a disparu juste après avoir été branché. D'autres programmes s'emparent de certains adaptateurs, comme les pilotes d'afficheurs braille (brltty) ou ModemManager : faites en sorte qu'ils le laissent, puis rebranchez-le.</translation>
+    </message>
     <message id="2200">
         <source>The log keeps its newest lines, up to 256 MB. Older lines that are gone: %1</source>
         <extracomment>Note above the communications log; %1 number of lines</extracomment>

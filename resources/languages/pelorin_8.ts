@@ -2547,6 +2547,10 @@ Desde entonces se lee %1, y %2 ya no.</translation>
         <source>Go Forward</source>
         <translation>Adelante</translation>
     </message>
+    <message id="2172">
+        <source>%1 has vanished right after it was plugged in. Other programs take some adapters, such as braille display drivers (brltty) or ModemManager: have them leave it alone, then plug it in again.</source>
+        <translation>%1 ha desaparecido justo después de enchufarse. Otros programas se apropian de algunos adaptadores, como los controladores de líneas braille (brltty) o ModemManager: haga que lo dejen libre y vuelva a enchufarlo.</translation>
+    </message>
     <message id="2200">
         <source>The log keeps its newest lines, up to 256 MB. Older lines that are gone: %1</source>
         <extracomment>Note above the communications log; %1 number of lines</extracomment>
