@@ -64,9 +64,8 @@ int ssiTypeOfVersion(const QByteArray& versionText)
 QString unidentifiedText(const QByteArray& versionText)
 {
     const auto bounds = revisionBounds();
-    const bool configured = std::any_of(bounds.begin(), bounds.end(), [](const auto& range) {
-        return range.hasAny();
-    });
+    const bool configured =
+        std::any_of(bounds.begin(), bounds.end(), [](const auto& range) { return range.hasAny(); });
     return configured ? languageString(strings::kOutsideBounds)
                             .arg(QString::fromLatin1(versionText.left(2)))
                       : languageString(strings::kNoBounds);

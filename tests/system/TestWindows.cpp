@@ -6,7 +6,6 @@
 #include "pages/ManualCommDialog.h"
 #include "pages/PasswordDialog.h"
 #include "pages/SelectPortDialog.h"
-#include "pages/SendHistory.h"
 #include "pages/SettingsDialog.h"
 #include "platform/core/LanguageStrings.h"
 #include "sensor/BackupFile.h"
@@ -69,7 +68,7 @@ QList<Shown> textsOf(const QWidget& widget)
         texts.append({label->text(), label->heightForWidth(label->width()), label->height()});
     } else if (qobject_cast<const QLineEdit*>(&widget)) {
         texts.append({text.toString(), 0, 0});
-    } else if (text.isValid()) {
+    } else if (!text.toString().isEmpty()) {
         texts.append({text.toString(), widget.minimumSizeHint().width(), widget.width()});
         texts.append({text.toString(), widget.minimumSizeHint().height(), widget.height()});
     } else if (const auto* combo = qobject_cast<const QComboBox*>(&widget)) {
@@ -116,9 +115,14 @@ QStringList doubledMnemonics(const QStringList& captions)
     return doubled;
 }
 
-/// Presses Tab until all that it leads to has had the focus.
+/// Presses Tab until all that it leads to has had the focus. A cell that is open is closed before:
+/// from there Tab leads to the next cell.
 std::set<const QWidget*> reachedByTab(QWidget& window)
 {
+    for (auto* cell : window.findChildren<QLineEdit*>(u"cellEdit"_s)) {
+        if (cell->isVisible())
+            QTest::keyClick(cell, Qt::Key_F2);
+    }
     std::set<const QWidget*> reached;
     for (int key = 0; key < 60 && window.focusWidget(); ++key) {
         reached.insert(window.focusWidget());
@@ -186,12 +190,17 @@ QString faultsOf(QWidget& window, const QStringList& foreign)
 /// Enters something wherever a window takes it.
 void fill(QWidget& window)
 {
-    for (const auto* list : window.findChildren<QTableWidget*>())
+    const auto shown = [&window]<class Control>(Control* /*kind*/) {
+        QList<Control*> controls = window.findChildren<Control*>();
+        controls.removeIf([](const Control* control) { return !control->isVisible(); });
+        return controls;
+    };
+    for (const auto* list : shown(static_cast<QTableWidget*>(nullptr)))
         QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
                           list->visualItemRect(list->item(0, 1)).center());
-    for (auto* combo : window.findChildren<QComboBox*>())
+    for (auto* combo : shown(static_cast<QComboBox*>(nullptr)))
         QTest::keyClick(combo, Qt::Key_Down);
-    for (auto* edit : window.findChildren<QLineEdit*>()) {
+    for (auto* edit : shown(static_cast<QLineEdit*>(nullptr))) {
         QTest::keyClick(edit, Qt::Key_7);
         QTest::keyClick(edit, Qt::Key_Down); // from a cell to the one below
     }
@@ -254,6 +263,7 @@ private Q_SLOTS:
     {
         QWidget* const window = &m_rig.window();
         SequenceRunner& runner = m_rig.runner();
+        SendHistory history;
         BackupFile file{QString()}; // neither opened nor saved
         const FormatRestore formats{runner, m_rig.formats()};
         const auto makeDisplay = [&] { return new DisplayUnitDialog(window, m_rig.factory(), 7); };
@@ -274,7 +284,6 @@ private Q_SLOTS:
             dialog->findChild<QTabWidget*>()->setCurrentIndex(tab);
             return dialog;
         };
-        SendHistory history;
         const std::vector<std::function<QDialog*()>> makers{
             [&] { return new AboutDialog(window); },
             [&] { return new CalculateOffsetDialog(window, true, 1250); },

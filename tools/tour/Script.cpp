@@ -89,7 +89,7 @@ std::vector<Tour::Step> script(Tour& tour, SimulatedPorts& simulators, int langu
     };
     const auto noDialog = [] { return QApplication::activeModalWidget() == nullptr; };
     for (const char* name : {"log.txt", "backup.dat", "comparison.csv", "lookup-table.csv",
-                             "recording.csv"}) // of an earlier tour
+                             "recording.csv", "report.pdf"}) // of an earlier tour
         (void)QFile::remove(tour.path(QLatin1String(name)));
 
     std::vector<Tour::Step> steps = {

@@ -41,6 +41,8 @@ void say(const QString& line)
 [[noreturn]] void fail(const QString& what)
 {
     say(QStringLiteral("The tour failed: ") + what);
+    if (const QWidget* dialog = QApplication::activeModalWidget())
+        say(QStringLiteral("This dialog is open: ") + dialog->windowTitle());
     std::_Exit(EXIT_FAILURE); // a dialog may be open inside a step
 }
 
