@@ -56,12 +56,13 @@ void PortNumberList::show(const QList<PortSetting>& ports)
     for (const PortSetting& port : ports)
         m_rows.push_back({port.device, {}, port.name, true, false});
     for (const PresentPort& present : presentDevices()) {
-        auto row = std::find_if(m_rows.begin(), m_rows.end(), [&present](const Row& other) {
-            return other.device == present.device;
+        const QString device = ComPortNames::stableName(present.device);
+        auto row = std::find_if(m_rows.begin(), m_rows.end(), [&](const Row& other) {
+            return other.device == present.device || other.device == device;
         });
         if (row == m_rows.end()) {
             m_rows.push_back(
-                {ComPortNames::stableName(present.device),
+                {device,
                  {},
                  present.number == 0 ? QString() : QStringLiteral("COM%1").arg(present.number),
                  false,

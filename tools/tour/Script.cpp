@@ -1,6 +1,7 @@
 #include "Script.h"
 
 #include "app/Commands.h"
+#include "app/NoticeStrip.h"
 #include "platform/core/LanguageStrings.h"
 #include "platform/core/SettingsLocation.h"
 #include "platform/core/Strings.h"
@@ -43,12 +44,12 @@ bool isHalfDone()
 }
 
 /// Whether the file of the settings has what is entered in the tour, and nothing else is changed.
-bool areEntered(const Tour& tour)
+bool areEntered()
 {
     QByteArray expected = contentOf(programFolder() + QStringLiteral("/demo.reg"));
     expected.replace("\"Type1High\"=dword:0000002f", "\"Type1High\"=dword:0000002e");
     expected.replace("\"SEDistance\"=\"28.0\"", "\"SEDistance\"=\"28.5\"");
-    return contentOf(tour.path(QStringLiteral("settings.reg"))) == expected;
+    return contentOf(registryFilePath()) == expected;
 }
 
 /// Whether a window that is on top of the main window has the control.
@@ -87,6 +88,7 @@ std::vector<Tour::Step> script(Tour& tour, SimulatedPorts& simulators, int langu
     const auto says = [&tour](int text) {
         return [&tour, text] { return tour.textOf("messagePane") == languageString(text); };
     };
+    const auto noticed = [&tour] { return tour.find<NoticeStrip>("noticeStrip").text(); };
     const auto noDialog = [] { return QApplication::activeModalWidget() == nullptr; };
     for (const char* name : {"log.txt", "backup.dat", "comparison.csv", "lookup-table.csv",
                              "recording.csv", "report.pdf"}) // of an earlier tour
@@ -335,7 +337,7 @@ std::vector<Tour::Step> script(Tour& tour, SimulatedPorts& simulators, int langu
         tour.picture("settings-display"),
         tour.click("okButton"),
         Tour::expect("the settings are stored and all else is left",
-                     [&tour, noDialog] { return noDialog() && areEntered(tour); }),
+                     [noDialog] { return noDialog() && areEntered(); }),
 
         Tour::print(QStringLiteral("Display unit")),
         tour.command(kDisplayUnitCommand),
@@ -368,12 +370,12 @@ std::vector<Tour::Step> script(Tour& tour, SimulatedPorts& simulators, int langu
         })),
         tour.command(kConnectCommand),
         Tour::expect("the strip tells the revision, 4A",
-                     [&tour] { return tour.textOf("noticeText").contains(QLatin1String("74")); }),
+                     [noticed] { return noticed().contains(QLatin1String("74")); }),
         tour.printChanged("noticeText"),
         tour.picture("not-identified"),
         tour.item("noticeButton2", 2),
         Tour::expect("the strip tells what was chosen",
-                     [&tour] { return !tour.textOf("noticeText").contains(QLatin1String("74")); }),
+                     [noticed] { return !noticed().contains(QLatin1String("74")); }),
         tour.printChanged("noticeText"),
         tour.picture("chosen-by-hand"),
     });
