@@ -1,6 +1,5 @@
 #include "app/BusyFilter.h"
 
-#include <QAbstractButton>
 #include <QApplication>
 #include <QCursor>
 #include <QEvent>
@@ -10,6 +9,7 @@
 #include <QWindow>
 
 #include <algorithm>
+#include <array>
 #include <utility>
 
 namespace pelorin {
@@ -58,31 +58,35 @@ bool belongsToMessageBox(const QObject* object)
     return object == box;
 }
 
-bool isUsableButton(const QWidget& widget)
+bool isUsable(const QWidget& control)
 {
-    return widget.isVisible() && widget.isEnabled() && widget.property("usableWhileBusy").toBool();
+    return control.isVisible() && control.isEnabled() &&
+           control.property("usableWhileBusy").toBool();
 }
 
-/// Whether an event is a click on the open dialog's button that is usable all the same, or a key
-/// that presses it; or passes the dialog's window, from where it goes on to a widget.
-bool isForUsableButton(const QObject* object, const QEvent& event)
+/// Whether an event is a click on one of the open dialog's controls that are usable all the same,
+/// or a key that presses it or goes on to the next one; or passes the dialog's window, from where
+/// it goes on to a control.
+bool isForUsableControl(const QObject* object, const QEvent& event)
 {
     const QWidget* dialog = QApplication::activeModalWidget();
     if (!dialog)
         return false;
     if (object->isWindowType()) {
-        const auto buttons = dialog->findChildren<QAbstractButton*>();
+        const auto controls = dialog->findChildren<QWidget*>();
         return object == dialog->windowHandle() &&
-               std::any_of(buttons.begin(), buttons.end(),
-                           [](const auto* button) { return isUsableButton(*button); });
+               std::any_of(controls.begin(), controls.end(),
+                           [](const QWidget* control) { return isUsable(*control); });
     }
-    const auto* button = qobject_cast<const QAbstractButton*>(object);
-    if (!button || button->window() != dialog || !isUsableButton(*button))
+    const auto* control = qobject_cast<const QWidget*>(object);
+    if (!control || control->window() != dialog || !isUsable(*control))
         return false;
     if (event.type() != QEvent::KeyPress && event.type() != QEvent::KeyRelease)
         return true;
+    constexpr std::array kKeys{Qt::Key_Space, Qt::Key_Return, Qt::Key_Enter, Qt::Key_Tab,
+                               Qt::Key_Backtab};
     const int key = static_cast<const QKeyEvent&>(event).key();
-    return key == Qt::Key_Space || key == Qt::Key_Return || key == Qt::Key_Enter;
+    return std::find(kKeys.begin(), kKeys.end(), key) != kKeys.end();
 }
 
 } // namespace
@@ -133,7 +137,7 @@ void BusyFilter::showCursor(bool shown)
 bool BusyFilter::eventFilter(QObject* watched, QEvent* event)
 {
     return isInput(*event) && (m_passesLeft > 0 || m_isBusy()) && !belongsToMessageBox(watched) &&
-           !isForUsableButton(watched, *event);
+           !isForUsableControl(watched, *event);
 }
 
 } // namespace pelorin
