@@ -64,22 +64,26 @@ bool isUsable(const QWidget& control)
            control.property("usableWhileBusy").toBool();
 }
 
-/// Whether an event is a click on one of the open dialog's controls that are usable all the same,
-/// or a key that presses it or goes on to the next one; or passes the dialog's window, from where
-/// it goes on to a control.
-bool isForUsableControl(const QObject* object, const QEvent& event)
+/// Whether events that a window gets may go on to one of its controls.
+bool hasUsableControl(const QObject* window)
 {
-    const QWidget* dialog = QApplication::activeModalWidget();
-    if (!dialog)
-        return false;
-    if (object->isWindowType()) {
-        const auto controls = dialog->findChildren<QWidget*>();
-        return object == dialog->windowHandle() &&
+    const auto windows = QApplication::topLevelWidgets();
+    return std::any_of(windows.begin(), windows.end(), [window](const QWidget* widget) {
+        const auto controls = widget->findChildren<QWidget*>();
+        return widget->windowHandle() == window &&
                std::any_of(controls.begin(), controls.end(),
                            [](const QWidget* control) { return isUsable(*control); });
-    }
+    });
+}
+
+/// Whether an event is a click on a control that is usable all the same, or a key that presses it
+/// or goes on to the next one; or passes its window, from where it goes on to a control.
+bool isForUsableControl(const QObject* object, const QEvent& event)
+{
+    if (object->isWindowType())
+        return hasUsableControl(object);
     const auto* control = qobject_cast<const QWidget*>(object);
-    if (!control || control->window() != dialog || !isUsable(*control))
+    if (!control || !isUsable(*control))
         return false;
     if (event.type() != QEvent::KeyPress && event.type() != QEvent::KeyRelease)
         return true;
