@@ -218,9 +218,9 @@
         <translation>Stroke Length</translation>
     </message>
     <message id="143">
-        <source>Pulse Velocity</source>
+        <source>Gradient</source>
         <extracomment>Table row, parameter U: speed of the pulse in the waveguide</extracomment>
-        <translation>Pulse Velocity</translation>
+        <translation>Gradient</translation>
     </message>
     <message id="144">
         <source>m/s (µs/in)</source>
@@ -427,9 +427,9 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <translation>This type of sensor has no synchronous measurement mode.</translation>
     </message>
     <message id="184">
-        <source>The measurement direction changes, and the offset with it. Select the sensor type or enter the sensor's dimensions; the new offset is calculated from them.</source>
+        <source>The measurement direction changes, and the offset with it. Select the sensor package or enter the sensor's dimensions; the new offset is calculated from them.</source>
         <extracomment>Note in a dialog</extracomment>
-        <translation>The measurement direction changes, and the offset with it. Select the sensor type or enter the sensor's dimensions; the new offset is calculated from them.</translation>
+        <translation>The measurement direction changes, and the offset with it. Select the sensor package or enter the sensor's dimensions; the new offset is calculated from them.</translation>
     </message>
     <message id="185">
         <source>Calculate Offset</source>
@@ -577,9 +577,9 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <translation>Factory Parameters</translation>
     </message>
     <message id="215">
-        <source>Sensor Type</source>
+        <source>Sensor Package</source>
         <extracomment>Caption and table row</extracomment>
-        <translation>Sensor Type</translation>
+        <translation>Sensor Package</translation>
     </message>
     <message id="216">
         <source>Cycle Code M, Suffix</source>
@@ -772,9 +772,9 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <translation>The settings file %1 is damaged in line %2. None of its settings are used.</translation>
     </message>
     <message id="1004">
-        <source>The profile %1 is damaged. Standard values are used; a copy is kept beside it.</source>
+        <source>The profile %1 is damaged. Default values are used; a copy is kept beside it.</source>
         <extracomment>%1 path</extracomment>
-        <translation>The profile %1 is damaged. Standard values are used; a copy is kept beside it.</translation>
+        <translation>The profile %1 is damaged. Default values are used; a copy is kept beside it.</translation>
     </message>
     <message id="1005">
         <source>The sensor answered, but no firmware revision bounds are configured. Enter your site's bounds in the settings.</source>
@@ -1047,8 +1047,8 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <translation>Progress</translation>
     </message>
     <message id="1330">
-        <source>Parameter %1 was read as "%2", which is not a value of it: the answer may have been disturbed. Refresh the page. Nothing was written.</source>
-        <translation>Parameter %1 was read as "%2", which is not a value of it: the answer may have been disturbed. Refresh the page. Nothing was written.</translation>
+        <source>Parameter %1 was read as "%2", which is not a valid value: the answer may have been disturbed. Refresh the page. Nothing was written.</source>
+        <translation>Parameter %1 was read as "%2", which is not a valid value: the answer may have been disturbed. Refresh the page. Nothing was written.</translation>
     </message>
     <message id="1331">
         <source>The backup was saved. These texts are unusual for their parameters, but the sensor answered each of them twice:</source>
@@ -1069,12 +1069,12 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <translation>field %1 "%2" as %3</translation>
     </message>
     <message id="1402">
-        <source>The serial port is not connected. Nothing was sent.</source>
-        <translation>The serial port is not connected. Nothing was sent.</translation>
+        <source>The serial port is not available. Nothing was sent.</source>
+        <translation>The serial port is not available. Nothing was sent.</translation>
     </message>
     <message id="1403">
-        <source>Cut off: the sensor did not fall silent within 60 seconds and 1 MiB.</source>
-        <translation>Cut off: the sensor did not fall silent within 60 seconds and 1 MiB.</translation>
+        <source>Cut off: the sensor was still sending after 60 seconds or 1 MiB.</source>
+        <translation>Cut off: the sensor was still sending after 60 seconds or 1 MiB.</translation>
     </message>
     <message id="1404">
         <source>Fields that are not hexadecimal</source>
@@ -1097,8 +1097,8 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <translation>The file holds more rows than the table. Rows in the file: %1; read: %2; ignored: %3.</translation>
     </message>
     <message id="1503">
-        <source>Has no function in this version.</source>
-        <translation>Has no function in this version.</translation>
+        <source>This has no function in this version.</source>
+        <translation>This has no function in this version.</translation>
     </message>
     <message id="1510">
         <source>The file has been written, but it does not hold these cells as they were typed. A point is kept in steps of 0.5 from -16384.0 to 16383.5, a value as an integer, and what is not a number as 0.</source>
@@ -1332,8 +1332,8 @@ Without that it cannot be put back. Write all the same?</translation>
         <translation>The saved data format asks for the position stream. That is never written.</translation>
     </message>
     <message id="1747">
-        <source>computed from this sensor's own pulse velocity</source>
-        <translation>computed from this sensor's own pulse velocity</translation>
+        <source>computed from this sensor's own gradient</source>
+        <translation>computed from this sensor's own gradient</translation>
     </message>
     <message id="1748">
         <source>this sensor's own length; the saved offset belongs to another stroke length or multiplier</source>
@@ -2543,6 +2543,18 @@ From then on %1 is read, and %2 no longer.</translation>
         <source>Sensor</source>
         <extracomment>Name of the line above the page</extracomment>
         <translation>Sensor</translation>
+    </message>
+    <message id="2170">
+        <source>Go Back</source>
+        <translation>Go Back</translation>
+    </message>
+    <message id="2171">
+        <source>Go Forward</source>
+        <translation>Go Forward</translation>
+    </message>
+    <message id="2172">
+        <source>%1 has vanished right after it was plugged in. Other programs take some adapters, such as braille display drivers (brltty) or ModemManager: have them leave it alone, then plug it in again.</source>
+        <translation>%1 has vanished right after it was plugged in. Other programs take some adapters, such as braille display drivers (brltty) or ModemManager: have them leave it alone, then plug it in again.</translation>
     </message>
     <message id="2200">
         <source>The log keeps its newest lines, up to 256 MB. Older lines that are gone: %1</source>

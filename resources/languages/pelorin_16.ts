@@ -160,7 +160,7 @@
     <message id="131">
         <source>Position stream</source>
         <extracomment>Measurement mode, while the sensor streams positions</extracomment>
-        <translation>Flusso di posizioni</translation>
+        <translation>Uscita continua di posizione</translation>
     </message>
     <message id="132">
         <source>Asynchronous</source>
@@ -215,12 +215,12 @@
     <message id="142">
         <source>Stroke Length</source>
         <extracomment>Caption and table row</extracomment>
-        <translation>Lunghezza corsa</translation>
+        <translation>Corsa di misura</translation>
     </message>
     <message id="143">
-        <source>Pulse Velocity</source>
+        <source>Gradient</source>
         <extracomment>Table row, parameter U: speed of the pulse in the waveguide</extracomment>
-        <translation>Velocità dell'impulso</translation>
+        <translation>Gradiente</translation>
     </message>
     <message id="144">
         <source>m/s (µs/in)</source>
@@ -295,7 +295,7 @@
     <message id="158">
         <source>Differential Position</source>
         <extracomment>Option and table cell</extracomment>
-        <translation>Posizione differenziale</translation>
+        <translation>Differenza di posizione</translation>
     </message>
     <message id="159">
         <source>Velocity</source>
@@ -427,9 +427,9 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <translation>Questo tipo di sensore non ha la modalità di misura sincrona.</translation>
     </message>
     <message id="184">
-        <source>The measurement direction changes, and the offset with it. Select the sensor type or enter the sensor's dimensions; the new offset is calculated from them.</source>
+        <source>The measurement direction changes, and the offset with it. Select the sensor package or enter the sensor's dimensions; the new offset is calculated from them.</source>
         <extracomment>Note in a dialog</extracomment>
-        <translation>La direzione di misura cambia, e con essa l'offset. Selezionare il tipo di sensore o inserirne le dimensioni; da queste si calcola il nuovo offset.</translation>
+        <translation>La direzione di misura cambia, e con essa l'offset. Selezionare il modello di sensore o inserirne le dimensioni; da queste si calcola il nuovo offset.</translation>
     </message>
     <message id="185">
         <source>Calculate Offset</source>
@@ -454,7 +454,7 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
     <message id="189">
         <source>Clear</source>
         <extracomment>Button</extracomment>
-        <translation>Cancella</translation>
+        <translation>Svuota</translation>
     </message>
     <message id="190">
         <source>Save To Disk</source>
@@ -519,7 +519,7 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
     <message id="203">
         <source>&amp;Help</source>
         <extracomment>Menu</extracomment>
-        <translation>&amp;Aiuto</translation>
+        <translation>&amp;Guida</translation>
     </message>
     <message id="204">
         <source>&amp;English</source>
@@ -577,9 +577,9 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <translation>Parametri di fabbrica</translation>
     </message>
     <message id="215">
-        <source>Sensor Type</source>
+        <source>Sensor Package</source>
         <extracomment>Caption and table row</extracomment>
-        <translation>Tipo di sensore</translation>
+        <translation>Modello di sensore</translation>
     </message>
     <message id="216">
         <source>Cycle Code M, Suffix</source>
@@ -659,7 +659,7 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
     <message id="247">
         <source>The display unit on %1 (node %2) did not acknowledge its set-up.</source>
         <extracomment>%1 port, %2 node</extracomment>
-        <translation>Il visualizzatore su %1 (nodo %2) non ha confermato le impostazioni.</translation>
+        <translation>Il visualizzatore su %1 (nodo %2) non ha confermato la configurazione.</translation>
     </message>
     <message id="248">
         <source>Send</source>
@@ -709,12 +709,12 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
     <message id="257">
         <source>Lookup tables (*.csv);;All files (*)</source>
         <extracomment>File filter</extracomment>
-        <translation>Tabelle di valori (*.csv);;Tutti i file (*)</translation>
+        <translation>Tabelle di ricerca (*.csv);;Tutti i file (*)</translation>
     </message>
     <message id="258">
         <source>This is not a lookup table for temperature compensation.</source>
         <extracomment>Message</extracomment>
-        <translation>Questa non è una tabella di valori per la compensazione di temperatura.</translation>
+        <translation>Questa non è una tabella di ricerca per la compensazione di temperatura.</translation>
     </message>
     <message id="259">
         <source>Row</source>
@@ -754,7 +754,7 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
     <message id="1000">
         <source>simulated</source>
         <extracomment>Stands beside the name of a simulated port</extracomment>
-        <translation>simulazione</translation>
+        <translation>simulata</translation>
     </message>
     <message id="1001">
         <source>You have no permission to open %1. Add your user to the group %2, then log in again.</source>
@@ -772,9 +772,9 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <translation>Il file delle impostazioni %1 è danneggiato alla riga %2. Nessuna delle sue impostazioni viene usata.</translation>
     </message>
     <message id="1004">
-        <source>The profile %1 is damaged. Standard values are used; a copy is kept beside it.</source>
+        <source>The profile %1 is damaged. Default values are used; a copy is kept beside it.</source>
         <extracomment>%1 path</extracomment>
-        <translation>Il profilo %1 è danneggiato. Si usano valori standard; una copia viene conservata accanto ad esso.</translation>
+        <translation>Il profilo %1 è danneggiato. Si usano valori predefiniti; una copia viene conservata accanto ad esso.</translation>
     </message>
     <message id="1005">
         <source>The sensor answered, but no firmware revision bounds are configured. Enter your site's bounds in the settings.</source>
@@ -858,7 +858,7 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
     <message id="1022">
         <source>Lookup Table Arrays</source>
         <extracomment>Caption</extracomment>
-        <translation>Tabella di valori</translation>
+        <translation>Tabella di ricerca</translation>
     </message>
     <message id="1023">
         <source>Compensation Array</source>
@@ -926,12 +926,12 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
     </message>
     <message id="1106">
         <source>The position stream could not be ended, so nothing else was done. Connect the sensor again.</source>
-        <translation>Impossibile terminare il flusso di posizioni, perciò non è stato fatto altro. Connettere di nuovo il sensore.</translation>
+        <translation>Impossibile terminare l'uscita continua di posizione, perciò non è stato fatto altro. Connettere di nuovo il sensore.</translation>
     </message>
     <message id="1107">
         <source>The sensor on %1 with the version answer %2 may still carry the data format for the position stream: its own one, %3, has not been read back from it. That is written back as soon as the sensor is connected there again.</source>
         <extracomment>%1 device, %2 version answer, %3 data format</extracomment>
-        <translation>Il sensore su %1 con la risposta di versione %2 potrebbe avere ancora il formato dati del flusso di posizioni: il suo, %3, non è stato riletto. Verrà riscritto non appena il sensore vi sarà di nuovo connesso.</translation>
+        <translation>Il sensore su %1 con la risposta di versione %2 potrebbe avere ancora il formato dati dell'uscita continua di posizione: il suo, %3, non è stato riletto. Verrà riscritto non appena il sensore vi sarà di nuovo connesso.</translation>
     </message>
     <message id="1108">
         <source>Try again</source>
@@ -948,11 +948,11 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
     </message>
     <message id="1111">
         <source>The data format of the connected sensor could not be read; it may still be the one for the position stream. Connect the sensor again.</source>
-        <translation>Impossibile leggere il formato dati del sensore connesso; potrebbe essere ancora quello del flusso di posizioni. Connettere di nuovo il sensore.</translation>
+        <translation>Impossibile leggere il formato dati del sensore connesso; potrebbe essere ancora quello dell'uscita continua di posizione. Connettere di nuovo il sensore.</translation>
     </message>
     <message id="1112">
         <source>The sensor still carries the data format for the position stream. Nothing was saved or written. Connect the sensor again, so that its own data format is written back.</source>
-        <translation>Il sensore ha ancora il formato dati del flusso di posizioni. Non è stato salvato né scritto nulla. Connettere di nuovo il sensore affinché venga riscritto il suo formato dati.</translation>
+        <translation>Il sensore ha ancora il formato dati dell'uscita continua di posizione. Non è stato salvato né scritto nulla. Connettere di nuovo il sensore affinché venga riscritto il suo formato dati.</translation>
     </message>
     <message id="1200">
         <source>Password</source>
@@ -1047,8 +1047,8 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <translation>Avanzamento</translation>
     </message>
     <message id="1330">
-        <source>Parameter %1 was read as "%2", which is not a value of it: the answer may have been disturbed. Refresh the page. Nothing was written.</source>
-        <translation>Il parametro %1 è stato letto come «%2», che non è un suo valore: la risposta potrebbe essere stata disturbata. Aggiornare la pagina. Non è stato scritto nulla.</translation>
+        <source>Parameter %1 was read as "%2", which is not a valid value: the answer may have been disturbed. Refresh the page. Nothing was written.</source>
+        <translation>Il parametro %1 è stato letto come «%2», che non è un valore valido: la risposta potrebbe essere stata disturbata. Aggiornare la pagina. Non è stato scritto nulla.</translation>
     </message>
     <message id="1331">
         <source>The backup was saved. These texts are unusual for their parameters, but the sensor answered each of them twice:</source>
@@ -1069,11 +1069,11 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <translation>campo %1 «%2» come %3</translation>
     </message>
     <message id="1402">
-        <source>The serial port is not connected. Nothing was sent.</source>
-        <translation>La porta seriale non è connessa. Non è stato inviato nulla.</translation>
+        <source>The serial port is not available. Nothing was sent.</source>
+        <translation>La porta seriale non è disponibile. Non è stato inviato nulla.</translation>
     </message>
     <message id="1403">
-        <source>Cut off: the sensor did not fall silent within 60 seconds and 1 MiB.</source>
+        <source>Cut off: the sensor was still sending after 60 seconds or 1 MiB.</source>
         <translation>Interrotto: il sensore non ha smesso di inviare entro 60 secondi e 1 MiB.</translation>
     </message>
     <message id="1404">
@@ -1097,7 +1097,7 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <translation>Il file contiene più righe della tabella. Righe nel file: %1; lette: %2; ignorate: %3.</translation>
     </message>
     <message id="1503">
-        <source>Has no function in this version.</source>
+        <source>This has no function in this version.</source>
         <translation>Nessuna funzione in questa versione.</translation>
     </message>
     <message id="1510">
@@ -1329,15 +1329,15 @@ Senza di ciò non può essere ripristinato. Scrivere comunque?</translation>
     </message>
     <message id="1746">
         <source>The saved data format asks for the position stream. That is never written.</source>
-        <translation>Il formato dati salvato richiede il flusso di posizioni. Questo non viene mai scritto.</translation>
+        <translation>Il formato dati salvato richiede l'uscita continua di posizione. Un tale formato non viene mai scritto.</translation>
     </message>
     <message id="1747">
-        <source>computed from this sensor's own pulse velocity</source>
-        <translation>calcolato dalla velocità dell'impulso propria di questo sensore</translation>
+        <source>computed from this sensor's own gradient</source>
+        <translation>calcolato dal gradiente proprio di questo sensore</translation>
     </message>
     <message id="1748">
         <source>this sensor's own length; the saved offset belongs to another stroke length or multiplier</source>
-        <translation>lunghezza propria di questo sensore; l'offset salvato appartiene a un'altra lunghezza corsa o a un altro moltiplicatore</translation>
+        <translation>lunghezza propria di questo sensore; l'offset salvato appartiene a un'altra corsa di misura o a un altro moltiplicatore</translation>
     </message>
     <message id="1749">
         <source>The calibration is the saved one: it looks like the same sensor. Suggested: all parameters.</source>
@@ -1537,7 +1537,7 @@ Senza di ciò non può essere ripristinato. Scrivere comunque?</translation>
     </message>
     <message id="1816">
         <source>Writing the data format for the position stream…</source>
-        <translation>Scrittura del formato dati per il flusso di posizioni…</translation>
+        <translation>Scrittura del formato dati per l'uscita continua di posizione…</translation>
     </message>
     <message id="1817">
         <source>Waiting for the sensor to store the data format…</source>
@@ -1549,11 +1549,11 @@ Senza di ciò non può essere ripristinato. Scrivere comunque?</translation>
     </message>
     <message id="1819">
         <source>Waiting for the position stream…</source>
-        <translation>In attesa del flusso di posizioni…</translation>
+        <translation>In attesa dell'uscita continua di posizione…</translation>
     </message>
     <message id="1820">
         <source>Ending the position stream and connecting the sensor…</source>
-        <translation>Arresto del flusso di posizioni e connessione del sensore…</translation>
+        <translation>Arresto dell'uscita continua di posizione e connessione del sensore…</translation>
     </message>
     <message id="1821">
         <source>Writing the sensor's own data format back…</source>
@@ -2062,7 +2062,7 @@ Da allora viene letto %1, e %2 non più.</translation>
     </message>
     <message id="2017">
         <source>Shows what a backup file or a lookup table holds.</source>
-        <translation>Mostra che cosa contiene un file di backup o una tabella di valori.</translation>
+        <translation>Mostra che cosa contiene un file di backup o una tabella di ricerca.</translation>
     </message>
     <message id="2020">
         <source>%2 is no value that %1 can have.</source>
@@ -2143,7 +2143,7 @@ Da allora viene letto %1, e %2 non più.</translation>
     <message id="2036">
         <source>The file %1 is neither a backup file nor a lookup table.</source>
         <extracomment>%1 path</extracomment>
-        <translation>Il file %1 non è né un file di backup né una tabella di valori.</translation>
+        <translation>Il file %1 non è né un file di backup né una tabella di ricerca.</translation>
     </message>
     <message id="2037">
         <source>Sensor of type %1, version answer %2</source>
@@ -2543,6 +2543,18 @@ Da allora viene letto %1, e %2 non più.</translation>
         <source>Sensor</source>
         <extracomment>Name of the line above the page</extracomment>
         <translation>Sensore</translation>
+    </message>
+    <message id="2170">
+        <source>Go Back</source>
+        <translation>Indietro</translation>
+    </message>
+    <message id="2171">
+        <source>Go Forward</source>
+        <translation>Avanti</translation>
+    </message>
+    <message id="2172">
+        <source>%1 has vanished right after it was plugged in. Other programs take some adapters, such as braille display drivers (brltty) or ModemManager: have them leave it alone, then plug it in again.</source>
+        <translation>%1 è sparito subito dopo essere stato collegato. Altri programmi si appropriano di alcuni adattatori, come i driver di display braille (brltty) o ModemManager: fare in modo che lo lascino libero, poi ricollegarlo.</translation>
     </message>
     <message id="2200">
         <source>The log keeps its newest lines, up to 256 MB. Older lines that are gone: %1</source>

@@ -10,22 +10,22 @@
     <message id="101">
         <source>Port %1 could not be opened (system error %2).</source>
         <extracomment>%1 port, %2 system error code</extracomment>
-        <translation>Der Anschluss %1 konnte nicht geöffnet werden (Systemfehler %2).</translation>
+        <translation>Die Schnittstelle %1 konnte nicht geöffnet werden (Systemfehler %2).</translation>
     </message>
     <message id="102">
         <source>The line settings of port %1 could not be set (system error %2).</source>
         <extracomment>%1 port, %2 system error code</extracomment>
-        <translation>Die Übertragungsparameter des Anschlusses %1 konnten nicht eingestellt werden (Systemfehler %2).</translation>
+        <translation>Die Übertragungsparameter der Schnittstelle %1 konnten nicht eingestellt werden (Systemfehler %2).</translation>
     </message>
     <message id="103">
         <source>The time-outs of port %1 could not be set (system error %2).</source>
         <extracomment>%1 port, %2 system error code</extracomment>
-        <translation>Die Zeitlimits des Anschlusses %1 konnten nicht eingestellt werden (Systemfehler %2).</translation>
+        <translation>Die Zeitlimits der Schnittstelle %1 konnten nicht eingestellt werden (Systemfehler %2).</translation>
     </message>
     <message id="104">
         <source>The queue sizes of port %1 could not be set (system error %2).</source>
         <extracomment>%1 port, %2 system error code</extracomment>
-        <translation>Die Puffergrößen des Anschlusses %1 konnten nicht eingestellt werden (Systemfehler %2).</translation>
+        <translation>Die Puffergrößen der Schnittstelle %1 konnten nicht eingestellt werden (Systemfehler %2).</translation>
     </message>
     <message id="105">
         <source>The communication could not be started (system error %1).</source>
@@ -40,7 +40,7 @@
     <message id="107">
         <source>Select Communications Port</source>
         <extracomment>Menu item and dialog title, so without a mnemonic</extracomment>
-        <translation>Anschluss wählen</translation>
+        <translation>Schnittstelle wählen</translation>
     </message>
     <message id="108">
         <source>&amp;Connection</source>
@@ -80,7 +80,7 @@
     <message id="115">
         <source>No port</source>
         <extracomment>Status bar, in place of the port</extracomment>
-        <translation>Kein Anschluss</translation>
+        <translation>Keine Schnittstelle</translation>
     </message>
     <message id="116">
         <source>Connecting to the sensor…</source>
@@ -195,7 +195,7 @@
     <message id="138">
         <source>Factory Text</source>
         <extracomment>Table row, parameter F</extracomment>
-        <translation>Werkstext</translation>
+        <translation>Herstellertext</translation>
     </message>
     <message id="139">
         <source>Firmware Version</source>
@@ -218,9 +218,9 @@
         <translation>Messlänge</translation>
     </message>
     <message id="143">
-        <source>Pulse Velocity</source>
+        <source>Gradient</source>
         <extracomment>Table row, parameter U: speed of the pulse in the waveguide</extracomment>
-        <translation>Impulsgeschwindigkeit</translation>
+        <translation>Gradient</translation>
     </message>
     <message id="144">
         <source>m/s (µs/in)</source>
@@ -240,7 +240,7 @@
     <message id="147">
         <source>Factory Text P</source>
         <extracomment>Table row, parameter P</extracomment>
-        <translation>Werkstext P</translation>
+        <translation>Herstellertext P</translation>
     </message>
     <message id="148">
         <source>Cycle Code Z</source>
@@ -260,7 +260,7 @@
     <message id="151">
         <source>Factory Value J</source>
         <extracomment>Table row, parameter J</extracomment>
-        <translation>Werkswert J</translation>
+        <translation>Herstellerwert J</translation>
     </message>
     <message id="152">
         <source>Not applicable</source>
@@ -275,7 +275,7 @@
     <message id="154">
         <source>Factory Value O</source>
         <extracomment>Table row, parameter O</extracomment>
-        <translation>Werkswert O</translation>
+        <translation>Herstellerwert O</translation>
     </message>
     <message id="155">
         <source>1 Magnet</source>
@@ -344,7 +344,7 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <extracomment>%1 port number; names the buttons Abort, Retry and Ignore as the toolkit translates them</extracomment>
         <translation>COM%1 konnte nicht geöffnet werden.
 
-„Abbrechen“ beendet das Programm, „Wiederholen“ versucht denselben Anschluss noch einmal, „Ignorieren“ lässt einen anderen Anschluss wählen.</translation>
+„Abbrechen“ beendet das Programm, „Wiederholen“ versucht dieselbe Schnittstelle noch einmal, „Ignorieren“ lässt eine andere Schnittstelle wählen.</translation>
     </message>
     <message id="168">
         <source>Output Setup</source>
@@ -389,7 +389,7 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
     <message id="176">
         <source>Error Skip Count</source>
         <extracomment>Caption and table row</extracomment>
-        <translation>Fehlerausblendung</translation>
+        <translation>Übersprungene Fehler (Anzahl)</translation>
     </message>
     <message id="177">
         <source>Number of Magnets</source>
@@ -427,9 +427,9 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <translation>Dieser Sensortyp hat keinen synchronen Messmodus.</translation>
     </message>
     <message id="184">
-        <source>The measurement direction changes, and the offset with it. Select the sensor type or enter the sensor's dimensions; the new offset is calculated from them.</source>
+        <source>The measurement direction changes, and the offset with it. Select the sensor package or enter the sensor's dimensions; the new offset is calculated from them.</source>
         <extracomment>Note in a dialog</extracomment>
-        <translation>Mit der Messrichtung ändert sich der Offset. Wählen Sie den Sensortyp oder geben Sie die Maße des Sensors ein; daraus wird der neue Offset berechnet.</translation>
+        <translation>Mit der Messrichtung ändert sich der Offset. Wählen Sie die Bauform oder geben Sie die Maße des Sensors ein; daraus wird der neue Offset berechnet.</translation>
     </message>
     <message id="185">
         <source>Calculate Offset</source>
@@ -577,9 +577,9 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <translation>Werksparameter</translation>
     </message>
     <message id="215">
-        <source>Sensor Type</source>
+        <source>Sensor Package</source>
         <extracomment>Caption and table row</extracomment>
-        <translation>Sensortyp</translation>
+        <translation>Bauform</translation>
     </message>
     <message id="216">
         <source>Cycle Code M, Suffix</source>
@@ -624,7 +624,7 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
     <message id="240">
         <source>Changing the error skip count is protected. Enter the password to unlock it.</source>
         <extracomment>Note in a dialog</extracomment>
-        <translation>Die Fehlerausblendung ist geschützt. Geben Sie das Kennwort ein, um sie zu entsperren.</translation>
+        <translation>Die Anzahl übersprungener Fehler ist geschützt. Geben Sie das Kennwort ein, um sie zu entsperren.</translation>
     </message>
     <message id="241">
         <source>OK</source>
@@ -659,7 +659,7 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
     <message id="247">
         <source>The display unit on %1 (node %2) did not acknowledge its set-up.</source>
         <extracomment>%1 port, %2 node</extracomment>
-        <translation>Das Anzeigegerät an %1 (Knoten %2) hat seine Einstellungen nicht bestätigt.</translation>
+        <translation>Das Anzeigegerät an %1 (Knoten %2) hat die Einrichtung nicht quittiert.</translation>
     </message>
     <message id="248">
         <source>Send</source>
@@ -699,7 +699,7 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
     <message id="255">
         <source>Point</source>
         <extracomment>Column heading</extracomment>
-        <translation>Stützpunkt</translation>
+        <translation>Stützstelle</translation>
     </message>
     <message id="256">
         <source>Value</source>
@@ -709,12 +709,12 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
     <message id="257">
         <source>Lookup tables (*.csv);;All files (*)</source>
         <extracomment>File filter</extracomment>
-        <translation>Wertetabellen (*.csv);;Alle Dateien (*)</translation>
+        <translation>Lookup-Tabellen (*.csv);;Alle Dateien (*)</translation>
     </message>
     <message id="258">
         <source>This is not a lookup table for temperature compensation.</source>
         <extracomment>Message</extracomment>
-        <translation>Dies ist keine Wertetabelle zur Temperaturkompensation.</translation>
+        <translation>Dies ist keine Lookup-Tabelle zur Temperaturkompensation.</translation>
     </message>
     <message id="259">
         <source>Row</source>
@@ -772,9 +772,9 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <translation>Die Einstellungsdatei %1 ist in Zeile %2 beschädigt. Keine ihrer Einstellungen wird verwendet.</translation>
     </message>
     <message id="1004">
-        <source>The profile %1 is damaged. Standard values are used; a copy is kept beside it.</source>
+        <source>The profile %1 is damaged. Default values are used; a copy is kept beside it.</source>
         <extracomment>%1 path</extracomment>
-        <translation>Das Profil %1 ist beschädigt. Es gelten Standardwerte; eine Kopie bleibt daneben erhalten.</translation>
+        <translation>Das Profil %1 ist beschädigt. Es gelten Vorgabewerte; eine Kopie bleibt daneben erhalten.</translation>
     </message>
     <message id="1005">
         <source>The sensor answered, but no firmware revision bounds are configured. Enter your site's bounds in the settings.</source>
@@ -804,7 +804,7 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
     <message id="1010">
         <source>Port:</source>
         <extracomment>Caption of the list of ports</extracomment>
-        <translation>Anschluss:</translation>
+        <translation>Schnittstelle:</translation>
     </message>
     <message id="1012">
         <source>Operation abandoned: the connection to the sensor was lost.</source>
@@ -843,7 +843,7 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
     </message>
     <message id="1019">
         <source>No serial port is present. Plug the adapter in.</source>
-        <translation>Kein serieller Anschluss vorhanden. Stecken Sie den Adapter ein.</translation>
+        <translation>Keine serielle Schnittstelle vorhanden. Stecken Sie den Adapter ein.</translation>
     </message>
     <message id="1020">
         <source>Sensor values</source>
@@ -858,7 +858,7 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
     <message id="1022">
         <source>Lookup Table Arrays</source>
         <extracomment>Caption</extracomment>
-        <translation>Wertetabelle</translation>
+        <translation>Lookup-Tabelle</translation>
     </message>
     <message id="1023">
         <source>Compensation Array</source>
@@ -901,7 +901,7 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
     <message id="1031">
         <source>%1 could not be closed: its device does not react. Until it does, no program can open this port. Unplug the adapter.</source>
         <extracomment>%1 name of the port</extracomment>
-        <translation>%1 konnte nicht geschlossen werden: Das Gerät reagiert nicht. Solange es das nicht tut, kann kein Programm diesen Anschluss öffnen. Ziehen Sie den Adapter ab.</translation>
+        <translation>%1 konnte nicht geschlossen werden: Das Gerät reagiert nicht. Solange es das nicht tut, kann kein Programm diese Schnittstelle öffnen. Ziehen Sie den Adapter ab.</translation>
     </message>
     <message id="1100">
         <source>The sensor is not identified. Connect it before its position is shown.</source>
@@ -964,7 +964,7 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
     </message>
     <message id="1204">
         <source>The error skip count must be a number from 0 to 255.</source>
-        <translation>Die Fehlerausblendung muss eine Zahl von 0 bis 255 sein.</translation>
+        <translation>Die Anzahl übersprungener Fehler muss eine Zahl von 0 bis 255 sein.</translation>
     </message>
     <message id="1205">
         <source>The sensor cannot hold the scale factor or the offset that these settings give. Choose a coarser resolution or another offset. Nothing was written.</source>
@@ -1036,7 +1036,7 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
     </message>
     <message id="1326">
         <source>Restore Backup</source>
-        <translation>Sicherung zurückschreiben</translation>
+        <translation>Sicherung wiederherstellen</translation>
     </message>
     <message id="1328">
         <source>The sensor is not identified. Connect it before you save its parameters.</source>
@@ -1047,7 +1047,7 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <translation>Fortschritt</translation>
     </message>
     <message id="1330">
-        <source>Parameter %1 was read as "%2", which is not a value of it: the answer may have been disturbed. Refresh the page. Nothing was written.</source>
+        <source>Parameter %1 was read as "%2", which is not a valid value: the answer may have been disturbed. Refresh the page. Nothing was written.</source>
         <translation>Parameter %1 wurde als „%2“ gelesen, was kein gültiger Wert ist: Die Antwort war möglicherweise gestört. Aktualisieren Sie die Seite. Es wurde nichts geschrieben.</translation>
     </message>
     <message id="1331">
@@ -1069,11 +1069,11 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <translation>Feld %1 „%2“ als %3</translation>
     </message>
     <message id="1402">
-        <source>The serial port is not connected. Nothing was sent.</source>
-        <translation>Der serielle Anschluss ist nicht verbunden. Es wurde nichts gesendet.</translation>
+        <source>The serial port is not available. Nothing was sent.</source>
+        <translation>Die serielle Schnittstelle ist nicht verfügbar. Es wurde nichts gesendet.</translation>
     </message>
     <message id="1403">
-        <source>Cut off: the sensor did not fall silent within 60 seconds and 1 MiB.</source>
+        <source>Cut off: the sensor was still sending after 60 seconds or 1 MiB.</source>
         <translation>Abgebrochen: Der Sensor verstummte nicht innerhalb von 60 Sekunden und 1 MiB.</translation>
     </message>
     <message id="1404">
@@ -1090,31 +1090,31 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
     </message>
     <message id="1407">
         <source>The serial port was lost during the exchange. What was sent or received may be incomplete.</source>
-        <translation>Der serielle Anschluss ging während des Austauschs verloren. Gesendetes oder Empfangenes ist möglicherweise unvollständig.</translation>
+        <translation>Die serielle Schnittstelle ging während des Austauschs verloren. Gesendetes oder Empfangenes ist möglicherweise unvollständig.</translation>
     </message>
     <message id="1502">
         <source>The file holds more rows than the table. Rows in the file: %1; read: %2; ignored: %3.</source>
         <translation>Die Datei enthält mehr Zeilen als die Tabelle. Zeilen in der Datei: %1; gelesen: %2; ignoriert: %3.</translation>
     </message>
     <message id="1503">
-        <source>Has no function in this version.</source>
+        <source>This has no function in this version.</source>
         <translation>Hat in dieser Version keine Funktion.</translation>
     </message>
     <message id="1510">
         <source>The file has been written, but it does not hold these cells as they were typed. A point is kept in steps of 0.5 from -16384.0 to 16383.5, a value as an integer, and what is not a number as 0.</source>
-        <translation>Die Datei wurde geschrieben, aber diese Zellen stehen anders darin als eingegeben. Ein Stützpunkt wird in Schritten von 0.5 von -16384.0 bis 16383.5 gespeichert, ein Wert als ganze Zahl, und was keine Zahl ist, als 0.</translation>
+        <translation>Die Datei wurde geschrieben, aber diese Zellen stehen anders darin als eingegeben. Eine Stützstelle wird in Schritten von 0.5 von -16384.0 bis 16383.5 gespeichert, ein Wert als ganze Zahl, und was keine Zahl ist, als 0.</translation>
     </message>
     <message id="1600">
         <source>%1 is the port of the sensor. The display unit needs a port of its own; the value QDL3Comport of the settings names it.</source>
-        <translation>%1 ist der Anschluss des Sensors. Das Anzeigegerät braucht einen eigenen Anschluss; der Wert QDL3Comport der Einstellungen benennt ihn.</translation>
+        <translation>%1 ist die Schnittstelle des Sensors. Das Anzeigegerät braucht eine eigene Schnittstelle; der Wert QDL3Comport der Einstellungen benennt sie.</translation>
     </message>
     <message id="1601">
         <source>The port %1 no longer exists. Reconnect its adapter, then close the window of the display unit and open it again.</source>
-        <translation>Der Anschluss %1 ist nicht mehr vorhanden. Stecken Sie den Adapter wieder ein, schließen Sie dann das Fenster des Anzeigegeräts und öffnen Sie es erneut.</translation>
+        <translation>Die Schnittstelle %1 ist nicht mehr vorhanden. Stecken Sie den Adapter wieder ein, schließen Sie dann das Fenster des Anzeigegeräts und öffnen Sie es erneut.</translation>
     </message>
     <message id="1602">
         <source>%1 is the port of the display unit. Close the window of the display unit before you choose this port for the sensor.</source>
-        <translation>%1 ist der Anschluss des Anzeigegeräts. Schließen Sie das Fenster des Anzeigegeräts, bevor Sie diesen Anschluss für den Sensor wählen.</translation>
+        <translation>%1 ist die Schnittstelle des Anzeigegeräts. Schließen Sie das Fenster des Anzeigegeräts, bevor Sie diese Schnittstelle für den Sensor wählen.</translation>
     </message>
     <message id="1603">
         <source>Current reading of the display unit</source>
@@ -1122,11 +1122,11 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
     </message>
     <message id="1610">
         <source>The display unit has acknowledged the settings.</source>
-        <translation>Das Anzeigegerät hat die Einstellungen bestätigt.</translation>
+        <translation>Das Anzeigegerät hat die Einstellungen quittiert.</translation>
     </message>
     <message id="1611">
         <source>The display unit has not acknowledged all settings. Some of them may be in effect: apply them again.</source>
-        <translation>Das Anzeigegerät hat nicht alle Einstellungen bestätigt. Einige können schon gelten: übernehmen Sie sie erneut.</translation>
+        <translation>Das Anzeigegerät hat nicht alle Einstellungen quittiert. Einige können schon gelten: übernehmen Sie sie erneut.</translation>
     </message>
     <message id="1612">
         <source>The value QDL3NodeID of the settings is %1. The display unit needs a node from 0 to 9.</source>
@@ -1332,8 +1332,8 @@ Ohne das kann es nicht zurückgeschrieben werden. Trotzdem schreiben?</translati
         <translation>Das gesicherte Datenformat verlangt die laufende Positionsausgabe. Diese wird nie geschrieben.</translation>
     </message>
     <message id="1747">
-        <source>computed from this sensor's own pulse velocity</source>
-        <translation>berechnet aus der eigenen Impulsgeschwindigkeit dieses Sensors</translation>
+        <source>computed from this sensor's own gradient</source>
+        <translation>berechnet aus dem eigenen Gradienten dieses Sensors</translation>
     </message>
     <message id="1748">
         <source>this sensor's own length; the saved offset belongs to another stroke length or multiplier</source>
@@ -1406,7 +1406,7 @@ Ohne das kann es nicht zurückgeschrieben werden. Trotzdem schreiben?</translati
     </message>
     <message id="1764">
         <source>Port and Device</source>
-        <translation>Anschluss und Gerät</translation>
+        <translation>Schnittstelle und Gerät</translation>
     </message>
     <message id="1765">
         <source>Revision</source>
@@ -1692,7 +1692,7 @@ Ohne das kann es nicht zurückgeschrieben werden. Trotzdem schreiben?</translati
     <message id="1856">
         <source>Sensor version %1, type %2, port %3, resolution %4 mm, begun %5 (UTC)</source>
         <extracomment>What a recording tells of itself</extracomment>
-        <translation>Sensorversion %1, Typ %2, Anschluss %3, Auflösung %4 mm, begonnen %5 (UTC)</translation>
+        <translation>Sensorversion %1, Typ %2, Schnittstelle %3, Auflösung %4 mm, begonnen %5 (UTC)</translation>
     </message>
     <message id="1857">
         <source>All decimals</source>
@@ -1747,7 +1747,7 @@ Ohne das kann es nicht zurückgeschrieben werden. Trotzdem schreiben?</translati
     </message>
     <message id="1904">
         <source>Ports</source>
-        <translation>Anschlüsse</translation>
+        <translation>Schnittstellen</translation>
     </message>
     <message id="1905">
         <source>Sensor Packages</source>
@@ -1863,7 +1863,7 @@ Ohne das kann es nicht zurückgeschrieben werden. Trotzdem schreiben?</translati
     </message>
     <message id="1933">
         <source>The sensor's port is %1: the display unit needs another one.</source>
-        <translation>Der Anschluss des Sensors ist %1: Das Anzeigegerät braucht einen anderen.</translation>
+        <translation>Die Schnittstelle des Sensors ist %1: Das Anzeigegerät braucht eine andere.</translation>
     </message>
     <message id="1934">
         <source>Package %1: “%2” is no distance in millimetres.</source>
@@ -1895,7 +1895,7 @@ Ohne das kann es nicht zurückgeschrieben werden. Trotzdem schreiben?</translati
     </message>
     <message id="1941">
         <source>COM%1 has become another device, so the port was closed. Choose where to connect.</source>
-        <translation>COM%1 ist ein anderes Gerät geworden, deshalb wurde der Anschluss geschlossen. Wählen Sie, womit verbunden werden soll.</translation>
+        <translation>COM%1 ist ein anderes Gerät geworden, deshalb wurde die Schnittstelle geschlossen. Wählen Sie, womit verbunden werden soll.</translation>
     </message>
     <message id="1942">
         <source>The sensor is in use: nothing was changed. Try again when that has ended.</source>
@@ -1920,12 +1920,12 @@ Ohne das kann es nicht zurückgeschrieben werden. Trotzdem schreiben?</translati
     </message>
     <message id="1962">
         <source>%1 is not there. Plug the adapter in, or choose another port.</source>
-        <translation>%1 ist nicht vorhanden. Stecken Sie den Adapter ein, oder wählen Sie einen anderen Anschluss.</translation>
+        <translation>%1 ist nicht vorhanden. Stecken Sie den Adapter ein, oder wählen Sie eine andere Schnittstelle.</translation>
     </message>
     <message id="1963">
         <source>Without a Port</source>
         <extracomment>Button</extracomment>
-        <translation>Ohne Anschluss</translation>
+        <translation>Ohne Schnittstelle</translation>
     </message>
     <message id="1964">
         <source>Demonstration</source>
@@ -1935,7 +1935,7 @@ Ohne das kann es nicht zurückgeschrieben werden. Trotzdem schreiben?</translati
     <message id="1965">
         <source>No port is open: there is no sensor to work with. Everything that needs none can be used.</source>
         <extracomment>Above the page</extracomment>
-        <translation>Kein Anschluss ist geöffnet: es gibt keinen Sensor, mit dem gearbeitet werden kann. Alles, was keinen braucht, lässt sich benutzen.</translation>
+        <translation>Keine Schnittstelle ist geöffnet: es gibt keinen Sensor, mit dem gearbeitet werden kann. Alles, was keinen braucht, lässt sich benutzen.</translation>
     </message>
     <message id="1966">
         <source>Not identified: the sensor answered with firmware revision %1 (decimal %2). Ranges set: %3.</source>
@@ -1994,7 +1994,7 @@ Von da an wird %1 gelesen und %2 nicht mehr.</translation>
     <message id="2000">
         <source>The sensor's port: a COM number, the path of a device, or simulator:...</source>
         <extracomment>Help of pelorin-cli, as all up to 2019</extracomment>
-        <translation>Der Anschluss des Sensors: eine COM-Nummer, der Pfad eines Geräts oder simulator:...</translation>
+        <translation>Die Schnittstelle des Sensors: eine COM-Nummer, der Pfad eines Geräts oder simulator:...</translation>
     </message>
     <message id="2001">
         <source>Prints one JSON object instead of words.</source>
@@ -2042,7 +2042,7 @@ Von da an wird %1 gelesen und %2 nicht mehr.</translation>
     </message>
     <message id="2012">
         <source>Lists the serial ports of this computer.</source>
-        <translation>Listet die seriellen Anschlüsse dieses Rechners auf.</translation>
+        <translation>Listet die seriellen Schnittstellen dieses Rechners auf.</translation>
     </message>
     <message id="2013">
         <source>Reads all parameters of a sensor and shows what they mean.</source>
@@ -2062,7 +2062,7 @@ Von da an wird %1 gelesen und %2 nicht mehr.</translation>
     </message>
     <message id="2017">
         <source>Shows what a backup file or a lookup table holds.</source>
-        <translation>Zeigt, was eine Sicherungsdatei oder eine Wertetabelle enthält.</translation>
+        <translation>Zeigt, was eine Sicherungsdatei oder eine Lookup-Tabelle enthält.</translation>
     </message>
     <message id="2020">
         <source>%2 is no value that %1 can have.</source>
@@ -2071,7 +2071,7 @@ Von da an wird %1 gelesen und %2 nicht mehr.</translation>
     </message>
     <message id="2021">
         <source>Name the sensor's port with --port.</source>
-        <translation>Nennen Sie mit --port den Anschluss des Sensors.</translation>
+        <translation>Nennen Sie mit --port die Schnittstelle des Sensors.</translation>
     </message>
     <message id="2022">
         <source>The command is used like this:
@@ -2143,7 +2143,7 @@ Von da an wird %1 gelesen und %2 nicht mehr.</translation>
     <message id="2036">
         <source>The file %1 is neither a backup file nor a lookup table.</source>
         <extracomment>%1 path</extracomment>
-        <translation>Die Datei %1 ist weder eine Sicherungsdatei noch eine Wertetabelle.</translation>
+        <translation>Die Datei %1 ist weder eine Sicherungsdatei noch eine Lookup-Tabelle.</translation>
     </message>
     <message id="2037">
         <source>Sensor of type %1, version answer %2</source>
@@ -2382,7 +2382,7 @@ Von da an wird %1 gelesen und %2 nicht mehr.</translation>
     </message>
     <message id="2129">
         <source>The port could not be emptied: %1.</source>
-        <translation>Der Anschluss ließ sich nicht leeren: %1.</translation>
+        <translation>Die Schnittstelle ließ sich nicht leeren: %1.</translation>
     </message>
     <message id="2130">
         <source>Sending failed: %1.</source>
@@ -2394,7 +2394,7 @@ Von da an wird %1 gelesen und %2 nicht mehr.</translation>
     </message>
     <message id="2132">
         <source>A frame left the port only in part.</source>
-        <translation>Ein Telegramm verließ den Anschluss nur zum Teil.</translation>
+        <translation>Ein Telegramm verließ die Schnittstelle nur zum Teil.</translation>
     </message>
     <message id="2133">
         <source>The answer above has %1 bytes; 7 to 9 are expected.</source>
@@ -2543,6 +2543,18 @@ Von da an wird %1 gelesen und %2 nicht mehr.</translation>
         <source>Sensor</source>
         <extracomment>Name of the line above the page</extracomment>
         <translation>Sensor</translation>
+    </message>
+    <message id="2170">
+        <source>Go Back</source>
+        <translation>Zurückgehen</translation>
+    </message>
+    <message id="2171">
+        <source>Go Forward</source>
+        <translation>Vorwärtsgehen</translation>
+    </message>
+    <message id="2172">
+        <source>%1 has vanished right after it was plugged in. Other programs take some adapters, such as braille display drivers (brltty) or ModemManager: have them leave it alone, then plug it in again.</source>
+        <translation>%1 ist gleich nach dem Einstecken verschwunden. Manche Adapter nehmen sich andere Programme, etwa Treiber für Braillezeilen (brltty) oder ModemManager: Sorgen Sie dafür, dass sie ihn in Ruhe lassen, und stecken Sie ihn wieder ein.</translation>
     </message>
     <message id="2200">
         <source>The log keeps its newest lines, up to 256 MB. Older lines that are gone: %1</source>

@@ -160,7 +160,7 @@
     <message id="131">
         <source>Position stream</source>
         <extracomment>Measurement mode, while the sensor streams positions</extracomment>
-        <translation>Flux de positions</translation>
+        <translation>Sortie continue de position</translation>
     </message>
     <message id="132">
         <source>Asynchronous</source>
@@ -195,7 +195,7 @@
     <message id="138">
         <source>Factory Text</source>
         <extracomment>Table row, parameter F</extracomment>
-        <translation>Texte usine</translation>
+        <translation>Texte d'usine</translation>
     </message>
     <message id="139">
         <source>Firmware Version</source>
@@ -215,12 +215,12 @@
     <message id="142">
         <source>Stroke Length</source>
         <extracomment>Caption and table row</extracomment>
-        <translation>Longueur de course</translation>
+        <translation>Course de mesure</translation>
     </message>
     <message id="143">
-        <source>Pulse Velocity</source>
+        <source>Gradient</source>
         <extracomment>Table row, parameter U: speed of the pulse in the waveguide</extracomment>
-        <translation>Vitesse d'impulsion</translation>
+        <translation>Gradient</translation>
     </message>
     <message id="144">
         <source>m/s (µs/in)</source>
@@ -240,7 +240,7 @@
     <message id="147">
         <source>Factory Text P</source>
         <extracomment>Table row, parameter P</extracomment>
-        <translation>Texte usine P</translation>
+        <translation>Texte d'usine P</translation>
     </message>
     <message id="148">
         <source>Cycle Code Z</source>
@@ -260,7 +260,7 @@
     <message id="151">
         <source>Factory Value J</source>
         <extracomment>Table row, parameter J</extracomment>
-        <translation>Valeur usine J</translation>
+        <translation>Valeur d'usine J</translation>
     </message>
     <message id="152">
         <source>Not applicable</source>
@@ -275,7 +275,7 @@
     <message id="154">
         <source>Factory Value O</source>
         <extracomment>Table row, parameter O</extracomment>
-        <translation>Valeur usine O</translation>
+        <translation>Valeur d'usine O</translation>
     </message>
     <message id="155">
         <source>1 Magnet</source>
@@ -295,7 +295,7 @@
     <message id="158">
         <source>Differential Position</source>
         <extracomment>Option and table cell</extracomment>
-        <translation>Position différentielle</translation>
+        <translation>Différence de position</translation>
     </message>
     <message id="159">
         <source>Velocity</source>
@@ -427,9 +427,9 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <translation>Ce type de capteur n'a pas de mode de mesure synchrone.</translation>
     </message>
     <message id="184">
-        <source>The measurement direction changes, and the offset with it. Select the sensor type or enter the sensor's dimensions; the new offset is calculated from them.</source>
+        <source>The measurement direction changes, and the offset with it. Select the sensor package or enter the sensor's dimensions; the new offset is calculated from them.</source>
         <extracomment>Note in a dialog</extracomment>
-        <translation>Le sens de mesure change, et le décalage avec lui. Choisissez le type de capteur ou saisissez ses dimensions ; elles servent à calculer le nouveau décalage.</translation>
+        <translation>Le sens de mesure change, et le décalage avec lui. Choisissez le modèle de capteur ou saisissez ses dimensions ; elles servent à calculer le nouveau décalage.</translation>
     </message>
     <message id="185">
         <source>Calculate Offset</source>
@@ -454,7 +454,7 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
     <message id="189">
         <source>Clear</source>
         <extracomment>Button</extracomment>
-        <translation>Effacer</translation>
+        <translation>Vider</translation>
     </message>
     <message id="190">
         <source>Save To Disk</source>
@@ -574,12 +574,12 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
     <message id="214">
         <source>Factory Parameters</source>
         <extracomment>Page</extracomment>
-        <translation>Paramètres usine</translation>
+        <translation>Paramètres d'usine</translation>
     </message>
     <message id="215">
-        <source>Sensor Type</source>
+        <source>Sensor Package</source>
         <extracomment>Caption and table row</extracomment>
-        <translation>Type de capteur</translation>
+        <translation>Modèle de capteur</translation>
     </message>
     <message id="216">
         <source>Cycle Code M, Suffix</source>
@@ -659,7 +659,7 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
     <message id="247">
         <source>The display unit on %1 (node %2) did not acknowledge its set-up.</source>
         <extracomment>%1 port, %2 node</extracomment>
-        <translation>L'afficheur sur %1 (nœud %2) n'a pas confirmé ses réglages.</translation>
+        <translation>L'afficheur sur %1 (nœud %2) n'a pas acquitté sa configuration.</translation>
     </message>
     <message id="248">
         <source>Send</source>
@@ -709,12 +709,12 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
     <message id="257">
         <source>Lookup tables (*.csv);;All files (*)</source>
         <extracomment>File filter</extracomment>
-        <translation>Tables de valeurs (*.csv);;Tous les fichiers (*)</translation>
+        <translation>Tables de correspondance (*.csv);;Tous les fichiers (*)</translation>
     </message>
     <message id="258">
         <source>This is not a lookup table for temperature compensation.</source>
         <extracomment>Message</extracomment>
-        <translation>Ce n'est pas une table de valeurs pour la compensation de température.</translation>
+        <translation>Ce n'est pas une table de correspondance pour la compensation de température.</translation>
     </message>
     <message id="259">
         <source>Row</source>
@@ -772,9 +772,9 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <translation>Le fichier de réglages %1 est endommagé à la ligne %2. Aucun de ses réglages n'est utilisé.</translation>
     </message>
     <message id="1004">
-        <source>The profile %1 is damaged. Standard values are used; a copy is kept beside it.</source>
+        <source>The profile %1 is damaged. Default values are used; a copy is kept beside it.</source>
         <extracomment>%1 path</extracomment>
-        <translation>Le profil %1 est endommagé. Les valeurs standard sont utilisées ; une copie est conservée à côté.</translation>
+        <translation>Le profil %1 est endommagé. Les valeurs par défaut sont utilisées ; une copie est conservée à côté.</translation>
     </message>
     <message id="1005">
         <source>The sensor answered, but no firmware revision bounds are configured. Enter your site's bounds in the settings.</source>
@@ -858,7 +858,7 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
     <message id="1022">
         <source>Lookup Table Arrays</source>
         <extracomment>Caption</extracomment>
-        <translation>Table de valeurs</translation>
+        <translation>Table de correspondance</translation>
     </message>
     <message id="1023">
         <source>Compensation Array</source>
@@ -878,7 +878,7 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
     <message id="1026">
         <source>Read From File</source>
         <extracomment>Button</extracomment>
-        <translation>Lire un fichier</translation>
+        <translation>Lire depuis un fichier</translation>
     </message>
     <message id="1027">
         <source>The file %1 cannot be read: %2. Its settings are not used.</source>
@@ -926,12 +926,12 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
     </message>
     <message id="1106">
         <source>The position stream could not be ended, so nothing else was done. Connect the sensor again.</source>
-        <translation>Le flux de positions n'a pas pu être arrêté ; rien d'autre n'a donc été fait. Reconnectez le capteur.</translation>
+        <translation>La sortie continue de position n'a pas pu être arrêtée ; rien d'autre n'a donc été fait. Reconnectez le capteur.</translation>
     </message>
     <message id="1107">
         <source>The sensor on %1 with the version answer %2 may still carry the data format for the position stream: its own one, %3, has not been read back from it. That is written back as soon as the sensor is connected there again.</source>
         <extracomment>%1 device, %2 version answer, %3 data format</extracomment>
-        <translation>Le capteur sur %1, dont la réponse de version est %2, a peut-être encore le format de données du flux de positions : son propre format, %3, n'a pas été relu. Celui-ci sera réécrit dès que le capteur y sera reconnecté.</translation>
+        <translation>Le capteur sur %1, dont la réponse de version est %2, a peut-être encore le format de données de la sortie continue de position : son propre format, %3, n'a pas été relu. Celui-ci sera réécrit dès que le capteur y sera reconnecté.</translation>
     </message>
     <message id="1108">
         <source>Try again</source>
@@ -948,11 +948,11 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
     </message>
     <message id="1111">
         <source>The data format of the connected sensor could not be read; it may still be the one for the position stream. Connect the sensor again.</source>
-        <translation>Le format de données du capteur connecté n'a pas pu être lu ; c'est peut-être encore celui du flux de positions. Reconnectez le capteur.</translation>
+        <translation>Le format de données du capteur connecté n'a pas pu être lu ; c'est peut-être encore celui de la sortie continue de position. Reconnectez le capteur.</translation>
     </message>
     <message id="1112">
         <source>The sensor still carries the data format for the position stream. Nothing was saved or written. Connect the sensor again, so that its own data format is written back.</source>
-        <translation>Le capteur a encore le format de données du flux de positions. Rien n'a été enregistré ni écrit. Reconnectez le capteur pour que son propre format de données soit réécrit.</translation>
+        <translation>Le capteur a encore le format de données de la sortie continue de position. Rien n'a été enregistré ni écrit. Reconnectez le capteur pour que son propre format de données soit réécrit.</translation>
     </message>
     <message id="1200">
         <source>Password</source>
@@ -1047,8 +1047,8 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <translation>Progression</translation>
     </message>
     <message id="1330">
-        <source>Parameter %1 was read as "%2", which is not a value of it: the answer may have been disturbed. Refresh the page. Nothing was written.</source>
-        <translation>Le paramètre %1 a été lu comme « %2 », ce qui n'en est pas une valeur : la réponse a peut-être été perturbée. Actualisez la page. Rien n'a été écrit.</translation>
+        <source>Parameter %1 was read as "%2", which is not a valid value: the answer may have been disturbed. Refresh the page. Nothing was written.</source>
+        <translation>Le paramètre %1 a été lu comme « %2 », ce qui n'est pas une valeur valable : la réponse a peut-être été perturbée. Actualisez la page. Rien n'a été écrit.</translation>
     </message>
     <message id="1331">
         <source>The backup was saved. These texts are unusual for their parameters, but the sensor answered each of them twice:</source>
@@ -1069,11 +1069,11 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <translation>champ %1 « %2 » comme %3</translation>
     </message>
     <message id="1402">
-        <source>The serial port is not connected. Nothing was sent.</source>
-        <translation>Le port série n'est pas connecté. Rien n'a été envoyé.</translation>
+        <source>The serial port is not available. Nothing was sent.</source>
+        <translation>Le port série n'est pas disponible. Rien n'a été envoyé.</translation>
     </message>
     <message id="1403">
-        <source>Cut off: the sensor did not fall silent within 60 seconds and 1 MiB.</source>
+        <source>Cut off: the sensor was still sending after 60 seconds or 1 MiB.</source>
         <translation>Interrompu : le capteur n'a pas cessé d'émettre dans la limite de 60 secondes et de 1 Mio.</translation>
     </message>
     <message id="1404">
@@ -1097,7 +1097,7 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <translation>Le fichier contient plus de lignes que la table. Lignes dans le fichier : %1 ; lues : %2 ; ignorées : %3.</translation>
     </message>
     <message id="1503">
-        <source>Has no function in this version.</source>
+        <source>This has no function in this version.</source>
         <translation>Sans fonction dans cette version.</translation>
     </message>
     <message id="1510">
@@ -1122,11 +1122,11 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
     </message>
     <message id="1610">
         <source>The display unit has acknowledged the settings.</source>
-        <translation>L'afficheur a confirmé les réglages.</translation>
+        <translation>L'afficheur a acquitté les réglages.</translation>
     </message>
     <message id="1611">
         <source>The display unit has not acknowledged all settings. Some of them may be in effect: apply them again.</source>
-        <translation>L'afficheur n'a pas confirmé tous les réglages. Certains sont peut-être déjà actifs, appliquez-les de nouveau.</translation>
+        <translation>L'afficheur n'a pas acquitté tous les réglages. Certains sont peut-être déjà actifs, appliquez-les de nouveau.</translation>
     </message>
     <message id="1612">
         <source>The value QDL3NodeID of the settings is %1. The display unit needs a node from 0 to 9.</source>
@@ -1147,15 +1147,15 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
     </message>
     <message id="1703">
         <source>Verified: after a restart the sensor has all that was written.</source>
-        <translation>Vérifié : après un redémarrage, le capteur a tout ce qui a été écrit.</translation>
+        <translation>Vérifié : après un redémarrage, le capteur a tout ce qui a été écrit.</translation>
     </message>
     <message id="1704">
         <source>Differs: the sensor does not have all that was written.</source>
-        <translation>Différence : le capteur n'a pas tout ce qui a été écrit.</translation>
+        <translation>Différence : le capteur n'a pas tout ce qui a été écrit.</translation>
     </message>
     <message id="1705">
         <source>Not checked: it is not known what the sensor has.</source>
-        <translation>Non vérifié : on ne sait pas ce que le capteur contient.</translation>
+        <translation>Non vérifié : on ne sait pas ce que le capteur contient.</translation>
     </message>
     <message id="1706">
         <source>Nothing was written.</source>
@@ -1163,17 +1163,17 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
     </message>
     <message id="1707">
         <source>Differs: nothing was changed, the sensor has all that it had before.</source>
-        <translation>Différence : rien n'a changé, le capteur a tout ce qu'il avait auparavant.</translation>
+        <translation>Différence : rien n'a changé, le capteur a tout ce qu'il avait auparavant.</translation>
     </message>
     <message id="1708">
         <source>%1: written %2; the sensor has %3</source>
         <extracomment>%1 parameter, %2 and %3 values</extracomment>
-        <translation>%1 : écrit %2 ; le capteur a %3</translation>
+        <translation>%1 : écrit %2 ; le capteur a %3</translation>
     </message>
     <message id="1709">
         <source>No usable answer: %1</source>
         <extracomment>%1 parameters</extracomment>
-        <translation>Pas de réponse exploitable : %1</translation>
+        <translation>Pas de réponse exploitable : %1</translation>
     </message>
     <message id="1710">
         <source>The sensor answers what was written, but it was not restarted and may not have stored it.</source>
@@ -1201,26 +1201,26 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
     </message>
     <message id="1716">
         <source>The offset has come back as it was before it was multiplied: the sensor may divide it.</source>
-        <translation>L'offset est revenu tel qu'il était avant la multiplication : le capteur le divise peut-être.</translation>
+        <translation>L'offset est revenu tel qu'il était avant la multiplication : le capteur le divise peut-être.</translation>
     </message>
     <message id="1717">
         <source>The sensor no longer has what is shown: %1. Click Refresh, then enter your changes again.</source>
         <extracomment>%1 parameters</extracomment>
-        <translation>Le capteur n'a plus ce qui est affiché : %1. Cliquez sur Actualiser, puis saisissez à nouveau vos modifications.</translation>
+        <translation>Le capteur n'a plus ce qui est affiché : %1. Cliquez sur Actualiser, puis saisissez à nouveau vos modifications.</translation>
     </message>
     <message id="1718">
         <source>What the sensor has now could not be kept:
 %1
 Without that it cannot be put back. Write all the same?</source>
         <extracomment>%1 what failed</extracomment>
-        <translation>L'état actuel du capteur n'a pas pu être conservé :
+        <translation>L'état actuel du capteur n'a pas pu être conservé :
 %1
-Sans cela, il ne peut pas être rétabli. Écrire malgré tout ?</translation>
+Sans cela, il ne peut pas être rétabli. Écrire malgré tout ?</translation>
     </message>
     <message id="1719">
         <source>These parameters of the sensor could not be read, so that they cannot be put back: %1. Write all the same?</source>
         <extracomment>%1 parameters</extracomment>
-        <translation>Ces paramètres du capteur n'ont pas pu être lus et ne pourront donc pas être rétablis : %1. Écrire malgré tout ?</translation>
+        <translation>Ces paramètres du capteur n'ont pas pu être lus et ne pourront donc pas être rétablis : %1. Écrire malgré tout ?</translation>
     </message>
     <message id="1720">
         <source>Write All the Same</source>
@@ -1263,7 +1263,7 @@ Sans cela, il ne peut pas être rétabli. Écrire malgré tout ?</translation>
     <message id="1732">
         <source>The sensor no longer has what the review showed: %1. Read it again.</source>
         <extracomment>%1 parameters</extracomment>
-        <translation>Le capteur n'a plus ce que la vérification a montré : %1. Relisez-le.</translation>
+        <translation>Le capteur n'a plus ce que la vérification a montré : %1. Relisez-le.</translation>
     </message>
     <message id="1733">
         <source>Review Before Writing</source>
@@ -1329,32 +1329,32 @@ Sans cela, il ne peut pas être rétabli. Écrire malgré tout ?</translation>
     </message>
     <message id="1746">
         <source>The saved data format asks for the position stream. That is never written.</source>
-        <translation>Le format des données sauvegardé demande le flux de positions. Celui-ci n'est jamais écrit.</translation>
+        <translation>Le format des données sauvegardé demande la sortie continue de position. Un tel format n'est jamais écrit.</translation>
     </message>
     <message id="1747">
-        <source>computed from this sensor's own pulse velocity</source>
-        <translation>calculé avec la vitesse d'impulsion propre à ce capteur</translation>
+        <source>computed from this sensor's own gradient</source>
+        <translation>calculé avec le gradient propre à ce capteur</translation>
     </message>
     <message id="1748">
         <source>this sensor's own length; the saved offset belongs to another stroke length or multiplier</source>
-        <translation>longueur propre à ce capteur ; le décalage sauvegardé appartient à une autre longueur de course ou à un autre multiplicateur</translation>
+        <translation>longueur propre à ce capteur ; le décalage sauvegardé appartient à uneune autreautre course de mesure ou à un autre multiplicateur</translation>
     </message>
     <message id="1749">
         <source>The calibration is the saved one: it looks like the same sensor. Suggested: all parameters.</source>
-        <translation>L'étalonnage est celui qui a été sauvegardé : il semble que ce soit le même capteur. Proposé : tous les paramètres.</translation>
+        <translation>L'étalonnage est celui qui a été sauvegardé : il semble que ce soit le même capteur. Proposé : tous les paramètres.</translation>
     </message>
     <message id="1750">
         <source>The calibration is not the saved one (%1): this may be another sensor. Choose what is to be written.</source>
         <extracomment>%1 parameters</extracomment>
-        <translation>L'étalonnage n'est pas celui qui a été sauvegardé (%1) : c'est peut-être un autre capteur. Choisissez ce qui doit être écrit.</translation>
+        <translation>L'étalonnage n'est pas celui qui a été sauvegardé (%1) : c'est peut-être un autre capteur. Choisissez ce qui doit être écrit.</translation>
     </message>
     <message id="1751">
         <source>All parameters: the sensor becomes what was saved, its calibration included</source>
-        <translation>Tous les paramètres : le capteur devient ce qui a été sauvegardé, étalonnage compris</translation>
+        <translation>Tous les paramètres : le capteur devient ce qui a été sauvegardé, étalonnage compris</translation>
     </message>
     <message id="1752">
         <source>Output settings only, for a replaced sensor: this sensor's calibration stays</source>
-        <translation>Réglages de sortie seuls, pour un capteur remplacé : l'étalonnage de ce capteur reste</translation>
+        <translation>Réglages de sortie seuls, pour un capteur remplacé : l'étalonnage de ce capteur reste</translation>
     </message>
     <message id="1753">
         <source>Write</source>
@@ -1369,20 +1369,20 @@ Sans cela, il ne peut pas être rétabli. Écrire malgré tout ?</translation>
     <message id="1755">
         <source>A backup does not hold: %1</source>
         <extracomment>%1 parameters</extracomment>
-        <translation>Une sauvegarde ne contient pas : %1</translation>
+        <translation>Une sauvegarde ne contient pas : %1</translation>
     </message>
     <message id="1756">
         <source>Not as it was then: %1. This may be another sensor than the one whose state was kept.</source>
         <extracomment>%1 parameters</extracomment>
-        <translation>Pas comme alors : %1. C'est peut-être un autre capteur que celui dont l'état a été conservé.</translation>
+        <translation>Pas comme alors : %1. C'est peut-être un autre capteur que celui dont l'état a été conservé.</translation>
     </message>
     <message id="1757">
         <source>The measurement direction differs, and the saved offset cannot be taken over: it is to be calculated on the page Output Setup.</source>
-        <translation>Le sens de mesure est différent et le décalage sauvegardé ne peut pas être repris : il est à calculer dans la page Réglage de la sortie.</translation>
+        <translation>Le sens de mesure est différent et le décalage sauvegardé ne peut pas être repris : il est à calculer dans la page Réglage de la sortie.</translation>
     </message>
     <message id="1758">
         <source>Nothing differs: the sensor already has all that would be written. Nothing was written.</source>
-        <translation>Aucune différence : le capteur a déjà tout ce qui serait écrit. Rien n'a été écrit.</translation>
+        <translation>Aucune différence : le capteur a déjà tout ce qui serait écrit. Rien n'a été écrit.</translation>
     </message>
     <message id="1759">
         <source>This state was kept of a sensor of another type. Nothing was written.</source>
@@ -1435,12 +1435,12 @@ Sans cela, il ne peut pas être rétabli. Écrire malgré tout ?</translation>
     </message>
     <message id="1771">
         <source>Unfinished: it is not known how much of it was written.</source>
-        <translation>Inachevé : on ne sait pas ce qui en a été écrit.</translation>
+        <translation>Inachevé : on ne sait pas ce qui en a été écrit.</translation>
     </message>
     <message id="1772">
         <source>Files in %1 that could not be read: %2</source>
         <extracomment>%1: folder, %2: how many</extracomment>
-        <translation>Fichiers de %1 qui n'ont pas pu être lus : %2</translation>
+        <translation>Fichiers de %1 qui n'ont pas pu être lus : %2</translation>
     </message>
     <message id="1773">
         <source>Delete ...</source>
@@ -1449,7 +1449,7 @@ Sans cela, il ne peut pas être rétabli. Écrire malgré tout ?</translation>
     <message id="1774">
         <source>Delete the state of %1? It can then not be put back any more.</source>
         <extracomment>%1: time</extracomment>
-        <translation>Supprimer l'état du %1 ? Il ne pourra alors plus être rétabli.</translation>
+        <translation>Supprimer l'état du %1 ? Il ne pourra alors plus être rétabli.</translation>
     </message>
     <message id="1775">
         <source>Close</source>
@@ -1458,7 +1458,7 @@ Sans cela, il ne peut pas être rétabli. Écrire malgré tout ?</translation>
     <message id="1776">
         <source>A write to this sensor (%1, %2) on %3 was not finished: the sensor may have all of it, a part of it or nothing.</source>
         <extracomment>%1: device, %2: version answer, %3: time</extracomment>
-        <translation>Une écriture dans ce capteur (%1, %2) du %3 est restée inachevée : le capteur en a peut-être tout, une partie ou rien.</translation>
+        <translation>Une écriture dans ce capteur (%1, %2) du %3 est restée inachevée : le capteur en a peut-être tout, une partie ou rien.</translation>
     </message>
     <message id="1777">
         <source>Show ...</source>
@@ -1475,12 +1475,12 @@ Sans cela, il ne peut pas être rétabli. Écrire malgré tout ?</translation>
     <message id="1780">
         <source>Changes not applied: %1</source>
         <extracomment>%1 number, from 1 on</extracomment>
-        <translation>Modifications non appliquées : %1</translation>
+        <translation>Modifications non appliquées : %1</translation>
     </message>
     <message id="1781">
         <source>Changes on this page that have not been applied: %1. Discard them?</source>
         <extracomment>%1 number, from 1 on</extracomment>
-        <translation>Modifications de cette page qui ne sont pas appliquées : %1. Les abandonner ?</translation>
+        <translation>Modifications de cette page qui ne sont pas appliquées : %1. Les abandonner ?</translation>
     </message>
     <message id="1782">
         <source>Stay</source>
@@ -1493,7 +1493,7 @@ Sans cela, il ne peut pas être rétabli. Écrire malgré tout ?</translation>
     <message id="1784">
         <source>Read: %1</source>
         <extracomment>%1 value</extracomment>
-        <translation>Lu : %1</translation>
+        <translation>Lu : %1</translation>
     </message>
     <message id="1785">
         <source>Nothing was read that can be shown here.</source>
@@ -1501,27 +1501,27 @@ Sans cela, il ne peut pas être rétabli. Écrire malgré tout ?</translation>
     </message>
     <message id="1786">
         <source>Nothing was changed. Write the values all the same?</source>
-        <translation>Rien n'a été modifié. Écrire les valeurs quand même ?</translation>
+        <translation>Rien n'a été modifié. Écrire les valeurs quand même ?</translation>
     </message>
     <message id="1800">
         <source>The data format has the multiplier %1, and the offset was not entered anew. What shall be written?</source>
         <extracomment>%1 multiplier</extracomment>
-        <translation>Le format de données a le multiplicateur %1 et l'offset n'a pas été ressaisi. Que faut-il écrire ?</translation>
+        <translation>Le format de données a le multiplicateur %1 et l'offset n'a pas été ressaisi. Que faut-il écrire ?</translation>
     </message>
     <message id="1801">
         <source>Offset so far: %1</source>
         <extracomment>%1: counts and length</extracomment>
-        <translation>Offset jusqu'à présent : %1</translation>
+        <translation>Offset jusqu'à présent : %1</translation>
     </message>
     <message id="1802">
         <source>Keep the length: %1</source>
         <extracomment>%1 counts and length</extracomment>
-        <translation>Conserver la longueur : %1</translation>
+        <translation>Conserver la longueur : %1</translation>
     </message>
     <message id="1803">
         <source>Write it multiplied: %1</source>
         <extracomment>%1 counts and length</extracomment>
-        <translation>Écrire multiplié : %1</translation>
+        <translation>Écrire multiplié : %1</translation>
     </message>
     <message id="1804">
         <source>Keep the Length</source>
@@ -1537,7 +1537,7 @@ Sans cela, il ne peut pas être rétabli. Écrire malgré tout ?</translation>
     </message>
     <message id="1816">
         <source>Writing the data format for the position stream…</source>
-        <translation>Écriture du format des données pour le flux de positions…</translation>
+        <translation>Écriture du format des données pour la sortie continue de position…</translation>
     </message>
     <message id="1817">
         <source>Waiting for the sensor to store the data format…</source>
@@ -1549,11 +1549,11 @@ Sans cela, il ne peut pas être rétabli. Écrire malgré tout ?</translation>
     </message>
     <message id="1819">
         <source>Waiting for the position stream…</source>
-        <translation>En attente du flux de positions…</translation>
+        <translation>En attente de la sortie continue de position…</translation>
     </message>
     <message id="1820">
         <source>Ending the position stream and connecting the sensor…</source>
-        <translation>Arrêt du flux de positions et connexion du capteur…</translation>
+        <translation>Arrêt de la sortie continue de position et connexion du capteur…</translation>
     </message>
     <message id="1821">
         <source>Writing the sensor's own data format back…</source>
@@ -1672,17 +1672,17 @@ Sans cela, il ne peut pas être rétabli. Écrire malgré tout ?</translation>
     <message id="1852">
         <source>The recording %1 has ended: %2. What was recorded before is in the file.</source>
         <extracomment>%1 path, %2 the system's reason</extracomment>
-        <translation>L'enregistrement %1 est terminé : %2. Ce qui a été enregistré auparavant est dans le fichier.</translation>
+        <translation>L'enregistrement %1 est terminé : %2. Ce qui a été enregistré auparavant est dans le fichier.</translation>
     </message>
     <message id="1853">
         <source>The file %1 is no recording of positions that this version can read: line 1 is not the first line of one.</source>
         <extracomment>%1 path</extracomment>
-        <translation>Le fichier %1 n'est pas un enregistrement de positions que cette version peut lire : la ligne 1 n'en est pas la première.</translation>
+        <translation>Le fichier %1 n'est pas un enregistrement de positions que cette version peut lire : la ligne 1 n'en est pas la première.</translation>
     </message>
     <message id="1854">
         <source>The recording %1 is damaged at line %2. Lines that could not be read: %3. All others are shown.</source>
         <extracomment>%1 path, %2 number of the first such line, %3 count</extracomment>
-        <translation>L'enregistrement %1 est endommagé à la ligne %2. Lignes illisibles : %3. Toutes les autres sont affichées.</translation>
+        <translation>L'enregistrement %1 est endommagé à la ligne %2. Lignes illisibles : %3. Toutes les autres sont affichées.</translation>
     </message>
     <message id="1855">
         <source>Recording %1</source>
@@ -1727,7 +1727,7 @@ Sans cela, il ne peut pas être rétabli. Écrire malgré tout ?</translation>
     <message id="1870">
         <source>Output settings only is not possible: the page Output Setup does not offer what the file has: %1</source>
         <extracomment>%1: parameters</extracomment>
-        <translation>Réglages de sortie seuls n'est pas possible : la page Réglage de la sortie ne propose pas ce qu'a le fichier : %1</translation>
+        <translation>Réglages de sortie seuls n'est pas possible : la page Réglage de la sortie ne propose pas ce qu'a le fichier : %1</translation>
     </message>
     <message id="1900">
         <source>&amp;Settings…</source>
@@ -1779,7 +1779,7 @@ Sans cela, il ne peut pas être rétabli. Écrire malgré tout ?</translation>
     </message>
     <message id="1912">
         <source>Types %1 and %2 both have the revisions %3 to %4: a sensor with one of them counts as type %1.</source>
-        <translation>Les types %1 et %2 ont tous deux les révisions %3 à %4 : un capteur qui a l'une d'elles compte comme type %1.</translation>
+        <translation>Les types %1 et %2 ont tous deux les révisions %3 à %4 : un capteur qui a l'une d'elles compte comme type %1.</translation>
     </message>
     <message id="1913">
         <source>The sensor's supply is switched by hand</source>
@@ -1787,7 +1787,7 @@ Sans cela, il ne peut pas être rétabli. Écrire malgré tout ?</translation>
     </message>
     <message id="1914">
         <source>Safe writes: keep what the sensor had, restart it and compare what was written</source>
-        <translation>Écriture sûre : conserver l'état précédent, redémarrer le capteur et comparer ce qui a été écrit</translation>
+        <translation>Écriture sûre : conserver l'état précédent, redémarrer le capteur et comparer ce qui a été écrit</translation>
     </message>
     <message id="1915">
         <source>Show the page for temperature compensation</source>
@@ -1799,7 +1799,7 @@ Sans cela, il ne peut pas être rétabli. Écrire malgré tout ?</translation>
     </message>
     <message id="1917">
         <source>Node:</source>
-        <translation>Nœud :</translation>
+        <translation>Nœud :</translation>
     </message>
     <message id="1918">
         <source>Device</source>
@@ -1843,7 +1843,7 @@ Sans cela, il ne peut pas être rétabli. Écrire malgré tout ?</translation>
     </message>
     <message id="1928">
         <source>These settings are shown only: the file %1 cannot be written: %2.</source>
-        <translation>Ces réglages sont seulement affichés : le fichier %1 ne peut pas être écrit : %2.</translation>
+        <translation>Ces réglages sont seulement affichés : le fichier %1 ne peut pas être écrit : %2.</translation>
     </message>
     <message id="1929">
         <source>Settings files (*.reg);;All files (*)</source>
@@ -1851,7 +1851,7 @@ Sans cela, il ne peut pas être rétabli. Écrire malgré tout ?</translation>
     </message>
     <message id="1930">
         <source>Type %1: the lowest revision is above the highest one.</source>
-        <translation>Type %1 : la révision la plus basse est au-dessus de la plus haute.</translation>
+        <translation>Type %1 : la révision la plus basse est au-dessus de la plus haute.</translation>
     </message>
     <message id="1931">
         <source>%1 is the number of two devices, %2 and %3. Give one of them another number.</source>
@@ -1859,15 +1859,15 @@ Sans cela, il ne peut pas être rétabli. Écrire malgré tout ?</translation>
     </message>
     <message id="1932">
         <source>“%1” is no COM number for %2. Enter a number from 1 on, or nothing.</source>
-        <translation>« %1 » n'est pas un numéro COM pour %2. Entrez un nombre à partir de 1, ou rien.</translation>
+        <translation>« %1 » n'est pas un numéro COM pour %2. Entrez un nombre à partir de 1, ou rien.</translation>
     </message>
     <message id="1933">
         <source>The sensor's port is %1: the display unit needs another one.</source>
-        <translation>Le port du capteur est %1 : l'afficheur en a besoin d'un autre.</translation>
+        <translation>Le port du capteur est %1 : l'afficheur en a besoin d'un autre.</translation>
     </message>
     <message id="1934">
         <source>Package %1: “%2” is no distance in millimetres.</source>
-        <translation>Modèle %1 : « %2 » n'est pas une distance en millimètres.</translation>
+        <translation>Modèle %1 : « %2 » n'est pas une distance en millimètres.</translation>
     </message>
     <message id="1935">
         <source>The package in row %1 needs a name.</source>
@@ -1887,19 +1887,19 @@ Sans cela, il ne peut pas être rétabli. Écrire malgré tout ?</translation>
     </message>
     <message id="1939">
         <source>The tables of the page for temperature compensation hold values, which are lost when the page is no longer shown. Go on?</source>
-        <translation>Les tableaux de la page de compensation de température contiennent des valeurs, perdues si la page n'est plus affichée. Continuer ?</translation>
+        <translation>Les tableaux de la page de compensation de température contiennent des valeurs, perdues si la page n'est plus affichée. Continuer ?</translation>
     </message>
     <message id="1940">
         <source>Your settings file is renamed to %1, and what is entered here is given up. The site's settings are in force again then. Go on?</source>
-        <translation>Votre fichier de réglages est renommé en %1, et ce qui est entré ici est abandonné. Les réglages du site sont alors de nouveau en vigueur. Continuer ?</translation>
+        <translation>Votre fichier de réglages est renommé en %1, et ce qui est entré ici est abandonné. Les réglages du site sont alors de nouveau en vigueur. Continuer ?</translation>
     </message>
     <message id="1941">
         <source>COM%1 has become another device, so the port was closed. Choose where to connect.</source>
-        <translation>COM%1 désigne désormais un autre périphérique ; le port a donc été fermé. Choisissez où se connecter.</translation>
+        <translation>COM%1 désigne désormais un autre périphérique ; le port a donc été fermé. Choisissez où se connecter.</translation>
     </message>
     <message id="1942">
         <source>The sensor is in use: nothing was changed. Try again when that has ended.</source>
-        <translation>Le capteur est utilisé : rien n'a été modifié. Réessayez quand ce sera terminé.</translation>
+        <translation>Le capteur est utilisé : rien n'a été modifié. Réessayez quand ce sera terminé.</translation>
     </message>
     <message id="1943">
         <source>The file %1 holds no sensor packages.</source>
@@ -1935,20 +1935,20 @@ Sans cela, il ne peut pas être rétabli. Écrire malgré tout ?</translation>
     <message id="1965">
         <source>No port is open: there is no sensor to work with. Everything that needs none can be used.</source>
         <extracomment>Above the page</extracomment>
-        <translation>Aucun port n'est ouvert : il n'y a pas de capteur avec lequel travailler. Tout ce qui n'en demande pas est utilisable.</translation>
+        <translation>Aucun port n'est ouvert : il n'y a pas de capteur avec lequel travailler. Tout ce qui n'en demande pas est utilisable.</translation>
     </message>
     <message id="1966">
         <source>Not identified: the sensor answered with firmware revision %1 (decimal %2). Ranges set: %3.</source>
         <extracomment>%3 is a list of 1967 and 1968</extracomment>
-        <translation>Non identifié : le capteur a répondu avec la révision de firmware %1 (décimal %2). Plages réglées : %3.</translation>
+        <translation>Non identifié : le capteur a répondu avec la révision de firmware %1 (décimal %2). Plages réglées : %3.</translation>
     </message>
     <message id="1967">
         <source>type %1: %2 to %3</source>
-        <translation>type %1 : %2 à %3</translation>
+        <translation>type %1 : %2 à %3</translation>
     </message>
     <message id="1968">
         <source>type %1: none</source>
-        <translation>type %1 : aucune</translation>
+        <translation>type %1 : aucune</translation>
     </message>
     <message id="1969">
         <source>Use as Type</source>
@@ -1958,15 +1958,15 @@ Sans cela, il ne peut pas être rétabli. Écrire malgré tout ?</translation>
     <message id="1971">
         <source>Always type %1: from now on %2 to %3, so far %4 to %5</source>
         <extracomment>Menu item: widens the range of revisions in the settings</extracomment>
-        <translation>Toujours type %1 : désormais %2 à %3, jusqu'ici %4 à %5</translation>
+        <translation>Toujours type %1 : désormais %2 à %3, jusqu'ici %4 à %5</translation>
     </message>
     <message id="1972">
         <source>Always type %1: from now on %2 to %2, so far none</source>
-        <translation>Toujours type %1 : désormais %2 à %2, jusqu'ici aucune</translation>
+        <translation>Toujours type %1 : désormais %2 à %2, jusqu'ici aucune</translation>
     </message>
     <message id="1973">
         <source>Firmware revision %1 is used as type %2: chosen by hand.</source>
-        <translation>La révision de firmware %1 est utilisée comme type %2 : choisi à la main.</translation>
+        <translation>La révision de firmware %1 est utilisée comme type %2 : choisi à la main.</translation>
     </message>
     <message id="1974">
         <source>%1, chosen by hand</source>
@@ -1984,7 +1984,7 @@ Désormais %1 est lu, et %2 ne l'est plus.</translation>
     <message id="1976">
         <source>Last files:</source>
         <extracomment>In the file dialog, before a list</extracomment>
-        <translation>Derniers fichiers :</translation>
+        <translation>Derniers fichiers :</translation>
     </message>
     <message id="1977">
         <source>COM%1 is being opened. That can take up to 20 seconds while another program looks at an adapter that has just been plugged in.</source>
@@ -1994,7 +1994,7 @@ Désormais %1 est lu, et %2 ne l'est plus.</translation>
     <message id="2000">
         <source>The sensor's port: a COM number, the path of a device, or simulator:...</source>
         <extracomment>Help of pelorin-cli, as all up to 2019</extracomment>
-        <translation>Le port du capteur : un numéro COM, le chemin d'un appareil ou simulator:...</translation>
+        <translation>Le port du capteur : un numéro COM, le chemin d'un appareil ou simulator:...</translation>
     </message>
     <message id="2001">
         <source>Prints one JSON object instead of words.</source>
@@ -2022,7 +2022,7 @@ Désormais %1 est lu, et %2 ne l'est plus.</translation>
     </message>
     <message id="2007">
         <source>The language: 1 English, 2 German, 4 French, 8 Spanish, 16 Italian.</source>
-        <translation>La langue : 1 anglais, 2 allemand, 4 français, 8 espagnol, 16 italien.</translation>
+        <translation>La langue : 1 anglais, 2 allemand, 4 français, 8 espagnol, 16 italien.</translation>
     </message>
     <message id="2008">
         <source>Answers yes to what would be asked.</source>
@@ -2062,7 +2062,7 @@ Désormais %1 est lu, et %2 ne l'est plus.</translation>
     </message>
     <message id="2017">
         <source>Shows what a backup file or a lookup table holds.</source>
-        <translation>Montre ce que contient un fichier de sauvegarde ou une table de valeurs.</translation>
+        <translation>Montre ce que contient un fichier de sauvegarde ou une table de correspondance.</translation>
     </message>
     <message id="2020">
         <source>%2 is no value that %1 can have.</source>
@@ -2077,7 +2077,7 @@ Désormais %1 est lu, et %2 ne l'est plus.</translation>
         <source>The command is used like this:
 %1</source>
         <extracomment>%1 command line</extracomment>
-        <translation>La commande s'utilise ainsi :
+        <translation>La commande s'utilise ainsi :
 %1</translation>
     </message>
     <message id="2023">
@@ -2087,7 +2087,7 @@ Désormais %1 est lu, et %2 ne l'est plus.</translation>
     <message id="2024">
         <source>There is no command "%1". All are listed by --help.</source>
         <extracomment>%1 what was given</extracomment>
-        <translation>Il n'y a pas de commande « %1 ». --help les liste toutes.</translation>
+        <translation>Il n'y a pas de commande « %1 ». --help les liste toutes.</translation>
     </message>
     <message id="2025">
         <source>The language cannot be loaded.</source>
@@ -2118,7 +2118,7 @@ Désormais %1 est lu, et %2 ne l'est plus.</translation>
     <message id="2031">
         <source>The results could not be written to standard output: %1.</source>
         <extracomment>%1 reason</extracomment>
-        <translation>Les résultats n'ont pas pu être écrits sur la sortie standard : %1.</translation>
+        <translation>Les résultats n'ont pas pu être écrits sur la sortie standard : %1.</translation>
     </message>
     <message id="2032">
         <source>yes</source>
@@ -2128,7 +2128,7 @@ Désormais %1 est lu, et %2 ne l'est plus.</translation>
     <message id="2033">
         <source>The file %1 exists. Overwrite it?</source>
         <extracomment>%1 path</extracomment>
-        <translation>Le fichier %1 existe. L'écraser ?</translation>
+        <translation>Le fichier %1 existe. L'écraser ?</translation>
     </message>
     <message id="2034">
         <source>The file %1 exists and was not overwritten. --yes overwrites it.</source>
@@ -2143,7 +2143,7 @@ Désormais %1 est lu, et %2 ne l'est plus.</translation>
     <message id="2036">
         <source>The file %1 is neither a backup file nor a lookup table.</source>
         <extracomment>%1 path</extracomment>
-        <translation>Le fichier %1 n'est ni un fichier de sauvegarde ni une table de valeurs.</translation>
+        <translation>Le fichier %1 n'est ni un fichier de sauvegarde ni une table de correspondance.</translation>
     </message>
     <message id="2037">
         <source>Sensor of type %1, version answer %2</source>
@@ -2543,6 +2543,18 @@ Désormais %1 est lu, et %2 ne l'est plus.</translation>
         <source>Sensor</source>
         <extracomment>Name of the line above the page</extracomment>
         <translation>Capteur</translation>
+    </message>
+    <message id="2170">
+        <source>Go Back</source>
+        <translation>Reculer</translation>
+    </message>
+    <message id="2171">
+        <source>Go Forward</source>
+        <translation>Avancer</translation>
+    </message>
+    <message id="2172">
+        <source>%1 has vanished right after it was plugged in. Other programs take some adapters, such as braille display drivers (brltty) or ModemManager: have them leave it alone, then plug it in again.</source>
+        <translation>%1 a disparu juste après avoir été branché. D'autres programmes s'emparent de certains adaptateurs, comme les pilotes d'afficheurs braille (brltty) ou ModemManager : faites en sorte qu'ils le laissent, puis rebranchez-le.</translation>
     </message>
     <message id="2200">
         <source>The log keeps its newest lines, up to 256 MB. Older lines that are gone: %1</source>

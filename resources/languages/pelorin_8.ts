@@ -160,7 +160,7 @@
     <message id="131">
         <source>Position stream</source>
         <extracomment>Measurement mode, while the sensor streams positions</extracomment>
-        <translation>Flujo de posiciones</translation>
+        <translation>Salida continua de posición</translation>
     </message>
     <message id="132">
         <source>Asynchronous</source>
@@ -215,12 +215,12 @@
     <message id="142">
         <source>Stroke Length</source>
         <extracomment>Caption and table row</extracomment>
-        <translation>Longitud de carrera</translation>
+        <translation>Longitud de medición</translation>
     </message>
     <message id="143">
-        <source>Pulse Velocity</source>
+        <source>Gradient</source>
         <extracomment>Table row, parameter U: speed of the pulse in the waveguide</extracomment>
-        <translation>Velocidad del impulso</translation>
+        <translation>Gradiente</translation>
     </message>
     <message id="144">
         <source>m/s (µs/in)</source>
@@ -295,7 +295,7 @@
     <message id="158">
         <source>Differential Position</source>
         <extracomment>Option and table cell</extracomment>
-        <translation>Posición diferencial</translation>
+        <translation>Diferencia de posición</translation>
     </message>
     <message id="159">
         <source>Velocity</source>
@@ -427,9 +427,9 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <translation>Este tipo de sensor no tiene modo de medición síncrono.</translation>
     </message>
     <message id="184">
-        <source>The measurement direction changes, and the offset with it. Select the sensor type or enter the sensor's dimensions; the new offset is calculated from them.</source>
+        <source>The measurement direction changes, and the offset with it. Select the sensor package or enter the sensor's dimensions; the new offset is calculated from them.</source>
         <extracomment>Note in a dialog</extracomment>
-        <translation>El sentido de medición cambia, y con él el offset. Seleccione el tipo de sensor o introduzca sus dimensiones; el nuevo offset se calcula a partir de ellas.</translation>
+        <translation>El sentido de medición cambia, y con él el offset. Seleccione el modelo de sensor o introduzca sus dimensiones; el nuevo offset se calcula a partir de ellas.</translation>
     </message>
     <message id="185">
         <source>Calculate Offset</source>
@@ -454,7 +454,7 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
     <message id="189">
         <source>Clear</source>
         <extracomment>Button</extracomment>
-        <translation>Borrar</translation>
+        <translation>Vaciar</translation>
     </message>
     <message id="190">
         <source>Save To Disk</source>
@@ -577,9 +577,9 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <translation>Parámetros de fábrica</translation>
     </message>
     <message id="215">
-        <source>Sensor Type</source>
+        <source>Sensor Package</source>
         <extracomment>Caption and table row</extracomment>
-        <translation>Tipo de sensor</translation>
+        <translation>Modelo de sensor</translation>
     </message>
     <message id="216">
         <source>Cycle Code M, Suffix</source>
@@ -659,7 +659,7 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
     <message id="247">
         <source>The display unit on %1 (node %2) did not acknowledge its set-up.</source>
         <extracomment>%1 port, %2 node</extracomment>
-        <translation>El visualizador en %1 (nodo %2) no confirmó sus ajustes.</translation>
+        <translation>El visualizador en %1 (nodo %2) no confirmó su configuración.</translation>
     </message>
     <message id="248">
         <source>Send</source>
@@ -709,12 +709,12 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
     <message id="257">
         <source>Lookup tables (*.csv);;All files (*)</source>
         <extracomment>File filter</extracomment>
-        <translation>Tablas de valores (*.csv);;Todos los archivos (*)</translation>
+        <translation>Tablas de consulta (*.csv);;Todos los archivos (*)</translation>
     </message>
     <message id="258">
         <source>This is not a lookup table for temperature compensation.</source>
         <extracomment>Message</extracomment>
-        <translation>Esta no es una tabla de valores para la compensación de temperatura.</translation>
+        <translation>Esta no es una tabla de consulta para la compensación de temperatura.</translation>
     </message>
     <message id="259">
         <source>Row</source>
@@ -772,9 +772,9 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <translation>El archivo de ajustes %1 está dañado en la línea %2. No se usa ninguno de sus ajustes.</translation>
     </message>
     <message id="1004">
-        <source>The profile %1 is damaged. Standard values are used; a copy is kept beside it.</source>
+        <source>The profile %1 is damaged. Default values are used; a copy is kept beside it.</source>
         <extracomment>%1 path</extracomment>
-        <translation>El perfil %1 está dañado. Se usan valores estándar; se conserva una copia junto a él.</translation>
+        <translation>El perfil %1 está dañado. Se usan valores predeterminados; se conserva una copia junto a él.</translation>
     </message>
     <message id="1005">
         <source>The sensor answered, but no firmware revision bounds are configured. Enter your site's bounds in the settings.</source>
@@ -858,7 +858,7 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
     <message id="1022">
         <source>Lookup Table Arrays</source>
         <extracomment>Caption</extracomment>
-        <translation>Tabla de valores</translation>
+        <translation>Tabla de consulta</translation>
     </message>
     <message id="1023">
         <source>Compensation Array</source>
@@ -926,12 +926,12 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
     </message>
     <message id="1106">
         <source>The position stream could not be ended, so nothing else was done. Connect the sensor again.</source>
-        <translation>No se pudo terminar el flujo de posiciones, por lo que no se hizo nada más. Vuelva a conectar el sensor.</translation>
+        <translation>No se pudo terminar la salida continua de posición, por lo que no se hizo nada más. Vuelva a conectar el sensor.</translation>
     </message>
     <message id="1107">
         <source>The sensor on %1 with the version answer %2 may still carry the data format for the position stream: its own one, %3, has not been read back from it. That is written back as soon as the sensor is connected there again.</source>
         <extracomment>%1 device, %2 version answer, %3 data format</extracomment>
-        <translation>Es posible que el sensor en %1 con la respuesta de versión %2 tenga aún el formato de datos del flujo de posiciones: el suyo propio, %3, no se ha vuelto a leer. Este se volverá a escribir en cuanto el sensor se conecte allí de nuevo.</translation>
+        <translation>Es posible que el sensor en %1 con la respuesta de versión %2 tenga aún el formato de datos de la salida continua de posición: el suyo propio, %3, no se ha vuelto a leer. Este se volverá a escribir en cuanto el sensor se conecte allí de nuevo.</translation>
     </message>
     <message id="1108">
         <source>Try again</source>
@@ -948,11 +948,11 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
     </message>
     <message id="1111">
         <source>The data format of the connected sensor could not be read; it may still be the one for the position stream. Connect the sensor again.</source>
-        <translation>No se pudo leer el formato de datos del sensor conectado; puede que sea aún el del flujo de posiciones. Vuelva a conectar el sensor.</translation>
+        <translation>No se pudo leer el formato de datos del sensor conectado; puede que sea aún el de la salida continua de posición. Vuelva a conectar el sensor.</translation>
     </message>
     <message id="1112">
         <source>The sensor still carries the data format for the position stream. Nothing was saved or written. Connect the sensor again, so that its own data format is written back.</source>
-        <translation>El sensor tiene aún el formato de datos del flujo de posiciones. No se guardó ni se escribió nada. Vuelva a conectar el sensor para que se escriba de nuevo su propio formato de datos.</translation>
+        <translation>El sensor tiene aún el formato de datos de la salida continua de posición. No se guardó ni se escribió nada. Vuelva a conectar el sensor para que se escriba de nuevo su propio formato de datos.</translation>
     </message>
     <message id="1200">
         <source>Password</source>
@@ -1047,8 +1047,8 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <translation>Progreso</translation>
     </message>
     <message id="1330">
-        <source>Parameter %1 was read as "%2", which is not a value of it: the answer may have been disturbed. Refresh the page. Nothing was written.</source>
-        <translation>El parámetro %1 se leyó como «%2», que no es un valor suyo: puede que la respuesta llegara alterada. Actualice la página. No se escribió nada.</translation>
+        <source>Parameter %1 was read as "%2", which is not a valid value: the answer may have been disturbed. Refresh the page. Nothing was written.</source>
+        <translation>El parámetro %1 se leyó como «%2», que no es un valor válido: puede que la respuesta llegara alterada. Actualice la página. No se escribió nada.</translation>
     </message>
     <message id="1331">
         <source>The backup was saved. These texts are unusual for their parameters, but the sensor answered each of them twice:</source>
@@ -1069,11 +1069,11 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <translation>campo %1 «%2» como %3</translation>
     </message>
     <message id="1402">
-        <source>The serial port is not connected. Nothing was sent.</source>
-        <translation>El puerto serie no está conectado. No se envió nada.</translation>
+        <source>The serial port is not available. Nothing was sent.</source>
+        <translation>El puerto serie no está disponible. No se envió nada.</translation>
     </message>
     <message id="1403">
-        <source>Cut off: the sensor did not fall silent within 60 seconds and 1 MiB.</source>
+        <source>Cut off: the sensor was still sending after 60 seconds or 1 MiB.</source>
         <translation>Interrumpido: el sensor no dejó de enviar en el límite de 60 segundos y 1 MiB.</translation>
     </message>
     <message id="1404">
@@ -1097,7 +1097,7 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <translation>El archivo contiene más filas que la tabla. Filas en el archivo: %1; leídas: %2; ignoradas: %3.</translation>
     </message>
     <message id="1503">
-        <source>Has no function in this version.</source>
+        <source>This has no function in this version.</source>
         <translation>Sin función en esta versión.</translation>
     </message>
     <message id="1510">
@@ -1329,15 +1329,15 @@ Sin eso no se puede restablecer. ¿Escribir de todos modos?</translation>
     </message>
     <message id="1746">
         <source>The saved data format asks for the position stream. That is never written.</source>
-        <translation>El formato de datos guardado pide el flujo de posiciones. Este no se escribe nunca.</translation>
+        <translation>El formato de datos guardado pide la salida continua de posición. Un formato así no se escribe nunca.</translation>
     </message>
     <message id="1747">
-        <source>computed from this sensor's own pulse velocity</source>
-        <translation>calculado con la velocidad del impulso propia de este sensor</translation>
+        <source>computed from this sensor's own gradient</source>
+        <translation>calculado con el gradiente propio de este sensor</translation>
     </message>
     <message id="1748">
         <source>this sensor's own length; the saved offset belongs to another stroke length or multiplier</source>
-        <translation>longitud propia de este sensor; el offset guardado pertenece a otra longitud de carrera o a otro multiplicador</translation>
+        <translation>longitud propia de este sensor; el offset guardado pertenece a otra longitud de medición o a otro multiplicador</translation>
     </message>
     <message id="1749">
         <source>The calibration is the saved one: it looks like the same sensor. Suggested: all parameters.</source>
@@ -1537,7 +1537,7 @@ Sin eso no se puede restablecer. ¿Escribir de todos modos?</translation>
     </message>
     <message id="1816">
         <source>Writing the data format for the position stream…</source>
-        <translation>Escribiendo el formato de datos para el flujo de posiciones…</translation>
+        <translation>Escribiendo el formato de datos para la salida continua de posición…</translation>
     </message>
     <message id="1817">
         <source>Waiting for the sensor to store the data format…</source>
@@ -1549,11 +1549,11 @@ Sin eso no se puede restablecer. ¿Escribir de todos modos?</translation>
     </message>
     <message id="1819">
         <source>Waiting for the position stream…</source>
-        <translation>Esperando el flujo de posiciones…</translation>
+        <translation>Esperando la salida continua de posición…</translation>
     </message>
     <message id="1820">
         <source>Ending the position stream and connecting the sensor…</source>
-        <translation>Terminando el flujo de posiciones y conectando el sensor…</translation>
+        <translation>Terminando la salida continua de posición y conectando el sensor…</translation>
     </message>
     <message id="1821">
         <source>Writing the sensor's own data format back…</source>
@@ -2062,7 +2062,7 @@ Desde entonces se lee %1, y %2 ya no.</translation>
     </message>
     <message id="2017">
         <source>Shows what a backup file or a lookup table holds.</source>
-        <translation>Muestra lo que contiene un archivo de copia de seguridad o una tabla de valores.</translation>
+        <translation>Muestra lo que contiene un archivo de copia de seguridad o una tabla de consulta.</translation>
     </message>
     <message id="2020">
         <source>%2 is no value that %1 can have.</source>
@@ -2143,7 +2143,7 @@ Desde entonces se lee %1, y %2 ya no.</translation>
     <message id="2036">
         <source>The file %1 is neither a backup file nor a lookup table.</source>
         <extracomment>%1 path</extracomment>
-        <translation>El archivo %1 no es ni un archivo de copia de seguridad ni una tabla de valores.</translation>
+        <translation>El archivo %1 no es ni un archivo de copia de seguridad ni una tabla de consulta.</translation>
     </message>
     <message id="2037">
         <source>Sensor of type %1, version answer %2</source>
@@ -2543,6 +2543,18 @@ Desde entonces se lee %1, y %2 ya no.</translation>
         <source>Sensor</source>
         <extracomment>Name of the line above the page</extracomment>
         <translation>Sensor</translation>
+    </message>
+    <message id="2170">
+        <source>Go Back</source>
+        <translation>Atrás</translation>
+    </message>
+    <message id="2171">
+        <source>Go Forward</source>
+        <translation>Adelante</translation>
+    </message>
+    <message id="2172">
+        <source>%1 has vanished right after it was plugged in. Other programs take some adapters, such as braille display drivers (brltty) or ModemManager: have them leave it alone, then plug it in again.</source>
+        <translation>%1 ha desaparecido justo después de enchufarse. Otros programas se apropian de algunos adaptadores, como los controladores de líneas braille (brltty) o ModemManager: haga que lo dejen libre y vuelva a enchufarlo.</translation>
     </message>
     <message id="2200">
         <source>The log keeps its newest lines, up to 256 MB. Older lines that are gone: %1</source>

@@ -3,10 +3,13 @@
 #include <QApplication>
 #include <QCursor>
 #include <QEvent>
+#include <QKeyEvent>
 #include <QMessageBox>
 #include <QMouseEvent>
 #include <QWindow>
 
+#include <algorithm>
+#include <array>
 #include <utility>
 
 namespace pelorin {
@@ -53,6 +56,41 @@ bool belongsToMessageBox(const QObject* object)
     while (object && object != box)
         object = object->parent();
     return object == box;
+}
+
+bool isUsable(const QWidget& control)
+{
+    return control.isVisible() && control.isEnabled() &&
+           control.property("usableWhileBusy").toBool();
+}
+
+/// Whether events that a window gets may go on to one of its controls.
+bool hasUsableControl(const QObject* window)
+{
+    const auto windows = QApplication::topLevelWidgets();
+    return std::any_of(windows.begin(), windows.end(), [window](const QWidget* widget) {
+        const auto controls = widget->findChildren<QWidget*>();
+        return widget->windowHandle() == window &&
+               std::any_of(controls.begin(), controls.end(),
+                           [](const QWidget* control) { return isUsable(*control); });
+    });
+}
+
+/// Whether an event is a click on a control that is usable all the same, or a key that presses it
+/// or goes on to the next one; or passes its window, from where it goes on to a control.
+bool isForUsableControl(const QObject* object, const QEvent& event)
+{
+    if (object->isWindowType())
+        return hasUsableControl(object);
+    const auto* control = qobject_cast<const QWidget*>(object);
+    if (!control || !isUsable(*control))
+        return false;
+    if (event.type() != QEvent::KeyPress && event.type() != QEvent::KeyRelease)
+        return true;
+    constexpr std::array kKeys{Qt::Key_Space, Qt::Key_Return, Qt::Key_Enter, Qt::Key_Tab,
+                               Qt::Key_Backtab};
+    const int key = static_cast<const QKeyEvent&>(event).key();
+    return std::find(kKeys.begin(), kKeys.end(), key) != kKeys.end();
 }
 
 } // namespace
@@ -102,7 +140,8 @@ void BusyFilter::showCursor(bool shown)
 
 bool BusyFilter::eventFilter(QObject* watched, QEvent* event)
 {
-    return isInput(*event) && (m_passesLeft > 0 || m_isBusy()) && !belongsToMessageBox(watched);
+    return isInput(*event) && (m_passesLeft > 0 || m_isBusy()) && !belongsToMessageBox(watched) &&
+           !isForUsableControl(watched, *event);
 }
 
 } // namespace pelorin

@@ -9,10 +9,14 @@
 #include "platform/core/RegistryFileEditor.h"
 #include "platform/core/SettingsFile.h"
 #include "platform/core/Strings.h"
+#include "platform/ui/MessageBox.h"
+#include "sensor/PositionStream.h"
 #include "sensor/Settings.h"
 
 #include <QAction>
 #include <QMenu>
+
+#include <algorithm>
 
 namespace pelorin {
 
@@ -37,6 +41,12 @@ QString rangesInWords()
     return words.join(QStringLiteral(", "));
 }
 
+QString keptInWords(const KeptFormat& format)
+{
+    return languageString(strings::kKeptFormat)
+        .arg(format.device, QString::fromLatin1(format.version), QString::fromLatin1(format.own));
+}
+
 /// What "always" does to the range of a type.
 QString wideningInWords(int type, const RevisionBounds& range, const RevisionBounds& wide)
 {
@@ -51,24 +61,48 @@ QString wideningInWords(int type, const RevisionBounds& range, const RevisionBou
 } // namespace
 
 ConnectionNotices::ConnectionNotices(QObject* parent, const Shared& shared)
-    : QObject(parent), m_strip(shared.strip), m_gate(shared.gate), m_link(shared.link)
+    : QObject(parent), m_strip(shared.strip), m_gate(shared.gate), m_link(shared.link),
+      m_formats(shared.formats)
 {
-    connect(&m_strip, &NoticeStrip::emptied, this, [this] {
-        if (m_waiting)
+    connect(&m_strip, &NoticeStrip::emptied, this, [this](const void* owner) {
+        const bool isRead = owner == &m_kept && !m_kept.isEmpty();
+        if (isRead)
+            m_kept.removeFirst();
+        if (m_waiting || isRead)
+            update();
+    });
+    connect(&shared.stream, &PositionStream::formatKept, this, &ConnectionNotices::tellOf);
+    connect(&shared.stream, &PositionStream::ended, this, [this] {
+        if (!m_kept.isEmpty()) // its sensor may have it again
             update();
     });
 }
 
 void ConnectionNotices::update()
 {
+    const auto isSettled = [all = m_formats.all()](const KeptFormat& format) {
+        return !all.contains(format);
+    };
+    m_kept.erase(std::remove_if(m_kept.begin(), m_kept.end(), isSettled), m_kept.end());
     const bool saysMore = !m_strip.isEmpty() && m_strip.light() != NoticeStrip::Light::Green;
-    m_waiting = saysMore && !m_strip.isOf(this);
+    m_waiting = saysMore && !m_strip.isOf(this) && !m_strip.isOf(&m_kept);
     if (!m_waiting)
         tell();
 }
 
+void ConnectionNotices::tellOf(const KeptFormat& format)
+{
+    if (m_gate.isCloseWanted())
+        return m_gate.addNotice(keptInWords(format));
+    if (!m_kept.contains(format))
+        m_kept << format;
+    update();
+}
+
 void ConnectionNotices::tell()
 {
+    if (!m_kept.isEmpty())
+        return showKeptFormat(m_kept.constFirst());
     const bool answered = !m_link.versionText().isEmpty();
     if (!m_link.hasOpened()) {
         tellNoPort();
@@ -76,9 +110,38 @@ void ConnectionNotices::tell()
         tellChosen();
     } else if (answered && m_link.ssiType() == kSsiTypeUnknown) {
         tellNotIdentified();
-    } else if (m_strip.isOf(this)) {
+    } else if (m_strip.isOf(this) || m_strip.isOf(&m_kept)) {
         m_strip.clear();
     }
+}
+
+/// Trying again connects, which tells of it anew if the sensor still does not have it.
+void ConnectionNotices::showKeptFormat(const KeptFormat& format)
+{
+    m_strip.show(
+        {.text = [format] { return keptInWords(format); },
+         .light = NoticeStrip::Light::Red,
+         .buttons = {{.caption = strings::kTryAgain,
+                      .clicked =
+                          [this] {
+                              m_strip.clear();
+                              Q_EMIT commandWanted(kConnectCommand);
+                          }},
+                     {.caption = strings::kForget, .clicked = [this, format] { forget(format); }}},
+         .owner = &m_kept});
+}
+
+void ConnectionNotices::forget(const KeptFormat& format)
+{
+    const CommandGate::Scope scope(m_gate);
+    const QString question =
+        languageString(strings::kForgetFormat).arg(QString::fromLatin1(format.own), format.device);
+    if (messageBox(m_strip.window(), question, QMessageBox::Yes | QMessageBox::No,
+                   QMessageBox::Question) != QMessageBox::Yes)
+        return;
+    if (const auto dropped = m_formats.drop(format); !dropped.isDone())
+        m_gate.addNotice(dropped.message());
+    update();
 }
 
 void ConnectionNotices::tellNoPort()

@@ -178,31 +178,8 @@ void ConnectionSupervisor::tellKeptFormats(const QList<KeptFormat>& formats)
 {
     for (const KeptFormat& kept : formats) {
         if (!kept.readBack)
-            tellKeptFormat(kept);
+            Q_EMIT formatKept(kept);
     }
-}
-
-void ConnectionSupervisor::tellKeptFormat(const KeptFormat& format)
-{
-    const QString sensor = QString::fromLatin1(format.version);
-    m_gate.addNotice({languageString(strings::kKeptFormat)
-                          .arg(format.device, sensor, QString::fromLatin1(format.own)),
-                      {languageString(strings::kTryAgain), languageString(strings::kForget)},
-                      [this, format](int answer) {
-                          if (answer == 0)
-                              Q_EMIT connectWanted();
-                          if (answer != 1)
-                              return;
-                          const auto sure =
-                              messageBox(&m_window,
-                                         languageString(strings::kForgetFormat)
-                                             .arg(QString::fromLatin1(format.own), format.device),
-                                         QMessageBox::Yes | QMessageBox::No, QMessageBox::Question);
-                          if (sure != QMessageBox::Yes)
-                              return;
-                          if (const auto dropped = m_formats.drop(format); !dropped.isDone())
-                              m_gate.addNotice(dropped.message());
-                      }});
 }
 
 void ConnectionSupervisor::changePort(int port, const std::function<void(bool)>& done)

@@ -59,9 +59,6 @@ public:
     /// runs has ended.
     void leavePort(const std::function<void()>& done);
 
-    /// Tells the user of a format that its sensor may not have again, and what can be done.
-    void tellKeptFormat(const KeptFormat& format);
-
     /// The link was lost, or is still: makes one attempt to open the port again.
     void onLinkLost();
 
@@ -76,6 +73,8 @@ Q_SIGNALS:
     /// A Connect begins, or the link was lost: what was told of the sensor before may not hold.
     void sensorLeft();
     void connected(bool success);
+    /// The sensor of a kept format may not have it again.
+    void formatKept(const KeptFormat& format);
     /// The user has given up a port that does not come back.
     void givenUp();
 

@@ -83,9 +83,10 @@ void NoticeStrip::show(Notice notice)
 void NoticeStrip::clear()
 {
     const bool shown = !isEmpty();
+    const void* owner = m_notice.owner;
     show({});
     if (shown)
-        Q_EMIT emptied();
+        Q_EMIT emptied(owner);
 }
 
 QString NoticeStrip::text() const

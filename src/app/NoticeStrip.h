@@ -52,7 +52,8 @@ public:
 
 Q_SIGNALS:
     /// The notice was closed, and no other has taken its place.
-    void emptied();
+    /// @param owner whose notice it was
+    void emptied(const void* owner);
 
 private:
     void render();

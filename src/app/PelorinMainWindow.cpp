@@ -69,7 +69,8 @@ PelorinMainWindow::PelorinMainWindow(const ComPortFactory& factory,
           *this, {m_gate, *m_statusBar, m_runner, conversation.formats, m_restore, *m_writer},
           m_manualPowerMode)),
       m_pages(new PagePane(this, *m_writer, *m_stream, m_restore, m_tempCompEnabled)),
-      m_notices(new ConnectionNotices(this, {m_pages->strip(), m_gate, m_link})),
+      m_notices(new ConnectionNotices(
+          this, {m_pages->strip(), m_gate, m_link, conversation.formats, *m_stream})),
       m_report(new WriteReport(*this, {*m_writer, m_gate, m_pages->strip(), *m_statusBar})),
       m_settings(new SettingsCommand(
           *this, {m_gate, *m_writer, *m_stream, *m_connection, *m_menu, *m_pages})),
@@ -124,8 +125,6 @@ void PelorinMainWindow::connectParts()
     connect(m_menu, &MainMenu::commandChosen, this, &PelorinMainWindow::chooseCommand);
     connect(m_pages, &PagePane::pageChosen, this, &PelorinMainWindow::choosePage);
     connect(m_pages, &PagePane::refreshChosen, this, [this] { chooseCommand(kRefreshCommand); });
-    connect(m_stream, &PositionStream::formatKept, m_connection,
-            &ConnectionSupervisor::tellKeptFormat);
     connect(m_pages, &PagePane::noticed, &m_gate,
             [this](const QString& text) { m_gate.addNotice(text); });
     connect(m_pages, &PagePane::entriesChanged, m_statusBar,
@@ -140,6 +139,7 @@ void PelorinMainWindow::connectParts()
             &SensorHeader::forgetSensor);
     connect(m_connection, &ConnectionSupervisor::connected, this, &PelorinMainWindow::onConnected);
     connect(m_connection, &ConnectionSupervisor::connected, m_notices, &ConnectionNotices::update);
+    connect(m_connection, &ConnectionSupervisor::formatKept, m_notices, &ConnectionNotices::tellOf);
     connect(m_connection, &ConnectionSupervisor::givenUp, this, &PelorinMainWindow::close);
     const auto onBusyChanged = [this] {
         m_busy->update();
@@ -278,8 +278,7 @@ void PelorinMainWindow::runCommand(int command)
     case kSupportFileCommand:
         return SupportFileCommand(*this, {m_link, m_journal, m_languages, m_gate}).run();
     case kAboutCommand:
-        (void)AboutDialog(this).exec();
-        return;
+        return static_cast<void>(AboutDialog(this).exec());
     case kExitCommand:
         (void)close();
         return;

@@ -45,7 +45,10 @@ WriteReport::WriteReport(QWidget& window, const Shared& shared)
       m_strip(shared.strip), m_statusBar(shared.statusBar)
 {
     connect(&m_writer, &SafeWriter::ended, this, &WriteReport::tell);
-    connect(&m_writer, &SafeWriter::began, &m_strip, &NoticeStrip::clear);
+    connect(&m_writer, &SafeWriter::began, this, [this] {
+        if (m_strip.isOf(nullptr)) // what others tell is not over
+            m_strip.clear();
+    });
     connect(&m_strip, &NoticeStrip::emptied, this, [this] {
         m_verifiedShown = false;
         showWaiting();

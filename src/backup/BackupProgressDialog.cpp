@@ -8,6 +8,7 @@
 #include "sensor/SequenceRunner.h"
 
 #include <QProgressBar>
+#include <QPushButton>
 
 #include <memory>
 #include <utility>
@@ -17,6 +18,7 @@ namespace pelorin {
 namespace {
 
 constexpr int kOkButton = 1;
+constexpr int kCancelButton = 2;
 constexpr int kMessageControl = 1034;
 constexpr int kProgressControl = 1035;
 
@@ -59,6 +61,7 @@ void BackupProgressDialog::setupTranslationMap()
     setTitleString(title);
     addToTranslationMap(kMessageControl, message);
     addToTranslationMap(kOkButton, strings::kOk);
+    addToTranslationMap(kCancelButton, strings::kCancel);
     addAccessibleName(kMessageControl, title);
     addAccessibleName(kProgressControl, strings::kProgressName);
 }
@@ -67,6 +70,10 @@ void BackupProgressDialog::onInitDialog()
 {
     m_progress = getControl<QProgressBar>(kProgressControl);
     m_progress->setValue(0);
+    m_cancel = getControl<QPushButton>(kCancelButton);
+    m_cancel->setVisible(onlyReads());
+    m_cancel->setFocus();
+    connect(m_cancel, &QPushButton::clicked, this, &BackupProgressDialog::cancel);
     QMetaObject::invokeMethod(this, &BackupProgressDialog::begin, Qt::QueuedConnection);
 }
 
@@ -86,6 +93,15 @@ void BackupProgressDialog::begin()
     }
     m_working = true;
     work();
+}
+
+/// The outstanding request is answered first; the end of the plan ends the dialog. The user knows
+/// of it.
+void BackupProgressDialog::cancel()
+{
+    m_cancelled = true;
+    m_cancel->setEnabled(false);
+    m_runner.abandon(*this);
 }
 
 /// A sensor that still carries the format for the position stream would be saved with it, and
@@ -139,7 +155,7 @@ void BackupProgressDialog::showProgress(int stepsDone, int steps)
 
 void BackupProgressDialog::finish(const QString& failure)
 {
-    m_message = failure;
+    m_message = m_cancelled ? QString() : failure;
     done(Rejected);
 }
 

@@ -7,6 +7,7 @@
 #include <functional>
 
 class QProgressBar;
+class QPushButton;
 
 namespace pelorin {
 
@@ -15,8 +16,8 @@ class SequenceRunner;
 
 /// Does something with the sensor's parameters and shows how far it is. The work begins when the
 /// dialog is shown, and the dialog ends by itself: accepted when all is done, rejected otherwise.
-/// Nothing else ends it while it uses the sensor: one with half of its parameters is of no use to
-/// anybody. User-interface thread.
+/// What only reads can be cancelled. Nothing ends what writes: a sensor with half of its parameters
+/// is of no use to anybody. User-interface thread.
 class BackupProgressDialog : public BaseDialog
 {
     Q_OBJECT
@@ -39,6 +40,8 @@ protected:
 
     /// Begins what is to be done; the sensor is connected and nothing else uses it.
     virtual void work() = 0;
+    /// Whether nothing is written to the sensor, so that the user may cancel it.
+    [[nodiscard]] virtual bool onlyReads() const { return false; }
 
     [[nodiscard]] SequenceRunner& runner() const { return m_runner; }
     [[nodiscard]] const FormatRestore& formats() const { return m_formats; }
@@ -61,12 +64,15 @@ protected:
 
 private:
     void begin();
+    void cancel();
 
     SequenceRunner& m_runner;
     const FormatRestore& m_formats;
     const Mode m_mode;
     QProgressBar* m_progress = nullptr;
+    QPushButton* m_cancel = nullptr;
     bool m_working = false;
+    bool m_cancelled = false;
     QString m_message;
 };
 

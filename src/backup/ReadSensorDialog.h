@@ -22,6 +22,7 @@ public:
 
 protected:
     void work() override;
+    [[nodiscard]] bool onlyReads() const override { return true; }
 
 private:
     void onRead(const Outcome& outcome);

@@ -19,6 +19,7 @@ public:
 
 protected:
     void work() override;
+    [[nodiscard]] bool onlyReads() const override { return true; }
 
 private:
     void readAll();

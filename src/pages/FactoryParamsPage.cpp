@@ -24,7 +24,7 @@ constexpr std::array<ParameterTable::Row, FactoryParameters::kRowCount> kRows = 
     {strings::kFactoryText, 0},
     {strings::kSensorType, 0},
     {strings::kStrokeLength, strings::kMillimetres},
-    {strings::kPulseVelocity, strings::kVelocityUnit},
+    {strings::kGradient, strings::kVelocityUnit},
     {strings::kMultiplier, strings::kMultiplierUnit},
     {strings::kFactoryTextP, strings::kHexadecimal},
     {strings::kOffset, strings::kMillimetres},

@@ -53,7 +53,7 @@ constexpr std::array<std::pair<int, int>, 25> kCaptions = {{
     {1070, strings::kAsRead},
     {1071, strings::kStrokeLength},
     {1073, strings::kOffset},
-    {1075, strings::kPulseVelocity},
+    {1075, strings::kGradient},
 }};
 
 /// Labels of what the page only reads, by parameter.

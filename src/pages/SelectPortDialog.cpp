@@ -99,11 +99,13 @@ void SelectPortDialog::showState()
 QString SelectPortDialog::stateText() const
 {
     const auto* ports = getControl<SerialPortComboBox>(kPortCombo);
-    if (!ports->hasRealPort() && !ports->selectedDevice())
+    const PresentPort* port = ports->selectedDevice();
+    if (const QString& taken = ports->takenDevice(); !taken.isEmpty() && (!port || port->simulated))
+        return languageString(strings::kAdapterTaken).arg(taken);
+    if (!ports->hasRealPort() && !port)
         return languageString(strings::kNoAdapter);
     if (ports->currentIndex() < 0)
         return QString();
-    const PresentPort* port = ports->selectedDevice();
     if (!port)
         return languageString(strings::kPortMissing).arg(ports->currentText());
     if (port->simulated)

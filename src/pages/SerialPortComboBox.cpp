@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <utility>
 
 namespace pelorin {
 
@@ -18,6 +19,7 @@ namespace {
 
 /// The system tells of new devices in no way that works everywhere, and looking is quick.
 constexpr auto kPollPeriod = 500ms;
+constexpr int kLooksOfTaken = 10; ///< within which a device that goes was taken: five seconds
 constexpr int kKeyRole = Qt::UserRole;
 
 QString comName(int port)
@@ -61,7 +63,9 @@ void SerialPortComboBox::setDevices(const SerialDevices& devices)
 
 void SerialPortComboBox::init()
 {
-    m_ports = ComPortNames().presentPorts(m_devices.all());
+    const QList<PresentPort> former =
+        std::exchange(m_ports, ComPortNames().presentPorts(m_devices.all()));
+    lookForTaken(former);
     const QString selected = currentData(kKeyRole).toString();
     QStringList keys;
     for (const PresentPort& port : std::as_const(m_ports))
@@ -77,6 +81,27 @@ void SerialPortComboBox::init()
     setCurrentIndex(selected.isEmpty() ? -1 : findData(selected, kKeyRole));
     setPlaceholderText(count() == 0 ? languageString(strings::kNoPortPresent) : QString());
     Q_EMIT refreshed();
+}
+
+/// What was there at the first look may have been so for long.
+void SerialPortComboBox::lookForTaken(const QList<PresentPort>& former)
+{
+    const auto isIn = [](const QList<PresentPort>& ports, const QString& device) {
+        return std::any_of(ports.begin(), ports.end(),
+                           [&](const PresentPort& port) { return port.device == device; });
+    };
+    for (const PresentPort& port : former) {
+        const int since = m_pluggedIn.value(port.device, -kLooksOfTaken);
+        if (!isIn(m_ports, port.device) && m_looks - since < kLooksOfTaken)
+            m_takenDevice = port.device;
+    }
+    for (const PresentPort& port : std::as_const(m_ports)) {
+        if (m_looks == 0 || isIn(former, port.device))
+            continue;
+        m_pluggedIn[port.device] = m_looks;
+        m_takenDevice.clear();
+    }
+    ++m_looks;
 }
 
 /// Changes what has changed: the list may be open.

@@ -3,6 +3,7 @@
 #include "platform/core/ComPortNames.h"
 
 #include <QComboBox>
+#include <QHash>
 #include <QTimer>
 
 namespace pelorin {
@@ -36,6 +37,9 @@ public:
     [[nodiscard]] const PresentPort* selectedDevice() const;
     /// Whether there is any port that is not built into the program.
     [[nodiscard]] bool hasRealPort() const;
+    /// The device that has vanished right after it was plugged in, until another one is; empty for
+    /// none. Other programs take some adapters.
+    [[nodiscard]] const QString& takenDevice() const { return m_takenDevice; }
     [[nodiscard]] const SerialDevices& devices() const { return m_devices; }
 
 Q_SIGNALS:
@@ -49,10 +53,14 @@ protected:
 
 private:
     void show(const QStringList& keys);
+    void lookForTaken(const QList<PresentPort>& former);
 
     SerialDevices m_devices;
     QList<PresentPort> m_ports; ///< those that are present
     QTimer m_poll;
+    int m_looks = 0;                 ///< how often the devices were looked at
+    QHash<QString, int> m_pluggedIn; ///< at which look a device was there first
+    QString m_takenDevice;
     int m_givenPort = 0;
 };
 

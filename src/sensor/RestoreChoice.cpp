@@ -172,7 +172,7 @@ int textNumberOf(Origin origin)
     case Origin::OwnMultiplier:
         return strings::kOwnMultiplier;
     case Origin::OwnVelocity:
-        return strings::kOwnVelocity;
+        return strings::kOwnGradient;
     case Origin::OwnLength:
         return strings::kOwnLength;
     case Origin::Saved:

@@ -49,7 +49,7 @@ constexpr std::array<std::pair<char, int>, 14> kNames = {{
     {'L', strings::kStrokeLength},
     {'F', strings::kFactoryText},
     {'V', strings::kFirmwareVersion},
-    {'U', strings::kPulseVelocity},
+    {'U', strings::kGradient},
     {'S', strings::kScaleFactor},
     {'P', strings::kFactoryTextP},
     {'Z', strings::kCycleCodeZ},

@@ -184,19 +184,46 @@ private Q_SLOTS:
         Rig rig;
         const KeptFormat kept{u"/dev/elsewhere"_s, "3A0102", "020018", "060018"};
         QVERIFY(rig.formats().keep(kept).isDone());
-        int connects = 1; // the first answer connects once more
-        for (const QStringList& answers :
-             {QStringList(u"Try again"_s), {u"Forget"_s, u"No"_s}, {u"Forget"_s, u"Yes"_s}}) {
-            rig.destroyWindow(); // and start the program once more
+        const auto isTold = [&] {
+            return waitFor([&] { return rig.noticeText().contains(kept.device); }) &&
+                   rig.waitIdle();
+        };
+        int connects = 0;
+        for (const QString& sure : {QString(), u"No"_s, u"Yes"_s}) {
+            rig.destroyWindow();
             rig.told.clear();
-            rig.answer = [&] { return answers.value(rig.told.size(), u"none"_s); };
+            rig.answer = [&] { return sure; };
             rig.start();
-            QVERIFY(waitFor([&] { return rig.told.size() == answers.size(); }));
-            QVERIFY(rig.isConnected(++connects));
-            QCOMPARE(rig.told.size(), answers.size());
-            QVERIFY(rig.told[0].contains(kept.device) && rig.told.last().contains(u"020018"_s));
-            QCOMPARE(rig.formats().all().isEmpty(), answers.last() == u"Yes"_s);
+            QVERIFY(isTold() && rig.isConnected(++connects));
+            if (sure.isEmpty()) {
+                QTest::mouseClick(&rig.page<QPushButton>("noticeButton1"), Qt::LeftButton);
+                QVERIFY(rig.noticeText().isEmpty() &&
+                        rig.isConnected(++connects)); // the same is tried
+            } else {
+                QTest::mouseClick(&rig.page<QPushButton>("noticeButton2"), Qt::LeftButton);
+                QVERIFY(rig.told.size() == 1 && rig.told[0].contains(u"020018"_s));
+            }
+            QCOMPARE(rig.noticeText().isEmpty(), sure != u"No"_s);
+            QCOMPARE(rig.formats().all().isEmpty(), sure == u"Yes"_s);
         }
+    }
+
+    void keptFormatIsToldBesidesOthersUntilItIsRead()
+    {
+        Rig rig;
+        for (const char* version : {"3A0102", "3A0103"})
+            QVERIFY(
+                rig.formats().keep({u"/dev/elsewhere"_s, version, "020018", "060018"}).isDone());
+        rig.sensor().setParameter('V', "7A0204"); // which is told of, too
+        rig.start();
+        QVERIFY(waitFor([&] { return rig.noticeText().contains(u"3A010"_s); }) && rig.waitIdle());
+        const QString first = rig.noticeText();
+        QTest::keyClick(&rig.window(), Qt::Key_Escape);
+        QVERIFY(rig.noticeText() != first && rig.noticeText().contains(u"3A010"_s));
+        QTest::keyClick(&rig.window(), Qt::Key_Escape);
+        QVERIFY(rig.noticeText().startsWith(u"Not identified"_s));
+        QTest::keyClick(&rig.window(), Qt::Key_Escape);
+        QCOMPARE(rig.noticeText() + rig.told.join(u' '), QString());
     }
 
     void lostPortIsReopenedSilently()

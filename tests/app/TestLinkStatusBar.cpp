@@ -62,7 +62,7 @@ private Q_SLOTS:
         m_bar->showString(117);
         QCOMPARE(m_languages.loadLanguage(2), 1);
         m_bar->translate();
-        QCOMPARE(label("portPane").text(), u"Kein Anschluss"_s);
+        QCOMPARE(label("portPane").text(), u"Keine Schnittstelle"_s);
         QCOMPARE(m_bar->text(), u"Mit dem Sensor verbunden."_s);
         QVERIFY(label("linkLight").toolTip().startsWith(u"Gr\u00FCn"_s));
 

@@ -11,6 +11,7 @@
 #include "support/WaitFor.h"
 
 #include <QProgressBar>
+#include <QPushButton>
 #include <QSignalSpy>
 
 using namespace Qt::StringLiterals;
@@ -169,6 +170,34 @@ private Q_SLOTS:
         QCOMPARE(rig.sensor().parameter('A'), std::string("00000005"));
     }
 
+    void whatOnlyReadsIsCancelledAndLeavesTheFile()
+    {
+        BackupRig rig;
+        QVERIFY(rig.startConnected() && rig.folder.put(kFile, kBackup));
+        for (const bool byKey : {false, true}) {
+            const ModalAnswer<BackupProgressDialog> user([&](BackupProgressDialog& dialog) {
+                auto* cancel = dialog.findChild<QPushButton*>(u"cancelButton"_s);
+                const auto* bar = dialog.findChild<QProgressBar*>();
+                QVERIFY(waitFor([bar] { return bar->value() > 0; }) && rig.window().isBusy());
+                QVERIFY(cancel->hasFocus());
+                QTest::keyClick(dialog.windowHandle(), Qt::Key_Tab); // to the text and back
+                QVERIFY(!cancel->hasFocus());
+                QTest::keyClick(dialog.windowHandle(), Qt::Key_Tab);
+                QVERIFY(cancel->hasFocus());
+                if (byKey)
+                    QTest::keyClick(dialog.windowHandle(), Qt::Key_Space);
+                else
+                    QTest::mouseClick(dialog.windowHandle(), Qt::LeftButton, {},
+                                      cancel->mapTo(&dialog, cancel->rect().center()));
+                QVERIFY(!cancel->isEnabled());
+            });
+            (void)rig.frames();
+            QVERIFY(!rig.run(Mode::Backup).contains(u'|')); // beside whether to replace the file
+            QVERIFY(user.wasShown() && !rig.frames().contains(u"OA"_s)); // which is read last
+            QCOMPARE(rig.folder.content(kFile), kBackup);
+        }
+    }
+
     /// A close gives up what only reads; what has begun to write is brought to its end. Nothing
     /// else ends the dialog, and a failure is told to nobody then.
     void nothingAbandonsARunningDialogButAClose()
@@ -188,6 +217,8 @@ private Q_SLOTS:
                 QCOMPARE(bar->maximum(), mode == Mode::Backup ? 12 : 13); // with the closing one
                 QCOMPARE(dialog.windowTitle(), title);
                 QVERIFY(!dialog.windowFlags().testFlag(Qt::WindowCloseButtonHint));
+                QCOMPARE(dialog.findChild<QPushButton*>(u"cancelButton"_s)->isVisible(),
+                         mode == Mode::Backup);
                 QTest::keyClick(&dialog, Qt::Key_Escape);
                 dialog.close();
                 QVERIFY(dialog.isVisible());

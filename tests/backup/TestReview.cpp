@@ -202,7 +202,7 @@ private Q_SLOTS:
             return [radio](ReviewDialog& review) {
                 const auto* write = review.getControl<QPushButton>(1);
                 QVERIFY(!write->isEnabled()); // it may be another sensor
-                QVERIFY(labelText(review, 1062).contains(QLatin1String("Pulse Velocity (U)")));
+                QVERIFY(labelText(review, 1062).contains(QLatin1String("Gradient (U)")));
                 click(review, radio);
                 clickWrite(review);
             };

@@ -228,17 +228,20 @@ private Q_SLOTS:
         for (const char* moment : kMoments) {
             Rig rig;
             QVERIFY2(rig.startConnected() && rig.comesTo(moment), moment);
+            const QSignalSpy kept(rig.window().findChild<PositionStream*>(),
+                                  &PositionStream::formatKept);
             rig.sensor().vanish();
             rig.sensor().comeBack();
             QVERIFY2(waitFor([&rig] { return rig.link().lossCount() == 1; }), moment);
             QVERIFY2(rig.reaches(kOwn, &Rig::format) && rig.reachesPage(0), moment);
             QVERIFY2(rig.reaches(u"Ready."_s), moment);
-            const QString device = ComPortNames::stableName(rig.link().device());
-            QCOMPARE(rig.told.size(), 1);
-            QVERIFY(rig.told.first().startsWith(
-                u"The sensor on %1 with the version answer 1A0204 may still carry"_s.arg(device)));
-            QVERIFY2(rig.stream() && rig.choosePage(0), moment); // and all is as before
+            QCOMPARE(kept.size(), 1);
+            const auto format = kept[0][0].value<KeptFormat>();
+            QCOMPARE(format.device, ComPortNames::stableName(rig.link().device()));
+            QCOMPARE(format.own, kOwn.toLatin1());
+            QVERIFY2(rig.stream() && rig.choosePage(0), moment);         // and all is as before
             QCOMPARE(rig.format(), kOwn);
+            QCOMPARE(rig.noticeText() + rig.told.join(u' '), QString()); // that is settled now
         }
     }
 

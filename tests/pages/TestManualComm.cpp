@@ -166,8 +166,8 @@ private Q_SLOTS:
             rig.execute(kAskForVersion);
             QVERIFY(rig.waitIdle());
             QCOMPARE(rig.received(), u"33"_s);
-            QCOMPARE(rig.outcome(), u"Cut off: the sensor did not fall silent within 60 seconds "
-                                    "and 1 MiB."_s);
+            QCOMPARE(rig.outcome(), u"Cut off: the sensor was still sending after 60 seconds "
+                                    "or 1 MiB."_s);
 
             Pacing::setSpeeds({100, 200, 0.001}); // no exchange ends by itself
             rig.execute("31");
@@ -210,7 +210,7 @@ private Q_SLOTS:
             QCOMPARE(rig.outcome(), u"The serial port was lost during the exchange. What was sent "
                                     "or received may be incomplete."_s);
             rig.click(kExecute);
-            QCOMPARE(rig.outcome(), u"The serial port is not connected. Nothing was sent."_s);
+            QCOMPARE(rig.outcome(), u"The serial port is not available. Nothing was sent."_s);
             rig.sensor().comeBack();
             QVERIFY(waitFor([&rig] { return rig.link().linkFailed() == 0; }) && rig.waitIdle());
             rig.click(kExecute);

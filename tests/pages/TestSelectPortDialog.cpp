@@ -10,6 +10,7 @@
 #include <QDesktopServices>
 #include <QLabel>
 #include <QPushButton>
+#include <QSignalSpy>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -79,6 +80,8 @@ private Q_SLOTS:
         QVERIFY(m_machine.plugIn(u"ttyUSB0"_s, "Other"));
         const QString other = u"COM33 - ttyUSB0, Other, Maker, SN1"_s;
         QTRY_COMPARE(entries(list), QStringList({other, adapter}) + simulated);
+        const QSignalSpy looks(&list, &SerialPortComboBox::refreshed);
+        QTRY_VERIFY(looks.size() > 10); // nobody has taken it
         m_machine.plugOut(u"ttyUSB1"_s);
         QTRY_COMPARE(state.text(),
                      adapter + u" is not there. Plug the adapter in, or choose another port."_s);
@@ -91,6 +94,22 @@ private Q_SLOTS:
         QTest::mouseClick(dialog.getControl<QPushButton>(4), Qt::LeftButton);
         QCOMPARE(dialog.result(), SelectPortDialog::kWithoutPort);
         m_machine.plugOut(u"ttyUSB0"_s);
+    }
+
+    void deviceThatVanishesAtOnceWasTakenByAnotherProgram()
+    {
+        Pacing::setSpeeds({5, 1, 1});
+        SelectPortDialog dialog(nullptr, 0, SelectPortDialog::Use::Start, m_devices);
+        dialog.show();
+        const auto& state = *dialog.getControl<QLabel>(1003);
+        QVERIFY(m_machine.plugIn(u"ttyUSB1"_s, "FT232R"));
+        QTRY_VERIFY(state.text().isEmpty());
+        m_machine.plugOut(u"ttyUSB1"_s);
+        QTRY_VERIFY(state.text().startsWith(u"/dev/ttyUSB1 has vanished right after"));
+        QVERIFY(m_machine.plugIn(u"ttyUSB2"_s, "FT232R"));
+        QTRY_VERIFY(!state.text().contains(u"vanished"));
+        m_machine.plugOut(u"ttyUSB2"_s);
+        Pacing::setSpeeds({50, 1, 1});
     }
 
     void deviceWithoutANumberGetsOneWhenItIsChosen()

@@ -5,12 +5,15 @@
 #include "support/TestFolder.h"
 #include "support/WaitFor.h"
 
+#include <QLabel>
 #include <QLibraryInfo>
+#include <QLineEdit>
 #include <QRegularExpression>
 #include <QScrollBar>
 #include <QTest>
 #include <QTextBlock>
 #include <QTextBrowser>
+#include <QToolButton>
 
 #include <cerrno>
 #include <tuple>
@@ -34,6 +37,22 @@ const QString kMarked =
     u"106 108 109 1730 1760 1900 193 194 195 196 197 198 200 201 202 203 204 205 206 207 208 209 "
     "2140 2142 2150"_s;
 
+/// Sentences of windows that ask, advise or tell of no fault: the help's list of messages need not
+/// have them. Nor those of the command line and of single values and log lines, below.
+const QString kNoFaults =
+    u"117 167 184 240 244 245 263 1102 1503 1610 1703 1706 1707 1714 1715 1716 1749 1750 1756 1758 "
+    "1771 1774 1776 1785 1910 1911 1912 1926 1927 1928 1936 1941 1965 1973 1975 2149 2152"_s;
+
+/// Whether the help has to explain an English text.
+bool tellsOfAFault(const QString& number, const QString& text)
+{
+    static const QStringList noFaults = kNoFaults.split(u' ');
+    const int value = number.toInt();
+    const bool isForWindows = value < 2000 || value > 2139 || value == 2111;
+    return isForWindows && text.endsWith(u'.') && !text.endsWith(u"..."_s) && text.contains(u' ') &&
+           !noFaults.contains(number);
+}
+
 /// What a pattern's first group matches in a text, in order.
 QStringList captures(const QString& text, const QString& pattern)
 {
@@ -41,6 +60,16 @@ QStringList captures(const QString& text, const QString& pattern)
     for (auto match = QRegularExpression(pattern).globalMatch(text); match.hasNext();)
         found << match.next().captured(1);
     return found;
+}
+
+/// The numbers of all texts, sorted.
+QStringList modulesNumbers()
+{
+    const auto names = QString::fromUtf8(
+        contentOf(QString::fromUtf8(PELORIN_SOURCE_DIR) + u"/src/platform/core/Strings.h"_s));
+    QStringList numbers = captures(names, u"inline constexpr int k\\w+ = (\\d+);"_s);
+    numbers.sort();
+    return numbers.size() == names.count(u" = "_s) ? numbers : QStringList();
 }
 
 QString moduleOf(int code)
@@ -64,10 +93,8 @@ private Q_SLOTS:
     void everyTextIsThereOnceInEveryLanguageWithItsArguments()
     {
         const QString source = QString::fromUtf8(PELORIN_SOURCE_DIR);
-        const auto names = QString::fromUtf8(contentOf(source + u"/src/platform/core/Strings.h"_s));
-        QStringList numbers = captures(names, u"inline constexpr int k\\w+ = (\\d+);"_s);
-        numbers.sort();
-        QVERIFY(numbers.size() > 100 && numbers.size() == names.count(u" = "_s));
+        const QStringList numbers = modulesNumbers();
+        QVERIFY(numbers.size() > 100);
         QStringList english;
         for (const int code : kLanguages) {
             const Languages languages(code);
@@ -189,6 +216,11 @@ private Q_SLOTS:
             messages = code == 1 ? numbers : messages;
             QVERIFY(links.size() > 14 && numbers.size() > 20);
             QCOMPARE(numbers, messages);
+            for (const QString& number : code == 1 ? modulesNumbers() : QStringList()) {
+                QVERIFY2(numbers.contains(number) ||
+                             !tellsOfAFault(number, languageString(number.toInt())),
+                         qPrintable(number));
+            }
             for (const QString& number : numbers) {
                 QString text = languageString(number.toInt()).toHtmlEscaped();
                 text.replace(u"&quot;"_s, u"\""_s).replace(QRegularExpression(u"%[123]"_s), u"…"_s);
@@ -224,6 +256,46 @@ private Q_SLOTS:
             QTest::keyClick(&window, Qt::Key_Escape);
             QVERIFY(!window.isVisible());
         }
+    }
+
+    void helpFindsTextsAndGoesBack()
+    {
+        Languages languages(1);
+        languages.setHelpFile(1, u"help\\pelorin_1.html"_s);
+        HelpWindow window;
+        QCOMPARE(window.showHelp(languages.helpFile(1)).error, 0);
+        QVERIFY(waitFor([&window] { return window.isActiveWindow(); }));
+        auto* browser = window.findChild<QTextBrowser*>();
+        auto* edit = window.findChild<QLineEdit*>(u"helpFind"_s);
+        const auto result = [&] {
+            return window.findChild<QLabel*>(u"helpFindResult"_s)->text() + u'|' +
+                   browser->textCursor().selectedText();
+        };
+        const auto place = [&] { return browser->textCursor().selectionStart(); };
+        QTest::keyClick(browser, Qt::Key_F, Qt::ControlModifier);
+        QVERIFY(waitFor([edit] { return edit->hasFocus(); }));
+        QTest::keyClicks(edit, u"NOT restarted"_s);
+        QCOMPARE(result(), u"|not restarted"_s);
+        const int first = place();
+        QTest::keyClick(edit, Qt::Key_Return);
+        QVERIFY(place() > first && result() == u"|not restarted");
+        QTest::keyClick(edit, Qt::Key_F3, Qt::ShiftModifier);
+        QCOMPARE(place(), first);
+        QTest::keyClick(edit, Qt::Key_F3, Qt::ShiftModifier); // from the other side
+        QVERIFY(place() > first);
+        QTest::keyClick(edit, Qt::Key_F3);
+        QCOMPARE(place(), first);
+        QTest::keyClicks(edit, u"!"_s);
+        QCOMPARE(result(), u"Not found|"_s);
+
+        auto* back = window.findChild<QToolButton*>(u"helpBack"_s);
+        QVERIFY(!back->isEnabled());
+        QCOMPARE(window.showHelp(languages.helpFile(1), u"log"_s).error, 0);
+        QVERIFY(waitFor([browser] { return browser->verticalScrollBar()->value() > 0; }));
+        QTest::mouseClick(back, Qt::LeftButton);
+        QCOMPARE(browser->source().fragment(), QString());
+        QTest::mouseClick(window.findChild<QToolButton*>(u"helpForward"_s), Qt::LeftButton);
+        QCOMPARE(browser->source().fragment(), u"log"_s);
     }
 
     void helpThatCannotBeShownIsReportedAndLeavesTheWindow()

@@ -285,7 +285,7 @@ private Q_SLOTS:
         for (const char* misread :
              {"L=0A12.5", "U=28.300", "A=0000G5", "D=4AG519", "N=00-00A", "M=08_F20"}) {
             const auto fault = read(misread).findFault(entriesOf(read()), kAllRows);
-            const QString begin = u"Parameter %1 was read as \"%2\", which is not a value of it"_s;
+            const QString begin = u"Parameter %1 was read as \"%2\", which is not a valid value"_s;
             const QString text = QLatin1String(misread);
             QVERIFY2(fault.message.startsWith(begin.arg(text.first(1), text.mid(2))), misread);
             QCOMPARE(fault.row, -1);

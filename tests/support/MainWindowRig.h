@@ -148,6 +148,8 @@ public:
     }
 
     [[nodiscard]] QString statusText() { return page<QLabel>("messagePane").text(); }
+    /// What the strip above the page says.
+    [[nodiscard]] QString noticeText() { return page<QLabel>("noticeText").text(); }
     /// What the light says, in words.
     [[nodiscard]] QString lightText() { return page<QLabel>("linkLight").accessibleDescription(); }
     [[nodiscard]] QStringList logged() { return logLines(m_link.commLog()); }

@@ -2,11 +2,16 @@
 
 #include <QWidget>
 
+class QHBoxLayout;
+class QLabel;
+class QLineEdit;
 class QTextBrowser;
+class QToolButton;
 
 namespace pelorin {
 
-/// Shows a help file in a window of the program.
+/// Shows a help file in a window of the program, finds texts in it, and goes back and forward
+/// between the places that were shown.
 class HelpWindow : public QWidget
 {
     Q_OBJECT
@@ -27,7 +32,21 @@ public:
     [[nodiscard]] Failure showHelp(const QString& path, const QString& anchor = QString());
 
 private:
+    enum class Direction { FromHere, Next, Previous };
+
+    [[nodiscard]] QHBoxLayout* makeBar();
+    [[nodiscard]] QToolButton* addArrow(QHBoxLayout& bar, const char* name, Qt::ArrowType arrow);
+    void translate();
+    void find(Direction direction);
+
     QTextBrowser* m_browser;
+    QToolButton* m_back = nullptr;
+    QToolButton* m_forward = nullptr;
+    QLabel* m_findLabel = nullptr;
+    QLineEdit* m_findEdit = nullptr;
+    QLabel* m_findResult = nullptr; ///< says that the text was not found
+    QToolButton* m_previous = nullptr;
+    QToolButton* m_next = nullptr;
 };
 
 } // namespace pelorin
