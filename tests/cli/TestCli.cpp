@@ -145,8 +145,12 @@ private Q_SLOTS:
         QVERIFY(help.output.startsWith("pelorin-cli read "));
         QVERIFY(!help.output.contains("pelorin-cli info "));
         CliRun full({u"ports"_s, u"--json"_s});
+        files.setStandardOutputFile(u"/dev/full"_s);
         full.setStandardOutputFile(u"/dev/full"_s);
+        files.begin();
+        QCOMPARE(files.end(), 1);
         QCOMPARE(full.end(), 7);
+        QVERIFY(!full.errors.isEmpty() && full.errors == files.errors);
     }
 
     void aSensorIsWaitedForAndASignalEndsTheWaiting()
