@@ -91,14 +91,14 @@ Result Output::finish(const QString& command, const Result& result)
     }
     if (!result.text.isEmpty())
         tell(result.text);
-    if (m_error == 0 || isClosed() || !result.isDone())
+    if (m_error == 0 || isClosed())
         return result;
     Result failed{.exit = ExitCode::FileUnfit,
                   .code = "output",
                   .text = languageString(strings::kOutputFailed)
                               .arg(QString::fromLocal8Bit(std::strerror(m_error)))};
     tell(failed.text);
-    return failed;
+    return result.isDone() ? failed : result;
 }
 
 bool Output::isClosed() const

@@ -30,7 +30,7 @@ public:
 
     /// Says how the command has ended.
     /// @param command its name; empty without one
-    /// @return the same, or that the results could not be written
+    /// @return the same, or, if all was well, that the results could not be written
     [[nodiscard]] Result finish(const QString& command, const Result& result);
 
     /// Whether something could not be written to standard output.

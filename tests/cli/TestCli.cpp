@@ -93,7 +93,8 @@ private Q_SLOTS:
             {"no file", u"convert %absent.dat"_s, 7, code, u"file"_s},
             {"ports", u"ports"_s, 0, u"schema"_s, u"1"_s},
             {"a log", u"read D --log %log.txt"_s + sensor, 0, u"values/0/raw"_s, u"4A0519"_s},
-            {"a log that cannot be", u"read D --log %garbage.dat/x"_s + sensor, 7, u"port"_s},
+            {"a log that cannot be", u"read D --log %garbage.dat/x"_s + sensor, 7,
+             u"port/device"_s},
             {"format written back", u"read D --port simulator:sensor?moving=0"_s, 0,
              u"values/0/raw"_s, u"4A0518"_s},
             {"format not written back", u"info"_s + faulty("deaf@DN"), 6, code,
@@ -144,8 +145,12 @@ private Q_SLOTS:
         QVERIFY(help.output.startsWith("pelorin-cli read "));
         QVERIFY(!help.output.contains("pelorin-cli info "));
         CliRun full({u"ports"_s, u"--json"_s});
+        files.setStandardOutputFile(u"/dev/full"_s);
         full.setStandardOutputFile(u"/dev/full"_s);
+        files.begin();
+        QCOMPARE(files.end(), 1);
         QCOMPARE(full.end(), 7);
+        QVERIFY(!full.errors.isEmpty() && full.errors == files.errors);
     }
 
     void aSensorIsWaitedForAndASignalEndsTheWaiting()

@@ -11,6 +11,7 @@
 #include <QFile>
 
 #include <array>
+#include <cerrno>
 
 using namespace pelorin;
 using namespace pelorin::test;
@@ -128,7 +129,7 @@ private Q_SLOTS:
             {"no decimal point", u"set offset=0,5"_s + on, 2, code, u"usage"_s},
             {"twice", u"set code=gray code=binary"_s + on, 2, code, u"usage"_s},
             {"no time", u"watch --seconds 0"_s + on, 2, code, u"usage"_s},
-            {"nowhere to record", u"watch --csv %own/x"_s + on, 7, u"port"_s},
+            {"nowhere to record", u"watch --csv %own/x"_s + on, 7, u"port/device"_s},
             {"nothing to record", u"watch --csv %none --port simulator:sensor?fault=silent@A"_s, 6,
              code, u"failed"_s},
             {"no stream", u"watch --port simulator:sensor?fault=silent@A"_s, 6,
@@ -227,6 +228,7 @@ private Q_SLOTS:
         for (CliRun* run : {&timed, &given, &piped})
             QCOMPARE(run->end(), 0);
         QCOMPARE(closed.end(), 7);
+        QVERIFY2(closed.errors.contains(qt_error_string(EBADF)), qPrintable(closed.errors));
         for (const PtySensor& each : sensors)
             QCOMPARE(each.sensor->parameter('D'), "4A0519");
         QCOMPARE(piped.output.count('\n'), 1);
