@@ -366,6 +366,7 @@ private Q_SLOTS:
         QVERIFY(rig.waitIdle() && rig.choosePage(kTempCompPage));
         rig.page<QTableWidget>("lookupList").item(2, 1)->setText(u"20"_s);
         QVERIFY(contentOf(own).contains("\"Type1Low\"=dword:00000020"));
+        QVERIFY(folder.put(u"pelorin/pelorin.reg.old"_s, "former"));
         int asked = 0;
         const ModalAnswer<QMessageBox> user(
             [&](QMessageBox& box) { // the tables go only at the second time
@@ -378,7 +379,8 @@ private Q_SLOTS:
             QVERIFY(asked == 2 && dialog.dialog.isVisible() && QFileInfo::exists(own));
             dialog.click("siteButton");
         }));
-        QVERIFY(!QFileInfo::exists(own) && QFileInfo::exists(own + u".old"_s));
+        QVERIFY(!QFileInfo::exists(own) && QFileInfo::exists(own + u".old2"_s));
+        QCOMPARE(contentOf(own + u".old"_s), "former");
         qputenv("XDG_CONFIG_HOME", former);
     }
 };

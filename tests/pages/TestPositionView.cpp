@@ -1,12 +1,14 @@
 #include "pages/PositionView.h"
 
 #include "pages/PositionTrace.h"
+#include "platform/core/UserFolders.h"
 #include "support/Languages.h"
 #include "support/WaitFor.h"
 
 #include <QAbstractButton>
 #include <QClipboard>
 #include <QComboBox>
+#include <QFile>
 #include <QGuiApplication>
 #include <QImage>
 #include <QLabel>
@@ -83,6 +85,8 @@ class TestPositionView : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void init() { (void)QFile::remove(profilePath()); } // with the time that is shown
+
     void cursorReadsTheValueByMouseAndKeys()
     {
         Recording rig(hour());
@@ -145,6 +149,8 @@ private Q_SLOTS:
         auto* durations = rig.view.findChild<QComboBox*>();
         QTest::keyClick(durations, Qt::Key_End); // ten minutes, which are all kept
         QTRY_COMPARE(rig.figure(1842), QStringLiteral("600.00 mm"));
+        const Rig later(PositionView::Kind::Live);
+        QCOMPARE(later.view.findChild<QComboBox*>()->currentData().toInt(), 600);
     }
 
     void zeroAndCopyTellTheSameFigures()

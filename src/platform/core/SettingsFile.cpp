@@ -95,6 +95,15 @@ WholeFile::Outcome SettingsFile::save(const QByteArray& content)
     return outcome;
 }
 
+QString SettingsFile::asidePath() const
+{
+    const QString usual = path() + QStringLiteral(".old");
+    QString aside = usual;
+    for (int number = 2; QFileInfo::exists(aside); ++number)
+        aside = usual + QString::number(number);
+    return aside;
+}
+
 WholeFile::Outcome SettingsFile::setAside() const
 {
     const QByteArray from = QFile::encodeName(path());

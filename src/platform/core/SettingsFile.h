@@ -48,8 +48,8 @@ public:
 
     /// Whether there is a file of the user's own in force, so that setAside has a meaning.
     [[nodiscard]] bool isUsersOwn() const { return m_isUsersOwn; }
-    /// Where setAside moves it to.
-    [[nodiscard]] QString asidePath() const { return path() + QStringLiteral(".old"); }
+    /// Where setAside moves it to: a name of which there is no file yet.
+    [[nodiscard]] QString asidePath() const;
     /// Renames the user's own file, so that the site's is in force again.
     [[nodiscard]] WholeFile::Outcome setAside() const;
 
