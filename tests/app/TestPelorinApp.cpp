@@ -396,7 +396,7 @@ private Q_SLOTS:
         const auto text = [&window] { return window.findChild<QTextBrowser*>(); };
         QVERIFY(waitFor([&] { return text() && text()->isVisible(); }));
         QCOMPARE(text()->toPlainText(), u"Aiuto"_s);
-        QVERIFY(waitFor([&] { return window.windowTitle().contains(u"simulazione"_s); }));
+        QVERIFY(waitFor([&] { return window.windowTitle().contains(u"simulata"_s); }));
         QCOMPARE(run.end(), QString());
         QCOMPARE(contentOf(run.profile), QByteArray("[Setup]\nCOMPort=1\nLanguage=16\n"));
     }

@@ -239,7 +239,7 @@ private Q_SLOTS:
             const auto format = kept[0][0].value<KeptFormat>();
             QCOMPARE(format.device, ComPortNames::stableName(rig.link().device()));
             QCOMPARE(format.own, kOwn.toLatin1());
-            QVERIFY2(rig.stream() && rig.choosePage(0), moment);         // and all is as before
+            QVERIFY2(rig.stream() && rig.choosePage(0), moment); // and all is as before
             QCOMPARE(rig.format(), kOwn);
             QCOMPARE(rig.noticeText() + rig.told.join(u' '), QString()); // that is settled now
         }

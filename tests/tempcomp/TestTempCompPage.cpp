@@ -88,7 +88,8 @@ private Q_SLOTS:
         }
         for (const int id : {1056, 1059, 1067, 1068, 1069}) {
             QVERIFY(!bench.control<QWidget>(id).isEnabled());
-            QCOMPARE(bench.control<QWidget>(id).toolTip(), u"This has no function in this version."_s);
+            QCOMPARE(bench.control<QWidget>(id).toolTip(),
+                     u"This has no function in this version."_s);
         }
         bench.type(0, 10, u"abc"_s, kArrayList);
         bench.type(0, 1, u"25.5"_s);
