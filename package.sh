@@ -11,6 +11,7 @@ packages+=(build-essential debhelper)
 install_packages
 rm -rf -- "$folder"
 mkdir -p -- "$folder"
+umask 022 # the modes of the sources go into their package
 git clone --quiet . "$folder/pelorin"
 cd -- "$folder/pelorin"
 SOURCE_DATE_EPOCH=$(git log -1 --format=%ct)
