@@ -3,7 +3,6 @@
 #include "platform/core/LanguageStrings.h"
 #include "platform/core/RecentFiles.h"
 #include "platform/core/Strings.h"
-#include "platform/ui/KeptChoice.h"
 
 #include <QComboBox>
 #include <QDir>
@@ -70,7 +69,7 @@ QString chooseFile(QWidget* parent, QFileDialog::AcceptMode acceptMode, const QS
     if (dialog.exec() != QDialog::Accepted)
         return QString();
     const QString path = dialog.selectedFiles().value(0);
-    tellUnkept(parent, recent.add(path));
+    (void)recent.add(path); // a profile that cannot be written is told at the end, too
     return path;
 }
 
