@@ -90,14 +90,16 @@ public:
     /// Waits until the window takes input. @return false if it does not
     [[nodiscard]] bool waitIdle()
     {
+        constexpr int kIdlePasses = 4; // in one of which comes what a plan leaves to be told
         QObject ignoresKeys;
         int idle = 0;
         return waitFor([&] {
             // Input that comes right after a plan is dropped: the filter has taken it then.
             QKeyEvent key(QEvent::KeyRelease, Qt::Key_unknown, {});
             const bool taken = QCoreApplication::sendEvent(&ignoresKeys, &key);
-            idle = taken || m_window->isBusy() ? 0 : idle + 1;
-            return idle >= 4; // what a plan leaves to be told comes in one of the next passes
+            if (idle < kIdlePasses) // else it was idle, whatever begins then
+                idle = taken || m_window->isBusy() ? 0 : idle + 1;
+            return idle == kIdlePasses;
         });
     }
     [[nodiscard]] QListWidget& pageList() { return page<QListWidget>("pageList"); }
