@@ -62,7 +62,10 @@ private Q_SLOTS:
         QCOMPARE(sensor.setLine({4800}), 0);
         QCOMPARE(ask(sensor, "DA\r"), std::string("4E0519"));
 
-        QCOMPARE(ask(sensor, "AA\r"), std::string(std::strerror(ENODEV)));
+        std::string gone = ask(sensor, "AA\r");
+        if (gone.empty()) // a read that the hang-up meets may end without a byte
+            gone = readFrame(sensor);
+        QCOMPARE(gone, std::string(std::strerror(ENODEV)));
         QVERIFY(waitFor([&sensor] { return sensor.isOpen() || sensor.open() == 0; }));
         QCOMPARE(ask(sensor, "DA\r"), std::string("4E0519")); // it is back at its link
 
