@@ -153,7 +153,7 @@ void EarlierStatesDialog::translate()
     BaseDialog::translate();
     const auto text = [](int number) { return languageString(number); };
     m_list->setHorizontalHeaderLabels(
-        {text(strings::kTimeHeader), text(strings::kDeviceHeader), text(strings::kSensorType),
+        {text(strings::kTimeHeader), text(strings::kDeviceHeader), text(strings::kTypeOfSensor),
          text(strings::kRevisionHeader), text(strings::kFactoryText), text(strings::kWriterHeader),
          text(strings::kWrittenHeader), text(strings::kOutcomeHeader)});
     const QString before = text(strings::kBeforeHeader);
