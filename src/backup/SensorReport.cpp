@@ -60,11 +60,8 @@ QString valueRows(const SensorReport& report)
         const auto value = report.values.find(id);
         if (value == report.values.end())
             continue;
-        const QString words = valueInWords(id, value->second, report.values);
-        const QString meaning =
-            id == 'N' ? QString() : meaningInWords(id, value->second, report.values);
         rows += row({parameterInWords(id), QString::fromLatin1(value->second),
-                     meaning.isEmpty() ? words : words + QStringLiteral(" \u2013 ") + meaning});
+                     valueExplained(id, value->second, report.values)});
     }
     return rows;
 }
@@ -86,12 +83,14 @@ QString SensorReport::html() const
     const auto shown = [this](auto value) {
         return value == values.end() ? QString() : QString::fromLatin1(value->second);
     };
+    // It may be read in another country, and years later.
+    const QString when = time.toString(QStringLiteral("yyyy-MM-dd HH:mm:ss t"));
     const QString identity =
         row({languageString(strings::kTypeOfSensor), QString::number(ssiType)}) +
         row({languageString(strings::kFactoryText), shown(text)}) +
         row({languageString(strings::kFirmwareVersion), shown(version)}) +
         row({languageString(strings::kDeviceHeader), port}) +
-        row({languageString(strings::kReportTime), QLocale().toString(time, QLocale::LongFormat)}) +
+        row({languageString(strings::kReportTime), when}) +
         row({languageString(strings::kReportProgram),
              languageString(strings::kProgram) + QLatin1Char(' ') + programVersion()});
     const QString title = languageString(strings::kReportTitle).toHtmlEscaped();

@@ -107,9 +107,7 @@ SensorValues valuesBefore(const CommLog::Snapshot& lines, int index)
 QString valueText(char id, const QByteArray& text, const CommLog::Snapshot& lines, int index)
 {
     const SensorValues values = id == 'N' ? valuesBefore(lines, index) : SensorValues();
-    const QString value = valueInWords(id, text, values);
-    const QString meaning = id == 'N' ? QString() : meaningInWords(id, text, values);
-    return meaning.isEmpty() ? value : value + QStringLiteral(". ") + meaning;
+    return valueExplained(id, text, values);
 }
 
 QString sentText(const Frame& frame, const CommLog::Snapshot& lines, int index)

@@ -251,4 +251,11 @@ QString meaningInWords(char id, const QByteArray& text, const SensorValues& valu
     }
 }
 
+QString valueExplained(char id, const QByteArray& text, const SensorValues& values)
+{
+    // An offset in words says it all.
+    const QString meaning = id == 'N' ? QString() : meaningInWords(id, text, values);
+    return meaning.isEmpty() ? valueInWords(id, text, values) : meaning;
+}
+
 } // namespace pelorin

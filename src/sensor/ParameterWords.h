@@ -39,6 +39,10 @@ struct DataFormat;
 /// @param values of the same sensor: what is known of resolution and gradient is used
 [[nodiscard]] QString meaningInWords(char id, const QByteArray& text, const SensorValues& values);
 
+/// What a value says to somebody who sees its text beside it: its meaning, or else the value in
+/// words.
+[[nodiscard]] QString valueExplained(char id, const QByteArray& text, const SensorValues& values);
+
 /// A hexadecimal number and what it is in decimal.
 [[nodiscard]] QString hexadecimalInWords(const QByteArray& digits);
 
