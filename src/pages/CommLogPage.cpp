@@ -152,15 +152,12 @@ void CommLogPage::connectSearch()
           {kPreviousButton, QKeySequence::FindPrevious, Jump::Previous}}) {
         const auto go = [this, to = where] { jump(to); };
         connect(getControl<QPushButton>(button), &QPushButton::clicked, this, go);
-        connect(new QShortcut(key, this, nullptr, nullptr, Qt::WidgetWithChildrenShortcut),
-                &QShortcut::activated, this, go);
+        connect(new QShortcut(key, this), &QShortcut::activated, this, go);
     }
-    connect(
-        new QShortcut(QKeySequence::Find, this, nullptr, nullptr, Qt::WidgetWithChildrenShortcut),
-        &QShortcut::activated, this, [this] {
-            m_findEdit->setFocus();
-            m_findEdit->selectAll();
-        });
+    connect(new QShortcut(QKeySequence::Find, this), &QShortcut::activated, this, [this] {
+        m_findEdit->setFocus();
+        m_findEdit->selectAll();
+    });
 }
 
 void CommLogPage::addCopyActions()

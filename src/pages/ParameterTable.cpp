@@ -31,6 +31,7 @@ void ParameterTable::attach(QTableWidget& list, std::span<const Row> rows)
 {
     m_list = &list;
     m_copy = addCopyAction(list);
+    m_copy->setShortcutContext(Qt::WindowShortcut); // also from the list of pages
     m_rows.clear();
     for (const Row& row : rows)
         m_rows.push_back({row});

@@ -146,8 +146,8 @@ private Q_SLOTS:
                        m_list->currentIndex().row() == row;
             });
         };
-        m_list->setFocus();
-        QTest::keyClick(m_list, Qt::Key_F, Qt::ControlModifier);
+        m_rig->pageList().setFocus(); // where it is after a page was chosen
+        QTest::keyClick(&m_rig->pageList(), Qt::Key_F, Qt::ControlModifier);
         QVERIFY(edit->hasFocus());
         QTest::keyClicks(edit, u"[get]"_s);
         QVERIFY(isAt(u"1 of 3"_s, 5));

@@ -103,9 +103,10 @@ private Q_SLOTS:
     {
         InfoRig rig;
         auto& list = *rig.control<QTableWidget>(1000);
-        list.setFocus();
-        const auto copied = [&list] {
-            QTest::keyClick(&list, Qt::Key_C, Qt::ControlModifier);
+        auto& pages = rig.pageList(); // has the focus after a page was chosen
+        pages.setFocus();
+        const auto copied = [&pages] {
+            QTest::keyClick(&pages, Qt::Key_C, Qt::ControlModifier);
             return QGuiApplication::clipboard()->text();
         };
         QCOMPARE(copied().count(u'\n'), 17); // nothing is selected
