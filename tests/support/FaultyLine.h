@@ -64,7 +64,8 @@ public:
         m_hasFault = !fault.call.isEmpty() || !fault.unheard.isEmpty();
         if (!fault.unheard.isEmpty())
             m_sensor->setFault({SimulatedFault::Kind::Deaf}, fault.unheard.toStdString());
-        Pacing::setSpeeds({100, 200, 50}); // a line that is stuck holds every frame of a Connect
+        if (m_hasFault) // a line that is stuck holds every frame of a Connect
+            Pacing::setSpeeds({100, 200, 50});
         (void)exchange(fault);
     }
     /// Whether it was armed with one that strikes.
