@@ -21,6 +21,7 @@
 #include <QDir>
 #include <QElapsedTimer>
 #include <QMessageBox>
+#include <QPixmapCache>
 #include <QPushButton>
 
 #include <malloc.h>
@@ -98,10 +99,11 @@ public:
     {
         const int losses = m_rig.link().lossCount();
         m_rig.link().commLog().clear(); // it grows, as it should
+        (void)m_rig.frames();           // the simulated sensor keeps them
         m_rig.clickRefresh();
         m_rig.sensor().vanish();
         if (!m_works || !waitFor([&] { return m_rig.link().lossCount() > losses; }))
-            return false;
+            return failed("the loss is not noticed");
         m_rig.sensor().comeBack();
         const auto isConnected = [this] {
             return m_rig.link().isIdentified() && m_rig.statusText() == QLatin1String("Ready.");
@@ -109,22 +111,39 @@ public:
         // On a loaded machine an answer may come too late.
         for (int attempts = 0; attempts < 3; ++attempts) {
             if (waitFor(isConnected))
-                return m_rig.waitIdle();
+                return m_rig.waitIdle() || failed("it stays busy");
             std::printf("window: %s\n", qPrintable(m_rig.statusText()));
             (void)m_rig.clickCommand(kConnectCommand);
         }
-        return false;
+        return failed("it does not connect");
     }
 
 private:
+    /// Tells what the window shows and what went over the line last.
+    bool failed(const char* what)
+    {
+        const auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        const QString state =
+            QStringLiteral("%1 | %2 | %3")
+                .arg(m_rig.statusText(), m_rig.noticeText(), box ? box->text() : QString());
+        std::printf("window: %s: %s, page %d, busy %d, identified %d, port failed %d\n", what,
+                    qPrintable(state), m_rig.window().currentPage(), m_rig.window().isBusy(),
+                    m_rig.link().isIdentified(), m_rig.link().linkFailed());
+        const QStringList lines = m_rig.logged();
+        std::puts(qPrintable(lines.mid(std::max<qsizetype>(lines.size() - 60, 0)).join(u'\n')));
+        return false;
+    }
+
     MainWindowRig m_rig{{.supply = SimulatedSensor::Supply::ByLineSpeed}};
-    PtyServer m_server{std::shared_ptr<SimulatedSensor>(&m_rig.sensor(), [](auto*) {})};
-    /// It may be gone for so long that the user is asked.
-    const ModalAnswer<QMessageBox> m_retry{[](QMessageBox& box) {
-                                               if (auto* retry = box.button(QMessageBox::Retry))
-                                                   retry->click();
-                                           },
-                                           false};
+    PtyServer m_server{m_rig.sharedSensor()};
+    /// It may be gone for so long that the user is asked; on a loaded machine a worker may take so
+    /// long to end that the user is told.
+    const ModalAnswer<QMessageBox> m_answer{
+        [](QMessageBox& box) {
+            const bool asks = box.button(QMessageBox::Retry);
+            box.button(asks ? QMessageBox::Retry : QMessageBox::Ok)->click();
+        },
+        false};
     bool m_works = false;
 };
 
@@ -164,6 +183,7 @@ int main(int argc, char* argv[])
 {
     const OwnFolders folders;
     QApplication application(argc, argv);
+    QPixmapCache::setCacheLimit(0); // else it grows up to its own bound of 10 MiB
     const QStringList arguments = QCoreApplication::arguments();
     bool isFlat = repeat("port", arguments.value(1, QStringLiteral("10000")).toInt(), unplugPort);
     {

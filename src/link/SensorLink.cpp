@@ -94,8 +94,10 @@ public:
         return 1;
     }
 
-    int connect()
+    int connect(ComPort& port)
     {
+        if (m_lineFailed) // a stop that could not leave the stream's line has this way out
+            (void)setLine(port, kParameterLine);
         forgetIdentification();
         store(&Results::lastReply, {});
         const auto version = protocol->connect();
@@ -139,16 +141,14 @@ public:
     int setStreamMode(RequestWorker::Context& context, const std::optional<PositionScale>& scale)
     {
         store(&Results::scale, scale.value_or(PositionScale()));
-        const int error = context.port().setLine(scale ? kStreamLine : kParameterLine);
-        if (error != 0)
-            log->append(PortFailure{PortStep::Line, error}.message(name()));
-        if (scale && error == 0) {
+        const bool isSet = setLine(context.port(), scale ? kStreamLine : kParameterLine);
+        if (scale && isSet) {
             (void)protocol->discardInput();
             stream.begin(context, *scale, Pacing::lineTime(kStreamByteTime));
         } else {
             stream.end(context);
         }
-        return error == 0 ? 1 : 0;
+        return isSet ? 1 : 0;
     }
 
     void switchSupply(bool on)
@@ -217,6 +217,15 @@ public:
     FollowedStream stream;
 
 private:
+    bool setLine(ComPort& port, const LineSettings& line)
+    {
+        const int error = port.setLine(line);
+        m_lineFailed = error != 0;
+        if (m_lineFailed)
+            log->append(PortFailure{PortStep::Line, error}.message(name()));
+        return !m_lineFailed;
+    }
+
     [[nodiscard]] std::optional<double> readSinglePosition()
     {
         const auto frame = protocol->readPositionFrame();
@@ -236,6 +245,7 @@ private:
             m_losses.post(0);
     }
 
+    bool m_lineFailed = false; ///< the worker's: which line the port has now is not known
     const MessageTarget::Poster m_losses;
     mutable std::mutex m_mutex;
     Results m_results; ///< m_mutex
@@ -328,8 +338,9 @@ RequestId SensorLink::submit(SensorRequest kind,
 
 RequestId SensorLink::requestConnect()
 {
-    return submit(SensorRequest::Connect,
-                  [](Session& session, auto& /*protocol*/) { return session.connect(); });
+    return m_worker.submit(
+        static_cast<int>(SensorRequest::Connect),
+        [session = m_session](auto& context) { return session->connect(context.port()); });
 }
 
 RequestId SensorLink::requestRead(char id)

@@ -70,6 +70,7 @@ public:
     }
 
     [[nodiscard]] SimulatedSensor& sensor() { return *m_sensor; }
+    [[nodiscard]] const std::shared_ptr<SimulatedSensor>& sharedSensor() { return m_sensor; }
     [[nodiscard]] SimulatedDisplayUnit& displayUnit() { return *m_displayUnit; }
     [[nodiscard]] const ComPortFactory& factory() const { return m_factory; }
     [[nodiscard]] SensorLink& link() { return m_link; }
