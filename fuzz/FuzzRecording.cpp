@@ -17,7 +17,7 @@ void take(const QByteArray& bytes)
     }
     fuzz::require(content.isRecording || content.points.empty());
     fuzz::require((content.firstBadLine == 0) == (content.badLines == 0));
-    (void)positionFigures(content.points);
+    (void)positionFigures(content.points, content.points.empty() ? 0.0 : before);
     (void)pointNearest(content.points, 0.5);
     if (!content.points.empty()) {
         const double first = content.points.front().seconds;

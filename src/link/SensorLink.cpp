@@ -111,8 +111,9 @@ RequestId SensorLink::submit(SensorRequest kind, Perform perform)
 
 RequestId SensorLink::requestConnect()
 {
-    return submit(SensorRequest::Connect,
-                  [](SensorSession& session, auto& /*context*/) { return session.connect(); });
+    return submit(SensorRequest::Connect, [](SensorSession& session, auto& context) {
+        return session.connect(context.port());
+    });
 }
 
 RequestId SensorLink::requestRead(char id)

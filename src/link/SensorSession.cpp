@@ -68,8 +68,10 @@ int SensorSession::open(RequestWorker::Context& context)
     return 1;
 }
 
-int SensorSession::connect()
+int SensorSession::connect(ComPort& port)
 {
+    if (m_lineFailed) // a stop that could not leave the stream's line has this way out
+        (void)setLine(port, kParameterLine);
     forgetIdentification();
     store(&Results::lastReply, {});
     const auto version = m_protocol->connect();
@@ -124,16 +126,23 @@ int SensorSession::setStreamMode(RequestWorker::Context& context,
                                  const std::optional<PositionScale>& scale)
 {
     store(&Results::scale, scale.value_or(PositionScale()));
-    const int error = context.port().setLine(scale ? kStreamLine : kParameterLine);
-    if (error != 0)
-        m_log->append(PortFailure{PortStep::Line, error}.message(name()));
-    if (scale && error == 0) {
+    const bool isSet = setLine(context.port(), scale ? kStreamLine : kParameterLine);
+    if (scale && isSet) {
         (void)m_protocol->discardInput();
         m_stream.begin(context, *scale, Pacing::lineTime(kStreamByteTime));
     } else {
         m_stream.end(context);
     }
     return 1;
+}
+
+bool SensorSession::setLine(ComPort& port, const LineSettings& line)
+{
+    const int error = port.setLine(line);
+    m_lineFailed = error != 0;
+    if (m_lineFailed)
+        m_log->append(PortFailure{PortStep::Line, error}.message(name()));
+    return !m_lineFailed;
 }
 
 int SensorSession::switchSupply(bool on)

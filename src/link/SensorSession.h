@@ -56,7 +56,7 @@ public:
 
     // What the worker performs; open is the first.
     int open(RequestWorker::Context& context);
-    int connect();
+    int connect(ComPort& port);
     int read(char id);
     int write(char id, const QByteArray& value) { return m_protocol->writeParameter(id, value); }
     int exchangeRaw(const QByteArray& bytes);
@@ -104,6 +104,7 @@ private:
         m_results.*result = std::move(value);
     }
 
+    bool setLine(ComPort& port, const LineSettings& line);
     int identify(const QByteArray& version);
     [[nodiscard]] std::optional<double> readSinglePosition();
     void reportLoss(RequestWorker::Context& context);
@@ -111,6 +112,7 @@ private:
     const std::shared_ptr<CommLog> m_log;
     std::optional<SensorProtocol> m_protocol; ///< the worker's; there once the port is open
     FollowedStream m_stream;
+    bool m_lineFailed = false; ///< the worker's: which line the port has now is not known
     const MessageTarget::Poster m_losses;
     mutable std::mutex m_mutex;
     Results m_results; ///< m_mutex

@@ -145,6 +145,16 @@ private Q_SLOTS:
         QCOMPARE(logged().size(), lines + 1);
     }
 
+    void connectSetsALineThatCouldNotBeSet()
+    {
+        QVERIFY(m_bench->connectSensor());
+        QVERIFY(m_bench->run({{.kind = Step::Kind::StreamLine, .dataBits = 25}}));
+        m_bench->lineError = EIO;
+        QVERIFY(m_bench->run({{.kind = Step::Kind::ParameterLine}}));
+        m_bench->lineError = 0;
+        QVERIFY(m_bench->run(connectPlan()));
+    }
+
     void keepAliveEnds()
     {
         QVERIFY(m_bench->connectSensor());
