@@ -1,7 +1,7 @@
 // Apply of the output setup of a type 2 sensor on a line paced at 4800 baud, with safe writes and
 // without, against the time of its bytes on the line and the fixed pauses, the restart included.
 
-#include "OwnFolders.h"
+#include "RunBenchmarks.h"
 
 #include "pages/OutputSetupPage.h"
 #include "platform/core/Pacing.h"
@@ -119,9 +119,5 @@ BENCHMARK_CAPTURE(apply, without_safe_writes, false)
 
 int main(int argc, char* argv[])
 {
-    const OwnFolders folders;
-    QApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
+    return runBenchmarks<QApplication>(argc, argv);
 }

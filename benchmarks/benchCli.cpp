@@ -2,7 +2,7 @@
 // its memory; and the information of a type 2 sensor on a line paced at 4800 baud, the process
 // included, against the time of its bytes on the line and the fixed pauses.
 
-#include "OwnFolders.h"
+#include "RunBenchmarks.h"
 
 #include "simulator/SimulatedSensor.h"
 #include "support/TestRegistry.h"
@@ -99,9 +99,5 @@ BENCHMARK(info)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(1);
 
 int main(int argc, char* argv[])
 {
-    const OwnFolders folders; // of the measured process, too
-    const QCoreApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
+    return runBenchmarks<QCoreApplication>(argc, argv);
 }

@@ -1,6 +1,8 @@
 // How fast the communications log is shown, how long the worker's appends wait meanwhile, and what
 // a line takes of memory.
 
+#include "RunBenchmarks.h"
+
 #include "link/SensorLink.h"
 #include "pages/CommLogPage.h"
 #include "platform/core/ComPort.h"
@@ -257,8 +259,5 @@ BENCHMARK(appendBesideClear)->Unit(benchmark::kMillisecond)->UseRealTime()->Iter
 
 int main(int argc, char* argv[])
 {
-    QApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
+    return runBenchmarks<QApplication>(argc, argv);
 }

@@ -4,7 +4,7 @@
 // preparation by the toolkit, the waits for the disk of files that are saved, the toolkit's file
 // dialog from its opening to its end, and the time for which other processes had the cores.
 
-#include "OwnFolders.h"
+#include "RunBenchmarks.h"
 
 #include "app/Commands.h"
 #include "pages/FactoryParamsPage.h"
@@ -418,7 +418,5 @@ int main(int argc, char* argv[])
             ->UseManualTime()
             ->Unit(benchmark::kMillisecond)
             ->Iterations(1);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
+    return runBenchmarks(argc, argv);
 }

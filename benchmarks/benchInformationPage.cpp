@@ -1,7 +1,7 @@
 // A whole read of the information page of a type 2 sensor on a line paced at 4800 baud, against
 // the time of its bytes on the line and the fixed pauses between its requests.
 
-#include "OwnFolders.h"
+#include "RunBenchmarks.h"
 
 #include "pages/SensorInfoPage.h"
 #include "platform/core/Pacing.h"
@@ -79,9 +79,5 @@ BENCHMARK(informationPage)->UseManualTime()->Unit(benchmark::kMillisecond)->Iter
 
 int main(int argc, char* argv[])
 {
-    const OwnFolders folders;
-    QApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
+    return runBenchmarks<QApplication>(argc, argv);
 }

@@ -2,6 +2,8 @@
 // the posted completion, against a bare loop in one thread that moves the same bytes in the same
 // time on the line.
 
+#include "RunBenchmarks.h"
+
 #include "link/SensorLink.h"
 #include "platform/core/ComPortFactory.h"
 #include "platform/core/MessageNumbers.h"
@@ -161,8 +163,5 @@ BENCHMARK(parameterRead)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterat
 
 int main(int argc, char* argv[])
 {
-    QCoreApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
+    return runBenchmarks<QCoreApplication>(argc, argv);
 }

@@ -3,6 +3,8 @@
 // the followed stream, whose newest frame it gets. And a stream that is followed for a minute: how
 // many of its frames arrive, and what that costs.
 
+#include "RunBenchmarks.h"
+
 #include "link/SensorLink.h"
 #include "link/SensorProtocol.h"
 #include "platform/core/ComPortFactory.h"
@@ -223,8 +225,5 @@ BENCHMARK(followedStream)
 
 int main(int argc, char* argv[])
 {
-    QCoreApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
+    return runBenchmarks<QCoreApplication>(argc, argv);
 }

@@ -2,7 +2,7 @@
 // it wakes up while nothing happens. The measured program is this one, started again as what
 // main() of the product does.
 
-#include "OwnFolders.h"
+#include "RunBenchmarks.h"
 
 #include "app/PelorinApp.h"
 #include "app/PelorinMainWindow.h"
@@ -144,9 +144,5 @@ int main(int argc, char* argv[])
 {
     if (argc > 1 && std::string_view(argv[1]) == "--measured")
         return runMeasured(argc, argv);
-    const OwnFolders folders; // of the measured process, too
-    QCoreApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
+    return runBenchmarks<QCoreApplication>(argc, argv);
 }

@@ -1276,7 +1276,7 @@ Without that it cannot be put back. Write all the same?</translation>
     </message>
     <message id="1735">
         <source>Sensor</source>
-        <extracomment>Column heading</extracomment>
+        <extracomment>Column heading, and name of the line above the page</extracomment>
         <translation>Sensor</translation>
     </message>
     <message id="1736">
@@ -1756,10 +1756,6 @@ Without that it cannot be put back. Write all the same?</translation>
     <message id="1906">
         <source>Display Unit</source>
         <translation>Display Unit</translation>
-    </message>
-    <message id="1907">
-        <source>Type %1</source>
-        <translation>Type %1</translation>
     </message>
     <message id="1908">
         <source>Lowest revision (hexadecimal)</source>
@@ -2480,10 +2476,6 @@ From then on %1 is read, and %2 no longer.</translation>
         <source>Versions</source>
         <translation>Versions</translation>
     </message>
-    <message id="2154">
-        <source>Settings</source>
-        <translation>Settings</translation>
-    </message>
     <message id="2155">
         <source>Last kept state of a sensor</source>
         <translation>Last kept state of a sensor</translation>
@@ -2538,11 +2530,6 @@ From then on %1 is read, and %2 no longer.</translation>
     <message id="2168">
         <source>Safe writes off</source>
         <translation>Safe writes off</translation>
-    </message>
-    <message id="2169">
-        <source>Sensor</source>
-        <extracomment>Name of the line above the page</extracomment>
-        <translation>Sensor</translation>
     </message>
     <message id="2170">
         <source>Go Back</source>

@@ -1276,7 +1276,7 @@ Senza di ciò non può essere ripristinato. Scrivere comunque?</translation>
     </message>
     <message id="1735">
         <source>Sensor</source>
-        <extracomment>Column heading</extracomment>
+        <extracomment>Column heading, and name of the line above the page</extracomment>
         <translation>Sensore</translation>
     </message>
     <message id="1736">
@@ -1756,10 +1756,6 @@ Senza di ciò non può essere ripristinato. Scrivere comunque?</translation>
     <message id="1906">
         <source>Display Unit</source>
         <translation>Visualizzatore</translation>
-    </message>
-    <message id="1907">
-        <source>Type %1</source>
-        <translation>Tipo %1</translation>
     </message>
     <message id="1908">
         <source>Lowest revision (hexadecimal)</source>
@@ -2480,10 +2476,6 @@ Da allora viene letto %1, e %2 non più.</translation>
         <source>Versions</source>
         <translation>Versioni</translation>
     </message>
-    <message id="2154">
-        <source>Settings</source>
-        <translation>Impostazioni</translation>
-    </message>
     <message id="2155">
         <source>Last kept state of a sensor</source>
         <translation>Ultimo stato conservato di un sensore</translation>
@@ -2538,11 +2530,6 @@ Da allora viene letto %1, e %2 non più.</translation>
     <message id="2168">
         <source>Safe writes off</source>
         <translation>Scrittura sicura disattivata</translation>
-    </message>
-    <message id="2169">
-        <source>Sensor</source>
-        <extracomment>Name of the line above the page</extracomment>
-        <translation>Sensore</translation>
     </message>
     <message id="2170">
         <source>Go Back</source>

@@ -1276,7 +1276,7 @@ Ohne das kann es nicht zurückgeschrieben werden. Trotzdem schreiben?</translati
     </message>
     <message id="1735">
         <source>Sensor</source>
-        <extracomment>Column heading</extracomment>
+        <extracomment>Column heading, and name of the line above the page</extracomment>
         <translation>Sensor</translation>
     </message>
     <message id="1736">
@@ -1756,10 +1756,6 @@ Ohne das kann es nicht zurückgeschrieben werden. Trotzdem schreiben?</translati
     <message id="1906">
         <source>Display Unit</source>
         <translation>Anzeigegerät</translation>
-    </message>
-    <message id="1907">
-        <source>Type %1</source>
-        <translation>Typ %1</translation>
     </message>
     <message id="1908">
         <source>Lowest revision (hexadecimal)</source>
@@ -2480,10 +2476,6 @@ Von da an wird %1 gelesen und %2 nicht mehr.</translation>
         <source>Versions</source>
         <translation>Versionen</translation>
     </message>
-    <message id="2154">
-        <source>Settings</source>
-        <translation>Einstellungen</translation>
-    </message>
     <message id="2155">
         <source>Last kept state of a sensor</source>
         <translation>Letzter aufbewahrter Stand eines Sensors</translation>
@@ -2538,11 +2530,6 @@ Von da an wird %1 gelesen und %2 nicht mehr.</translation>
     <message id="2168">
         <source>Safe writes off</source>
         <translation>Sicheres Schreiben aus</translation>
-    </message>
-    <message id="2169">
-        <source>Sensor</source>
-        <extracomment>Name of the line above the page</extracomment>
-        <translation>Sensor</translation>
     </message>
     <message id="2170">
         <source>Go Back</source>

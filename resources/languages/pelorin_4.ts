@@ -1276,7 +1276,7 @@ Sans cela, il ne peut pas être rétabli. Écrire malgré tout ?</translation>
     </message>
     <message id="1735">
         <source>Sensor</source>
-        <extracomment>Column heading</extracomment>
+        <extracomment>Column heading, and name of the line above the page</extracomment>
         <translation>Capteur</translation>
     </message>
     <message id="1736">
@@ -1756,10 +1756,6 @@ Sans cela, il ne peut pas être rétabli. Écrire malgré tout ?</translation>
     <message id="1906">
         <source>Display Unit</source>
         <translation>Afficheur</translation>
-    </message>
-    <message id="1907">
-        <source>Type %1</source>
-        <translation>Type %1</translation>
     </message>
     <message id="1908">
         <source>Lowest revision (hexadecimal)</source>
@@ -2480,10 +2476,6 @@ Désormais %1 est lu, et %2 ne l'est plus.</translation>
         <source>Versions</source>
         <translation>Versions</translation>
     </message>
-    <message id="2154">
-        <source>Settings</source>
-        <translation>Réglages</translation>
-    </message>
     <message id="2155">
         <source>Last kept state of a sensor</source>
         <translation>Dernier état conservé d'un capteur</translation>
@@ -2538,11 +2530,6 @@ Désormais %1 est lu, et %2 ne l'est plus.</translation>
     <message id="2168">
         <source>Safe writes off</source>
         <translation>Écriture sûre désactivée</translation>
-    </message>
-    <message id="2169">
-        <source>Sensor</source>
-        <extracomment>Name of the line above the page</extracomment>
-        <translation>Capteur</translation>
     </message>
     <message id="2170">
         <source>Go Back</source>

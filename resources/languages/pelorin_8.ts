@@ -1276,7 +1276,7 @@ Sin eso no se puede restablecer. ¿Escribir de todos modos?</translation>
     </message>
     <message id="1735">
         <source>Sensor</source>
-        <extracomment>Column heading</extracomment>
+        <extracomment>Column heading, and name of the line above the page</extracomment>
         <translation>Sensor</translation>
     </message>
     <message id="1736">
@@ -1756,10 +1756,6 @@ Sin eso no se puede restablecer. ¿Escribir de todos modos?</translation>
     <message id="1906">
         <source>Display Unit</source>
         <translation>Visualizador</translation>
-    </message>
-    <message id="1907">
-        <source>Type %1</source>
-        <translation>Tipo %1</translation>
     </message>
     <message id="1908">
         <source>Lowest revision (hexadecimal)</source>
@@ -2480,10 +2476,6 @@ Desde entonces se lee %1, y %2 ya no.</translation>
         <source>Versions</source>
         <translation>Versiones</translation>
     </message>
-    <message id="2154">
-        <source>Settings</source>
-        <translation>Configuración</translation>
-    </message>
     <message id="2155">
         <source>Last kept state of a sensor</source>
         <translation>Último estado guardado de un sensor</translation>
@@ -2538,11 +2530,6 @@ Desde entonces se lee %1, y %2 ya no.</translation>
     <message id="2168">
         <source>Safe writes off</source>
         <translation>Escritura segura desactivada</translation>
-    </message>
-    <message id="2169">
-        <source>Sensor</source>
-        <extracomment>Name of the line above the page</extracomment>
-        <translation>Sensor</translation>
     </message>
     <message id="2170">
         <source>Go Back</source>

@@ -190,7 +190,7 @@ void ConnectionNotices::fillTypes(QMenu& menu)
                 [this, type, use] { (this->*use)(type); });
     };
     for (int type = 0; type < kSsiTypeCount; ++type)
-        addItem(languageString(strings::kTypeLabel).arg(type), type, &ConnectionNotices::useAs);
+        addItem(languageString(strings::kTypeNumber).arg(type), type, &ConnectionNotices::useAs);
     menu.addSeparator();
     const auto bounds = revisionBounds();
     const int revision = revisionOf(m_link.versionText());

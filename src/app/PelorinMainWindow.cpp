@@ -2,6 +2,7 @@
 
 #include "app/BackupCommands.h"
 #include "app/BusyFilter.h"
+#include "app/Closing.h"
 #include "app/Commands.h"
 #include "app/ConnectionNotices.h"
 #include "app/ConnectionSupervisor.h"
@@ -36,8 +37,8 @@
 #include "sensor/SafeWriter.h"
 #include "sensor/SequenceRunner.h"
 
-#include <QApplication>
 #include <QCloseEvent>
+#include <QCoreApplication>
 #include <QKeyEvent>
 #include <QMenuBar>
 #include <QScreen>
@@ -74,7 +75,9 @@ PelorinMainWindow::PelorinMainWindow(const ComPortFactory& factory,
       m_report(new WriteReport(*this, {*m_writer, m_gate, m_pages->strip(), *m_statusBar})),
       m_settings(new SettingsCommand(
           *this, {m_gate, *m_writer, *m_stream, *m_connection, *m_menu, *m_pages})),
-      m_backups(new BackupCommands(*this, {*m_writer, m_restore, m_gate, *m_pages}))
+      m_backups(new BackupCommands(*this, {*m_writer, m_restore, m_gate, *m_pages})),
+      m_closing(new Closing(*this, {m_gate, m_runner, *m_connection, *m_pages,
+                                    [this] { return !m_displayUnit.isNull(); }}))
 {
     m_stream->setParent(this);
     m_writer->setParent(this);
@@ -130,6 +133,7 @@ void PelorinMainWindow::connectParts()
     connect(m_pages, &PagePane::entriesChanged, m_statusBar,
             [this] { m_statusBar->setEntryCount(m_pages->entryCount()); });
     connect(&m_gate, &CommandGate::freed, this, &PelorinMainWindow::runDeferred);
+    connect(m_closing, &Closing::poweredDown, this, &PelorinMainWindow::poweredDown);
 
     connect(m_notices, &ConnectionNotices::commandWanted, this, &PelorinMainWindow::chooseCommand);
     connect(m_connection, &ConnectionSupervisor::connectWanted, this,
@@ -239,7 +243,7 @@ void PelorinMainWindow::runCommand(int command)
 {
     // Asked again where it runs: what was free when it was chosen may not be any more.
     const bool waits = command == kConnectCommand || command == kExitCommand;
-    if (m_closing != Closing::No || !m_menu->isPossible(command))
+    if (m_closing->hasBegun() || !m_menu->isPossible(command))
         return;
     if (!waits && (isBusy() || !m_gate.isFree()))
         return;
@@ -354,10 +358,7 @@ void PelorinMainWindow::showDisplayUnit()
         connect(m_displayUnit, &QDialog::finished, this, [this] {
             m_displayUnit.clear();
             m_gate.wake();
-            if (m_gate.isCloseWanted()) { // also where a command below keeps the gate closed
-                QMetaObject::invokeMethod(this, &PelorinMainWindow::continueClosing,
-                                          Qt::QueuedConnection);
-            }
+            m_closing->goOnSoon(); // also where a command below keeps the gate closed
         });
         m_displayUnit->show();
     }
@@ -426,7 +427,7 @@ void PelorinMainWindow::showPageStatus(const QString& text)
 void PelorinMainWindow::runDeferred()
 {
     if (m_gate.isCloseWanted()) {
-        continueClosing();
+        m_closing->goOn();
     } else if (isBusy()) {
         return; // its end comes back here
     } else if (std::exchange(m_connectWanted, false)) {
@@ -446,9 +447,8 @@ bool PelorinMainWindow::event(QEvent* event)
     if (event->type() == QEvent::WindowUnblocked)
         m_gate.wake();
     // A box may be on its way when the close comes, or a session's end runs above a command.
-    if (m_gate.isCloseWanted() && m_closing != Closing::Done &&
-        (event->type() == QEvent::WindowBlocked || event->type() == QEvent::WindowUnblocked))
-        QMetaObject::invokeMethod(this, &PelorinMainWindow::continueClosing, Qt::QueuedConnection);
+    if (event->type() == QEvent::WindowBlocked || event->type() == QEvent::WindowUnblocked)
+        m_closing->goOnSoon();
     return QMainWindow::event(event);
 }
 
@@ -472,7 +472,7 @@ void PelorinMainWindow::changeEvent(QEvent* event)
 /// display unit has answered.
 void PelorinMainWindow::closeEvent(QCloseEvent* event)
 {
-    if (m_closing == Closing::Done) {
+    if (m_closing->isDone()) {
         event->accept();
         if (!std::exchange(m_closedTold, true))
             Q_EMIT closed();
@@ -484,52 +484,7 @@ void PelorinMainWindow::closeEvent(QCloseEvent* event)
     m_gate.requestClose();
     if (m_displayUnit)
         m_displayUnit->close();
-    continueClosing();
-}
-
-void PelorinMainWindow::continueClosing()
-{
-    if (m_closing == Closing::Done)
-        return;
-    if (CommandGate::isDialogOpen())
-        endDialogs();
-    shutDown();
-}
-
-/// They may be open one over the other.
-void PelorinMainWindow::endDialogs()
-{
-    QWidget* dialog = QApplication::activeModalWidget();
-    while (dialog && dialog->close())
-        dialog = QApplication::activeModalWidget();
-}
-
-/// The plan that runs is brought to its end also while a dialog waits for it. The supply goes off
-/// as soon as no dialog is open; the window itself waits until commands have returned.
-void PelorinMainWindow::shutDown()
-{
-    if (m_closing == Closing::No) {
-        m_closing = Closing::WindingDown;
-        m_connection->stop();
-        m_runner.windDown([this] {
-            m_closing = Closing::WoundDown;
-            QMetaObject::invokeMethod(this, &PelorinMainWindow::shutDown, Qt::QueuedConnection);
-        });
-    }
-    if (m_closing == Closing::WoundDown && !m_displayUnit && !CommandGate::isDialogOpen()) {
-        m_closing = Closing::PoweringDown;
-        if (SensorPage* page = m_pages->shownPage())
-            page->setNewValues();
-        m_connection->shutDown([this] {
-            m_closing = Closing::PoweredDown;
-            Q_EMIT poweredDown();
-            QMetaObject::invokeMethod(this, &PelorinMainWindow::shutDown, Qt::QueuedConnection);
-        });
-    }
-    if (m_closing == Closing::PoweredDown && m_gate.isFree()) {
-        m_closing = Closing::Done;
-        QMetaObject::invokeMethod(this, &PelorinMainWindow::close, Qt::QueuedConnection);
-    }
+    m_closing->goOn();
 }
 
 } // namespace pelorin

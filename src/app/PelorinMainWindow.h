@@ -11,6 +11,7 @@ namespace pelorin {
 
 class BackupCommands;
 class BusyFilter;
+class Closing;
 class ComPortFactory;
 class ConnectionNotices;
 class ConnectionSupervisor;
@@ -71,16 +72,6 @@ protected:
     bool event(QEvent* event) override;
 
 private:
-    /// How far the window is in closing.
-    enum class Closing {
-        No,
-        WindingDown,  ///< what runs with the sensor comes to its end
-        WoundDown,    ///< commands, dialogs and the display unit do
-        PoweringDown, ///< the supply is switched off, and the port closed
-        PoweredDown,
-        Done
-    };
-
     void connectParts();
     void translate();
     void showTitle();
@@ -102,9 +93,6 @@ private:
     void showPageStatus(const QString& text);
 
     void runDeferred();
-    void endDialogs();
-    void continueClosing();
-    void shutDown();
 
     const ComPortFactory& m_factory;
     SequenceRunner& m_runner;
@@ -128,6 +116,7 @@ private:
     WriteReport* m_report;
     SettingsCommand* m_settings;
     BackupCommands* m_backups;
+    Closing* m_closing;
     HelpWindow* m_help = nullptr;              ///< null until it is asked for
     QPointer<DisplayUnitDialog> m_displayUnit; ///< null while it is closed
     QString m_pageStatus;                      ///< the last status text of a page
@@ -135,7 +124,6 @@ private:
 
     bool m_connectWanted = false; ///< a Connect waits
     bool m_offerDue = false;      ///< of what was not finished; the sensor has to be read before
-    Closing m_closing = Closing::No;
     bool m_closedTold = false;
 };
 

@@ -90,7 +90,7 @@ void SensorHeader::showSensor()
     } else if (const auto read = known.find('F'); read != known.end()) {
         m_factoryText = read->second;
     }
-    setAccessibleName(languageString(strings::kHeaderName));
+    setAccessibleName(languageString(strings::kSensor));
     m_light->setPixmap(picture(lightOf(state)).pixmap(kLightSize));
     m_state->setText(stateText());
     m_state->setEnabled(state != State::NotConnected);

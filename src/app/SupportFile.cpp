@@ -102,7 +102,7 @@ QStringList logLines(const CommLog::Snapshot& log)
 QString SupportFile::text() const
 {
     return section(strings::kVersionsHeading, versions(language)) +
-           section(strings::kSettingsHeading, settings()) +
+           section(strings::kSettingsTitle, settings()) +
            section(strings::kLastStateHeading, lastState ? stateLines(*lastState) : QStringList()) +
            section(strings::kCommLog, logLines(log));
 }

@@ -145,7 +145,7 @@ void ReviewDialog::onChosen()
 
 void ReviewDialog::renderHeadings()
 {
-    const QString sensor = languageString(strings::kSensorHeader);
+    const QString sensor = languageString(strings::kSensor);
     const QString saved = languageString(
         m_review.purpose == Purpose::PutBack ? strings::kEarlierHeader : strings::kFileHeader);
     const QString inWords = languageString(strings::kInWords);

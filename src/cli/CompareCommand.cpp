@@ -72,7 +72,7 @@ Result compareSensor(Invocation& invocation, const Side& saved)
     if (Result connected = session.connectSensor(); !connected.isDone())
         return connected;
     const SensorType& type = sensorType(session.link().ssiType());
-    Side sensor{.name = languageString(strings::kSensorHeader)};
+    Side sensor{.name = languageString(strings::kSensor)};
     if (Result read = session.read(readPlan(type.information, true), sensor.values); !read.isDone())
         return read;
     invocation.output().set(QStringLiteral("values"), namedValues(sensor.values));

@@ -18,6 +18,7 @@ class QObject;
 namespace pelorin {
 
 class ComPortFactory;
+class SensorSession;
 
 /// The requests of the link, in their order of precedence.
 enum class SensorRequest : int {
@@ -163,10 +164,10 @@ public:
     [[nodiscard]] CommLog& commLog() { return *m_commLog; }
 
 private:
-    class Session;
+    using Perform = std::function<int(SensorSession&, RequestWorker::Context&)>;
 
-    RequestId submit(SensorRequest kind, std::function<int(Session&, SensorProtocol&)> perform);
-    [[nodiscard]] const Session* opened() const;
+    RequestId submit(SensorRequest kind, Perform perform);
+    [[nodiscard]] const SensorSession* opened() const;
 
     const ComPortFactory& m_factory;
     const std::shared_ptr<CommLog> m_commLog;
@@ -174,8 +175,10 @@ private:
     MessageTarget m_framesTarget;
     RequestWorker m_worker;
     PeriodicTimer m_keepAliveTimer;
-    std::shared_ptr<Session> m_session; ///< of the last open, shared with its worker; null before
-    std::shared_ptr<Session> m_former;  ///< the last before that whose port was opened, or null
+    /// Of the last open, shared with its worker; null before.
+    std::shared_ptr<SensorSession> m_session;
+    /// The last before that whose port was opened, or null.
+    std::shared_ptr<SensorSession> m_former;
     int m_typeByHand = kSsiTypeUnknown;
     bool m_closing = false; ///< from close to the next open
     int m_formerLosses = 0; ///< of all sessions before, as the next

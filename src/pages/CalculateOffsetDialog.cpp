@@ -45,7 +45,7 @@ void CalculateOffsetDialog::setupTranslationMap()
     addToTranslationMap(kDeadZoneLabel, strings::kDeadZone);
     for (const int unit : kUnitLabels)
         addToTranslationMap(unit, strings::kMillimetres);
-    addToTranslationMap(kPackageLabel, strings::kSensorType);
+    addToTranslationMap(kPackageLabel, strings::kSensorPackage);
     addToTranslationMap(kOkButton, strings::kOk);
     addToTranslationMap(kCancelButton, strings::kCancel);
 }

@@ -22,7 +22,7 @@ constexpr int kApplyControl = 1037;
 
 constexpr std::array<ParameterTable::Row, FactoryParameters::kRowCount> kRows = {{
     {strings::kFactoryText, 0},
-    {strings::kSensorType, 0},
+    {strings::kSensorPackage, 0},
     {strings::kStrokeLength, strings::kMillimetres},
     {strings::kGradient, strings::kVelocityUnit},
     {strings::kMultiplier, strings::kMultiplierUnit},

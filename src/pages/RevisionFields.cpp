@@ -56,7 +56,7 @@ RevisionFields::Ranges RevisionFields::entered() const
 void RevisionFields::translate()
 {
     for (std::size_t type = 0; type < m_edits.size(); ++type) {
-        const QString name = languageString(strings::kTypeLabel).arg(type) + QStringLiteral(", ");
+        const QString name = languageString(strings::kTypeNumber).arg(type) + QStringLiteral(", ");
         m_edits[type].low->setAccessibleName(name + languageString(strings::kLowestRevision));
         m_edits[type].high->setAccessibleName(name + languageString(strings::kHighestRevision));
     }

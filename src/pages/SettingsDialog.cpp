@@ -173,7 +173,7 @@ void SettingsDialog::translate()
         tabs().setTabText(static_cast<int>(tab), languageString(kTabTitles[tab]));
     for (int type = 0; type < kSsiTypeCount; ++type) {
         getControl<QLabel>(kFirstTypeLabel + type)
-            ->setText(languageString(strings::kTypeLabel).arg(type));
+            ->setText(languageString(strings::kTypeNumber).arg(type));
     }
     // Their inner edits have the focus.
     for (const auto& [control, caption] : {std::pair(kDisplayPortCombo, strings::kPortLabel),

@@ -64,7 +64,7 @@ QString stateText(ComparedParameter::State state)
 
 QByteArray csvOf(const std::vector<ComparedParameter>& parameters)
 {
-    const QString sensor = languageString(strings::kSensorHeader);
+    const QString sensor = languageString(strings::kSensor);
     const QString file = languageString(strings::kFileHeader);
     const QString inWords = languageString(strings::kInWords);
     QByteArray text = lineOf(

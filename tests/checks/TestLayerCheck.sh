@@ -32,7 +32,7 @@ allowed cli/main.cpp "simulator/SimulatedPorts.h"
 refused cli/InfoCommand.cpp "simulator/SimulatedPorts.h"
 refused cli/InfoCommand.cpp "platform/ui/MessageBox.h"
 refused cli/InfoCommand.cpp <QWidget>
-allowed backup/BackupDialog.cpp "pages/SensorPage.h"
+refused backup/BackupDialog.cpp "pages/SensorPage.h"
 refused backup/BackupDialog.cpp "display/DisplayLink.h"
 refused display/DisplayDialog.cpp "tempcomp/CompensationTable.h"
 refused tempcomp/CompensationPage.cpp "app/PelorinApp.h"

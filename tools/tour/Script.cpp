@@ -16,10 +16,14 @@
 #include <QProgressBar>
 
 #include <bit>
+#include <memory>
 
 namespace pelorin {
 
 namespace {
+
+using Steps = std::vector<Tour::Step>;
+using Sensor = std::shared_ptr<SimulatedSensor>;
 
 // The pages, by the numbers of their captions.
 constexpr int kRecordingLines = 10;
@@ -61,50 +65,58 @@ std::function<bool()> isShown(const char* control)
     };
 }
 
+bool isAsking()
+{
+    return QApplication::activeModalWidget() != nullptr;
+}
+
+bool noDialog()
+{
+    return !isAsking();
+}
+
+std::function<bool()> says(Tour& tour, int text)
+{
+    return [&tour, text] { return tour.textOf("messagePane") == languageString(text); };
+}
+
+Tour::Step holds(const Sensor& sensor, char parameter, const char* text)
+{
+    return Tour::expect("the sensor holds what was written",
+                        [=] { return sensor->parameter(parameter) == text; });
+}
+
+Tour::Step printHeld(Tour& tour, const Sensor& sensor, char parameter)
+{
+    return tour.print([=] {
+        return QStringLiteral("the sensor holds %1 = %2")
+            .arg(QLatin1Char(parameter))
+            .arg(QString::fromStdString(sensor->parameter(parameter)));
+    });
+}
+
 QString textOf(const SimulatedDisplayUnit::Settings& settings)
 {
     return QString::fromStdString(settings.mode + ", " + settings.dataBits + " bits, " +
                                   settings.resolution + " mm");
 }
 
-} // namespace
-
-std::vector<Tour::Step> script(Tour& tour, SimulatedPorts& simulators, int language)
+Steps information(Tour& tour)
 {
-    const auto sensor = simulators.sensor(QStringLiteral("simulator:sensor?type=2&moving=1"));
-    const auto unit = simulators.displayUnit(QStringLiteral("simulator:display"));
-    const auto holds = [sensor](char parameter, const char* text) {
-        return Tour::expect("the sensor holds what was written",
-                            [=] { return sensor->parameter(parameter) == text; });
-    };
-    const auto printHeld = [&tour, sensor](char parameter) {
-        return tour.print([=] {
-            return QStringLiteral("the sensor holds %1 = %2")
-                .arg(QLatin1Char(parameter))
-                .arg(QString::fromStdString(sensor->parameter(parameter)));
-        });
-    };
-    const auto isAsking = [] { return QApplication::activeModalWidget() != nullptr; };
-    const auto says = [&tour](int text) {
-        return [&tour, text] { return tour.textOf("messagePane") == languageString(text); };
-    };
-    const auto noticed = [&tour] { return tour.find<NoticeStrip>("noticeStrip").text(); };
-    const auto noDialog = [] { return QApplication::activeModalWidget() == nullptr; };
-    for (const char* name : {"log.txt", "backup.dat", "comparison.csv", "lookup-table.csv",
-                             "recording.csv", "report.pdf"}) // of an earlier tour
-        (void)QFile::remove(tour.path(QLatin1String(name)));
-
-    std::vector<Tour::Step> steps = {
-        tour.command(kFirstLanguageCommand + std::countr_zero(static_cast<unsigned>(language))),
-
+    return {
         Tour::print(QStringLiteral("Sensor information")),
         tour.page(kInformation),
         tour.printList("valueList"),
         tour.picture("information"),
+    };
+}
 
+Steps livePosition(Tour& tour)
+{
+    return {
         Tour::print(QStringLiteral("Magnet position")),
         tour.page(kPosition),
-        Tour::when(says(strings::kStoringFormat), tour.picture("position-starting")),
+        Tour::when(says(tour, strings::kStoringFormat), tour.picture("position-starting")),
         tour.printChanged("positionBox"),
         tour.printChanged("positionBox"),
         tour.printChanged("positionBox"),
@@ -124,6 +136,12 @@ std::vector<Tour::Step> script(Tour& tour, SimulatedPorts& simulators, int langu
             const auto lines = contentOf(tour.path(QStringLiteral("recording.csv"))).split('\n');
             return QString::fromUtf8(lines.mid(0, kRecordingLines).join('\n'));
         }),
+    };
+}
+
+Steps pausedAndRecorded(Tour& tour)
+{
+    return {
         tour.click("allDecimalsCheck"),
         tour.printChanged("positionBox"),
         tour.click("pauseButton"),
@@ -138,10 +156,15 @@ std::vector<Tour::Step> script(Tour& tour, SimulatedPorts& simulators, int langu
         tour.picture("recording"),
         tour.key("positionTrace", Qt::Key_Escape), // the cursor
         tour.key("positionTrace", Qt::Key_Escape),
+    };
+}
 
+Steps outputSetup(Tour& tour)
+{
+    return {
         Tour::print(QStringLiteral("Output setup")),
         tour.page(kOutputSetup),
-        Tour::when(says(strings::kWritingOwnFormat), tour.picture("position-ending")),
+        Tour::when(says(tour, strings::kWritingOwnFormat), tour.picture("position-ending")),
         tour.printControls(),
         tour.picture("output-setup"),
         tour.key("modeCombo", Qt::Key_Home), // the reverse direction needs the asynchronous mode
@@ -154,6 +177,13 @@ std::vector<Tour::Step> script(Tour& tour, SimulatedPorts& simulators, int langu
         tour.click("refreshButton"), // asks about the changes
         tour.picture("discard"),
         tour.click("answer1"),
+    };
+}
+
+/// The first Apply meets a fault of the sensor.
+Steps verifiedApply(Tour& tour, const Sensor& sensor)
+{
+    return {
         tour.click("unlockButton"),
         tour.type("passwordEdit", QStringLiteral("SteadyNow")),
         tour.picture("password"),
@@ -174,10 +204,16 @@ std::vector<Tour::Step> script(Tour& tour, SimulatedPorts& simulators, int langu
         tour.type("errorSkipCountEdit", QStringLiteral("10")),
         tour.click("applyButton"),
         Tour::when(isAsking, tour.answer(0)),
-        Tour::when([sensor] { return sensor->parameter('D') == "4A0A19"; }, printHeld('D')),
-        holds('N', "00000A"),
+        Tour::when([sensor] { return sensor->parameter('D') == "4A0A19"; },
+                   printHeld(tour, sensor, 'D')),
+        holds(sensor, 'N', "00000A"),
         tour.picture("output-setup-verified"),
+    };
+}
 
+Steps communicationsLog(Tour& tour)
+{
+    return {
         Tour::print(QStringLiteral("Communications log, its first lines")),
         tour.page(kLog),
         tour.printList("logList", 4),
@@ -190,7 +226,12 @@ std::vector<Tour::Step> script(Tour& tour, SimulatedPorts& simulators, int langu
             "the log is saved",
             [&tour] { return contentOf(tour.path(QStringLiteral("log.txt"))).contains("\r\n"); }),
         tour.page(kInformation),
+    };
+}
 
+Steps manualCommunications(Tour& tour)
+{
+    return {
         Tour::print(QStringLiteral("Manual communications")),
         tour.command(kManualCommCommand),
         Tour::when(isAsking, tour.type("sendEdit", QStringLiteral("56,41,0D"))),
@@ -201,7 +242,12 @@ std::vector<Tour::Step> script(Tour& tour, SimulatedPorts& simulators, int langu
         tour.printChanged("markLabel"),
         tour.picture("manual-communications-mark"),
         tour.click("okButton"),
+    };
+}
 
+Steps factoryParameters(Tour& tour, const Sensor& sensor)
+{
+    return {
         Tour::print(QStringLiteral("Factory parameters, another multiplier and offset")),
         Tour::when(noDialog, tour.page(kFactory)),
         tour.cell("parameterList", 4, 1, QStringLiteral("0")),
@@ -209,10 +255,15 @@ std::vector<Tour::Step> script(Tour& tour, SimulatedPorts& simulators, int langu
         tour.picture("factory-edit"),
         tour.click("applyButton"),
         tour.printList("parameterList"),
-        printHeld('N'),
-        holds('N', "FFFFE7"),
+        printHeld(tour, sensor, 'N'),
+        holds(sensor, 'N', "FFFFE7"),
         tour.picture("factory"),
+    };
+}
 
+Steps earlierStates(Tour& tour)
+{
+    return {
         Tour::print(QStringLiteral("Earlier states")),
         tour.command(kEarlierStatesCommand),
         Tour::when(isAsking, tour.printList("entryList", 2)),
@@ -225,7 +276,12 @@ std::vector<Tour::Step> script(Tour& tour, SimulatedPorts& simulators, int langu
         tour.printList("detailList"),
         tour.picture("earlier-states"),
         tour.click("closeButton"),
+    };
+}
 
+Steps backupAndRestore(Tour& tour, const Sensor& sensor)
+{
+    return {
         Tour::print(QStringLiteral("Backup")),
         Tour::when(noDialog, tour.command(kSaveBackupCommand)),
         tour.file(QStringLiteral("backup.dat")),
@@ -243,9 +299,15 @@ std::vector<Tour::Step> script(Tour& tour, SimulatedPorts& simulators, int langu
         tour.picture("restore-review"),
         tour.click("writeButton"),
         Tour::when(isHalfDone, tour.picture("restore")),
-        Tour::when(noDialog, printHeld('N')),
-        holds('N', "FFFFE7"),
+        Tour::when(noDialog, printHeld(tour, sensor, 'N')),
+        holds(sensor, 'N', "FFFFE7"),
         tour.picture("restore-verified"),
+    };
+}
+
+Steps replacedSensor(Tour& tour, const Sensor& sensor)
+{
+    return {
         tour.print([sensor] {
             sensor->setParameter('N', "000123");
             sensor->setParameter('U', "281500");
@@ -258,7 +320,12 @@ std::vector<Tour::Step> script(Tour& tour, SimulatedPorts& simulators, int langu
         tour.click("outputRadio"),
         tour.picture("restore-review-replaced"),
         tour.click("cancelButton"),
+    };
+}
 
+Steps savedFiles(Tour& tour)
+{
+    return {
         Tour::print(QStringLiteral("The backup file alone, a report and a support file")),
         Tour::when(noDialog, tour.command(kOpenBackupCommand)),
         tour.file(QStringLiteral("backup.dat")),
@@ -273,7 +340,12 @@ std::vector<Tour::Step> script(Tour& tour, SimulatedPorts& simulators, int langu
         Tour::when(noDialog, tour.command(kSupportFileCommand)),
         Tour::when(isAsking, tour.picture("support-file")),
         tour.click("cancelButton"),
+    };
+}
 
+Steps comparison(Tour& tour, const Sensor& sensor)
+{
+    return {
         Tour::print(QStringLiteral("Comparison with the backup")),
         Tour::when(noDialog, tour.command(kCompareCommand)),
         tour.file(QStringLiteral("backup.dat")),
@@ -289,19 +361,21 @@ std::vector<Tour::Step> script(Tour& tour, SimulatedPorts& simulators, int langu
             sensor->setParameter('U', "283000");
             return QStringLiteral("the first sensor is connected again");
         })),
+    };
+}
 
+Steps temperatureCompensation(Tour& tour)
+{
+    Steps steps = {
         Tour::print(QStringLiteral("Temperature compensation, saved and read back")),
         tour.page(kTempComp),
     };
-    const auto add = [&steps](std::vector<Tour::Step> more) {
-        steps.insert(steps.end(), more.begin(), more.end());
-    };
     constexpr int kEntries = 6;
     for (int row = 0; row < kEntries; ++row) {
-        add({tour.cell("lookupList", row, 1, QString::number(-40 + row * 24.5, 'f', 1)),
-             tour.cell("lookupList", row, 2, QString::number(-12 + row * 5))});
+        steps.push_back(tour.cell("lookupList", row, 1, QString::number(-40 + row * 24.5, 'f', 1)));
+        steps.push_back(tour.cell("lookupList", row, 2, QString::number(-12 + row * 5)));
     }
-    add({
+    const Steps saving = {
         tour.click("lookupToFileButton"),
         tour.file(QStringLiteral("lookup-table.csv")),
         Tour::when(noDialog, tour.cell("lookupList", 0, 1, QStringLiteral("999"))),
@@ -313,7 +387,14 @@ std::vector<Tour::Step> script(Tour& tour, SimulatedPorts& simulators, int langu
                      [&tour] { return tour.textAt("lookupList", 0, 1) == QLatin1String("-40.0"); }),
         tour.picture("temperature-compensation"),
         tour.page(kInformation),
+    };
+    steps.insert(steps.end(), saving.begin(), saving.end());
+    return steps;
+}
 
+Steps settings(Tour& tour)
+{
+    return {
         Tour::print(QStringLiteral("Settings")),
         tour.command(kSettingsCommand),
         Tour::when(isShown("tabs"), tour.picture("settings")),
@@ -337,8 +418,13 @@ std::vector<Tour::Step> script(Tour& tour, SimulatedPorts& simulators, int langu
         tour.picture("settings-display"),
         tour.click("okButton"),
         Tour::expect("the settings are stored and all else is left",
-                     [noDialog] { return noDialog() && areEntered(); }),
+                     [] { return noDialog() && areEntered(); }),
+    };
+}
 
+Steps displayUnit(Tour& tour, const std::shared_ptr<SimulatedDisplayUnit>& unit)
+{
+    return {
         Tour::print(QStringLiteral("Display unit")),
         tour.command(kDisplayUnitCommand),
         Tour::when([] { return qobject_cast<QDialog*>(QApplication::activeWindow()) != nullptr; },
@@ -357,7 +443,13 @@ std::vector<Tour::Step> script(Tour& tour, SimulatedPorts& simulators, int langu
         Tour::expect(
             "the display unit's window has closed",
             [] { return qobject_cast<QDialog*>(QApplication::activeWindow()) == nullptr; }),
+    };
+}
 
+Steps portsAndRevisions(Tour& tour, const Sensor& sensor)
+{
+    const auto noticed = [&tour] { return tour.find<NoticeStrip>("noticeStrip").text(); };
+    return {
         Tour::print(QStringLiteral("The ports of this machine")),
         tour.command(kSelectPortCommand),
         Tour::when(isShown("portCombo"), tour.picture("port-list")),
@@ -378,7 +470,29 @@ std::vector<Tour::Step> script(Tour& tour, SimulatedPorts& simulators, int langu
                      [noticed] { return !noticed().contains(QLatin1String("74")); }),
         tour.printChanged("noticeText"),
         tour.picture("chosen-by-hand"),
-    });
+    };
+}
+
+} // namespace
+
+std::vector<Tour::Step> script(Tour& tour, SimulatedPorts& simulators, int language)
+{
+    for (const char* name : {"log.txt", "backup.dat", "comparison.csv", "lookup-table.csv",
+                             "recording.csv", "report.pdf"}) // of an earlier tour
+        (void)QFile::remove(tour.path(QLatin1String(name)));
+
+    const auto sensor = simulators.sensor(QStringLiteral("simulator:sensor?type=2&moving=1"));
+    const auto unit = simulators.displayUnit(QStringLiteral("simulator:display"));
+    Steps steps = {
+        tour.command(kFirstLanguageCommand + std::countr_zero(static_cast<unsigned>(language)))};
+    for (const Steps& chapter :
+         {information(tour), livePosition(tour), pausedAndRecorded(tour), outputSetup(tour),
+          verifiedApply(tour, sensor), communicationsLog(tour), manualCommunications(tour),
+          factoryParameters(tour, sensor), earlierStates(tour), backupAndRestore(tour, sensor),
+          replacedSensor(tour, sensor), savedFiles(tour), comparison(tour, sensor),
+          temperatureCompensation(tour), settings(tour), displayUnit(tour, unit),
+          portsAndRevisions(tour, sensor)})
+        steps.insert(steps.end(), chapter.begin(), chapter.end());
     return steps;
 }
 
