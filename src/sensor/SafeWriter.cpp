@@ -36,21 +36,6 @@ int changedText(WriteRequest::By by)
 
 } // namespace
 
-int textNumberOf(SafeWriter::Phase phase)
-{
-    switch (phase) {
-    case SafeWriter::Phase::Checking:
-        return strings::kCheckingSensor;
-    case SafeWriter::Phase::Writing:
-        return strings::kWriting;
-    case SafeWriter::Phase::Restarting:
-        return strings::kRestarting;
-    case SafeWriter::Phase::Comparing:
-        break;
-    }
-    return strings::kComparing;
-}
-
 /// A request that is under way.
 struct SafeWriter::Job
 {

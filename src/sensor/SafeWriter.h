@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/core/Strings.h"
 #include "sensor/Journal.h"
 #include "sensor/Plan.h"
 #include "sensor/WriteResult.h"
@@ -33,8 +34,13 @@ public:
         bool manualPower = false; ///< the user switches the sensor's supply
     };
 
-    /// Where a request is.
-    enum class Phase { Checking, Writing, Restarting, Comparing };
+    /// Where a request is: the numbers of the texts that say so.
+    enum class Phase {
+        Checking = strings::kCheckingSensor,
+        Writing = strings::kWriting,
+        Restarting = strings::kRestarting,
+        Comparing = strings::kComparing
+    };
 
     /// What the asker is told; each may be missing. None is called for an asker that is gone.
     struct Listener
@@ -120,7 +126,9 @@ private:
     std::function<void()> m_compared;
 };
 
-/// The number of the text that says what a phase does.
-[[nodiscard]] int textNumberOf(SafeWriter::Phase phase);
+[[nodiscard]] constexpr int textNumberOf(SafeWriter::Phase phase)
+{
+    return static_cast<int>(phase);
+}
 
 } // namespace pelorin
