@@ -1,5 +1,6 @@
 #include "simulator/PtyServer.h"
 
+#include "platform/core/LineSpeeds.h"
 #include "simulator/SimulatedDevice.h"
 
 #include <algorithm>
@@ -28,17 +29,8 @@ constexpr speed_t kFirstSpeed = B4800;
 
 int baudOf(speed_t speed)
 {
-    constexpr std::array<std::pair<speed_t, int>, 9> kSpeeds{{{B1200, 1200},
-                                                              {B2400, 2400},
-                                                              {B4800, 4800},
-                                                              {B9600, 9600},
-                                                              {B19200, 19200},
-                                                              {B38400, 38400},
-                                                              {B57600, 57600},
-                                                              {B115200, 115200},
-                                                              {B230400, 230400}}};
-    const auto* known = std::ranges::find(kSpeeds, speed, &std::pair<speed_t, int>::first);
-    return known == kSpeeds.end() ? 0 : known->second;
+    const auto* known = std::ranges::find(kLineSpeeds, speed, &std::pair<int, speed_t>::second);
+    return known == kLineSpeeds.end() ? 0 : known->first;
 }
 
 LineSettings lineOf(const termios& settings)
