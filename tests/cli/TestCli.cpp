@@ -1,46 +1,26 @@
-#include "cli/CliRun.h"
-#include "sensor/KeptFormats.h"
-#include "simulator/PtyServer.h"
-#include "simulator/SimulatedSensor.h"
+#include "cli/CliBench.h"
 #include "support/PseudoTerminal.h"
-#include "support/Rows.h"
-#include "support/TestFolder.h"
-#include "support/TestRegistry.h"
 #include "system/Program.h"
 
 using namespace pelorin;
 using namespace pelorin::test;
 using namespace Qt::StringLiterals;
 
-namespace {
-
-const QByteArray kInstalled =
-    "[HKEY_LOCAL_MACHINE\\SOFTWARE\\Korvex Systems\\Pelorin]\r\n\"Path\"=\"C:\\\\Pelorin\"\r\n";
-const QByteArray kPorts = "[HKEY_LOCAL_MACHINE\\HARDWARE\\DEVICEMAP\\SERIALCOMM]\r\n"
-                          "\"simulator:sensor?type=1\"=\"COM9\"\r\n";
-
-} // namespace
-
 /// Runs the built program, as scripts do. What it does with a sensor is tested where that lives.
-class TestCli : public QObject
+class TestCli : public CliBench
 {
     Q_OBJECT
 
 private Q_SLOTS:
     void initTestCase()
     {
+        const QByteArray text = prepare();
+        QCOMPARE(text.count('\n'), 13);
+        QVERIFY(text.contains("\r\n44:4A0519\r\n"));
         QVERIFY(
             m_folder.put(u"none.reg"_s, "Windows Registry Editor Version 5.00\r\n" + kInstalled));
         QVERIFY(m_folder.put(u"damaged.reg"_s, "Windows\r\n"));
-        CliRun backup({u"backup"_s, u"--port"_s, kSensor, m_folder.path(u"good.dat"_s)});
-        QCOMPARE(backup.end(), 0);
-        QByteArray text = m_folder.content(u"good.dat"_s);
-        QCOMPARE(text.count('\n'), 13);
-        QVERIFY(text.contains("\r\n44:4A0519\r\n"));
-        QVERIFY(m_folder.put(u"other.dat"_s, text.replace("44:4A0519", "44:4A0518")));
-        QVERIFY(m_folder.put(u"few.dat"_s, text.left(text.indexOf('\n') + 1) + "44:4A0519\r\n"));
         QVERIFY(m_folder.put(u"table.dat"_s, m_table));
-        QVERIFY(m_folder.put(u"garbage.dat"_s, "garbage\r\n"));
     }
 
     void everyCommandEndsWithItsExitCodeAndOneObject()
@@ -112,12 +92,10 @@ private Q_SLOTS:
             {"no settings", u"ports --settings %none"_s, 2, code, u"settings"_s},
             {"damaged settings", u"ports --settings %damaged.reg"_s, 2, code, u"settings"_s}};
 
-        PtyServer terminal(std::make_shared<SimulatedSensor>(SimulatedSensor::Options{
-                               .type = 0, .supply = SimulatedSensor::Supply::ByLineSpeed}),
-                           m_folder.path(u"pty"_s).toStdString());
-        QCOMPARE(terminal.start(), 0);
-        checkRows(rows, m_folder.path(u"."_s), QStringLiteral(PELORIN_FAST_CLI));
-        checkRows({{"over a terminal", u"info --port %pty"_s, 0, u"sensor/version"_s, u"1A0204"_s}},
+        const PtySensor terminal(m_folder.path(u"pty"_s));
+        QVERIFY(terminal.started);
+        checkRows(rows, m_folder.path(u"."_s), kFast);
+        checkRows({{"over a terminal", u"info --port %pty"_s, 0, u"sensor/version"_s, u"3A0102"_s}},
                   m_folder.path(u"."_s));
         QVERIFY(!m_folder.names().contains(u"never"_s));
         QVERIFY(m_folder.content(u"log.txt"_s).contains("\r\nTX: [44][Get][TERM]\r\n"));
@@ -155,12 +133,11 @@ private Q_SLOTS:
 
     void aSensorIsWaitedForAndASignalEndsTheWaiting()
     {
-        const auto sensor = std::make_shared<SimulatedSensor>(
-            SimulatedSensor::Options{.supply = SimulatedSensor::Supply::ByLineSpeed});
-        sensor->setFault({.kind = SimulatedFault::Kind::Silent});
         const QString link = m_folder.path(u"late"_s);
-        PtyServer terminal(sensor, link.toStdString());
-        QCOMPARE(terminal.start(), 0);
+        const PtySensor terminal(link);
+        QVERIFY(terminal.started);
+        const auto& sensor = terminal.sensor;
+        sensor->setFault({.kind = SimulatedFault::Kind::Silent});
         const QStringList arguments{u"read"_s, u"V"_s, u"--port"_s, link, u"--wait"_s, u"600"_s};
         {
             Program given(QStringLiteral(PELORIN_CLI), arguments);
@@ -195,12 +172,20 @@ private Q_SLOTS:
             {"supply", byHand, {{"supply off", "\n"}, {"supply on", "\n"}}, 0},
             {"ready", byHand, {{"supply off", "n\n"}}, 4},
             {"a signal", backup, {{"[y/N]", {}}}, 130},
+            {"a write", // which offset, the extension, all of it
+             {u"set"_s, u"extension=parity"_s, u"--port"_s, kSensor},
+             {{"multiplied]", "keep-length\n"}, {"[y/N]", "y\n"}, {"[y/N]", "y\n"}},
+             0},
+            {"a write that is not wanted",
+             {u"set"_s, u"offset=1"_s, u"--port"_s, kSensor},
+             {{"[y/N]", "n\n"}},
+             8},
         };
         forEachRow(rows, [&](const Row& row) {
             QVERIFY(m_folder.put(u"asked.dat"_s, "old"));
             PseudoTerminal terminal;
             const QString path = QString::fromStdString(terminal.path());
-            CliRun run(row.arguments);
+            CliRun run(row.arguments, kFast);
             run.setStandardInputFile(path);
             run.setStandardErrorFile(path);
             QVERIFY(terminal.send("y\n")); // before anything is asked
@@ -223,16 +208,6 @@ private Q_SLOTS:
     }
 
 private:
-    /// A kept format of a sensor that has, as it comes from the factory, the streaming one.
-    static void keepFormat(const QString& device)
-    {
-        const auto kept = KeptFormats().keep({device, "3A0102", "4A0518", "4A0519"});
-        QVERIFY2(kept.isDone(), qPrintable(kept.message()));
-    }
-
-    const QString kSensor = u"simulator:sensor"_s;
-    const TestRegistry m_settings{kInstalled + kSimulatedBounds + kPorts};
-    const TestFolder m_folder;
     const QByteArray m_table = "~~~KORVEX_SSI_TEMP_COMPENSATION_LOOKUPTABLE~~~\r\n"
                                "0014,00000010\r\nFFFD,FFFFFFFF\r\n";
 };
