@@ -77,7 +77,6 @@ public:
 
     /// Whether a request of anybody, or of this asker, is under way.
     [[nodiscard]] bool isRunning() const { return m_job != nullptr; }
-    [[nodiscard]] bool isRunning(const QObject& asker) const;
 
     /// Whether the connected sensor is that of an entry, as far as device, version and type tell.
     [[nodiscard]] bool isConnected(const JournalEntry& state) const;
@@ -114,8 +113,8 @@ private:
     void refuse(const QString& problem);
     void finish();
     void tell(Phase phase);
-    [[nodiscard]] bool run(Plan plan, std::function<void(const Outcome&)> done,
-                           std::function<void(const Reply&)> reply = {});
+    void run(Plan plan, std::function<void(const Outcome&)> done,
+             std::function<void(const Reply&)> reply = {});
 
     SequenceRunner& m_runner;
     const Journal& m_journal;

@@ -76,14 +76,10 @@ SimulatedSensor::Mode SimulatedSensor::mode() const
     return m_mode;
 }
 
-void SimulatedSensor::setSupply(bool on, TimePoint now)
+void SimulatedSensor::restart(TimePoint now)
 {
     const std::lock_guard lock(mutex());
-    if (on) {
-        switchOn(now);
-    } else {
-        switchOff();
-    }
+    switchOn(now);
     changed();
 }
 

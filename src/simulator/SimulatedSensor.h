@@ -39,8 +39,8 @@ public:
 
     [[nodiscard]] Mode mode() const;
 
-    /// Switches the supply as somebody does it by hand.
-    void setSupply(bool on, TimePoint now = Clock::now());
+    /// Switches the supply off and on as somebody does it by hand.
+    void restart(TimePoint now = Clock::now());
 
     /// A parameter as it outlasts the loss of the supply; empty for one that does not exist.
     [[nodiscard]] std::string parameter(char id) const;

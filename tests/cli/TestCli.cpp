@@ -1,6 +1,5 @@
 #include "cli/CliBench.h"
 #include "support/PseudoTerminal.h"
-#include "system/Program.h"
 
 using namespace pelorin;
 using namespace pelorin::test;
@@ -14,9 +13,11 @@ class TestCli : public CliBench
 private Q_SLOTS:
     void initTestCase()
     {
-        const QByteArray text = prepare();
+        QByteArray text = prepare();
         QCOMPARE(text.count('\n'), 13);
         QVERIFY(text.contains("\r\n44:4A0519\r\n"));
+        text.replace("44:4A0519", "44:4A051X").replace("41:00000005\r\n", "");
+        QVERIFY(m_folder.put(u"odd.dat"_s, text.replace("4B:000001", "4B:000301")));
         QVERIFY(
             m_folder.put(u"none.reg"_s, "Windows Registry Editor Version 5.00\r\n" + kInstalled));
         QVERIFY(m_folder.put(u"damaged.reg"_s, "Windows\r\n"));
@@ -30,6 +31,7 @@ private Q_SLOTS:
             return u" --port simulator:sensor?fault="_s + QLatin1String(fault);
         };
         keepFormat(u"simulator:sensor?fault=deaf@DN"_s);
+        keepFormat(u"simulator:sensor?fault=silent@D"_s);
         keepFormat(u"simulator:sensor?moving=0"_s);
         const QString code = u"error/code"_s;
         const std::vector<CliRow> rows = {
@@ -39,6 +41,7 @@ private Q_SLOTS:
              u"simulator:sensor?type=1"_s},
             {"silent", u"info"_s + faulty("silent"), 4, code, u"no-answer"_s},
             {"silent midway", u"info"_s + faulty("silent@UA"), 6, u"error/parameter"_s, u"U"_s},
+            {"lost while connecting", u"info"_s + faulty("vanish@prog"), 6, code, u"lost"_s},
             {"lost midway", u"info"_s + faulty("vanish@LA"), 6, code, u"lost"_s},
             {"no such device", u"info --port %none"_s, 3, code, u"port"_s},
             {"a number of no device", u"info --port COM500"_s, 3, code, u"port"_s},
@@ -56,6 +59,8 @@ private Q_SLOTS:
             {"where no file can be", u"backup %garbage.dat/x"_s + sensor, 7, code, u"file"_s},
             {"of a silent sensor", u"backup %never.dat"_s + faulty("silent"), 4, code,
              u"no-answer"_s},
+            {"over a device", u"backup /dev/null --yes"_s + sensor, 0, u"values/0/value"_s,
+             u"25"_s},
             {"saved for nothing", u"backup %never3.dat --dry-run"_s + sensor, 0,
              u"values/0/value"_s, u"25"_s},
             {"equal", u"compare %good.dat"_s + sensor, 0, u"differences"_s},
@@ -68,6 +73,10 @@ private Q_SLOTS:
             {"no backup", u"compare %good.dat %garbage.dat"_s, 7, code, u"no-backup"_s},
             {"one file", u"compare %good.dat"_s, 2, code, u"usage"_s},
             {"a backup", u"convert %other.dat"_s, 0, u"values/0/value"_s, u"24"_s},
+            {"a text without a meaning", u"convert %odd.dat"_s, 0, u"values/0/value"_s},
+            {"a length without a resolution", u"convert %odd.dat"_s, 0, u"values/7/unit"_s,
+             u"counts"_s},
+            {"a number without a word", u"convert %odd.dat"_s, 0, u"values/10/value"_s, u"3"_s},
             {"a table", u"convert %table.dat"_s, 0, u"table/1/point"_s, u"-1.5"_s},
             {"neither", u"convert %garbage.dat"_s, 7, code, u"unknown-file"_s},
             {"no file", u"convert %absent.dat"_s, 7, code, u"file"_s},
@@ -77,6 +86,8 @@ private Q_SLOTS:
              u"port/device"_s},
             {"format written back", u"read D --port simulator:sensor?moving=0"_s, 0,
              u"values/0/raw"_s, u"4A0518"_s},
+            {"format not read", u"read V"_s + faulty("silent@D"), 6, code,
+             u"format-not-restored"_s},
             {"format not written back", u"info"_s + faulty("deaf@DN"), 6, code,
              u"format-not-restored"_s},
             {"streaming format", u"backup %never2.dat"_s + faulty("deaf@DN"), 8, code,
@@ -139,10 +150,11 @@ private Q_SLOTS:
         const auto& sensor = terminal.sensor;
         sensor->setFault({.kind = SimulatedFault::Kind::Silent});
         const QStringList arguments{u"read"_s, u"V"_s, u"--port"_s, link, u"--wait"_s, u"600"_s};
-        {
-            Program given(QStringLiteral(PELORIN_CLI), arguments);
-            QCOMPARE(given.endBy(SIGINT), 130);
-        }
+        CliRun given(arguments);
+        given.begin();
+        QVERIFY(waitFor([&] { return sensor->progFrames() > 0; }));
+        interrupt(given, {SIGINT});
+        QCOMPARE(given.end(), 130);
         CliRun waiting(arguments);
         waiting.begin();
         const int frames = sensor->progFrames();
@@ -172,6 +184,11 @@ private Q_SLOTS:
             {"supply", byHand, {{"supply off", "\n"}, {"supply on", "\n"}}, 0},
             {"ready", byHand, {{"supply off", "n\n"}}, 4},
             {"a signal", backup, {{"[y/N]", {}}}, 130},
+            {"positions",
+             {u"watch"_s, u"--seconds"_s, u"1"_s, u"--manual-power"_s, u"--port"_s,
+              u"simulator:sensor?power=manual"_s},
+             {{"supply off", "\n"}, {"supply on", "\n"}},
+             0},
             {"a write", // which offset, the extension, all of it
              {u"set"_s, u"extension=parity"_s, u"--port"_s, kSensor},
              {{"multiplied]", "keep-length\n"}, {"[y/N]", "y\n"}, {"[y/N]", "y\n"}},

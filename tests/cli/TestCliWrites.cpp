@@ -62,6 +62,8 @@ private Q_SLOTS:
     {
         QByteArray text = prepare();
         QVERIFY(text.contains("44:4A0519"));
+        const QByteArray foreign = QByteArray(text).replace("44:4A", "44:4E");
+        QVERIFY(m_folder.put(u"foreign.dat"_s, QByteArray(foreign).replace("55:28", "55:29")));
         QVERIFY(m_folder.put(u"odd.dat"_s, text.replace("44:4A0519", "44:4A051X")));
         QVERIFY(m_folder.put(u"off.reg"_s, "Windows Registry Editor Version 5.00\r\n" + kInstalled +
                                                "\"SafeWrites\"=dword:00000000\r\n" +
@@ -83,6 +85,8 @@ private Q_SLOTS:
             {"nothing differs", u"restore %good.dat --all"_s + on, 0, u"plan"_s},
             {"only shown", u"restore %other.dat --all --dry-run"_s + on, 0, u"plan/0/frame"_s,
              u"444e3441303531380d"_s},
+            {"only shown, unseen", u"restore %other.dat --all --dry-run --settings %off.reg"_s + on,
+             0, u"plan/13/restart"_s},
             {"nobody agrees", u"restore %other.dat --all"_s + on, 8, code, u"not-confirmed"_s},
             {"neither", u"restore %other"_s + on, 2, code, u"usage"_s},
             {"both", u"restore %other.dat --all --output-only"_s + on, 2, code, u"usage"_s},
@@ -119,6 +123,9 @@ private Q_SLOTS:
             {"direction", u"set direction=reverse mode=asynchronous offset=9 --yes"_s + on, 0,
              u"values/0/raw"_s, u"430519"_s},
             {"already so", u"set code=gray offset=0.05"_s + on, 0, u"plan"_s},
+            {"already so, no offset", u"set code=gray"_s + on, 0, u"plan"_s},
+            {"no multiplier", u"set data-bits=25 --yes --port simulator:sensor?type=0"_s, 0,
+             u"error"_s},
             {"no new offset", u"set direction=reverse mode=asynchronous --yes"_s + on, 8,
              u"error/parameter"_s, u"N"_s},
             {"in reverse", u"set direction=reverse offset=9 --yes"_s + on, 8, code, u"refused"_s},
@@ -135,10 +142,13 @@ private Q_SLOTS:
              u"not-confirmed"_s},
             {"no name", u"set magnets=2"_s + on, 2, code, u"usage"_s},
             {"no value", u"set resolution=0.003"_s + on, 2, code, u"usage"_s},
+            {"no word", u"set code=grey"_s + on, 2, code, u"usage"_s},
+            {"no such count", u"set skip-count=256"_s + on, 2, code, u"usage"_s},
             {"no decimal point", u"set offset=0,5"_s + on, 2, code, u"usage"_s},
             {"twice", u"set code=gray code=binary"_s + on, 2, code, u"usage"_s},
             {"no time", u"watch --seconds 0"_s + on, 2, code, u"usage"_s},
             {"nowhere to record", u"watch --csv %good.dat/x"_s + on, 7, u"port/device"_s},
+            {"recorded by a device", u"watch --csv /dev/null --yes"_s + on, 7, code, u"file"_s},
             {"nothing to record", u"watch --csv %none --port simulator:sensor?fault=silent@A"_s, 6,
              code, u"failed"_s},
             {"no positions", u"watch --seconds 1 --port simulator:sensor?fault=silent@stream"_s, 4,
@@ -151,13 +161,31 @@ private Q_SLOTS:
             {"no entry", u"journal show none"_s, 7, code, u"no-entry"_s},
             {"no such use", u"journal burn"_s, 2, code, u"usage"_s}};
         checkRows(rows, m_folder.path(u"."_s), kFast);
-        const PtySensor odd(m_folder.path(u"odd"_s));
-        odd.sensor->setParameter('D', "4A051X");
-        for (const char* command : {"set offset=1 --yes", "watch"}) {
-            checkRows({{command, QLatin1String(command) + u" --port %odd"_s, 8,
-                        u"error/parameter"_s, u"D"_s}},
-                      m_folder.path(u"."_s), kFast);
+        CliRun foreign({u"restore"_s, m_folder.path(u"foreign.dat"_s), u"--all"_s, u"--dry-run"_s,
+                        u"--port"_s, kSensor},
+                       kFast);
+        QCOMPARE(foreign.end(), 0);
+        QCOMPARE(foreign.errors.count(u'\n'), 2); // of another sensor, and its stream
+        QVERIFY(foreign.errors.contains(u"(U)"_s));
+        struct Odd
+        {
+            char id;
+            const char* text;
+            const char* command;
+            int exit;
+        };
+        for (const auto& [id, text, command, exit] :
+             std::initializer_list<Odd>{{'D', "4A051X", "set offset=1 --yes", 8},
+                                        {'D', "4A051X", "watch", 8},
+                                        {'A', "00000000", "set code=binary --yes", 8},
+                                        {'U', "28?000", "backup %doubtful.dat", 0}}) {
+            const PtySensor odd(m_folder.path(u"odd"_s));
+            odd.sensor->setParameter(id, text);
+            checkRows({{command, QLatin1String(command) + u" --port %odd"_s, exit,
+                        u"error/parameter"_s, exit == 0 ? QString() : QString(QLatin1Char(id))}},
+                      m_folder.path(u"."_s));
         }
+        QVERIFY(m_folder.content(u"doubtful.dat"_s).contains("55:28?000"));
         QVERIFY(!m_folder.names().contains(u"none"_s));
     }
 
@@ -200,6 +228,11 @@ private Q_SLOTS:
             QCOMPARE(at(objectOf(run.output), u"error/code"_s), exit ? u"journal"_s : QString());
             arguments << u"--no-journal"_s;
         }
+        nowhere.insert(u"XDG_CONFIG_HOME"_s, m_folder.path(u"good.dat/below"_s));
+        CliRun watch({u"watch"_s, u"--json"_s, u"--port"_s, kSensor}, kFast);
+        watch.setProcessEnvironment(nowhere);
+        QCOMPARE(watch.end(), 7); // its data format could not be kept
+        QCOMPARE(at(objectOf(watch.output), u"error/code"_s), u"file"_s);
     }
 
     void aWriteThatIsInterruptedIsWrittenToItsEnd()

@@ -56,8 +56,7 @@ void setByteShape(termios& settings, const LineSettings& line)
     settings.c_cflag |= line.dataBits == 7 ? CS7 : CS8;
     if (line.parity != 'N')
         settings.c_cflag |= line.parity == 'O' ? PARENB | PARODD : PARENB;
-    if (line.stopBits == 2)
-        settings.c_cflag |= CSTOPB;
+    settings.c_cflag |= line.stopBits == 2 ? CSTOPB : 0;
 }
 
 bool isSameLine(const termios& one, const termios& other)
