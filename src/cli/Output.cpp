@@ -1,13 +1,15 @@
 #include "cli/Output.h"
 
+#include "cli/EventLoop.h"
+#include "cli/Interruption.h"
 #include "platform/core/LanguageStrings.h"
 #include "platform/core/Strings.h"
 
 #include <QJsonDocument>
+#include <QTimer>
 
 #include <cerrno>
-#include <cstdio>
-#include <cstring>
+#include <chrono>
 #include <utility>
 
 #include <poll.h>
@@ -18,16 +20,11 @@ namespace pelorin::cli {
 namespace {
 
 constexpr int kSchema = 1;
+constexpr std::chrono::seconds kLastWait{2}; ///< after a signal, for what is not taken yet
 
 QByteArray lineOf(const QJsonObject& object)
 {
     return QJsonDocument(object).toJson(QJsonDocument::Compact) + '\n';
-}
-
-void writeError(const QByteArray& text)
-{
-    (void)std::fwrite(text.constData(), 1, std::size_t(text.size()), stderr); // nobody is left
-    (void)std::fflush(stderr);
 }
 
 QJsonObject errorOf(const Result& result)
@@ -41,40 +38,44 @@ QJsonObject errorOf(const Result& result)
 
 } // namespace
 
-Output::Output(bool json) : m_json(json), m_showsProgress(::isatty(STDERR_FILENO) == 1) {}
+Output::Output(bool json, const Interruption& interruption)
+    : m_json(json), m_showsProgress(::isatty(STDERR_FILENO) == 1), m_interruption(interruption),
+      m_results(STDOUT_FILENO), m_words(STDERR_FILENO)
+{
+}
 
 void Output::print(const QString& line)
 {
     if (m_json)
         return;
     clearProgress();
-    write(line.toUtf8() + '\n');
+    m_results.write(line.toUtf8() + '\n');
 }
 
 void Output::printObject(const QJsonObject& object)
 {
-    write(lineOf(object));
+    m_results.write(lineOf(object));
 }
 
 void Output::tell(const QString& text)
 {
     clearProgress();
-    writeError(text.toUtf8() + '\n');
+    m_words.write(text.toUtf8() + '\n');
 }
 
 void Output::showProgress(const QString& text, int done, int of)
 {
-    if (!m_showsProgress)
+    if (!m_showsProgress || !m_words.isWritten())
         return;
     const QString line = of > 1 ? QStringLiteral("%1 %2/%3").arg(text).arg(done).arg(of) : text;
-    writeError("\r" + line.toUtf8() + "\x1b[K");
+    m_words.write("\r" + line.toUtf8() + "\x1b[K");
     m_progressShown = true;
 }
 
 void Output::clearProgress()
 {
     if (std::exchange(m_progressShown, false))
-        writeError("\r\x1b[K");
+        m_words.write("\r\x1b[K");
 }
 
 Result Output::finish(const QString& command, const Result& result)
@@ -87,35 +88,42 @@ Result Output::finish(const QString& command, const Result& result)
         m_object.insert(QStringLiteral("exit"), static_cast<int>(result.exit));
         if (result.code)
             m_object.insert(QStringLiteral("error"), errorOf(result));
-        write(lineOf(m_object));
+        m_results.write(lineOf(m_object));
     }
     if (!result.text.isEmpty())
         tell(result.text);
-    if (m_error == 0 || isClosed())
+    deliver();
+    if (!hasFailed() || isClosed())
         return result;
-    Result failed{.exit = ExitCode::FileUnfit,
-                  .code = "output",
-                  .text = languageString(strings::kOutputFailed)
-                              .arg(QString::fromLocal8Bit(std::strerror(m_error)))};
+    Result failed{
+        .exit = ExitCode::FileUnfit,
+        .code = "output",
+        .text = languageString(strings::kOutputFailed).arg(qt_error_string(m_results.error()))};
     tell(failed.text);
+    deliver();
     return result.isDone() ? failed : result;
 }
 
 bool Output::isClosed() const
 {
     pollfd standardOutput{.fd = STDOUT_FILENO, .events = 0, .revents = 0};
-    return m_error == EPIPE ||
+    return m_results.error() == EPIPE ||
            (::poll(&standardOutput, 1, 0) == 1 && (standardOutput.revents & POLLERR) != 0);
 }
 
-void Output::write(const QByteArray& bytes)
+void Output::deliver()
 {
-    errno = 0;
-    const bool written = std::fwrite(bytes.constData(), 1, std::size_t(bytes.size()), stdout) ==
-                             std::size_t(bytes.size()) &&
-                         std::fflush(stdout) == 0;
-    if (!written && m_error == 0)
-        m_error = errno;
+    bool isOver = false;
+    QTimer limit;
+    limit.setSingleShot(true);
+    limit.setInterval(kLastWait);
+    QObject::connect(&limit, &QTimer::timeout, &limit, [&isOver] { isOver = true; });
+    QObject::connect(&m_interruption, &Interruption::came, &limit, qOverload<>(&QTimer::start));
+    if (m_interruption.hasCome())
+        limit.start();
+    runUntil([&] { return isOver || (m_results.isWritten() && m_words.isWritten()); });
+    m_results.giveUp();
+    m_words.giveUp();
 }
 
 } // namespace pelorin::cli

@@ -1,18 +1,22 @@
 #pragma once
 
 #include "cli/Result.h"
+#include "cli/StandardStream.h"
 
 #include <QJsonObject>
 #include <QString>
 
 namespace pelorin::cli {
 
+class Interruption;
+
 /// What a command says: results on standard output, in words or as one JSON object; words and a
 /// progress line, where that is a terminal, on standard error.
 class Output
 {
 public:
-    explicit Output(bool json);
+    /// @param interruption outlives it
+    Output(bool json, const Interruption& interruption);
 
     [[nodiscard]] bool isJson() const { return m_json; }
 
@@ -28,24 +32,27 @@ public:
     /// What is being done, and how much of it.
     void showProgress(const QString& text, int done, int of);
 
-    /// Says how the command has ended.
+    /// Says how the command has ended, and waits until all that was said has been taken. After a
+    /// signal it waits for some seconds only.
     /// @param command its name; empty without one
     /// @return the same, or, if all was well, that the results could not be written
     [[nodiscard]] Result finish(const QString& command, const Result& result);
 
     /// Whether something could not be written to standard output.
-    [[nodiscard]] bool hasFailed() const { return m_error != 0; }
+    [[nodiscard]] bool hasFailed() const { return m_results.error() != 0; }
     /// Whether whoever has read standard output has closed it.
     [[nodiscard]] bool isClosed() const;
 
 private:
-    void write(const QByteArray& bytes);
     void clearProgress();
+    void deliver();
 
     const bool m_json;
     const bool m_showsProgress;
+    const Interruption& m_interruption;
+    StandardStream m_results;
+    StandardStream m_words;
     bool m_progressShown = false;
-    int m_error = 0; ///< the system's, of standard output
     QJsonObject m_object;
 };
 

@@ -104,7 +104,8 @@ ExitCode run(const ComPortFactory& factory, const QStringList& arguments)
     (void)first.parse(arguments);
     QString fault;
     Options options = Options::of(first, fault);
-    Output output(arguments.contains(QStringLiteral("--json")));
+    const Interruption interruption;
+    Output output(arguments.contains(QStringLiteral("--json")), interruption);
     const QString name = first.positionalArguments().value(0);
     const Command* const command = findCommand(name);
     const auto finish = [&](const Result& result) {
@@ -139,7 +140,6 @@ ExitCode run(const ComPortFactory& factory, const QStringList& arguments)
     if (!fault.isNull())
         return finish(usage(fault));
 
-    const Interruption interruption;
     Terminal terminal(output, interruption);
     const auto count = static_cast<int>(parser.positionalArguments().size() - 1);
     if (const Result use = checkUse(*command, options, count, terminal); !use.isDone())

@@ -12,6 +12,7 @@
 #include "platform/core/ProgramSettings.h"
 #include "platform/core/Strings.h"
 #include "sensor/FailureText.h"
+#include "sensor/JournalWords.h"
 
 #include <QDeadlineTimer>
 
@@ -76,6 +77,7 @@ Result Session::connectSensor()
     if (!result.isDone())
         return result;
     showSensor();
+    tellUnfinished();
     if (result = checkType(); !result.isDone())
         return result;
     if (!m_options.dryRun)
@@ -187,6 +189,19 @@ void Session::showSensor()
         sensor.insert(QStringLiteral("byHand"), m_link.isTypeByHand());
     }
     m_output.set(QStringLiteral("sensor"), sensor);
+}
+
+/// The sensor may be changed by halves.
+void Session::tellUnfinished()
+{
+    for (const JournalEntry& entry : m_journal.unfinished()) {
+        if (m_writer.isConnected(entry)) {
+            m_output.tell(
+                languageString(strings::kUnfinishedWrite)
+                    .arg(entry.device, QString::fromLatin1(entry.version), timeInWords(entry)) +
+                QStringLiteral(" (pelorin-cli journal show %1)").arg(entry.id));
+        }
+    }
 }
 
 Outcome Session::run(Plan plan, const QString& text, std::function<void(const Reply&)> reply)

@@ -106,6 +106,7 @@ private:
     [[nodiscard]] Result checkType() const;
     void restoreFormat();
     void showSensor();
+    void tellUnfinished();
 
     const Options& m_options;
     Output& m_output;

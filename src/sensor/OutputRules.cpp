@@ -21,33 +21,6 @@ bool isExtensionValue(qint32 value)
 
 } // namespace
 
-int textNumberOf(OutputRefusal refusal)
-{
-    switch (refusal) {
-    case OutputRefusal::NotSaved:
-        return strings::kBackupMissing;
-    case OutputRefusal::NoValue:
-        return strings::kBackupNotUsable;
-    case OutputRefusal::NotOffered:
-        return strings::kNotOffered;
-    case OutputRefusal::NoResolution:
-        return strings::kNoResolution;
-    case OutputRefusal::ResolutionTooFine:
-        return strings::kResolutionTooFine;
-    case OutputRefusal::ModeNotOffered:
-        return strings::kModeNotOffered;
-    case OutputRefusal::ModeNotInReverse:
-        return strings::kModeNotInReverse;
-    case OutputRefusal::OffsetUnknown:
-        return strings::kOffsetToBeCalculated;
-    case OutputRefusal::DoesNotFit:
-        return strings::kDoesNotFit;
-    case OutputRefusal::None:
-        break;
-    }
-    return 0;
-}
-
 OutputRefusal refusalOf(int ssiType, const OutputSettings& wanted)
 {
     const bool modeOne = wanted.format.has(DataFormat::kModeOne);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/core/Strings.h"
 #include "sensor/OutputSettings.h"
 #include "sensor/SensorValues.h"
 
@@ -14,22 +15,25 @@ namespace pelorin {
 
 inline constexpr int kLargestSkipCount = 255;
 
-/// Why output settings are not written to a sensor.
+/// Why output settings are not written to a sensor: the numbers of the texts that tell the user.
 enum class OutputRefusal {
-    None,
-    NotSaved, ///< parameters that the sensor needs, as the next two
-    NoValue,
-    NotOffered, ///< by the page for the output settings
-    NoResolution,
-    ResolutionTooFine, ///< for the sensor's type, as the next
-    ModeNotOffered,
-    ModeNotInReverse,
-    OffsetUnknown, ///< the direction changes, and the saved offset does not fit the sensor
-    DoesNotFit
+    None = 0,
+    NotSaved = strings::kBackupMissing, ///< parameters that the sensor needs, as the next two
+    NoValue = strings::kBackupNotUsable,
+    NotOffered = strings::kNotOffered, ///< by the page for the output settings
+    NoResolution = strings::kNoResolution,
+    ResolutionTooFine = strings::kResolutionTooFine, ///< for the sensor's type, as the next
+    ModeNotOffered = strings::kModeNotOffered,
+    ModeNotInReverse = strings::kModeNotInReverse,
+    OffsetUnknown = strings::kOffsetToBeCalculated, ///< the direction changes, and the saved offset
+                                                    ///< does not fit the sensor
+    DoesNotFit = strings::kDoesNotFit
 };
 
-/// The number of the text that tells the user so.
-[[nodiscard]] int textNumberOf(OutputRefusal refusal);
+[[nodiscard]] constexpr int textNumberOf(OutputRefusal refusal)
+{
+    return static_cast<int>(refusal);
+}
 
 /// What a sensor of a type cannot do.
 [[nodiscard]] OutputRefusal refusalOf(int ssiType, const OutputSettings& wanted);

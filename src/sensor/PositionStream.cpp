@@ -78,6 +78,14 @@ bool PositionStream::run(Plan plan, std::function<void(const Outcome&)> ended,
                            .ended = std::move(ended)});
 }
 
+/// Nothing but a loss of the link keeps a stream from running its next plan.
+void PositionStream::runNext(Plan plan, std::function<void(const Outcome&)> ended,
+                             std::function<void()> closed)
+{
+    if (!run(std::move(plan), std::move(ended), std::move(closed)))
+        lose();
+}
+
 /// Where the user switches the supply, that is asked for instead.
 void PositionStream::tellRestart(int text)
 {
@@ -134,11 +142,10 @@ void PositionStream::writeStreamingFormat()
                                              Q_EMIT frames(batch.samples, batch.malformed);
                                      }});
     Q_EMIT stepBegun(strings::kWritingStreamFormat);
-    if (!run(
-            formatPlan(m_savedFormat.streaming, m_runner.link().ssiType()),
-            [this](const Outcome& done) { takeResolution(done); },
-            [this] { Q_EMIT stepBegun(strings::kStoringFormat); }))
-        failStart('D');
+    runNext(
+        formatPlan(m_savedFormat.streaming, m_runner.link().ssiType()),
+        [this](const Outcome& done) { takeResolution(done); },
+        [this] { Q_EMIT stepBegun(strings::kStoringFormat); });
 }
 
 /// The sensor starts to stream when its supply returns. Without a resolution every position would
@@ -161,7 +168,7 @@ void PositionStream::takeResolution(const Outcome& outcome)
                      .dataBits = dataBits,
                      .micrometres = resolutionRaw},
                     {.kind = Kind::SupplyOn}};
-    const bool begun = run(plan, [this](const Outcome& done) {
+    runNext(plan, [this](const Outcome& done) {
         if (!done.isDone())
             return done.kind == Outcome::Kind::Lost ? lose() : failStart('A');
         m_state = State::Streaming;
@@ -169,8 +176,6 @@ void PositionStream::takeResolution(const Outcome& outcome)
             Q_EMIT stepBegun(strings::kAwaitingStream);
         Q_EMIT streaming();
     });
-    if (!begun)
-        failStart('A');
 }
 
 /// The sensor gets back at once what it had: nothing is shown of it that would need the other
@@ -190,8 +195,7 @@ void PositionStream::stop()
     const Plan plan{{.kind = Kind::SupplyOff},
                     {.kind = Kind::ParameterLine, .pauseAfter = kSupplyOffTime},
                     {.kind = Kind::Connect}};
-    if (!run(plan, [this](const Outcome& outcome) { connectAgain(outcome); }))
-        finish(false);
+    runNext(plan, [this](const Outcome& outcome) { connectAgain(outcome); });
 }
 
 void PositionStream::connectAgain(const Outcome& outcome)
@@ -208,9 +212,9 @@ void PositionStream::connectAgain(const Outcome& outcome)
     }
     const bool lasting = outcome.kind == Outcome::Kind::Lost;
     const Plan plan{{.kind = Kind::Pause, .pauseAfter = kRetryTime}, {.kind = Kind::Connect}};
-    if (lasting || ++m_connectAttempts >= kConnectAttempts ||
-        !run(plan, [this](const Outcome& next) { connectAgain(next); }))
-        finish(false);
+    if (lasting || ++m_connectAttempts >= kConnectAttempts)
+        return finish(false);
+    runNext(plan, [this](const Outcome& next) { connectAgain(next); });
 }
 
 /// What could not be written back stays kept, and the user has to know.

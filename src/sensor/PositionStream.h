@@ -77,6 +77,8 @@ private:
     void finish(bool restored);
     void lose();
     void tellRestart(int text);
+    void runNext(Plan plan, std::function<void(const Outcome&)> ended,
+                 std::function<void()> closed = {});
     [[nodiscard]] bool run(Plan plan, std::function<void(const Outcome&)> ended,
                            std::function<void()> closed = {});
 

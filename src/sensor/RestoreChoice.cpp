@@ -166,21 +166,6 @@ QString refusalText(const RestoreChoice& choice)
     return choice.refused.isEmpty() ? text : text.arg(parametersInWords(choice.refused));
 }
 
-int textNumberOf(Origin origin)
-{
-    switch (origin) {
-    case Origin::OwnMultiplier:
-        return strings::kOwnMultiplier;
-    case Origin::OwnVelocity:
-        return strings::kOwnGradient;
-    case Origin::OwnLength:
-        return strings::kOwnLength;
-    case Origin::Saved:
-        break;
-    }
-    return 0;
-}
-
 QByteArray unlikeSaved(int ssiType, const SensorValues& sensor, const SensorValues& saved)
 {
     QByteArray unlike;

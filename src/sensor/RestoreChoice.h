@@ -16,19 +16,19 @@ struct RestoreChoice
 {
     using Refusal = OutputRefusal;
 
-    /// What a value comes from.
+    /// What a value comes from if it is not the saved one: the numbers of the texts that say so.
     enum class Origin {
-        Saved,
-        OwnMultiplier, ///< saved, with the sensor's multiplier
-        OwnVelocity,   ///< computed from the sensor's pulse velocity
-        OwnLength      ///< the sensor's own offset, counted in the resolution to be written
+        OwnMultiplier = strings::kOwnMultiplier, ///< saved, with the sensor's multiplier
+        OwnVelocity = strings::kOwnGradient,     ///< computed from the sensor's pulse velocity
+        OwnLength = strings::kOwnLength ///< the sensor's own offset, counted in the resolution to
+                                        ///< be written
     };
 
     Refusal refusal = Refusal::None; ///< nothing is to be written then
     QByteArray refused{};            ///< the parameters that are the reason
     QByteArray order{};
     SensorValues values{};
-    std::map<char, Origin> origins{}; ///< other than Saved; also of what stays as it is
+    std::map<char, Origin> origins{}; ///< also of what stays as it is
 
     bool operator==(const RestoreChoice&) const = default;
 };
@@ -49,8 +49,10 @@ inline constexpr std::chrono::milliseconds kRestorePause{500}; ///< after it
 /// Why a choice is refused, in the current language; empty if it is not.
 [[nodiscard]] QString refusalText(const RestoreChoice& choice);
 
-/// The number of the text that says what a value comes from; 0 for a saved one.
-[[nodiscard]] int textNumberOf(RestoreChoice::Origin origin);
+[[nodiscard]] constexpr int textNumberOf(RestoreChoice::Origin origin)
+{
+    return static_cast<int>(origin);
+}
 
 /// The parameters that tell one sensor from another and are not as they were saved, the version
 /// among them. What was not saved tells nothing.

@@ -36,21 +36,6 @@ int changedText(WriteRequest::By by)
 
 } // namespace
 
-int textNumberOf(SafeWriter::Phase phase)
-{
-    switch (phase) {
-    case SafeWriter::Phase::Checking:
-        return strings::kCheckingSensor;
-    case SafeWriter::Phase::Writing:
-        return strings::kWriting;
-    case SafeWriter::Phase::Restarting:
-        return strings::kRestarting;
-    case SafeWriter::Phase::Comparing:
-        break;
-    }
-    return strings::kComparing;
-}
-
 /// A request that is under way.
 struct SafeWriter::Job
 {
@@ -61,6 +46,7 @@ struct SafeWriter::Job
     JournalEntry state{}; ///< the sensor as it was before
     std::unique_ptr<Journal::Writing> writing{};
     int changes = 0; ///< the runner's when the state was read
+    bool wrote = false;
     bool restarted = false;
     bool reconnected = false; ///< after the link was lost
     bool readAgain = false;   ///< what had no answer when it was compared
@@ -72,11 +58,6 @@ SafeWriter::SafeWriter(SequenceRunner& runner, const Journal& journal, Settings 
 }
 
 SafeWriter::~SafeWriter() = default;
-
-bool SafeWriter::isRunning(const QObject& asker) const
-{
-    return m_job && m_job->asker == &asker;
-}
 
 Plan SafeWriter::writingPlan(const WriteRequest& request) const
 {
@@ -128,8 +109,7 @@ void SafeWriter::check()
             others.append(id);
     }
     const Plan plan = joined(readPlan(viewOf(order), true), tolerantReadPlan(viewOf(others)));
-    if (!run(plan, [this](const Outcome& outcome) { takeState(outcome); }))
-        refuse(languageString(strings::kBeingConnected));
+    run(plan, [this](const Outcome& outcome) { takeState(outcome); });
 }
 
 void SafeWriter::takeState(const Outcome& outcome)
@@ -220,8 +200,7 @@ void SafeWriter::writeAll()
 {
     tell(Phase::Writing);
     m_job->changes = m_runner.changes();
-    if (!run(writingPlan(m_job->request), [this](const Outcome& outcome) { onWritten(outcome); }))
-        refuse(languageString(strings::kBeingConnected));
+    run(writingPlan(m_job->request), [this](const Outcome& outcome) { onWritten(outcome); });
 }
 
 void SafeWriter::onWritten(const Outcome& outcome)
@@ -234,6 +213,7 @@ void SafeWriter::onWritten(const Outcome& outcome)
     const bool refused = outcome.kind == Outcome::Kind::StreamNotEnded;
     if (!began)
         return refuse(refused ? writingFailure(outcome) : QString());
+    job.wrote = true;
     if (!m_settings.enabled)
         return stopUnchecked(Reason::SwitchedOff);
     if (outcome.kind == Outcome::Kind::Lost)
@@ -251,7 +231,7 @@ void SafeWriter::restart()
         return compare();
     }
     tell(Phase::Restarting);
-    const bool begun = run(connectPlan(), [this](const Outcome& outcome) {
+    run(connectPlan(), [this](const Outcome& outcome) {
         if (outcome.kind == Outcome::Kind::Lost)
             return stopUnchecked(Reason::LinkLost);
         if (outcome.kind == Outcome::Kind::Abandoned)
@@ -261,8 +241,6 @@ void SafeWriter::restart()
         m_job->restarted = m_runner.link().wasRestarted();
         compare();
     });
-    if (!begun)
-        stopUnchecked(m_runner.isEnding() ? Reason::Closed : Reason::LinkLost);
 }
 
 void SafeWriter::compare()
@@ -286,14 +264,12 @@ QByteArray SafeWriter::proof() const
 void SafeWriter::readBack(const QByteArray& ids)
 {
     const Plan plan = verifyPlan(viewOf(ids), overlaid(m_job->state.values, m_job->request.values));
-    const bool begun = run(
+    run(
         plan, [this](const Outcome& outcome) { onCompared(outcome); },
         [this](const Reply& reply) {
             if (m_job->asker && m_job->listener.comparing)
                 m_job->listener.comparing(reply);
         });
-    if (!begun)
-        stopUnchecked(m_runner.isEnding() ? Reason::Closed : Reason::LinkLost);
 }
 
 bool SafeWriter::isConnected(const JournalEntry& state) const
@@ -426,18 +402,21 @@ void SafeWriter::tell(Phase phase)
         m_job->listener.phase(phase);
 }
 
-bool SafeWriter::run(Plan plan, std::function<void(const Outcome&)> done,
+/// A plan that cannot begin ends the job.
+void SafeWriter::run(Plan plan, std::function<void(const Outcome&)> done,
                      std::function<void(const Reply&)> reply)
 {
     const int steps = static_cast<int>(plan.size());
-    return m_runner.start(*this, std::move(plan),
-                          {.reply = std::move(reply),
-                           .progress =
-                               [this, steps](int taken) {
-                                   if (m_job->asker && m_job->listener.progress)
-                                       m_job->listener.progress(taken, steps);
-                               },
-                           .ended = std::move(done)});
+    const auto progress = [this, steps](int taken) {
+        if (m_job->asker && m_job->listener.progress)
+            m_job->listener.progress(taken, steps);
+    };
+    if (m_runner.start(*this, std::move(plan),
+                       {.reply = std::move(reply), .progress = progress, .ended = std::move(done)}))
+        return;
+    if (m_job->wrote)
+        return stopUnchecked(m_runner.isEnding() ? Reason::Closed : Reason::LinkLost);
+    refuse(languageString(strings::kBeingConnected));
 }
 
 } // namespace pelorin

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/core/Strings.h"
 #include "sensor/Journal.h"
 #include "sensor/Plan.h"
 #include "sensor/WriteResult.h"
@@ -33,8 +34,13 @@ public:
         bool manualPower = false; ///< the user switches the sensor's supply
     };
 
-    /// Where a request is.
-    enum class Phase { Checking, Writing, Restarting, Comparing };
+    /// Where a request is: the numbers of the texts that say so.
+    enum class Phase {
+        Checking = strings::kCheckingSensor,
+        Writing = strings::kWriting,
+        Restarting = strings::kRestarting,
+        Comparing = strings::kComparing
+    };
 
     /// What the asker is told; each may be missing. None is called for an asker that is gone.
     struct Listener
@@ -71,7 +77,6 @@ public:
 
     /// Whether a request of anybody, or of this asker, is under way.
     [[nodiscard]] bool isRunning() const { return m_job != nullptr; }
-    [[nodiscard]] bool isRunning(const QObject& asker) const;
 
     /// Whether the connected sensor is that of an entry, as far as device, version and type tell.
     [[nodiscard]] bool isConnected(const JournalEntry& state) const;
@@ -108,8 +113,8 @@ private:
     void refuse(const QString& problem);
     void finish();
     void tell(Phase phase);
-    [[nodiscard]] bool run(Plan plan, std::function<void(const Outcome&)> done,
-                           std::function<void(const Reply&)> reply = {});
+    void run(Plan plan, std::function<void(const Outcome&)> done,
+             std::function<void(const Reply&)> reply = {});
 
     SequenceRunner& m_runner;
     const Journal& m_journal;
@@ -120,7 +125,9 @@ private:
     std::function<void()> m_compared;
 };
 
-/// The number of the text that says what a phase does.
-[[nodiscard]] int textNumberOf(SafeWriter::Phase phase);
+[[nodiscard]] constexpr int textNumberOf(SafeWriter::Phase phase)
+{
+    return static_cast<int>(phase);
+}
 
 } // namespace pelorin

@@ -1,5 +1,6 @@
 #include "simulator/PtyServer.h"
 
+#include "platform/core/LineSpeeds.h"
 #include "simulator/SimulatedDevice.h"
 
 #include <algorithm>
@@ -28,24 +29,15 @@ constexpr speed_t kFirstSpeed = B4800;
 
 int baudOf(speed_t speed)
 {
-    constexpr std::array<std::pair<speed_t, int>, 9> kSpeeds{{{B1200, 1200},
-                                                              {B2400, 2400},
-                                                              {B4800, 4800},
-                                                              {B9600, 9600},
-                                                              {B19200, 19200},
-                                                              {B38400, 38400},
-                                                              {B57600, 57600},
-                                                              {B115200, 115200},
-                                                              {B230400, 230400}}};
-    const auto* known = std::ranges::find(kSpeeds, speed, &std::pair<speed_t, int>::first);
-    return known == kSpeeds.end() ? 0 : known->second;
+    const auto* known = std::ranges::find(kLineSpeeds, speed, &std::pair<int, speed_t>::second);
+    return known == kLineSpeeds.end() ? 0 : known->first;
 }
 
 LineSettings lineOf(const termios& settings)
 {
     LineSettings line{baudOf(cfgetospeed(&settings))};
-    if (settings.c_cflag & PARENB)
-        line.parity = settings.c_cflag & PARODD ? 'O' : 'E';
+    const char parity = settings.c_cflag & PARODD ? 'O' : 'E';
+    line.parity = settings.c_cflag & PARENB ? parity : 'N';
     line.dataBits = (settings.c_cflag & CSIZE) == CS7 ? 7 : 8;
     line.stopBits = settings.c_cflag & CSTOPB ? 2 : 1;
     return line;
@@ -55,11 +47,10 @@ LineSettings lineOf(const termios& settings)
 int makePlain(int terminal)
 {
     termios settings{};
-    if (tcgetattr(terminal, &settings) != 0)
-        return errno;
+    const bool known = tcgetattr(terminal, &settings) == 0;
     cfmakeraw(&settings);
     (void)cfsetspeed(&settings, kFirstSpeed); // a known constant
-    return tcsetattr(terminal, TCSANOW, &settings) == 0 ? 0 : errno;
+    return known && tcsetattr(terminal, TCSANOW, &settings) == 0 ? 0 : errno;
 }
 
 } // namespace
@@ -104,14 +95,14 @@ int PtyServer::openTerminal()
     std::array<char, 64> name{};
     if (m_master.get() < 0 || ::grantpt(m_master.get()) != 0 || ::unlockpt(m_master.get()) != 0)
         return errno;
-    if (const int error = ::ptsname_r(m_master.get(), name.data(), name.size()))
-        return error;
-    m_slave.reset(::open(name.data(), O_RDWR | O_NOCTTY | O_CLOEXEC));
-    if (m_slave.get() < 0)
-        return errno;
-    if (const int error = makePlain(m_slave.get()))
-        return error;
-    if (const int error = pointLink(name.data()))
+    int error = ::ptsname_r(m_master.get(), name.data(), name.size());
+    if (error == 0) {
+        m_slave.reset(::open(name.data(), O_RDWR | O_NOCTTY | O_CLOEXEC));
+        error = m_slave.get() < 0 ? errno : makePlain(m_slave.get());
+    }
+    if (error == 0)
+        error = pointLink(name.data());
+    if (error != 0)
         return error;
     const std::lock_guard lock(m_mutex);
     m_path = name.data();

@@ -76,14 +76,10 @@ SimulatedSensor::Mode SimulatedSensor::mode() const
     return m_mode;
 }
 
-void SimulatedSensor::setSupply(bool on, TimePoint now)
+void SimulatedSensor::restart(TimePoint now)
 {
     const std::lock_guard lock(mutex());
-    if (on) {
-        switchOn(now);
-    } else {
-        switchOff();
-    }
+    switchOn(now);
     changed();
 }
 
@@ -99,23 +95,11 @@ void SimulatedSensor::setParameter(char id, std::string_view text)
     m_parameters.store(id, text);
 }
 
-double SimulatedSensor::magnetPosition(TimePoint now) const
-{
-    const std::lock_guard lock(mutex());
-    return positionAt(now);
-}
-
 void SimulatedSensor::setMagnetPosition(double millimetres)
 {
     const std::lock_guard lock(mutex());
     m_options.magnetPosition = millimetres;
     m_options.moving = false;
-}
-
-void SimulatedSensor::setMoving(bool moving)
-{
-    const std::lock_guard lock(mutex());
-    m_options.moving = moving;
 }
 
 int SimulatedSensor::progFrames() const

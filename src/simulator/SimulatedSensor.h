@@ -37,23 +37,18 @@ public:
 
     explicit SimulatedSensor(const Options& options);
 
-    [[nodiscard]] int type() const { return m_options.type; }
     [[nodiscard]] Mode mode() const;
 
-    /// Switches the supply as somebody does it by hand.
-    void setSupply(bool on, TimePoint now = Clock::now());
+    /// Switches the supply off and on as somebody does it by hand.
+    void restart(TimePoint now = Clock::now());
 
     /// A parameter as it outlasts the loss of the supply; empty for one that does not exist.
     [[nodiscard]] std::string parameter(char id) const;
     /// Changes a parameter for good; does nothing for one that does not exist.
     void setParameter(char id, std::string_view text);
 
-    /// Where the magnet is, in millimetres.
-    [[nodiscard]] double magnetPosition(TimePoint now = Clock::now()) const;
     /// Puts the magnet somewhere, where it stays.
     void setMagnetPosition(double millimetres);
-    /// Lets the magnet go slowly from one end of the stroke to the other and back.
-    void setMoving(bool moving);
 
     /// PROG frames heard since the supply came.
     [[nodiscard]] int progFrames() const;

@@ -1,46 +1,27 @@
-#include "cli/CliRun.h"
-#include "sensor/KeptFormats.h"
-#include "simulator/PtyServer.h"
-#include "simulator/SimulatedSensor.h"
+#include "cli/CliBench.h"
 #include "support/PseudoTerminal.h"
-#include "support/Rows.h"
-#include "support/TestFolder.h"
-#include "support/TestRegistry.h"
-#include "system/Program.h"
 
 using namespace pelorin;
 using namespace pelorin::test;
 using namespace Qt::StringLiterals;
 
-namespace {
-
-const QByteArray kInstalled =
-    "[HKEY_LOCAL_MACHINE\\SOFTWARE\\Korvex Systems\\Pelorin]\r\n\"Path\"=\"C:\\\\Pelorin\"\r\n";
-const QByteArray kPorts = "[HKEY_LOCAL_MACHINE\\HARDWARE\\DEVICEMAP\\SERIALCOMM]\r\n"
-                          "\"simulator:sensor?type=1\"=\"COM9\"\r\n";
-
-} // namespace
-
 /// Runs the built program, as scripts do. What it does with a sensor is tested where that lives.
-class TestCli : public QObject
+class TestCli : public CliBench
 {
     Q_OBJECT
 
 private Q_SLOTS:
     void initTestCase()
     {
+        QByteArray text = prepare();
+        QCOMPARE(text.count('\n'), 13);
+        QVERIFY(text.contains("\r\n44:4A0519\r\n"));
+        text.replace("44:4A0519", "44:4A051X").replace("41:00000005\r\n", "");
+        QVERIFY(m_folder.put(u"odd.dat"_s, text.replace("4B:000001", "4B:000301")));
         QVERIFY(
             m_folder.put(u"none.reg"_s, "Windows Registry Editor Version 5.00\r\n" + kInstalled));
         QVERIFY(m_folder.put(u"damaged.reg"_s, "Windows\r\n"));
-        CliRun backup({u"backup"_s, u"--port"_s, kSensor, m_folder.path(u"good.dat"_s)});
-        QCOMPARE(backup.end(), 0);
-        QByteArray text = m_folder.content(u"good.dat"_s);
-        QCOMPARE(text.count('\n'), 13);
-        QVERIFY(text.contains("\r\n44:4A0519\r\n"));
-        QVERIFY(m_folder.put(u"other.dat"_s, text.replace("44:4A0519", "44:4A0518")));
-        QVERIFY(m_folder.put(u"few.dat"_s, text.left(text.indexOf('\n') + 1) + "44:4A0519\r\n"));
         QVERIFY(m_folder.put(u"table.dat"_s, m_table));
-        QVERIFY(m_folder.put(u"garbage.dat"_s, "garbage\r\n"));
     }
 
     void everyCommandEndsWithItsExitCodeAndOneObject()
@@ -50,6 +31,7 @@ private Q_SLOTS:
             return u" --port simulator:sensor?fault="_s + QLatin1String(fault);
         };
         keepFormat(u"simulator:sensor?fault=deaf@DN"_s);
+        keepFormat(u"simulator:sensor?fault=silent@D"_s);
         keepFormat(u"simulator:sensor?moving=0"_s);
         const QString code = u"error/code"_s;
         const std::vector<CliRow> rows = {
@@ -59,6 +41,7 @@ private Q_SLOTS:
              u"simulator:sensor?type=1"_s},
             {"silent", u"info"_s + faulty("silent"), 4, code, u"no-answer"_s},
             {"silent midway", u"info"_s + faulty("silent@UA"), 6, u"error/parameter"_s, u"U"_s},
+            {"lost while connecting", u"info"_s + faulty("vanish@prog"), 6, code, u"lost"_s},
             {"lost midway", u"info"_s + faulty("vanish@LA"), 6, code, u"lost"_s},
             {"no such device", u"info --port %none"_s, 3, code, u"port"_s},
             {"a number of no device", u"info --port COM500"_s, 3, code, u"port"_s},
@@ -76,6 +59,8 @@ private Q_SLOTS:
             {"where no file can be", u"backup %garbage.dat/x"_s + sensor, 7, code, u"file"_s},
             {"of a silent sensor", u"backup %never.dat"_s + faulty("silent"), 4, code,
              u"no-answer"_s},
+            {"over a device", u"backup /dev/null --yes"_s + sensor, 0, u"values/0/value"_s,
+             u"25"_s},
             {"saved for nothing", u"backup %never3.dat --dry-run"_s + sensor, 0,
              u"values/0/value"_s, u"25"_s},
             {"equal", u"compare %good.dat"_s + sensor, 0, u"differences"_s},
@@ -88,6 +73,10 @@ private Q_SLOTS:
             {"no backup", u"compare %good.dat %garbage.dat"_s, 7, code, u"no-backup"_s},
             {"one file", u"compare %good.dat"_s, 2, code, u"usage"_s},
             {"a backup", u"convert %other.dat"_s, 0, u"values/0/value"_s, u"24"_s},
+            {"a text without a meaning", u"convert %odd.dat"_s, 0, u"values/0/value"_s},
+            {"a length without a resolution", u"convert %odd.dat"_s, 0, u"values/7/unit"_s,
+             u"counts"_s},
+            {"a number without a word", u"convert %odd.dat"_s, 0, u"values/10/value"_s, u"3"_s},
             {"a table", u"convert %table.dat"_s, 0, u"table/1/point"_s, u"-1.5"_s},
             {"neither", u"convert %garbage.dat"_s, 7, code, u"unknown-file"_s},
             {"no file", u"convert %absent.dat"_s, 7, code, u"file"_s},
@@ -97,6 +86,8 @@ private Q_SLOTS:
              u"port/device"_s},
             {"format written back", u"read D --port simulator:sensor?moving=0"_s, 0,
              u"values/0/raw"_s, u"4A0518"_s},
+            {"format not read", u"read V"_s + faulty("silent@D"), 6, code,
+             u"format-not-restored"_s},
             {"format not written back", u"info"_s + faulty("deaf@DN"), 6, code,
              u"format-not-restored"_s},
             {"streaming format", u"backup %never2.dat"_s + faulty("deaf@DN"), 8, code,
@@ -112,12 +103,10 @@ private Q_SLOTS:
             {"no settings", u"ports --settings %none"_s, 2, code, u"settings"_s},
             {"damaged settings", u"ports --settings %damaged.reg"_s, 2, code, u"settings"_s}};
 
-        PtyServer terminal(std::make_shared<SimulatedSensor>(SimulatedSensor::Options{
-                               .type = 0, .supply = SimulatedSensor::Supply::ByLineSpeed}),
-                           m_folder.path(u"pty"_s).toStdString());
-        QCOMPARE(terminal.start(), 0);
-        checkRows(rows, m_folder.path(u"."_s), QStringLiteral(PELORIN_FAST_CLI));
-        checkRows({{"over a terminal", u"info --port %pty"_s, 0, u"sensor/version"_s, u"1A0204"_s}},
+        const PtySensor terminal(m_folder.path(u"pty"_s));
+        QVERIFY(terminal.started);
+        checkRows(rows, m_folder.path(u"."_s), kFast);
+        checkRows({{"over a terminal", u"info --port %pty"_s, 0, u"sensor/version"_s, u"3A0102"_s}},
                   m_folder.path(u"."_s));
         QVERIFY(!m_folder.names().contains(u"never"_s));
         QVERIFY(m_folder.content(u"log.txt"_s).contains("\r\nTX: [44][Get][TERM]\r\n"));
@@ -155,17 +144,17 @@ private Q_SLOTS:
 
     void aSensorIsWaitedForAndASignalEndsTheWaiting()
     {
-        const auto sensor = std::make_shared<SimulatedSensor>(
-            SimulatedSensor::Options{.supply = SimulatedSensor::Supply::ByLineSpeed});
-        sensor->setFault({.kind = SimulatedFault::Kind::Silent});
         const QString link = m_folder.path(u"late"_s);
-        PtyServer terminal(sensor, link.toStdString());
-        QCOMPARE(terminal.start(), 0);
+        const PtySensor terminal(link);
+        QVERIFY(terminal.started);
+        const auto& sensor = terminal.sensor;
+        sensor->setFault({.kind = SimulatedFault::Kind::Silent});
         const QStringList arguments{u"read"_s, u"V"_s, u"--port"_s, link, u"--wait"_s, u"600"_s};
-        {
-            Program given(QStringLiteral(PELORIN_CLI), arguments);
-            QCOMPARE(given.endBy(SIGINT), 130);
-        }
+        CliRun given(arguments);
+        given.begin();
+        QVERIFY(waitFor([&] { return sensor->progFrames() > 0; }));
+        interrupt(given, {SIGINT});
+        QCOMPARE(given.end(), 130);
         CliRun waiting(arguments);
         waiting.begin();
         const int frames = sensor->progFrames();
@@ -195,12 +184,25 @@ private Q_SLOTS:
             {"supply", byHand, {{"supply off", "\n"}, {"supply on", "\n"}}, 0},
             {"ready", byHand, {{"supply off", "n\n"}}, 4},
             {"a signal", backup, {{"[y/N]", {}}}, 130},
+            {"positions",
+             {u"watch"_s, u"--seconds"_s, u"1"_s, u"--manual-power"_s, u"--port"_s,
+              u"simulator:sensor?power=manual"_s},
+             {{"supply off", "\n"}, {"supply on", "\n"}},
+             0},
+            {"a write", // which offset, the extension, all of it
+             {u"set"_s, u"extension=parity"_s, u"--port"_s, kSensor},
+             {{"multiplied]", "keep-length\n"}, {"[y/N]", "y\n"}, {"[y/N]", "y\n"}},
+             0},
+            {"a write that is not wanted",
+             {u"set"_s, u"offset=1"_s, u"--port"_s, kSensor},
+             {{"[y/N]", "n\n"}},
+             8},
         };
         forEachRow(rows, [&](const Row& row) {
             QVERIFY(m_folder.put(u"asked.dat"_s, "old"));
             PseudoTerminal terminal;
             const QString path = QString::fromStdString(terminal.path());
-            CliRun run(row.arguments);
+            CliRun run(row.arguments, kFast);
             run.setStandardInputFile(path);
             run.setStandardErrorFile(path);
             QVERIFY(terminal.send("y\n")); // before anything is asked
@@ -223,16 +225,6 @@ private Q_SLOTS:
     }
 
 private:
-    /// A kept format of a sensor that has, as it comes from the factory, the streaming one.
-    static void keepFormat(const QString& device)
-    {
-        const auto kept = KeptFormats().keep({device, "3A0102", "4A0518", "4A0519"});
-        QVERIFY2(kept.isDone(), qPrintable(kept.message()));
-    }
-
-    const QString kSensor = u"simulator:sensor"_s;
-    const TestRegistry m_settings{kInstalled + kSimulatedBounds + kPorts};
-    const TestFolder m_folder;
     const QByteArray m_table = "~~~KORVEX_SSI_TEMP_COMPENSATION_LOOKUPTABLE~~~\r\n"
                                "0014,00000010\r\nFFFD,FFFFFFFF\r\n";
 };

@@ -1,17 +1,15 @@
-#include "cli/CliRun.h"
+#include "cli/CliBench.h"
+#include "sensor/BackupFile.h"
 #include "sensor/Journal.h"
-#include "sensor/KeptFormats.h"
 #include "sensor/PositionRecording.h"
-#include "simulator/PtyServer.h"
-#include "simulator/SimulatedSensor.h"
-#include "support/PseudoTerminal.h"
-#include "support/TestFolder.h"
-#include "support/TestRegistry.h"
 
 #include <QFile>
 
-#include <array>
 #include <cerrno>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 using namespace pelorin;
 using namespace pelorin::test;
@@ -19,49 +17,54 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QByteArray kInstalled =
-    "[HKEY_LOCAL_MACHINE\\SOFTWARE\\Korvex Systems\\Pelorin]\r\n\"Path\"=\"C:\\\\Pelorin\"\r\n";
-
-const QString kFast = QStringLiteral(PELORIN_FAST_CLI); ///< for sensors that live in the program
-
-/// A sensor of type 2 on a line without RTS.
-struct PtySensor
-{
-    explicit PtySensor(const QString& link) : server(sensor, link.toStdString())
-    {
-        started = server.start() == 0;
-    }
-
-    const std::shared_ptr<SimulatedSensor> sensor = std::make_shared<SimulatedSensor>(
-        SimulatedSensor::Options{.supply = SimulatedSensor::Supply::ByLineSpeed});
-    PtyServer server;
-    bool started = false;
-};
-
 /// The first shell script of a document.
 QString scriptIn(const QString& document)
 {
     return document.section(u"```sh\n"_s, 1).section(u"```"_s, 0, 0);
 }
 
+/// The positions of a sensor of its own, shown by a call of the program.
+struct Watch
+{
+    /// @param shell how a shell makes the call, if one does
+    explicit Watch(const TestFolder& folder, const QString& name, const QString& shell = {},
+                   const QStringList& more = {})
+        : terminal(folder.path(name)),
+          run(QStringList{u"watch"_s, u"--json"_s, u"--port"_s, folder.path(name)} + more)
+    {
+        if (!shell.isEmpty()) {
+            run.setArguments(QStringList{u"-c"_s, shell, run.program()} + run.arguments());
+            run.setProgram(u"bash"_s);
+        }
+        run.begin();
+    }
+
+    [[nodiscard]] std::string format() const { return terminal.sensor->parameter('D'); }
+
+    const PtySensor terminal;
+    CliRun run;
+};
+
+QByteArray lastLineOf(const Watch& watch)
+{
+    return watch.run.output.trimmed().split('\n').last() + '\n';
+}
+
 } // namespace
 
 /// Runs the built program where it writes to sensors, as scripts do.
-class TestCliWrites : public QObject
+class TestCliWrites : public CliBench
 {
     Q_OBJECT
 
 private Q_SLOTS:
     void initTestCase()
     {
-        qputenv("XDG_DATA_HOME", m_folder.path(u"data"_s).toUtf8());
-        CliRun backup({u"backup"_s, u"--port"_s, u"simulator:sensor"_s, m_folder.path(u"own"_s)},
-                      kFast);
-        QCOMPARE(backup.end(), 0);
-        QByteArray text = m_folder.content(u"own"_s);
-        QVERIFY(m_folder.put(u"few"_s, QByteArray(text).replace("4B:000001\r\n", "")));
-        QVERIFY(m_folder.put(u"odd"_s, QByteArray(text).replace("44:4A0519", "44:4A051X")));
-        QVERIFY(m_folder.put(u"other"_s, text.replace("44:4A0519", "44:4A0518")));
+        QByteArray text = prepare();
+        QVERIFY(text.contains("44:4A0519"));
+        const QByteArray foreign = QByteArray(text).replace("44:4A", "44:4E");
+        QVERIFY(m_folder.put(u"foreign.dat"_s, QByteArray(foreign).replace("55:28", "55:29")));
+        QVERIFY(m_folder.put(u"odd.dat"_s, text.replace("44:4A0519", "44:4A051X")));
         QVERIFY(m_folder.put(u"off.reg"_s, "Windows Registry Editor Version 5.00\r\n" + kInstalled +
                                                "\"SafeWrites\"=dword:00000000\r\n" +
                                                kSimulatedBounds));
@@ -70,33 +73,41 @@ private Q_SLOTS:
     void everyWriteEndsWithItsExitCodeAndOneObject()
     {
         const QString code = u"error/code"_s;
-        const QString on = u" --port simulator:sensor"_s;
+        const QString on = u" --port "_s + kSensor;
         const QString streaming = u"simulator:sensor?fault=deaf@DN"_s;
-        QVERIFY(KeptFormats().keep({streaming, "3A0102", "4A0518", "4A0519"}).isDone());
+        keepFormat(streaming);
         const std::vector<CliRow> rows = {
-            {"restored", u"restore %other --all --yes"_s + on, 0, u"values/0/value"_s, u"24"_s},
-            {"output settings", u"restore %other --output-only --yes"_s + on, 0,
+            {"restored", u"restore %other.dat --all --yes"_s + on, 0, u"values/0/value"_s, u"24"_s},
+            {"output settings", u"restore %other.dat --output-only --yes"_s + on, 0,
              u"values/0/value"_s, u"24"_s},
-            {"not taken", u"restore %other --all --yes --port simulator:sensor?fault=deaf@EN"_s, 1,
-             u"differences/0/found"_s, u"4A0519"_s},
-            {"nothing differs", u"restore %own --all"_s + on, 0, u"plan"_s},
-            {"only shown", u"restore %other --all --dry-run"_s + on, 0, u"plan/0/frame"_s,
+            {"not taken", u"restore %other.dat --all --yes --port simulator:sensor?fault=deaf@EN"_s,
+             1, u"differences/0/found"_s, u"4A0519"_s},
+            {"nothing differs", u"restore %good.dat --all"_s + on, 0, u"plan"_s},
+            {"only shown", u"restore %other.dat --all --dry-run"_s + on, 0, u"plan/0/frame"_s,
              u"444e3441303531380d"_s},
-            {"nobody agrees", u"restore %other --all"_s + on, 8, code, u"not-confirmed"_s},
+            {"only shown, unseen", u"restore %other.dat --all --dry-run --settings %off.reg"_s + on,
+             0, u"plan/13/restart"_s},
+            {"nobody agrees", u"restore %other.dat --all"_s + on, 8, code, u"not-confirmed"_s},
             {"neither", u"restore %other"_s + on, 2, code, u"usage"_s},
-            {"both", u"restore %other --all --output-only"_s + on, 2, code, u"usage"_s},
-            {"not all saved", u"restore %few --all --yes"_s + on, 7, code, u"backup-unfit"_s},
-            {"unusual", u"restore %odd --output-only --yes"_s + on, 8, u"error/parameter"_s,
+            {"both", u"restore %other.dat --all --output-only"_s + on, 2, code, u"usage"_s},
+            {"not all saved", u"restore %few.dat --all --yes"_s + on, 7, code, u"backup-unfit"_s},
+            {"unusual", u"restore %odd.dat --output-only --yes"_s + on, 8, u"error/parameter"_s,
              u"D"_s},
-            {"mode not offered", u"restore %other --output-only --port simulator:sensor?type=0"_s,
-             8, code, u"refused"_s},
-            {"lost", u"restore %other --all --yes --port simulator:sensor?fault=vanish@EN"_s, 6,
+            {"mode not offered",
+             u"restore %other.dat --output-only --port simulator:sensor?type=0"_s, 8, code,
+             u"refused"_s},
+            {"lost", u"restore %other.dat --all --yes --port simulator:sensor?fault=vanish@EN"_s, 6,
              code, u"lost"_s},
-            {"unseen", u"restore %other --all --yes --settings %off.reg"_s + on, 9, code,
+            {"unseen", u"restore %other.dat --all --yes --settings %off.reg"_s + on, 9, code,
              u"not-checked"_s},
             {"output settings unseen",
-             u"restore %other --output-only --yes --settings %off.reg"_s + on, 8, code,
+             u"restore %other.dat --output-only --yes --settings %off.reg"_s + on, 8, code,
              u"refused"_s},
+            {"streaming format unseen",
+             u"restore %other.dat --all --yes --settings %off.reg --port "_s + streaming, 8, code,
+             u"streaming-format"_s},
+            {"silent midway", u"set offset=1 --yes --port simulator:sensor?fault=silent@A"_s, 6,
+             u"error/parameter"_s, u"A"_s},
             {"streaming format", u"set offset=1 --yes --port "_s + streaming, 8, code,
              u"streaming-format"_s},
             {"set", u"set data-bits=24 offset=-0.5 --yes"_s + on, 0, u"values/0/value"_s, u"24"_s},
@@ -112,9 +123,14 @@ private Q_SLOTS:
             {"direction", u"set direction=reverse mode=asynchronous offset=9 --yes"_s + on, 0,
              u"values/0/raw"_s, u"430519"_s},
             {"already so", u"set code=gray offset=0.05"_s + on, 0, u"plan"_s},
+            {"already so, no offset", u"set code=gray"_s + on, 0, u"plan"_s},
+            {"no multiplier", u"set data-bits=25 --yes --port simulator:sensor?type=0"_s, 0,
+             u"error"_s},
             {"no new offset", u"set direction=reverse mode=asynchronous --yes"_s + on, 8,
              u"error/parameter"_s, u"N"_s},
             {"in reverse", u"set direction=reverse offset=9 --yes"_s + on, 8, code, u"refused"_s},
+            {"no such choice", u"set code=binary --yes --offset-count=half"_s + on, 2, code,
+             u"usage"_s},
             {"no choice", u"set code=binary --yes"_s + on, 8, u"error/parameter"_s, u"N"_s},
             {"locked", u"set skip-count=7 --yes"_s + on, 8, u"error/parameter"_s, u"D"_s},
             {"wrong password", u"set skip-count=7 --password x --yes"_s + on, 8, code,
@@ -126,18 +142,50 @@ private Q_SLOTS:
              u"not-confirmed"_s},
             {"no name", u"set magnets=2"_s + on, 2, code, u"usage"_s},
             {"no value", u"set resolution=0.003"_s + on, 2, code, u"usage"_s},
+            {"no word", u"set code=grey"_s + on, 2, code, u"usage"_s},
+            {"no such count", u"set skip-count=256"_s + on, 2, code, u"usage"_s},
             {"no decimal point", u"set offset=0,5"_s + on, 2, code, u"usage"_s},
             {"twice", u"set code=gray code=binary"_s + on, 2, code, u"usage"_s},
             {"no time", u"watch --seconds 0"_s + on, 2, code, u"usage"_s},
-            {"nowhere to record", u"watch --csv %own/x"_s + on, 7, u"port/device"_s},
+            {"nowhere to record", u"watch --csv %good.dat/x"_s + on, 7, u"port/device"_s},
+            {"recorded by a device", u"watch --csv /dev/null --yes"_s + on, 7, code, u"file"_s},
             {"nothing to record", u"watch --csv %none --port simulator:sensor?fault=silent@A"_s, 6,
              code, u"failed"_s},
+            {"no positions", u"watch --seconds 1 --port simulator:sensor?fault=silent@stream"_s, 4,
+             code, u"no-positions"_s},
+            {"format of another time", u"watch --port "_s + streaming, 8, code,
+             u"streaming-format"_s},
             {"no stream", u"watch --port simulator:sensor?fault=silent@A"_s, 6,
              u"error/parameter"_s, u"A"_s},
             {"stream only shown", u"watch --dry-run"_s + on, 0, u"plan/0/raw"_s, u"4E0519"_s},
             {"no entry", u"journal show none"_s, 7, code, u"no-entry"_s},
             {"no such use", u"journal burn"_s, 2, code, u"usage"_s}};
         checkRows(rows, m_folder.path(u"."_s), kFast);
+        CliRun foreign({u"restore"_s, m_folder.path(u"foreign.dat"_s), u"--all"_s, u"--dry-run"_s,
+                        u"--port"_s, kSensor},
+                       kFast);
+        QCOMPARE(foreign.end(), 0);
+        QCOMPARE(foreign.errors.count(u'\n'), 2); // of another sensor, and its stream
+        QVERIFY(foreign.errors.contains(u"(U)"_s));
+        struct Odd
+        {
+            char id;
+            const char* text;
+            const char* command;
+            int exit;
+        };
+        for (const auto& [id, text, command, exit] :
+             std::initializer_list<Odd>{{'D', "4A051X", "set offset=1 --yes", 8},
+                                        {'D', "4A051X", "watch", 8},
+                                        {'A', "00000000", "set code=binary --yes", 8},
+                                        {'U', "28?000", "backup %doubtful.dat", 0}}) {
+            const PtySensor odd(m_folder.path(u"odd"_s));
+            odd.sensor->setParameter(id, text);
+            checkRows({{command, QLatin1String(command) + u" --port %odd"_s, exit,
+                        u"error/parameter"_s, exit == 0 ? QString() : QString(QLatin1Char(id))}},
+                      m_folder.path(u"."_s));
+        }
+        QVERIFY(m_folder.content(u"doubtful.dat"_s).contains("55:28?000"));
         QVERIFY(!m_folder.names().contains(u"none"_s));
     }
 
@@ -170,9 +218,9 @@ private Q_SLOTS:
     void withoutJournalNothingIsWrittenUnlessThatIsWanted()
     {
         QStringList arguments{u"set"_s,    u"offset=1"_s, u"--yes"_s,
-                              u"--json"_s, u"--port"_s,   u"simulator:sensor"_s};
+                              u"--json"_s, u"--port"_s,   kSensor};
         QProcessEnvironment nowhere = QProcessEnvironment::systemEnvironment();
-        nowhere.insert(u"XDG_DATA_HOME"_s, m_folder.path(u"own/below"_s));
+        nowhere.insert(u"XDG_DATA_HOME"_s, m_folder.path(u"good.dat/below"_s));
         for (const int exit : {8, 0}) {
             CliRun run(arguments, kFast);
             run.setProcessEnvironment(nowhere);
@@ -180,6 +228,11 @@ private Q_SLOTS:
             QCOMPARE(at(objectOf(run.output), u"error/code"_s), exit ? u"journal"_s : QString());
             arguments << u"--no-journal"_s;
         }
+        nowhere.insert(u"XDG_CONFIG_HOME"_s, m_folder.path(u"good.dat/below"_s));
+        CliRun watch({u"watch"_s, u"--json"_s, u"--port"_s, kSensor}, kFast);
+        watch.setProcessEnvironment(nowhere);
+        QCOMPARE(watch.end(), 7); // its data format could not be kept
+        QCOMPARE(at(objectOf(watch.output), u"error/code"_s), u"file"_s);
     }
 
     void aWriteThatIsInterruptedIsWrittenToItsEnd()
@@ -204,61 +257,83 @@ private Q_SLOTS:
 
     void positionsAreShownUntilSomethingEndsThemAndTheFormatIsBack()
     {
-        const std::array<PtySensor, 4> sensors{
-            PtySensor(m_folder.path(u"1"_s)), PtySensor(m_folder.path(u"2"_s)),
-            PtySensor(m_folder.path(u"3"_s)), PtySensor(m_folder.path(u"4"_s))};
-        const auto watching = [this](const QString& line) {
-            return QStringList{u"watch"_s, u"--json"_s, u"--port"_s, m_folder.path(line)};
-        };
         const QString csv = m_folder.path(u"positions.csv"_s);
-        CliRun timed(watching(u"1"_s) + QStringList{u"--seconds"_s, u"1"_s, u"--csv"_s, csv});
-        CliRun given(watching(u"2"_s));
-        CliRun piped({u"-c"_s, u"\"$0\" \"$@\" | head -n 1; exit ${PIPESTATUS[0]}"_s,
-                      QStringLiteral(PELORIN_CLI)});
-        piped.setArguments(piped.arguments() + watching(u"3"_s));
-        piped.setProgram(u"bash"_s);
-        CliRun closed({u"-c"_s, u"\"$0\" \"$@\" >&-"_s, QStringLiteral(PELORIN_CLI)}, u"bash"_s);
-        closed.setArguments(closed.arguments() + watching(u"4"_s));
-        for (CliRun* run : {&timed, &given, &piped, &closed})
-            run->begin();
+        const QString full = fullPipe();
+        Watch timed(m_folder, u"1"_s, {}, {u"--seconds"_s, u"1"_s, u"--csv"_s, csv});
+        Watch given(m_folder, u"2"_s);
+        Watch piped(m_folder, u"3"_s, u"\"$0\" \"$@\" | head -n 1; exit ${PIPESTATUS[0]}"_s);
+        Watch closed(m_folder, u"4"_s, u"\"$0\" \"$@\" >&-"_s);
+        Watch unread(m_folder, u"5"_s, u"trap '' HUP; exec \"$0\" \"$@\" > "_s + full);
+        Watch lost(m_folder, u"6"_s);
+        Watch early(m_folder, u"7"_s);
 
-        QVERIFY(waitFor([&] { return given.bytesAvailable() > 0; }));
-        QCOMPARE(sensors[1].sensor->parameter('D'), "4E0519");
-        interrupt(given, {SIGHUP, SIGINT});
-        for (CliRun* run : {&timed, &given, &piped})
-            QCOMPARE(run->end(), 0);
-        QCOMPARE(closed.end(), 7);
-        QVERIFY2(closed.errors.contains(qt_error_string(EBADF)), qPrintable(closed.errors));
-        for (const PtySensor& each : sensors)
-            QCOMPARE(each.sensor->parameter('D'), "4A0519");
-        QCOMPARE(piped.output.count('\n'), 1);
-        const QJsonObject last = objectOf(timed.output.trimmed().split('\n').last() + '\n');
+        QVERIFY(waitFor([&] { return early.format() == "4E0519"; }));
+        interrupt(early.run, {SIGINT});
+        QVERIFY(waitFor([&] {
+            return given.run.bytesAvailable() > 0 && lost.run.bytesAvailable() > 0 &&
+                   unread.terminal.sensor->positionFrames() > 400; // it shows them by now
+        }));
+        QCOMPARE(given.format(), "4E0519");
+        interrupt(unread.run, {SIGHUP});
+        interrupt(given.run, {SIGHUP, SIGINT});
+        lost.terminal.sensor->vanish();
+        QCOMPARE(lost.run.end(), 6);
+        for (Watch* watch : {&timed, &given, &piped})
+            QCOMPARE(watch->run.end(), 0);
+        QCOMPARE(early.run.end(), 130);
+        QCOMPARE(closed.run.end(), 7);
+        QVERIFY2(closed.run.errors.contains(qt_error_string(EBADF)), qPrintable(closed.run.errors));
+        QCOMPARE(unread.format(), "4E0519");
+        interrupt(unread.run, {SIGTERM});
+        QCOMPARE(unread.run.end(), 7);
+        for (const Watch* watch : {&timed, &given, &piped, &closed, &unread, &early})
+            QCOMPARE(watch->format(), "4A0519");
+        QCOMPARE(at(objectOf(lastLineOf(lost)), u"error/code"_s), u"format-not-restored"_s);
+        QCOMPARE(piped.run.output.count('\n'), 1);
+        const QJsonObject last = objectOf(lastLineOf(timed));
         QCOMPARE(faultOf(last), QString());
         const int count = at(last, u"summary/count"_s).toInt();
         QVERIFY(count > 0);
-        QCOMPARE(timed.output.count('\n'), count + 1);
+        QCOMPARE(timed.run.output.count('\n'), count + 1);
         QCOMPARE(readRecording(csv).content.points.size(), std::size_t(count));
     }
 
-    void whoeverSitsAtTheTerminalAgreesToWhatIsWritten()
+    void anUnfinishedWriteIsToldUntilTheStateIsPutBack()
     {
-        PseudoTerminal terminal;
-        CliRun run({u"set"_s, u"extension=parity"_s, u"--port"_s, u"simulator:sensor"_s}, kFast);
-        run.setStandardInputFile(QString::fromStdString(terminal.path()));
-        run.setStandardErrorFile(QString::fromStdString(terminal.path()));
-        run.begin();
-        std::string said;
-        for (const char* answer : {"keep-length\n", "y\n", "y\n"}) { // which, parity, all of it
-            while (!said.ends_with("]\r\n") && !said.ends_with("]\n")) {
-                const std::string more = terminal.receive(1);
-                QVERIFY2(!more.empty(), said.c_str());
-                said += more;
-            }
-            said.clear();
-            QVERIFY(terminal.send(answer));
-        }
-        QCOMPARE(run.end(), 0);
-        QVERIFY(run.output.startsWith("Verified: "));
+        JournalEntry state{.time = QDateTime::currentDateTimeUtc(), .device = kSensor};
+        state.version = "3A0102";
+        state.ssiType = 2;
+        state.values = *BackupFile::valuesOf(m_folder.content(u"other.dat"_s));
+        state.values['F'] = "SN012345";
+        state.written = {{'N', "000001"}};
+        const QString id = Journal().begin(state).writing->entry().id;
+        state.values.erase('K');
+        state.device = u"elsewhere"_s;
+        const QString partId = Journal().begin(state).writing->entry().id;
+        QVERIFY(m_folder.put(u"data/pelorin/journal/damaged.json"_s, "{}"));
+
+        const auto errorsOf = [](const QStringList& arguments) {
+            CliRun run(arguments, kFast);
+            return run.end() == 0 ? run.errors : u"failed"_s;
+        };
+        const QStringList read{u"read"_s, u"V"_s, u"--port"_s, kSensor};
+        QCOMPARE(errorsOf(read).count(u'\n'), 1);
+        QVERIFY(errorsOf(read).contains(u"journal show "_s + id));
+        QVERIFY(errorsOf({u"journal"_s, u"list"_s}).contains(Journal().folder()));
+        const QString back = u"journal put-back "_s + id;
+        const QString code = u"error/code"_s;
+        checkRows({{"what of it", back, 2, code, u"usage"_s},
+                   {"nowhere", back + u" --all"_s, 2, code, u"usage"_s},
+                   {"a silent one", back + u" --all --port simulator:sensor?fault=silent"_s, 4,
+                    code, u"no-answer"_s},
+                   {"another type", back + u" --all --yes --port simulator:sensor?type=1"_s, 8,
+                    code, u"refused"_s},
+                   {"a part", u"journal put-back "_s + partId + u" --all --yes --port "_s + kSensor,
+                    8, u"error/parameter"_s, u"K"_s},
+                   {"put back", back + u" --all --yes --port "_s + kSensor, 0, u"values/0/raw"_s,
+                    u"4A0518"_s}},
+                  m_folder.path(u"."_s), kFast);
+        QCOMPARE(errorsOf(read), QString());
     }
 
     void theSeriesOfTheManualWritesALineForEachSensor()
@@ -266,8 +341,8 @@ private Q_SLOTS:
         const QString script =
             scriptIn(QString::fromUtf8(contentOf(QStringLiteral(PELORIN_MANUAL))));
         QVERIFY(script.count(u'\n') <= 20);
-        CliRun series({u"-c"_s, script, u"series"_s, u"simulator:sensor"_s,
-                       m_folder.path(u"other"_s), u"2"_s, m_folder.path(u"series.csv"_s)});
+        CliRun series({u"-c"_s, script, u"series"_s, kSensor, m_folder.path(u"other.dat"_s), u"2"_s,
+                       m_folder.path(u"series.csv"_s)});
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         QVERIFY(QFile::link(kFast, m_folder.path(u"pelorin-cli"_s)));
         environment.insert(u"PATH"_s, m_folder.path(u"."_s) + u':' + environment.value(u"PATH"_s));
@@ -283,8 +358,17 @@ private Q_SLOTS:
     }
 
 private:
-    const TestRegistry m_settings{kInstalled + kSimulatedBounds};
-    const TestFolder m_folder;
+    /// A pipe that takes nothing, and that nobody closes before the test ends.
+    [[nodiscard]] QString fullPipe() const
+    {
+        const QString path = m_folder.path(u"full"_s);
+        const QByteArray name = QFile::encodeName(path);
+        (void)::mkfifo(name.constData(), S_IRUSR | S_IWUSR); // seen by the next
+        const int pipe = ::open(name.constData(), O_RDWR | O_NONBLOCK | O_CLOEXEC);
+        while (::write(pipe, "", 1) == 1) {
+        }
+        return path;
+    }
 };
 
 QTEST_GUILESS_MAIN(TestCliWrites)

@@ -181,7 +181,7 @@ private Q_SLOTS:
                 m_bench->deaf = true;
                 m_bench->loseLink();
                 m_bench->sensor->comeBack();
-                runner().reopenPort([this](bool) { m_bench->sensor->setSupply(true); });
+                runner().reopenPort([this](bool) { m_bench->sensor->restart(); });
             }));
         row("frame cut", writes, "DN020018 1 AN00000010 failed A after D",
             [this] { m_bench->cut = "AN00000010\r"; });

@@ -40,16 +40,20 @@ TerminationSignals::TerminationSignals()
     struct sigaction action = {};
     action.sa_handler = handle;
     action.sa_flags = SA_RESTART;
-    for (const int number : kSignals)
-        (void)::sigaction(number, &action, nullptr); // cannot fail for these
+    for (const int number : kSignals) { // cannot fail for these
+        auto& former = m_former.emplace_back();
+        (void)::sigaction(number, nullptr, &former);
+        if (number != SIGHUP || former.sa_handler != SIG_IGN) // as nohup has it
+            (void)::sigaction(number, &action, nullptr);
+    }
 }
 
 TerminationSignals::~TerminationSignals()
 {
     if (!m_notifier)
         return;
-    for (const int number : kSignals)
-        (void)std::signal(number, SIG_DFL);
+    for (std::size_t index = 0; index < kSignals.size(); ++index)
+        (void)::sigaction(kSignals[index], &m_former[index], nullptr);
     m_notifier.reset();
     for (int& end : pipeEnds) {
         (void)::close(end); // nothing is lost with it

@@ -1,5 +1,7 @@
 #include "platform/core/TermiosDevice.h"
 
+#include "platform/core/LineSpeeds.h"
+
 #include <fcntl.h>
 #include <sys/eventfd.h>
 #include <sys/file.h>
@@ -8,7 +10,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstdint>
-#include <optional>
+#include <utility>
 
 namespace pelorin {
 
@@ -36,30 +38,6 @@ int errorAfter(ssize_t result)
     return errno == EIO || errno == ENXIO ? ENODEV : errno;
 }
 
-std::optional<speed_t> speedConstant(int baud)
-{
-    switch (baud) {
-    case 1200:
-        return B1200;
-    case 2400:
-        return B2400;
-    case 4800:
-        return B4800;
-    case 9600:
-        return B9600;
-    case 19200:
-        return B19200;
-    case 38400:
-        return B38400;
-    case 57600:
-        return B57600;
-    case 115200:
-        return B115200;
-    default:
-        return std::nullopt;
-    }
-}
-
 /// Every byte passes as it is, and nothing but the program moves RTS: it switches a supply, so
 /// neither flow control nor closing may touch it.
 void makeRaw(termios& settings)
@@ -78,8 +56,7 @@ void setByteShape(termios& settings, const LineSettings& line)
     settings.c_cflag |= line.dataBits == 7 ? CS7 : CS8;
     if (line.parity != 'N')
         settings.c_cflag |= line.parity == 'O' ? PARENB | PARODD : PARENB;
-    if (line.stopBits == 2)
-        settings.c_cflag |= CSTOPB;
+    settings.c_cflag |= line.stopBits == 2 ? CSTOPB : 0;
 }
 
 bool isSameLine(const termios& one, const termios& other)
@@ -153,8 +130,8 @@ int TermiosDevice::raiseModemLines()
 
 int TermiosDevice::setLine(const LineSettings& line)
 {
-    const auto speed = speedConstant(line.baud);
-    if (!speed)
+    const auto* speed = std::ranges::find(kLineSpeeds, line.baud, &std::pair<int, speed_t>::first);
+    if (speed == kLineSpeeds.end())
         return EINVAL;
     termios former{};
     int error = errorAfter(uninterrupted([&] { return m_calls.tcgetattr(m_fd, &former); }));
@@ -164,7 +141,7 @@ int TermiosDevice::setLine(const LineSettings& line)
     termios wanted = former;
     makeRaw(wanted);
     setByteShape(wanted, line);
-    (void)cfsetspeed(&wanted, *speed); // cannot fail with a constant
+    (void)cfsetspeed(&wanted, speed->second); // cannot fail with a constant
     error = errorAfter(uninterrupted([&] { return m_calls.tcsetattr(m_fd, TCSANOW, &wanted); }));
 
     // Success only means that something of it was taken.

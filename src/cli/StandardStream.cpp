@@ -1,0 +1,64 @@
+#include "cli/StandardStream.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <climits>
+
+#include <poll.h>
+#include <unistd.h>
+
+namespace pelorin::cli {
+
+namespace {
+
+constexpr qsizetype kLargestRest = qsizetype{16} * 1024 * 1024; ///< about an hour of positions
+constexpr qsizetype kLargestPiece = PIPE_BUF; ///< a pipe that has room takes it at once
+
+} // namespace
+
+StandardStream::StandardStream(int descriptor)
+    : m_descriptor(descriptor), m_room(descriptor, QSocketNotifier::Write)
+{
+    m_room.setEnabled(false);
+    QObject::connect(&m_room, &QSocketNotifier::activated, &m_room, [this] { writeRest(); });
+}
+
+void StandardStream::write(const QByteArray& bytes)
+{
+    if (m_error != 0)
+        return;
+    m_rest += bytes;
+    writeRest();
+    if (m_rest.size() > kLargestRest)
+        fail(ENOBUFS);
+}
+
+void StandardStream::giveUp()
+{
+    if (!isWritten())
+        fail(ECANCELED);
+}
+
+void StandardStream::writeRest()
+{
+    pollfd stream{.fd = m_descriptor, .events = POLLOUT, .revents = 0};
+    while (!isWritten() && ::poll(&stream, 1, 0) == 1) {
+        const auto count = ::write(m_descriptor, m_rest.constData(),
+                                   std::size_t(std::min(m_rest.size(), kLargestPiece)));
+        if (count < 0 && errno != EAGAIN && errno != EINTR)
+            return fail(errno);
+        if (count <= 0)
+            break;
+        m_rest.remove(0, qsizetype(count));
+    }
+    m_room.setEnabled(!isWritten());
+}
+
+void StandardStream::fail(int error)
+{
+    m_error = error;
+    m_rest.clear();
+    m_room.setEnabled(false);
+}
+
+} // namespace pelorin::cli
