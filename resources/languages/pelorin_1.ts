@@ -1984,7 +1984,7 @@ From then on %1 is read, and %2 no longer.</translation>
     </message>
     <message id="1977">
         <source>COM%1 is being opened. That can take up to 20 seconds while another program looks at an adapter that has just been plugged in.</source>
-        <extracomment>Box at the start, with a button that leads to the choice of another port</extracomment>
+        <extracomment>Box while a port is opened, with a button that leads to the choice of another port</extracomment>
         <translation>COM%1 is being opened. That can take up to 20 seconds while another program looks at an adapter that has just been plugged in.</translation>
     </message>
     <message id="2000">

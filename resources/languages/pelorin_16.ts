@@ -1984,7 +1984,7 @@ Da allora viene letto %1, e %2 non più.</translation>
     </message>
     <message id="1977">
         <source>COM%1 is being opened. That can take up to 20 seconds while another program looks at an adapter that has just been plugged in.</source>
-        <extracomment>Box at the start, with a button that leads to the choice of another port</extracomment>
+        <extracomment>Box while a port is opened, with a button that leads to the choice of another port</extracomment>
         <translation>Apertura di COM%1 in corso. Può richiedere fino a 20 secondi, finché un altro programma esamina un adattatore appena collegato.</translation>
     </message>
     <message id="2000">

@@ -32,22 +32,6 @@ namespace {
 using Mode = BackupProgressDialog::Mode;
 using Purpose = ReviewDialog::Purpose;
 
-int titleOf(Mode mode)
-{
-    switch (mode) {
-    case Mode::Backup:
-        return strings::kSaveBackupTitle;
-    case Mode::Restore:
-        return strings::kRestoreBackupTitle;
-    case Mode::Compare:
-        return strings::kCompareTitle;
-    case Mode::PutBack:
-    case Mode::Report:
-        break;
-    }
-    return strings::kPutBackTitle;
-}
-
 Purpose purposeOf(Mode mode)
 {
     switch (mode) {
@@ -132,8 +116,8 @@ BackupCommands::End BackupCommands::runWithFile(Mode mode)
     const int losses = link().lossCount();
     const QString path = chooseFile(
         &m_window, mode == Mode::Backup ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen,
-        languageString(titleOf(mode)), languageString(strings::kBackupFileFilter),
-        QStringLiteral("dat"), true);
+        languageString(BackupProgressDialog::titleOf(mode)),
+        languageString(strings::kBackupFileFilter), QStringLiteral("dat"), true);
     if (path.isNull())
         return {};
     if (link().lossCount() != losses)
@@ -198,12 +182,9 @@ BackupCommands::End BackupCommands::putBackEntry(const JournalEntry& entry)
         QStringList{timeInWords(entry), entry.device, QString::fromLatin1(entry.version)}.join(
             QStringLiteral(", "))};
     saved.values.emplace('V', entry.version);
-    End end = review(Mode::PutBack, saved);
-    if (!replaces || !end.replaced)
-        return end;
-    const QString problem = m_writer.journal().giveUp(entry).message();
-    if (!problem.isEmpty())
-        end.message += (end.message.isEmpty() ? QString() : QStringLiteral("\n")) + problem;
+    const End end = review(Mode::PutBack, saved);
+    if (replaces && end.replaced)
+        m_gate.addNotice(m_writer.journal().giveUp(entry).message());
     return end;
 }
 

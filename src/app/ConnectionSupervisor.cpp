@@ -184,16 +184,20 @@ void ConnectionSupervisor::tellKeptFormats(const QList<KeptFormat>& formats)
 
 void ConnectionSupervisor::changePort(int port, const std::function<void(bool)>& done)
 {
-    const bool begun = m_runner.endStream(*this, [this, port, done](bool /*restored*/) {
-        if (m_stopped)
-            return;
+    afterStream([this, port, done] {
         m_statusBar.setExplanation(nullptr); // of the sensor that is left
         m_reconnectTimer.stop();
         m_statusBar.setText(languageString(strings::kPortOpening).arg(port));
-        m_runner.openPort(port, [this, done](bool opened) {
+        m_opener.open(port, &m_window, [this, done](PortOpener::Result result) {
+            const bool opened = result == PortOpener::Result::Opened;
             m_reconnectBusy = false;
             m_reconnectAttempts = 0;
             m_statusBar.showString(strings::kNotConnected);
+            if (result == PortOpener::Result::Left) {
+                connect(&m_gate, &CommandGate::freed, this, &ConnectionSupervisor::portWanted,
+                        Qt::SingleShotConnection);
+                return m_gate.wake();
+            }
             if (opened)
                 onOpened();
             done(opened);
@@ -202,15 +206,11 @@ void ConnectionSupervisor::changePort(int port, const std::function<void(bool)>&
         });
         m_reconnectBusy = true; // no attempt takes the place of what the user has chosen
     });
-    if (!begun)
-        m_gate.addNotice(languageString(strings::kBeingConnected));
 }
 
 void ConnectionSupervisor::leavePort(const std::function<void()>& done)
 {
-    const bool begun = m_runner.endStream(*this, [this, done](bool /*restored*/) {
-        if (m_stopped)
-            return;
+    afterStream([this, done] {
         m_statusBar.setExplanation(nullptr);
         m_reconnectTimer.stop();
         m_runner.cancelConnect();
@@ -227,9 +227,19 @@ void ConnectionSupervisor::leavePort(const std::function<void()>& done)
         });
         m_reconnectBusy = true; // no attempt opens it again
     });
-    if (!begun) { // it would be the wrong port for ever
+}
+
+/// What the user has decided of the port is done as soon as what runs has ended: it would be the
+/// wrong port for ever.
+void ConnectionSupervisor::afterStream(const std::function<void()>& then)
+{
+    const bool begun = m_runner.endStream(*this, [this, then](bool /*restored*/) {
+        if (!m_stopped)
+            then();
+    });
+    if (!begun) {
         connect(
-            &m_runner, &SequenceRunner::busyChanged, this, [this, done] { leavePort(done); },
+            &m_runner, &SequenceRunner::busyChanged, this, [this, then] { afterStream(then); },
             static_cast<Qt::ConnectionType>(Qt::QueuedConnection | Qt::SingleShotConnection));
     }
 }

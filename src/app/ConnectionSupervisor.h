@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/PortOpener.h"
 #include "sensor/FormatRestore.h"
 
 #include <QObject>
@@ -77,6 +78,8 @@ Q_SIGNALS:
     void formatKept(const KeptFormat& format);
     /// The user has given up a port that does not come back.
     void givenUp();
+    /// The user would rather have another port than wait for the one that is being opened.
+    void portWanted();
 
 private:
     enum class Operation { Connect, None };
@@ -91,6 +94,7 @@ private:
     void tryAgain();
     void onReconnectTimer();
     void onOpened();
+    void afterStream(const std::function<void()>& then);
 
     QWidget& m_window;
     CommandGate& m_gate;
@@ -110,6 +114,7 @@ private:
     bool m_reconnectBusy = false;
     int m_reconnectAttempts = 0; ///< since the last Connect that did not end with a loss
     QTimer m_reconnectTimer;
+    PortOpener m_opener{m_runner};
 };
 
 } // namespace pelorin

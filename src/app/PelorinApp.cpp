@@ -4,7 +4,6 @@
 #include "pages/SelectPortDialog.h"
 #include "platform/core/ComPortNames.h"
 #include "platform/core/LanguageStrings.h"
-#include "platform/core/Pacing.h"
 #include "platform/core/ProgramSettings.h"
 #include "platform/core/RegistryConfig.h"
 #include "platform/core/SettingsLocation.h"
@@ -25,7 +24,6 @@ namespace {
 constexpr int kLanguageCount = 5;
 constexpr int kDefaultPort = 1;
 constexpr std::chrono::seconds kSessionEndLimit{60};
-constexpr std::chrono::seconds kOpeningTold{1}; ///< after which the user hears of it
 
 QString portEntry()
 {
@@ -65,9 +63,6 @@ PelorinApp::PelorinApp(const ComPortFactory& factory)
     : m_factory(factory), m_installPath(installPath()), m_link(factory), m_runner(m_link),
       m_restore(m_runner, m_formats)
 {
-    m_openingTimer.setSingleShot(true);
-    m_openingTimer.setInterval(Pacing::pause(kOpeningTold));
-    connect(&m_openingTimer, &QTimer::timeout, this, &PelorinApp::tellOpening);
     connect(qApp, &QGuiApplication::commitDataRequest, this, [this] {
         requestClose();
         if (!m_portLeft)
@@ -106,34 +101,15 @@ void PelorinApp::connectToPort(int port)
 {
     if (m_closeRequested)
         return giveUp();
-    m_openingPort = port;
-    m_openingLeft = false;
-    m_openingTimer.start();
-    m_runner.openPort(port, [this, port](bool opened) {
-        m_openingTimer.stop();
-        if (m_openingLeft)
-            return; // by the box, which goes by itself
-        delete m_openingBox.data();
+    m_opener.open(port, nullptr, [this, port](PortOpener::Result result) {
         if (m_closeRequested)
             return; // the port is being closed
-        if (opened)
+        if (result == PortOpener::Result::Left)
+            return selectPort(port);
+        if (result == PortOpener::Result::Opened)
             return showMainWindow();
         showError(m_link.openFailure());
         askForPort(port);
-    });
-}
-
-/// An adapter that was just plugged in may be busy for a while. Nobody has to wait for that.
-void PelorinApp::tellOpening()
-{
-    m_openingBox = showMessageBox(nullptr, languageString(strings::kPortOpening).arg(m_openingPort),
-                                  QMessageBox::Information, languageString(strings::kSelectPort));
-    connect(m_openingBox, &QDialog::finished, this, [this] {
-        m_openingLeft = true;
-        m_runner.closePort(false, [this] {
-            if (!m_closeRequested)
-                selectPort(m_openingPort);
-        });
     });
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/PortOpener.h"
 #include "link/SensorLink.h"
 #include "platform/core/LanguageManager.h"
 #include "platform/core/Profile.h"
@@ -7,11 +8,8 @@
 #include "sensor/KeptFormats.h"
 #include "sensor/SequenceRunner.h"
 
-#include <QMessageBox>
 #include <QObject>
-#include <QPointer>
 #include <QString>
-#include <QTimer>
 
 #include <memory>
 #include <optional>
@@ -64,7 +62,6 @@ private:
     [[nodiscard]] bool loadLanguage(int code);
     void loadHelpFiles();
     void connectToPort(int port);
-    void tellOpening();
     void askForPort(int port);
     void selectPort(int port);
     void showMainWindow();
@@ -78,13 +75,10 @@ private:
     bool m_profileStays = false;
     bool m_closeRequested = false;
     bool m_portLeft = false;
-    int m_openingPort = 0;      ///< at the start
-    bool m_openingLeft = false; ///< the user would rather have another one
-    QTimer m_openingTimer;
-    QPointer<QMessageBox> m_openingBox;
     LanguageManager m_languages;
     SensorLink m_link;
     SequenceRunner m_runner;
+    PortOpener m_opener{m_runner};
     KeptFormats m_formats;
     FormatRestore m_restore;
     std::unique_ptr<PelorinMainWindow> m_mainWindow; ///< destroyed before the runner

@@ -145,6 +145,8 @@ void PelorinMainWindow::connectParts()
     connect(m_connection, &ConnectionSupervisor::connected, m_notices, &ConnectionNotices::update);
     connect(m_connection, &ConnectionSupervisor::formatKept, m_notices, &ConnectionNotices::tellOf);
     connect(m_connection, &ConnectionSupervisor::givenUp, this, &PelorinMainWindow::close);
+    connect(m_connection, &ConnectionSupervisor::portWanted, this,
+            [this] { chooseCommand(kSelectPortCommand); });
     const auto onBusyChanged = [this] {
         m_busy->update();
         m_pages->header().showSensor();

@@ -5,7 +5,6 @@
 #include "platform/core/Strings.h"
 #include "sensor/FailureText.h"
 #include "sensor/FormatRestore.h"
-#include "sensor/SequenceRunner.h"
 
 #include <QProgressBar>
 #include <QPushButton>
@@ -55,6 +54,11 @@ BackupProgressDialog::BackupProgressDialog(QWidget* parent, SequenceRunner& runn
     setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint); // no close box
 }
 
+int BackupProgressDialog::titleOf(Mode mode)
+{
+    return textsOf(mode).title;
+}
+
 void BackupProgressDialog::setupTranslationMap()
 {
     const auto [title, message] = textsOf(m_mode);
@@ -77,21 +81,14 @@ void BackupProgressDialog::onInitDialog()
     QMetaObject::invokeMethod(this, &BackupProgressDialog::begin, Qt::QueuedConnection);
 }
 
-void BackupProgressDialog::reject()
-{
-    if (!m_working)
-        done(Rejected);
-}
-
 void BackupProgressDialog::begin()
 {
-    if (!isVisible() || m_runner.isBusy()) // ended before, or the program ends
+    if (m_runner.isBusy()) // the program ends
         return finish(QString());
     if (!m_runner.link().isIdentified()) {
         const bool saves = m_mode == Mode::Backup || m_mode == Mode::Report;
         return finish(languageString(saves ? strings::kNothingSaved : strings::kNotIdentified));
     }
-    m_working = true;
     work();
 }
 
@@ -120,11 +117,8 @@ void BackupProgressDialog::checkFormat(std::function<void()> then)
             then();
         }
     };
-    const bool begun = m_runner.start(
-        *this, readPlan("D", true),
-        {.reply = [answered](const Reply& reply) { *answered = reply.text; }, .ended = checked});
-    if (!begun)
-        finish(languageString(strings::kBeingConnected));
+    start(readPlan("D", true),
+          {.reply = [answered](const Reply& reply) { *answered = reply.text; }, .ended = checked});
 }
 
 void BackupProgressDialog::run(Plan plan, std::function<void(const Reply&)> reply,
@@ -132,12 +126,15 @@ void BackupProgressDialog::run(Plan plan, std::function<void(const Reply&)> repl
 {
     const int steps = static_cast<int>(plan.size());
     showProgress(0, steps);
-    const bool begun = m_runner.start(
-        *this, std::move(plan),
-        {.reply = std::move(reply),
-         .progress = [this, steps](int stepsDone) { showProgress(stepsDone, steps); },
-         .ended = std::move(ended)});
-    if (!begun)
+    start(std::move(plan),
+          {.reply = std::move(reply),
+           .progress = [this, steps](int stepsDone) { showProgress(stepsDone, steps); },
+           .ended = std::move(ended)});
+}
+
+void BackupProgressDialog::start(Plan plan, SequenceRunner::Listener listener)
+{
+    if (!m_runner.start(*this, std::move(plan), std::move(listener)))
         finish(languageString(strings::kBeingConnected));
 }
 

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "platform/ui/BaseDialog.h"
-#include "sensor/Outcome.h"
 #include "sensor/Plan.h"
+#include "sensor/SequenceRunner.h"
 
 #include <functional>
 
@@ -12,7 +12,6 @@ class QPushButton;
 namespace pelorin {
 
 class FormatRestore;
-class SequenceRunner;
 
 /// Does something with the sensor's parameters and shows how far it is. The work begins when the
 /// dialog is shown, and the dialog ends by itself: accepted when all is done, rejected otherwise.
@@ -29,8 +28,10 @@ public:
     /// What the user has to be told of how it ended; empty for nothing.
     [[nodiscard]] const QString& message() const { return m_message; }
 
-    /// Does nothing while the work runs: neither Escape nor the window manager abandons it.
-    void reject() override;
+    [[nodiscard]] static int titleOf(Mode mode);
+
+    /// Does nothing: neither Escape nor the window manager abandons the work.
+    void reject() override {}
 
 protected:
     /// All outlive the dialog.
@@ -65,13 +66,13 @@ protected:
 private:
     void begin();
     void cancel();
+    void start(Plan plan, SequenceRunner::Listener listener);
 
     SequenceRunner& m_runner;
     const FormatRestore& m_formats;
     const Mode m_mode;
     QProgressBar* m_progress = nullptr;
     QPushButton* m_cancel = nullptr;
-    bool m_working = false;
     bool m_cancelled = false;
     QString m_message;
 };

@@ -96,8 +96,6 @@ void PositionTrace::setDuration(double seconds)
 
 void PositionTrace::setPaused(bool paused)
 {
-    if (m_isRecording || paused == m_isFrozen)
-        return;
     refresh(); // what has come until now is kept, too
     m_isFrozen = paused;
     m_frozen = paused ? m_live : QList<PositionPoint>();

@@ -13,7 +13,6 @@
 #include <QLabel>
 #include <QPushButton>
 
-#include <algorithm>
 #include <chrono>
 
 namespace pelorin {
@@ -156,7 +155,10 @@ void PositionView::makeControls(Kind kind)
     if (kind == Kind::Live) {
         QAbstractButton* pause = add(new QPushButton(this), "pauseButton", strings::kPause);
         pause->setCheckable(true);
-        connect(pause, &QAbstractButton::toggled, m_trace, &PositionTrace::setPaused);
+        connect(pause, &QAbstractButton::toggled, this, [this](bool paused) {
+            m_frozenMalformed = m_malformed;
+            m_trace->setPaused(paused);
+        });
     }
     m_zero = add(new QPushButton(this), "zeroButton", strings::kZeroHere);
     m_zero->setCheckable(true);
@@ -204,8 +206,7 @@ void PositionView::append(PositionPoints points, int malformed, double seconds)
         m_malformed.append({points.empty() ? seconds : points.back().seconds, malformed});
         showFiguresSoon();
     }
-    const double oldest = std::min(seconds - PositionTrace::kLongest, m_trace->from());
-    while (!m_malformed.isEmpty() && m_malformed.first().first < oldest)
+    while (!m_malformed.isEmpty() && m_malformed.first().first < seconds - PositionTrace::kLongest)
         m_malformed.removeFirst();
 }
 
@@ -231,7 +232,7 @@ void PositionView::setRecorded(std::optional<double> seconds)
 int PositionView::malformedShown() const
 {
     int count = 0;
-    for (const auto& [seconds, frames] : m_malformed) {
+    for (const auto& [seconds, frames] : m_trace->isPaused() ? m_frozenMalformed : m_malformed) {
         if (seconds >= m_trace->from() && seconds <= m_trace->end())
             count += frames;
     }

@@ -104,22 +104,21 @@ QString SelectPortDialog::stateText() const
         return languageString(strings::kAdapterTaken).arg(taken);
     if (!ports->hasRealPort() && !port)
         return languageString(strings::kNoAdapter);
-    if (ports->currentIndex() < 0)
+    if (port && port->simulated)
         return QString();
-    if (!port)
-        return languageString(strings::kPortMissing).arg(ports->currentText());
-    if (port->simulated)
-        return QString();
-    const QString device = port->adapter.path.isEmpty() ? port->device : port->adapter.path;
-    switch (m_devices.stateOf(device)) {
-    case SerialDevices::State::Usable:
-        return QString();
-    case SerialDevices::State::Missing:
+    using State = SerialDevices::State;
+    const QString device = !port                          ? ports->currentText()
+                           : port->adapter.path.isEmpty() ? port->device
+                                                          : port->adapter.path;
+    switch (port ? m_devices.stateOf(device) : State::Missing) {
+    case State::Missing:
         return languageString(strings::kPortMissing).arg(device);
-    case SerialDevices::State::NotPermitted:
+    case State::NotPermitted:
         return languageString(strings::kNoPermission).arg(device, m_devices.groupOf(device));
-    case SerialDevices::State::InUse:
+    case State::InUse:
         return languageString(strings::kPortInUse).arg(device);
+    case State::Usable:
+        break;
     }
     return QString();
 }

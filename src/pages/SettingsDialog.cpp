@@ -2,6 +2,7 @@
 
 #include "platform/core/ComPortNames.h"
 #include "platform/core/LanguageStrings.h"
+#include "platform/core/ProgramSettings.h"
 #include "platform/core/RegistryFile.h"
 #include "platform/core/RegistryFileEditor.h"
 #include "platform/core/SettingsLocation.h"
@@ -63,17 +64,6 @@ constexpr std::array<std::pair<int, bool Settings::*>, 4> kSwitches = {
      {kSafeWritesBox, &Settings::safeWrites},
      {kTempCompBox, &Settings::tempComp},
      {kDisplayBox, &Settings::displayEnabled}}};
-
-/// What keeps a file from being used; null if nothing does.
-QString damageOf(const RegistryFile& file, const QString& path)
-{
-    const auto& damage = file.damage();
-    if (!damage)
-        return QString();
-    return damage->line == 0
-               ? languageString(strings::kRegistryUnreadable).arg(path, damage->reason)
-               : languageString(strings::kRegistryDamaged).arg(path, QString::number(damage->line));
-}
 
 } // namespace
 
@@ -299,10 +289,9 @@ void SettingsDialog::importPackages()
                    languageString(strings::kSettingsFileFilter), QStringLiteral("reg"));
     if (path.isNull())
         return;
-    const RegistryFile file = RegistryFile::read(path);
-    const QList<PackageSetting> packages = packagesOf(file);
-    if (const QString damage = damageOf(file, path); !damage.isNull()) {
-        showProblem(damage);
+    const QList<PackageSetting> packages = packagesOf(RegistryFile::read(path));
+    if (const QString fault = settingsFault(path); !fault.isNull()) {
+        showProblem(fault);
     } else if (packages.isEmpty()) {
         showProblem(languageString(strings::kNoPackagesInFile).arg(path));
     } else {
@@ -318,13 +307,11 @@ void SettingsDialog::useSitesSettings()
                    QMessageBox::Yes | QMessageBox::No, QMessageBox::Question, QMessageBox::No);
     if (answer != QMessageBox::Yes)
         return;
-    const RegistryFile sites = RegistryFile::read(sitesRegistryFile());
-    if (const QString damage = damageOf(sites, sitesRegistryFile()); !damage.isNull())
-        return showProblem(damage);
-    if (!confirmLosses(Settings::of(sites)))
+    const QString sites = sitesRegistryFile();
+    if (const QString fault = settingsFault(sites); !fault.isNull())
+        return showProblem(fault);
+    if (!confirmLosses(Settings::of(RegistryFile::read(sites))) || isSensorInUse())
         return;
-    if (m_context.isSensorInUse())
-        return showProblem(languageString(strings::kSettingsInUse));
     if (const auto outcome = m_file.setAside(); !outcome.isDone())
         return showProblem(outcome.message());
     BaseDialog::accept();
@@ -368,6 +355,14 @@ bool SettingsDialog::confirmOverwriting()
     return answer == 0;
 }
 
+bool SettingsDialog::isSensorInUse()
+{
+    const bool inUse = m_context.isSensorInUse();
+    if (inUse)
+        showProblem(languageString(strings::kSettingsInUse));
+    return inUse;
+}
+
 void SettingsDialog::accept()
 {
     m_editor->commit();
@@ -377,10 +372,8 @@ void SettingsDialog::accept()
         return BaseDialog::accept();
     if (const auto fault = faultOf(settings, m_before, m_context.sensor))
         return showFault(*fault);
-    if (!confirmLosses(settings) || !confirmOverwriting())
+    if (!confirmLosses(settings) || !confirmOverwriting() || isSensorInUse())
         return;
-    if (m_context.isSensorInUse())
-        return showProblem(languageString(strings::kSettingsInUse));
     RegistryFileEditor editor(m_file.content());
     settings.enter(editor, m_before);
     const auto outcome = m_file.save(editor.content());

@@ -60,6 +60,7 @@ private:
     [[nodiscard]] Settings entered() const;
     [[nodiscard]] bool confirmLosses(const Settings& settings);
     [[nodiscard]] bool confirmOverwriting();
+    [[nodiscard]] bool isSensorInUse();
     [[nodiscard]] QTabWidget& tabs() const;
 
     const Context m_context;

@@ -30,6 +30,7 @@ std::chrono::milliseconds PortUse::storeWait() const
 void PortUse::open(int number, Done done)
 {
     begin({.open = [this, number] { return m_link.open(number); },
+           .number = number,
            .done = std::move(done),
            .changes = true});
 }
@@ -37,13 +38,16 @@ void PortUse::open(int number, Done done)
 void PortUse::open(int number, const QString& device, Done done)
 {
     begin({.open = [this, number, device] { return m_link.open(number, device); },
+           .number = number,
            .done = std::move(done),
            .changes = true});
 }
 
 void PortUse::reopen(Done done)
 {
-    begin({.open = [this] { return m_link.reopen(); }, .done = std::move(done)});
+    begin({.open = [this] { return m_link.reopen(); },
+           .number = m_link.portNumber(),
+           .done = std::move(done)});
 }
 
 void PortUse::close(bool supplyOff, Done done)
@@ -71,9 +75,10 @@ bool PortUse::takeResult(RequestId answered, int result)
     m_request = 0;
     if (!m_use->opening) {
         if (result != 1)
-            Q_EMIT stuck(m_link.portNumber());
+            Q_EMIT stuck(m_number);
         if (m_use->open) {
             m_use->opening = true;
+            m_number = m_use->number;
             m_request = m_use->open();
             return true;
         }

@@ -55,6 +55,7 @@ private:
     struct Use
     {
         std::function<RequestId()> open{}; ///< none: it stays closed
+        int number = 0;                    ///< of the port to be opened
         bool supplyOff = false;
         Done done{};
         bool changes = false; ///< to another port
@@ -65,6 +66,7 @@ private:
 
     SensorLink& m_link;
     RequestId m_request = 0; ///< outstanding
+    int m_number = 0;        ///< of the port that is closed next
     std::optional<Use> m_use;
     QElapsedTimer m_sinceWrite; ///< invalid before the first
     QTimer m_wait;              ///< for the sensor to have stored

@@ -3,6 +3,7 @@
 #include "pages/SelectPortDialog.h"
 #include "pages/SensorInfoPage.h"
 #include "pages/SerialPortComboBox.h"
+#include "platform/core/ComPortNames.h"
 #include "platform/core/MessageNumbers.h"
 #include "platform/core/Pacing.h"
 #include "platform/core/WindowMessage.h"
@@ -15,6 +16,7 @@
 
 #include <QMessageBox>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <QSignalSpy>
 
 using namespace pelorin;
@@ -208,6 +210,26 @@ private Q_SLOTS:
         }
     }
 
+    void formatThatMayNotBeTheSensorsOwnIsTold()
+    {
+        for (const auto& [fault, command, told] :
+             {std::tuple(Fault::Silent, "DA", u"The data format of the connected sensor could"_s),
+              {Fault::Deaf, "DN", u"020018"_s}}) {
+            Rig rig;
+            rig.answer = [] { return u"OK"_s; };
+            QVERIFY(rig.startConnected());
+            const QString device = ComPortNames::stableName(rig.link().device());
+            QVERIFY(rig.formats()
+                        .keep({device, rig.link().versionText(), "020018", "060018"})
+                        .isDone());
+            rig.sensor().setParameter('D', "060018");
+            rig.sensor().setFault({fault, 0, 3}, command);
+            QVERIFY(rig.clickCommand(kConnectCommand) && rig.waitIdle());
+            QVERIFY(
+                waitFor([&] { return (rig.noticeText() + rig.told.join(u' ')).contains(told); }));
+        }
+    }
+
     void keptFormatIsToldBesidesOthersUntilItIsRead()
     {
         Rig rig;
@@ -224,6 +246,18 @@ private Q_SLOTS:
         QVERIFY(rig.noticeText().startsWith(u"Not identified"_s));
         QTest::keyClick(&rig.window(), Qt::Key_Escape);
         QCOMPARE(rig.noticeText() + rig.told.join(u' '), QString());
+    }
+
+    void portThatIsLostBeforeThereIsAWindowIsReopened()
+    {
+        Rig rig;
+        rig.start([&rig] {
+            rig.sensor().vanish();
+            QVERIFY(waitFor([&rig] { return rig.link().linkFailed() == 1; }));
+        });
+        QVERIFY(rig.isLost(3));
+        rig.sensor().comeBack();
+        QVERIFY(rig.isConnected(1));
     }
 
     void lostPortIsReopenedSilently()
@@ -247,6 +281,11 @@ private Q_SLOTS:
                                    "|Safe writes off"_s);
             QCOMPARE(rig.told, QStringList());
         }
+        rig.answer = [] { return u"OK"_s; };
+        rig.sensor().setFault({Fault::Vanish, 1, 1}, "EN");
+        QVERIFY(rig.clickCommand(kWriteECommand) && rig.isConnected(4));
+        QVERIFY(rig.told.value(0).startsWith(u"Parameter 69 could not be written"_s));
+
         // One that is back at once is connected over the failed read.
         rig.sensor().setFault({Fault::Vanish, 1, 1}, "L");
         rig.sensor().setFault({Fault::Silent}, "V");
@@ -372,6 +411,45 @@ private Q_SLOTS:
             QCOMPARE(rig.link().portNumber(), row.port);
             QCOMPARE(rig.link().linkFailed(), 0);
         });
+    }
+
+    /// Its driver may not come back.
+    void portThatIsNotOpenedIsLeftForAnotherOneOrAClose()
+    {
+        for (const bool closes : {false, true}) {
+            const auto hold = std::make_shared<std::mutex>();
+            Rig rig;
+            rig.wrapPorts([&](std::unique_ptr<ComPort> port) {
+                return std::make_unique<HeldPort>(std::move(port), hold, HeldPort::Call::Open);
+            });
+            QVERIFY(rig.startConnected());
+            const QSignalSpy closed(&rig.window(), &PelorinMainWindow::closed);
+            int choices = 0;
+            const ModalAnswer<SelectPortDialog> ports(
+                [&choices](SelectPortDialog& dialog) {
+                    dialog.findChild<SerialPortComboBox*>()->selectPort(9);
+                    QTest::keyClick(&dialog, ++choices == 1 ? Qt::Key_Return : Qt::Key_Escape);
+                },
+                false);
+            rig.answer = [&] {
+                if (closes)
+                    rig.window().close();
+                return closes               ? QString()
+                       : rig.told.isEmpty() ? u"Select Communications Port"_s
+                                            : u"OK"_s;
+            };
+            const QString stuck = u"COM9 could not be closed"_s; // not the one that was left
+            if (closes)
+                QTest::ignoreMessage(QtWarningMsg, QRegularExpression(stuck));
+            Pacing::setSpeeds({100, 200, 50});
+            std::unique_lock opening(*hold);
+            QVERIFY(rig.clickCommand(kSelectPortCommand));
+            QVERIFY(waitFor([&] { return closes ? closed.size() == 1 : choices == 2; }));
+            QVERIFY(closes || (rig.told.value(0).startsWith(u"COM9 is being opened"_s) &&
+                               rig.told.value(1).startsWith(stuck) && !rig.window().isBusy()));
+            opening.unlock();
+            QVERIFY(waitFor([&] { return hold.use_count() == 1; })); // what was left has ended
+        }
     }
 };
 

@@ -13,6 +13,7 @@
 #include <QImage>
 #include <QLabel>
 #include <QTest>
+#include <QWheelEvent>
 
 using namespace pelorin;
 using namespace pelorin::test;
@@ -55,6 +56,14 @@ struct Rig
         const QRect plot = view.trace().plot();
         const int x = plot.left() + static_cast<int>(share * (plot.width() - 1));
         QTest::mouseClick(&view.trace(), Qt::LeftButton, {}, {x, plot.center().y()});
+    }
+    /// In the middle of the trace.
+    void turnWheel(int delta, Qt::KeyboardModifiers modifiers = {})
+    {
+        const QPoint at = view.trace().plot().center();
+        QWheelEvent event(at, view.trace().mapToGlobal(at), {}, {0, delta}, Qt::NoButton, modifiers,
+                          Qt::NoScrollPhase, false);
+        QCoreApplication::sendEvent(&view.trace(), &event);
     }
 
     PositionView view;
@@ -111,6 +120,8 @@ private Q_SLOTS:
         QCOMPARE(rig.cursor(), QStringLiteral("36.00 mm"));
         rig.key(Qt::Key_Escape);
         QCOMPARE(rig.cursor(), QString());
+        rig.key(Qt::Key_Left);
+        QCOMPARE(rig.cursor(), QStringLiteral("36.00 mm"));
     }
 
     void zoomKeepsTheCursorAndTheCursorMovesTheView()
@@ -138,6 +149,7 @@ private Q_SLOTS:
         QCOMPARE(rig.figure(1840), QStringLiteral("69.99 mm"));
         rig.click("pauseButton");
         rig.come(100, 1000, 3);
+        rig.view.clear(); // of another sensor
         rig.come(1000, 2000);
         rig.key(Qt::Key_Home);
         QCOMPARE(rig.figure(1841), QStringLiteral("99.99 mm"));
@@ -157,7 +169,11 @@ private Q_SLOTS:
     {
         Rig rig(PositionView::Kind::Live);
         rig.click("zeroButton"); // of nothing
-        QVERIFY(!rig.view.trace().zero());
+        rig.clickAt(0.5);
+        rig.key(Qt::Key_Up);
+        rig.key(Qt::Key_PageUp);
+        QVERIFY(!rig.view.trace().zero() && rig.cursor().isEmpty());
+        QVERIFY(!rig.view.findChild<QAbstractButton*>(u"holdRangeCheck"_qs)->isChecked());
         rig.come(0, 11);
         QTRY_COMPARE(rig.figure(1841), QStringLiteral("10.99 mm"));
         rig.click("zeroButton");
@@ -179,8 +195,9 @@ private Q_SLOTS:
     void whatIsWaitedForIsNoPosition()
     {
         Rig rig(PositionView::Kind::Live);
-        rig.come(0, 10, 3);
+        rig.come(0, 0, 3);
         QTRY_COMPARE(rig.figure(1846), QStringLiteral("3"));
+        rig.come(0, 10);
         rig.view.trace().waitUntil(20);
         QTRY_COMPARE(rig.figure(1861), QStringLiteral("10.0100 s"));
         QCOMPARE(rig.figure(1841), QStringLiteral("9.99 mm"));
@@ -212,10 +229,15 @@ private Q_SLOTS:
         QCOMPARE(middle(), before);
         const double perPixel = rig.view.trace().scale().millimetresPerPixel();
         rig.key(Qt::Key_Plus, Qt::ControlModifier);
-        QVERIFY(rig.view.trace().scale().millimetresPerPixel() < perPixel);
-        QVERIFY(qAbs(middle() - before) < perPixel);
+        const double closer = rig.view.trace().scale().millimetresPerPixel();
+        QVERIFY(closer < perPixel && qAbs(middle() - before) < perPixel);
+        rig.turnWheel(120, Qt::ControlModifier);
+        QVERIFY(rig.view.trace().scale().millimetresPerPixel() < closer);
+        rig.turnWheel(-120, Qt::ControlModifier);
+        QCOMPARE(rig.view.trace().scale().millimetresPerPixel(), closer);
 
-        rig.key(Qt::Key_Plus); // the last ten minutes
+        rig.turnWheel(120); // the last ten minutes
+        rig.turnWheel(0);
         rig.key(Qt::Key_PageUp);
         QCOMPARE(rig.view.trace().end(), 3600.001 - 0.9 * 600);
         for (int i = 0; i < 9; ++i)

@@ -50,12 +50,14 @@ public:
     }
 
     /// Opens the port and shows the main window, which then connects by itself.
-    void start()
+    /// @param between what happens before there is the window
+    void start(const std::function<void()>& between = [] {})
     {
         std::optional<bool> opened;
         m_runner.openPort(kPort, [&opened](bool result) { opened = result; });
         if (!waitFor([&opened] { return opened.has_value(); }) || !*opened)
             qWarning("The simulated port could not be opened");
+        between();
         m_window = std::make_unique<PelorinMainWindow>(
             m_factory, PelorinMainWindow::Conversation{m_runner, m_formats, m_restore},
             m_languages);

@@ -3,7 +3,6 @@
 #include "platform/core/LanguageStrings.h"
 #include "platform/core/RegistryConfig.h"
 #include "platform/core/RegistryFile.h"
-#include "platform/core/SettingsLocation.h"
 #include "platform/core/Strings.h"
 
 namespace pelorin {
@@ -50,9 +49,9 @@ QString textOr(int number, const QString& plain)
     return text.isNull() ? plain : text;
 }
 
-QString settingsFault()
+QString settingsFault(const QString& path)
 {
-    const auto damage = RegistryFile::read(registryFilePath()).damage();
+    const auto damage = RegistryFile::read(path).damage();
     if (!damage)
         return {};
     const bool unreadable = damage->line == 0;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/core/SettingsLocation.h"
+
 #include <QString>
 
 namespace pelorin {
@@ -27,7 +29,7 @@ inline constexpr int kDefaultLanguage = 1;
 /// A text of the language, or what must be said even without one.
 [[nodiscard]] QString textOr(int number, const QString& plain);
 
-/// Why the settings file of this run, which exists, is not used, for the user; null if it is.
-[[nodiscard]] QString settingsFault();
+/// Why a settings file that exists is not used, for the user; null if it is.
+[[nodiscard]] QString settingsFault(const QString& path = registryFilePath());
 
 } // namespace pelorin
