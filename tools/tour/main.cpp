@@ -12,6 +12,7 @@
 #include "platform/core/ProgramOptions.h"
 #include "platform/core/ProgramSettings.h"
 #include "platform/core/TermiosComPort.h"
+#include "platform/ui/ReadableStyle.h"
 #include "simulator/SimulatedPorts.h"
 
 #include <QApplication>
@@ -85,6 +86,7 @@ int main(int argc, char* argv[])
     if (!hasPlace)
         return EXIT_FAILURE;
     QApplication::setQuitOnLastWindowClosed(false);
+    ReadableStyle::install();
     if (values.isSet(kDark))
         QApplication::setPalette(darkColors());
     if (values.isSet(kQuick))
