@@ -2,8 +2,8 @@
 # Builds Pelorin and starts it on a simulated sensor; arguments are passed on to it.
 #   ./run.sh [/CP:98]
 # Without a display the tour runs instead: the real program off screen, every page visited
-# by real clicks, one picture per page in build/tour, the values read printed as text. It takes the
-# code of a language: ./run.sh 2 (1 English, 2 German, 4 French, 8 Spanish, 16 Italian).
+# by real clicks, one picture per page in build/tour, the values read printed as text. Arguments are
+# the tour's then: ./run.sh --language 2 --size 1280x720 --dark; --help tells of them.
 set -euo pipefail
 cd -- "$(dirname -- "${BASH_SOURCE[0]}")"
 source tools/setup.sh

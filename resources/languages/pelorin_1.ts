@@ -1134,16 +1134,16 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <translation>The value QDL3NodeID of the settings is %1. The display unit needs a node from 0 to 9.</translation>
     </message>
     <message id="1700">
-        <source>Reading what the sensor has ...</source>
-        <translation>Reading what the sensor has ...</translation>
+        <source>Reading what the sensor has…</source>
+        <translation>Reading what the sensor has…</translation>
     </message>
     <message id="1701">
-        <source>Restarting the sensor ...</source>
-        <translation>Restarting the sensor ...</translation>
+        <source>Restarting the sensor…</source>
+        <translation>Restarting the sensor…</translation>
     </message>
     <message id="1702">
-        <source>Comparing what the sensor has with what was written ...</source>
-        <translation>Comparing what the sensor has with what was written ...</translation>
+        <source>Comparing what the sensor has with what was written…</source>
+        <translation>Comparing what the sensor has with what was written…</translation>
     </message>
     <message id="1703">
         <source>Verified: after a restart the sensor has all that was written.</source>
@@ -1235,8 +1235,8 @@ Without that it cannot be put back. Write all the same?</translation>
         <translation>Write Again</translation>
     </message>
     <message id="1723">
-        <source>Put Back ...</source>
-        <translation>Put Back ...</translation>
+        <source>Put Back…</source>
+        <translation>Put Back…</translation>
     </message>
     <message id="1724">
         <source>%1 counts</source>
@@ -1413,8 +1413,8 @@ Without that it cannot be put back. Write all the same?</translation>
         <translation>Revision</translation>
     </message>
     <message id="1766">
-        <source>Written by</source>
-        <translation>Written by</translation>
+        <source>Written By</source>
+        <translation>Written By</translation>
     </message>
     <message id="1767">
         <source>Written</source>
@@ -1443,8 +1443,8 @@ Without that it cannot be put back. Write all the same?</translation>
         <translation>Files in %1 that could not be read: %2</translation>
     </message>
     <message id="1773">
-        <source>Delete ...</source>
-        <translation>Delete ...</translation>
+        <source>Delete…</source>
+        <translation>Delete…</translation>
     </message>
     <message id="1774">
         <source>Delete the state of %1? It can then not be put back any more.</source>
@@ -1461,8 +1461,8 @@ Without that it cannot be put back. Write all the same?</translation>
         <translation>A write to this sensor (%1, %2) on %3 was not finished: the sensor may have all of it, a part of it or nothing.</translation>
     </message>
     <message id="1777">
-        <source>Show ...</source>
-        <translation>Show ...</translation>
+        <source>Show…</source>
+        <translation>Show…</translation>
     </message>
     <message id="1778">
         <source>Earlier state put back</source>
@@ -1560,9 +1560,9 @@ Without that it cannot be put back. Write all the same?</translation>
         <translation>Writing the sensor's own data format back…</translation>
     </message>
     <message id="1830">
-        <source>Time shown</source>
+        <source>Time Shown</source>
         <extracomment>Caption of a list of durations</extracomment>
-        <translation>Time shown</translation>
+        <translation>Time Shown</translation>
     </message>
     <message id="1831">
         <source>%1 s</source>
@@ -1575,14 +1575,14 @@ Without that it cannot be put back. Write all the same?</translation>
         <translation>%1 min</translation>
     </message>
     <message id="1833">
-        <source>Whole recording</source>
+        <source>Whole Recording</source>
         <extracomment>Entry of the list of durations</extracomment>
-        <translation>Whole recording</translation>
+        <translation>Whole Recording</translation>
     </message>
     <message id="1834">
-        <source>Hold range</source>
+        <source>Hold Range</source>
         <extracomment>Check box: the range of the position axis stays as it is</extracomment>
-        <translation>Hold range</translation>
+        <translation>Hold Range</translation>
     </message>
     <message id="1835">
         <source>Pause</source>
@@ -1590,9 +1590,9 @@ Without that it cannot be put back. Write all the same?</translation>
         <translation>Pause</translation>
     </message>
     <message id="1836">
-        <source>Zero here</source>
+        <source>Zero Here</source>
         <extracomment>Button that stays pressed: positions are shown relative to this one</extracomment>
-        <translation>Zero here</translation>
+        <translation>Zero Here</translation>
     </message>
     <message id="1837">
         <source>Record…</source>
@@ -1600,14 +1600,14 @@ Without that it cannot be put back. Write all the same?</translation>
         <translation>Record…</translation>
     </message>
     <message id="1838">
-        <source>Stop recording</source>
+        <source>Stop Recording</source>
         <extracomment>Button</extracomment>
-        <translation>Stop recording</translation>
+        <translation>Stop Recording</translation>
     </message>
     <message id="1839">
-        <source>Open recording…</source>
+        <source>Open Recording…</source>
         <extracomment>Button</extracomment>
-        <translation>Open recording…</translation>
+        <translation>Open Recording…</translation>
     </message>
     <message id="1840">
         <source>Minimum</source>
@@ -1630,29 +1630,29 @@ Without that it cannot be put back. Write all the same?</translation>
         <translation>Mean</translation>
     </message>
     <message id="1844">
-        <source>Standard deviation</source>
+        <source>Standard Deviation</source>
         <extracomment>Figure</extracomment>
-        <translation>Standard deviation</translation>
+        <translation>Standard Deviation</translation>
     </message>
     <message id="1845">
-        <source>Positions per second</source>
+        <source>Positions per Second</source>
         <extracomment>Figure</extracomment>
-        <translation>Positions per second</translation>
+        <translation>Positions per Second</translation>
     </message>
     <message id="1846">
-        <source>Malformed frames</source>
+        <source>Malformed Frames</source>
         <extracomment>Figure: what came and was no position</extracomment>
-        <translation>Malformed frames</translation>
+        <translation>Malformed Frames</translation>
     </message>
     <message id="1847">
-        <source>Time at the cursor</source>
+        <source>Time at the Cursor</source>
         <extracomment>Figure</extracomment>
-        <translation>Time at the cursor</translation>
+        <translation>Time at the Cursor</translation>
     </message>
     <message id="1848">
-        <source>Position at the cursor</source>
+        <source>Position at the Cursor</source>
         <extracomment>Figure</extracomment>
-        <translation>Position at the cursor</translation>
+        <translation>Position at the Cursor</translation>
     </message>
     <message id="1849">
         <source>Trace of the position</source>
@@ -1695,9 +1695,9 @@ Without that it cannot be put back. Write all the same?</translation>
         <translation>Sensor version %1, type %2, port %3, resolution %4 mm, begun %5 (UTC)</translation>
     </message>
     <message id="1857">
-        <source>All decimals</source>
+        <source>All Decimals</source>
         <extracomment>Check box: the position is shown with the decimals of the resolution</extracomment>
-        <translation>All decimals</translation>
+        <translation>All Decimals</translation>
     </message>
     <message id="1858">
         <source>Recordings (*.csv);;All files (*)</source>
@@ -1715,9 +1715,9 @@ Without that it cannot be put back. Write all the same?</translation>
         <translation>s</translation>
     </message>
     <message id="1861">
-        <source>Longest gap</source>
+        <source>Longest Gap</source>
         <extracomment>Figure beside a trace: the longest time without a position</extracomment>
-        <translation>Longest gap</translation>
+        <translation>Longest Gap</translation>
     </message>
     <message id="1862">
         <source>Recorded</source>
@@ -1758,12 +1758,12 @@ Without that it cannot be put back. Write all the same?</translation>
         <translation>Display Unit</translation>
     </message>
     <message id="1908">
-        <source>Lowest revision (hexadecimal)</source>
-        <translation>Lowest revision (hexadecimal)</translation>
+        <source>Lowest Revision (hexadecimal)</source>
+        <translation>Lowest Revision (hexadecimal)</translation>
     </message>
     <message id="1909">
-        <source>Highest revision (hexadecimal)</source>
-        <translation>Highest revision (hexadecimal)</translation>
+        <source>Highest Revision (hexadecimal)</source>
+        <translation>Highest Revision (hexadecimal)</translation>
     </message>
     <message id="1910">
         <source>The connected sensor has the revision %1 (version answer %2).</source>
@@ -1822,12 +1822,12 @@ Without that it cannot be put back. Write all the same?</translation>
         <translation>Remove</translation>
     </message>
     <message id="1924">
-        <source>Import ...</source>
-        <translation>Import ...</translation>
+        <source>Import…</source>
+        <translation>Import…</translation>
     </message>
     <message id="1925">
-        <source>Use the Site's Settings Again ...</source>
-        <translation>Use the Site's Settings Again ...</translation>
+        <source>Use the Site's Settings Again…</source>
+        <translation>Use the Site's Settings Again…</translation>
     </message>
     <message id="1926">
         <source>These settings are those of the file %1.</source>
@@ -2562,6 +2562,11 @@ From then on %1 is read, and %2 no longer.</translation>
         <source>Qt version:</source>
         <extracomment>Caption in the About dialog</extracomment>
         <translation>Qt version:</translation>
+    </message>
+    <message id="2230">
+        <source>Reading was cancelled. What is empty was not read.</source>
+        <extracomment>the user has cancelled the reading of a page</extracomment>
+        <translation>Reading was cancelled. What is empty was not read.</translation>
     </message>
 </context>
 </TS>

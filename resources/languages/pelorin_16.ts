@@ -1134,16 +1134,16 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <translation>Il valore QDL3NodeID delle impostazioni è %1. Il visualizzatore ha bisogno di un nodo da 0 a 9.</translation>
     </message>
     <message id="1700">
-        <source>Reading what the sensor has ...</source>
-        <translation>Lettura dello stato del sensore ...</translation>
+        <source>Reading what the sensor has…</source>
+        <translation>Lettura dello stato del sensore…</translation>
     </message>
     <message id="1701">
-        <source>Restarting the sensor ...</source>
-        <translation>Riavvio del sensore ...</translation>
+        <source>Restarting the sensor…</source>
+        <translation>Riavvio del sensore…</translation>
     </message>
     <message id="1702">
-        <source>Comparing what the sensor has with what was written ...</source>
-        <translation>Confronto dello stato del sensore con quanto scritto ...</translation>
+        <source>Comparing what the sensor has with what was written…</source>
+        <translation>Confronto dello stato del sensore con quanto scritto…</translation>
     </message>
     <message id="1703">
         <source>Verified: after a restart the sensor has all that was written.</source>
@@ -1235,8 +1235,8 @@ Senza di ciò non può essere ripristinato. Scrivere comunque?</translation>
         <translation>Scrivi di nuovo</translation>
     </message>
     <message id="1723">
-        <source>Put Back ...</source>
-        <translation>Ripristina ...</translation>
+        <source>Put Back…</source>
+        <translation>Ripristina…</translation>
     </message>
     <message id="1724">
         <source>%1 counts</source>
@@ -1413,7 +1413,7 @@ Senza di ciò non può essere ripristinato. Scrivere comunque?</translation>
         <translation>Revisione</translation>
     </message>
     <message id="1766">
-        <source>Written by</source>
+        <source>Written By</source>
         <translation>Scritto da</translation>
     </message>
     <message id="1767">
@@ -1443,8 +1443,8 @@ Senza di ciò non può essere ripristinato. Scrivere comunque?</translation>
         <translation>File in %1 che non è stato possibile leggere: %2</translation>
     </message>
     <message id="1773">
-        <source>Delete ...</source>
-        <translation>Elimina ...</translation>
+        <source>Delete…</source>
+        <translation>Elimina…</translation>
     </message>
     <message id="1774">
         <source>Delete the state of %1? It can then not be put back any more.</source>
@@ -1461,8 +1461,8 @@ Senza di ciò non può essere ripristinato. Scrivere comunque?</translation>
         <translation>Una scrittura in questo sensore (%1, %2) del %3 non è stata terminata: il sensore può averne tutto, una parte o nulla.</translation>
     </message>
     <message id="1777">
-        <source>Show ...</source>
-        <translation>Mostra ...</translation>
+        <source>Show…</source>
+        <translation>Mostra…</translation>
     </message>
     <message id="1778">
         <source>Earlier state put back</source>
@@ -1560,7 +1560,7 @@ Senza di ciò non può essere ripristinato. Scrivere comunque?</translation>
         <translation>Riscrittura del formato dati proprio del sensore…</translation>
     </message>
     <message id="1830">
-        <source>Time shown</source>
+        <source>Time Shown</source>
         <extracomment>Caption of a list of durations</extracomment>
         <translation>Tempo mostrato</translation>
     </message>
@@ -1575,12 +1575,12 @@ Senza di ciò non può essere ripristinato. Scrivere comunque?</translation>
         <translation>%1 min</translation>
     </message>
     <message id="1833">
-        <source>Whole recording</source>
+        <source>Whole Recording</source>
         <extracomment>Entry of the list of durations</extracomment>
         <translation>Tutta la registrazione</translation>
     </message>
     <message id="1834">
-        <source>Hold range</source>
+        <source>Hold Range</source>
         <extracomment>Check box: the range of the position axis stays as it is</extracomment>
         <translation>Blocca intervallo</translation>
     </message>
@@ -1590,7 +1590,7 @@ Senza di ciò non può essere ripristinato. Scrivere comunque?</translation>
         <translation>Pausa</translation>
     </message>
     <message id="1836">
-        <source>Zero here</source>
+        <source>Zero Here</source>
         <extracomment>Button that stays pressed: positions are shown relative to this one</extracomment>
         <translation>Zero qui</translation>
     </message>
@@ -1600,12 +1600,12 @@ Senza di ciò non può essere ripristinato. Scrivere comunque?</translation>
         <translation>Registra…</translation>
     </message>
     <message id="1838">
-        <source>Stop recording</source>
+        <source>Stop Recording</source>
         <extracomment>Button</extracomment>
         <translation>Ferma registrazione</translation>
     </message>
     <message id="1839">
-        <source>Open recording…</source>
+        <source>Open Recording…</source>
         <extracomment>Button</extracomment>
         <translation>Apri registrazione…</translation>
     </message>
@@ -1630,27 +1630,27 @@ Senza di ciò non può essere ripristinato. Scrivere comunque?</translation>
         <translation>Media</translation>
     </message>
     <message id="1844">
-        <source>Standard deviation</source>
+        <source>Standard Deviation</source>
         <extracomment>Figure</extracomment>
         <translation>Deviazione standard</translation>
     </message>
     <message id="1845">
-        <source>Positions per second</source>
+        <source>Positions per Second</source>
         <extracomment>Figure</extracomment>
         <translation>Posizioni al secondo</translation>
     </message>
     <message id="1846">
-        <source>Malformed frames</source>
+        <source>Malformed Frames</source>
         <extracomment>Figure: what came and was no position</extracomment>
         <translation>Trame errate</translation>
     </message>
     <message id="1847">
-        <source>Time at the cursor</source>
+        <source>Time at the Cursor</source>
         <extracomment>Figure</extracomment>
         <translation>Tempo al cursore</translation>
     </message>
     <message id="1848">
-        <source>Position at the cursor</source>
+        <source>Position at the Cursor</source>
         <extracomment>Figure</extracomment>
         <translation>Posizione al cursore</translation>
     </message>
@@ -1695,7 +1695,7 @@ Senza di ciò non può essere ripristinato. Scrivere comunque?</translation>
         <translation>Versione del sensore %1, tipo %2, porta %3, risoluzione %4 mm, inizio %5 (UTC)</translation>
     </message>
     <message id="1857">
-        <source>All decimals</source>
+        <source>All Decimals</source>
         <extracomment>Check box: the position is shown with the decimals of the resolution</extracomment>
         <translation>Tutti i decimali</translation>
     </message>
@@ -1715,7 +1715,7 @@ Senza di ciò non può essere ripristinato. Scrivere comunque?</translation>
         <translation>s</translation>
     </message>
     <message id="1861">
-        <source>Longest gap</source>
+        <source>Longest Gap</source>
         <extracomment>Figure beside a trace: the longest time without a position</extracomment>
         <translation>Vuoto più lungo</translation>
     </message>
@@ -1758,11 +1758,11 @@ Senza di ciò non può essere ripristinato. Scrivere comunque?</translation>
         <translation>Visualizzatore</translation>
     </message>
     <message id="1908">
-        <source>Lowest revision (hexadecimal)</source>
+        <source>Lowest Revision (hexadecimal)</source>
         <translation>Revisione più bassa (esadecimale)</translation>
     </message>
     <message id="1909">
-        <source>Highest revision (hexadecimal)</source>
+        <source>Highest Revision (hexadecimal)</source>
         <translation>Revisione più alta (esadecimale)</translation>
     </message>
     <message id="1910">
@@ -1822,12 +1822,12 @@ Senza di ciò non può essere ripristinato. Scrivere comunque?</translation>
         <translation>Rimuovi</translation>
     </message>
     <message id="1924">
-        <source>Import ...</source>
-        <translation>Importa ...</translation>
+        <source>Import…</source>
+        <translation>Importa…</translation>
     </message>
     <message id="1925">
-        <source>Use the Site's Settings Again ...</source>
-        <translation>Usa di nuovo le impostazioni dell'impianto ...</translation>
+        <source>Use the Site's Settings Again…</source>
+        <translation>Usa di nuovo le impostazioni dell'impianto…</translation>
     </message>
     <message id="1926">
         <source>These settings are those of the file %1.</source>
@@ -2562,6 +2562,11 @@ Da allora viene letto %1, e %2 non più.</translation>
         <source>Qt version:</source>
         <extracomment>Caption in the About dialog</extracomment>
         <translation>Versione di Qt:</translation>
+    </message>
+    <message id="2230">
+        <source>Reading was cancelled. What is empty was not read.</source>
+        <extracomment>the user has cancelled the reading of a page</extracomment>
+        <translation>Lettura annullata. Ciò che è vuoto non è stato letto.</translation>
     </message>
 </context>
 </TS>

@@ -1134,16 +1134,16 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <translation>Der Wert QDL3NodeID der Einstellungen ist %1. Das Anzeigegerät braucht einen Knoten von 0 bis 9.</translation>
     </message>
     <message id="1700">
-        <source>Reading what the sensor has ...</source>
-        <translation>Der Stand des Sensors wird gelesen ...</translation>
+        <source>Reading what the sensor has…</source>
+        <translation>Der Stand des Sensors wird gelesen …</translation>
     </message>
     <message id="1701">
-        <source>Restarting the sensor ...</source>
-        <translation>Der Sensor wird neu gestartet ...</translation>
+        <source>Restarting the sensor…</source>
+        <translation>Der Sensor wird neu gestartet …</translation>
     </message>
     <message id="1702">
-        <source>Comparing what the sensor has with what was written ...</source>
-        <translation>Der Stand des Sensors wird mit dem Geschriebenen verglichen ...</translation>
+        <source>Comparing what the sensor has with what was written…</source>
+        <translation>Der Stand des Sensors wird mit dem Geschriebenen verglichen …</translation>
     </message>
     <message id="1703">
         <source>Verified: after a restart the sensor has all that was written.</source>
@@ -1235,8 +1235,8 @@ Ohne das kann es nicht zurückgeschrieben werden. Trotzdem schreiben?</translati
         <translation>Erneut schreiben</translation>
     </message>
     <message id="1723">
-        <source>Put Back ...</source>
-        <translation>Zurückschreiben ...</translation>
+        <source>Put Back…</source>
+        <translation>Zurückschreiben …</translation>
     </message>
     <message id="1724">
         <source>%1 counts</source>
@@ -1254,7 +1254,7 @@ Ohne das kann es nicht zurückgeschrieben werden. Trotzdem schreiben?</translati
     <message id="1730">
         <source>&amp;Compare with Backup…</source>
         <extracomment>Menu item</extracomment>
-        <translation>Mit Sicherung &amp;vergleichen …</translation>
+        <translation>Mit Sicherung &amp;vergleichen …</translation>
     </message>
     <message id="1731">
         <source>Compare with Backup</source>
@@ -1390,7 +1390,7 @@ Ohne das kann es nicht zurückgeschrieben werden. Trotzdem schreiben?</translati
     </message>
     <message id="1760">
         <source>E&amp;arlier States…</source>
-        <translation>&amp;Frühere Stände…</translation>
+        <translation>&amp;Frühere Stände …</translation>
     </message>
     <message id="1761">
         <source>Earlier States</source>
@@ -1413,7 +1413,7 @@ Ohne das kann es nicht zurückgeschrieben werden. Trotzdem schreiben?</translati
         <translation>Revision</translation>
     </message>
     <message id="1766">
-        <source>Written by</source>
+        <source>Written By</source>
         <translation>Geschrieben von</translation>
     </message>
     <message id="1767">
@@ -1443,8 +1443,8 @@ Ohne das kann es nicht zurückgeschrieben werden. Trotzdem schreiben?</translati
         <translation>Dateien in %1, die nicht gelesen werden konnten: %2</translation>
     </message>
     <message id="1773">
-        <source>Delete ...</source>
-        <translation>Löschen ...</translation>
+        <source>Delete…</source>
+        <translation>Löschen …</translation>
     </message>
     <message id="1774">
         <source>Delete the state of %1? It can then not be put back any more.</source>
@@ -1461,8 +1461,8 @@ Ohne das kann es nicht zurückgeschrieben werden. Trotzdem schreiben?</translati
         <translation>Das Schreiben in diesen Sensor (%1, %2) vom %3 wurde nicht beendet: der Sensor hat vielleicht alles davon, einen Teil oder nichts.</translation>
     </message>
     <message id="1777">
-        <source>Show ...</source>
-        <translation>Anzeigen ...</translation>
+        <source>Show…</source>
+        <translation>Anzeigen …</translation>
     </message>
     <message id="1778">
         <source>Earlier state put back</source>
@@ -1533,34 +1533,34 @@ Ohne das kann es nicht zurückgeschrieben werden. Trotzdem schreiben?</translati
     </message>
     <message id="1815">
         <source>Reading the data format…</source>
-        <translation>Datenformat wird gelesen …</translation>
+        <translation>Datenformat wird gelesen …</translation>
     </message>
     <message id="1816">
         <source>Writing the data format for the position stream…</source>
-        <translation>Datenformat für die laufende Positionsausgabe wird geschrieben …</translation>
+        <translation>Datenformat für die laufende Positionsausgabe wird geschrieben …</translation>
     </message>
     <message id="1817">
         <source>Waiting for the sensor to store the data format…</source>
-        <translation>Der Sensor speichert das Datenformat …</translation>
+        <translation>Der Sensor speichert das Datenformat …</translation>
     </message>
     <message id="1818">
         <source>Restarting the sensor…</source>
-        <translation>Sensor wird neu gestartet …</translation>
+        <translation>Sensor wird neu gestartet …</translation>
     </message>
     <message id="1819">
         <source>Waiting for the position stream…</source>
-        <translation>Warten auf die laufende Positionsausgabe …</translation>
+        <translation>Warten auf die laufende Positionsausgabe …</translation>
     </message>
     <message id="1820">
         <source>Ending the position stream and connecting the sensor…</source>
-        <translation>Laufende Positionsausgabe wird beendet und der Sensor verbunden …</translation>
+        <translation>Laufende Positionsausgabe wird beendet und der Sensor verbunden …</translation>
     </message>
     <message id="1821">
         <source>Writing the sensor's own data format back…</source>
-        <translation>Das eigene Datenformat des Sensors wird zurückgeschrieben …</translation>
+        <translation>Das eigene Datenformat des Sensors wird zurückgeschrieben …</translation>
     </message>
     <message id="1830">
-        <source>Time shown</source>
+        <source>Time Shown</source>
         <extracomment>Caption of a list of durations</extracomment>
         <translation>Gezeigte Zeit</translation>
     </message>
@@ -1575,12 +1575,12 @@ Ohne das kann es nicht zurückgeschrieben werden. Trotzdem schreiben?</translati
         <translation>%1 min</translation>
     </message>
     <message id="1833">
-        <source>Whole recording</source>
+        <source>Whole Recording</source>
         <extracomment>Entry of the list of durations</extracomment>
         <translation>Ganze Aufzeichnung</translation>
     </message>
     <message id="1834">
-        <source>Hold range</source>
+        <source>Hold Range</source>
         <extracomment>Check box: the range of the position axis stays as it is</extracomment>
         <translation>Bereich halten</translation>
     </message>
@@ -1590,24 +1590,24 @@ Ohne das kann es nicht zurückgeschrieben werden. Trotzdem schreiben?</translati
         <translation>Pause</translation>
     </message>
     <message id="1836">
-        <source>Zero here</source>
+        <source>Zero Here</source>
         <extracomment>Button that stays pressed: positions are shown relative to this one</extracomment>
         <translation>Hier null</translation>
     </message>
     <message id="1837">
         <source>Record…</source>
         <extracomment>Button</extracomment>
-        <translation>Aufzeichnen…</translation>
+        <translation>Aufzeichnen …</translation>
     </message>
     <message id="1838">
-        <source>Stop recording</source>
+        <source>Stop Recording</source>
         <extracomment>Button</extracomment>
         <translation>Aufzeichnung beenden</translation>
     </message>
     <message id="1839">
-        <source>Open recording…</source>
+        <source>Open Recording…</source>
         <extracomment>Button</extracomment>
-        <translation>Aufzeichnung öffnen…</translation>
+        <translation>Aufzeichnung öffnen …</translation>
     </message>
     <message id="1840">
         <source>Minimum</source>
@@ -1630,27 +1630,27 @@ Ohne das kann es nicht zurückgeschrieben werden. Trotzdem schreiben?</translati
         <translation>Mittelwert</translation>
     </message>
     <message id="1844">
-        <source>Standard deviation</source>
+        <source>Standard Deviation</source>
         <extracomment>Figure</extracomment>
         <translation>Standardabweichung</translation>
     </message>
     <message id="1845">
-        <source>Positions per second</source>
+        <source>Positions per Second</source>
         <extracomment>Figure</extracomment>
         <translation>Positionen je Sekunde</translation>
     </message>
     <message id="1846">
-        <source>Malformed frames</source>
+        <source>Malformed Frames</source>
         <extracomment>Figure: what came and was no position</extracomment>
         <translation>Fehlerhafte Telegramme</translation>
     </message>
     <message id="1847">
-        <source>Time at the cursor</source>
+        <source>Time at the Cursor</source>
         <extracomment>Figure</extracomment>
         <translation>Zeit am Cursor</translation>
     </message>
     <message id="1848">
-        <source>Position at the cursor</source>
+        <source>Position at the Cursor</source>
         <extracomment>Figure</extracomment>
         <translation>Position am Cursor</translation>
     </message>
@@ -1695,7 +1695,7 @@ Ohne das kann es nicht zurückgeschrieben werden. Trotzdem schreiben?</translati
         <translation>Sensorversion %1, Typ %2, Schnittstelle %3, Auflösung %4 mm, begonnen %5 (UTC)</translation>
     </message>
     <message id="1857">
-        <source>All decimals</source>
+        <source>All Decimals</source>
         <extracomment>Check box: the position is shown with the decimals of the resolution</extracomment>
         <translation>Alle Nachkommastellen</translation>
     </message>
@@ -1715,7 +1715,7 @@ Ohne das kann es nicht zurückgeschrieben werden. Trotzdem schreiben?</translati
         <translation>s</translation>
     </message>
     <message id="1861">
-        <source>Longest gap</source>
+        <source>Longest Gap</source>
         <extracomment>Figure beside a trace: the longest time without a position</extracomment>
         <translation>Längste Lücke</translation>
     </message>
@@ -1731,7 +1731,7 @@ Ohne das kann es nicht zurückgeschrieben werden. Trotzdem schreiben?</translati
     </message>
     <message id="1900">
         <source>&amp;Settings…</source>
-        <translation>&amp;Einstellungen…</translation>
+        <translation>&amp;Einstellungen …</translation>
     </message>
     <message id="1901">
         <source>Settings</source>
@@ -1758,11 +1758,11 @@ Ohne das kann es nicht zurückgeschrieben werden. Trotzdem schreiben?</translati
         <translation>Anzeigegerät</translation>
     </message>
     <message id="1908">
-        <source>Lowest revision (hexadecimal)</source>
+        <source>Lowest Revision (hexadecimal)</source>
         <translation>Niedrigste Revision (hexadezimal)</translation>
     </message>
     <message id="1909">
-        <source>Highest revision (hexadecimal)</source>
+        <source>Highest Revision (hexadecimal)</source>
         <translation>Höchste Revision (hexadezimal)</translation>
     </message>
     <message id="1910">
@@ -1822,12 +1822,12 @@ Ohne das kann es nicht zurückgeschrieben werden. Trotzdem schreiben?</translati
         <translation>Entfernen</translation>
     </message>
     <message id="1924">
-        <source>Import ...</source>
-        <translation>Importieren ...</translation>
+        <source>Import…</source>
+        <translation>Importieren …</translation>
     </message>
     <message id="1925">
-        <source>Use the Site's Settings Again ...</source>
-        <translation>Wieder die Einstellungen des Standorts verwenden ...</translation>
+        <source>Use the Site's Settings Again…</source>
+        <translation>Wieder die Einstellungen des Standorts verwenden …</translation>
     </message>
     <message id="1926">
         <source>These settings are those of the file %1.</source>
@@ -2562,6 +2562,11 @@ Von da an wird %1 gelesen und %2 nicht mehr.</translation>
         <source>Qt version:</source>
         <extracomment>Caption in the About dialog</extracomment>
         <translation>Qt-Version:</translation>
+    </message>
+    <message id="2230">
+        <source>Reading was cancelled. What is empty was not read.</source>
+        <extracomment>the user has cancelled the reading of a page</extracomment>
+        <translation>Das Lesen wurde abgebrochen. Was leer ist, wurde nicht gelesen.</translation>
     </message>
 </context>
 </TS>

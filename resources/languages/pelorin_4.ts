@@ -1134,16 +1134,16 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <translation>La valeur QDL3NodeID des réglages est %1. L'afficheur a besoin d'un nœud de 0 à 9.</translation>
     </message>
     <message id="1700">
-        <source>Reading what the sensor has ...</source>
-        <translation>Lecture de l'état du capteur ...</translation>
+        <source>Reading what the sensor has…</source>
+        <translation>Lecture de l'état du capteur…</translation>
     </message>
     <message id="1701">
-        <source>Restarting the sensor ...</source>
-        <translation>Redémarrage du capteur ...</translation>
+        <source>Restarting the sensor…</source>
+        <translation>Redémarrage du capteur…</translation>
     </message>
     <message id="1702">
-        <source>Comparing what the sensor has with what was written ...</source>
-        <translation>Comparaison de l'état du capteur avec ce qui a été écrit ...</translation>
+        <source>Comparing what the sensor has with what was written…</source>
+        <translation>Comparaison de l'état du capteur avec ce qui a été écrit…</translation>
     </message>
     <message id="1703">
         <source>Verified: after a restart the sensor has all that was written.</source>
@@ -1235,8 +1235,8 @@ Sans cela, il ne peut pas être rétabli. Écrire malgré tout ?</translation>
         <translation>Réécrire</translation>
     </message>
     <message id="1723">
-        <source>Put Back ...</source>
-        <translation>Rétablir ...</translation>
+        <source>Put Back…</source>
+        <translation>Rétablir…</translation>
     </message>
     <message id="1724">
         <source>%1 counts</source>
@@ -1413,7 +1413,7 @@ Sans cela, il ne peut pas être rétabli. Écrire malgré tout ?</translation>
         <translation>Révision</translation>
     </message>
     <message id="1766">
-        <source>Written by</source>
+        <source>Written By</source>
         <translation>Écrit par</translation>
     </message>
     <message id="1767">
@@ -1443,8 +1443,8 @@ Sans cela, il ne peut pas être rétabli. Écrire malgré tout ?</translation>
         <translation>Fichiers de %1 qui n'ont pas pu être lus : %2</translation>
     </message>
     <message id="1773">
-        <source>Delete ...</source>
-        <translation>Supprimer ...</translation>
+        <source>Delete…</source>
+        <translation>Supprimer…</translation>
     </message>
     <message id="1774">
         <source>Delete the state of %1? It can then not be put back any more.</source>
@@ -1461,8 +1461,8 @@ Sans cela, il ne peut pas être rétabli. Écrire malgré tout ?</translation>
         <translation>Une écriture dans ce capteur (%1, %2) du %3 est restée inachevée : le capteur en a peut-être tout, une partie ou rien.</translation>
     </message>
     <message id="1777">
-        <source>Show ...</source>
-        <translation>Afficher ...</translation>
+        <source>Show…</source>
+        <translation>Afficher…</translation>
     </message>
     <message id="1778">
         <source>Earlier state put back</source>
@@ -1560,7 +1560,7 @@ Sans cela, il ne peut pas être rétabli. Écrire malgré tout ?</translation>
         <translation>Réécriture du propre format des données du capteur…</translation>
     </message>
     <message id="1830">
-        <source>Time shown</source>
+        <source>Time Shown</source>
         <extracomment>Caption of a list of durations</extracomment>
         <translation>Durée affichée</translation>
     </message>
@@ -1575,12 +1575,12 @@ Sans cela, il ne peut pas être rétabli. Écrire malgré tout ?</translation>
         <translation>%1 min</translation>
     </message>
     <message id="1833">
-        <source>Whole recording</source>
+        <source>Whole Recording</source>
         <extracomment>Entry of the list of durations</extracomment>
         <translation>Tout l'enregistrement</translation>
     </message>
     <message id="1834">
-        <source>Hold range</source>
+        <source>Hold Range</source>
         <extracomment>Check box: the range of the position axis stays as it is</extracomment>
         <translation>Figer l'échelle</translation>
     </message>
@@ -1590,7 +1590,7 @@ Sans cela, il ne peut pas être rétabli. Écrire malgré tout ?</translation>
         <translation>Pause</translation>
     </message>
     <message id="1836">
-        <source>Zero here</source>
+        <source>Zero Here</source>
         <extracomment>Button that stays pressed: positions are shown relative to this one</extracomment>
         <translation>Zéro ici</translation>
     </message>
@@ -1600,12 +1600,12 @@ Sans cela, il ne peut pas être rétabli. Écrire malgré tout ?</translation>
         <translation>Enregistrer…</translation>
     </message>
     <message id="1838">
-        <source>Stop recording</source>
+        <source>Stop Recording</source>
         <extracomment>Button</extracomment>
         <translation>Arrêter l'enregistrement</translation>
     </message>
     <message id="1839">
-        <source>Open recording…</source>
+        <source>Open Recording…</source>
         <extracomment>Button</extracomment>
         <translation>Ouvrir un enregistrement…</translation>
     </message>
@@ -1630,27 +1630,27 @@ Sans cela, il ne peut pas être rétabli. Écrire malgré tout ?</translation>
         <translation>Moyenne</translation>
     </message>
     <message id="1844">
-        <source>Standard deviation</source>
+        <source>Standard Deviation</source>
         <extracomment>Figure</extracomment>
         <translation>Écart type</translation>
     </message>
     <message id="1845">
-        <source>Positions per second</source>
+        <source>Positions per Second</source>
         <extracomment>Figure</extracomment>
         <translation>Positions par seconde</translation>
     </message>
     <message id="1846">
-        <source>Malformed frames</source>
+        <source>Malformed Frames</source>
         <extracomment>Figure: what came and was no position</extracomment>
         <translation>Trames erronées</translation>
     </message>
     <message id="1847">
-        <source>Time at the cursor</source>
+        <source>Time at the Cursor</source>
         <extracomment>Figure</extracomment>
         <translation>Temps au curseur</translation>
     </message>
     <message id="1848">
-        <source>Position at the cursor</source>
+        <source>Position at the Cursor</source>
         <extracomment>Figure</extracomment>
         <translation>Position au curseur</translation>
     </message>
@@ -1695,7 +1695,7 @@ Sans cela, il ne peut pas être rétabli. Écrire malgré tout ?</translation>
         <translation>Version du capteur %1, type %2, port %3, résolution %4 mm, début %5 (UTC)</translation>
     </message>
     <message id="1857">
-        <source>All decimals</source>
+        <source>All Decimals</source>
         <extracomment>Check box: the position is shown with the decimals of the resolution</extracomment>
         <translation>Toutes les décimales</translation>
     </message>
@@ -1715,7 +1715,7 @@ Sans cela, il ne peut pas être rétabli. Écrire malgré tout ?</translation>
         <translation>s</translation>
     </message>
     <message id="1861">
-        <source>Longest gap</source>
+        <source>Longest Gap</source>
         <extracomment>Figure beside a trace: the longest time without a position</extracomment>
         <translation>Plus longue lacune</translation>
     </message>
@@ -1758,11 +1758,11 @@ Sans cela, il ne peut pas être rétabli. Écrire malgré tout ?</translation>
         <translation>Afficheur</translation>
     </message>
     <message id="1908">
-        <source>Lowest revision (hexadecimal)</source>
+        <source>Lowest Revision (hexadecimal)</source>
         <translation>Révision la plus basse (hexadécimale)</translation>
     </message>
     <message id="1909">
-        <source>Highest revision (hexadecimal)</source>
+        <source>Highest Revision (hexadecimal)</source>
         <translation>Révision la plus haute (hexadécimale)</translation>
     </message>
     <message id="1910">
@@ -1822,12 +1822,12 @@ Sans cela, il ne peut pas être rétabli. Écrire malgré tout ?</translation>
         <translation>Retirer</translation>
     </message>
     <message id="1924">
-        <source>Import ...</source>
-        <translation>Importer ...</translation>
+        <source>Import…</source>
+        <translation>Importer…</translation>
     </message>
     <message id="1925">
-        <source>Use the Site's Settings Again ...</source>
-        <translation>Utiliser de nouveau les réglages du site ...</translation>
+        <source>Use the Site's Settings Again…</source>
+        <translation>Utiliser de nouveau les réglages du site…</translation>
     </message>
     <message id="1926">
         <source>These settings are those of the file %1.</source>
@@ -2562,6 +2562,11 @@ Désormais %1 est lu, et %2 ne l'est plus.</translation>
         <source>Qt version:</source>
         <extracomment>Caption in the About dialog</extracomment>
         <translation>Version de Qt :</translation>
+    </message>
+    <message id="2230">
+        <source>Reading was cancelled. What is empty was not read.</source>
+        <extracomment>the user has cancelled the reading of a page</extracomment>
+        <translation>Lecture annulée. Ce qui est vide n'a pas été lu.</translation>
     </message>
 </context>
 </TS>

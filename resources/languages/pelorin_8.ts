@@ -1134,16 +1134,16 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <translation>El valor QDL3NodeID de los ajustes es %1. El visualizador necesita un nodo de 0 a 9.</translation>
     </message>
     <message id="1700">
-        <source>Reading what the sensor has ...</source>
-        <translation>Leyendo el estado del sensor ...</translation>
+        <source>Reading what the sensor has…</source>
+        <translation>Leyendo el estado del sensor…</translation>
     </message>
     <message id="1701">
-        <source>Restarting the sensor ...</source>
-        <translation>Reiniciando el sensor ...</translation>
+        <source>Restarting the sensor…</source>
+        <translation>Reiniciando el sensor…</translation>
     </message>
     <message id="1702">
-        <source>Comparing what the sensor has with what was written ...</source>
-        <translation>Comparando el estado del sensor con lo escrito ...</translation>
+        <source>Comparing what the sensor has with what was written…</source>
+        <translation>Comparando el estado del sensor con lo escrito…</translation>
     </message>
     <message id="1703">
         <source>Verified: after a restart the sensor has all that was written.</source>
@@ -1235,8 +1235,8 @@ Sin eso no se puede restablecer. ¿Escribir de todos modos?</translation>
         <translation>Escribir de nuevo</translation>
     </message>
     <message id="1723">
-        <source>Put Back ...</source>
-        <translation>Restablecer ...</translation>
+        <source>Put Back…</source>
+        <translation>Restablecer…</translation>
     </message>
     <message id="1724">
         <source>%1 counts</source>
@@ -1413,7 +1413,7 @@ Sin eso no se puede restablecer. ¿Escribir de todos modos?</translation>
         <translation>Revisión</translation>
     </message>
     <message id="1766">
-        <source>Written by</source>
+        <source>Written By</source>
         <translation>Escrito por</translation>
     </message>
     <message id="1767">
@@ -1443,8 +1443,8 @@ Sin eso no se puede restablecer. ¿Escribir de todos modos?</translation>
         <translation>Archivos de %1 que no se han podido leer: %2</translation>
     </message>
     <message id="1773">
-        <source>Delete ...</source>
-        <translation>Eliminar ...</translation>
+        <source>Delete…</source>
+        <translation>Eliminar…</translation>
     </message>
     <message id="1774">
         <source>Delete the state of %1? It can then not be put back any more.</source>
@@ -1461,8 +1461,8 @@ Sin eso no se puede restablecer. ¿Escribir de todos modos?</translation>
         <translation>Una escritura en este sensor (%1, %2) del %3 quedó sin terminar: el sensor puede tenerlo todo, una parte o nada.</translation>
     </message>
     <message id="1777">
-        <source>Show ...</source>
-        <translation>Mostrar ...</translation>
+        <source>Show…</source>
+        <translation>Mostrar…</translation>
     </message>
     <message id="1778">
         <source>Earlier state put back</source>
@@ -1560,7 +1560,7 @@ Sin eso no se puede restablecer. ¿Escribir de todos modos?</translation>
         <translation>Volviendo a escribir el formato de datos propio del sensor…</translation>
     </message>
     <message id="1830">
-        <source>Time shown</source>
+        <source>Time Shown</source>
         <extracomment>Caption of a list of durations</extracomment>
         <translation>Tiempo mostrado</translation>
     </message>
@@ -1575,12 +1575,12 @@ Sin eso no se puede restablecer. ¿Escribir de todos modos?</translation>
         <translation>%1 min</translation>
     </message>
     <message id="1833">
-        <source>Whole recording</source>
+        <source>Whole Recording</source>
         <extracomment>Entry of the list of durations</extracomment>
         <translation>Toda la grabación</translation>
     </message>
     <message id="1834">
-        <source>Hold range</source>
+        <source>Hold Range</source>
         <extracomment>Check box: the range of the position axis stays as it is</extracomment>
         <translation>Fijar el rango</translation>
     </message>
@@ -1590,7 +1590,7 @@ Sin eso no se puede restablecer. ¿Escribir de todos modos?</translation>
         <translation>Pausa</translation>
     </message>
     <message id="1836">
-        <source>Zero here</source>
+        <source>Zero Here</source>
         <extracomment>Button that stays pressed: positions are shown relative to this one</extracomment>
         <translation>Cero aquí</translation>
     </message>
@@ -1600,12 +1600,12 @@ Sin eso no se puede restablecer. ¿Escribir de todos modos?</translation>
         <translation>Grabar…</translation>
     </message>
     <message id="1838">
-        <source>Stop recording</source>
+        <source>Stop Recording</source>
         <extracomment>Button</extracomment>
         <translation>Detener la grabación</translation>
     </message>
     <message id="1839">
-        <source>Open recording…</source>
+        <source>Open Recording…</source>
         <extracomment>Button</extracomment>
         <translation>Abrir grabación…</translation>
     </message>
@@ -1630,27 +1630,27 @@ Sin eso no se puede restablecer. ¿Escribir de todos modos?</translation>
         <translation>Media</translation>
     </message>
     <message id="1844">
-        <source>Standard deviation</source>
+        <source>Standard Deviation</source>
         <extracomment>Figure</extracomment>
         <translation>Desviación típica</translation>
     </message>
     <message id="1845">
-        <source>Positions per second</source>
+        <source>Positions per Second</source>
         <extracomment>Figure</extracomment>
         <translation>Posiciones por segundo</translation>
     </message>
     <message id="1846">
-        <source>Malformed frames</source>
+        <source>Malformed Frames</source>
         <extracomment>Figure: what came and was no position</extracomment>
         <translation>Tramas erróneas</translation>
     </message>
     <message id="1847">
-        <source>Time at the cursor</source>
+        <source>Time at the Cursor</source>
         <extracomment>Figure</extracomment>
         <translation>Tiempo en el cursor</translation>
     </message>
     <message id="1848">
-        <source>Position at the cursor</source>
+        <source>Position at the Cursor</source>
         <extracomment>Figure</extracomment>
         <translation>Posición en el cursor</translation>
     </message>
@@ -1695,7 +1695,7 @@ Sin eso no se puede restablecer. ¿Escribir de todos modos?</translation>
         <translation>Versión del sensor %1, tipo %2, puerto %3, resolución %4 mm, inicio %5 (UTC)</translation>
     </message>
     <message id="1857">
-        <source>All decimals</source>
+        <source>All Decimals</source>
         <extracomment>Check box: the position is shown with the decimals of the resolution</extracomment>
         <translation>Todos los decimales</translation>
     </message>
@@ -1715,7 +1715,7 @@ Sin eso no se puede restablecer. ¿Escribir de todos modos?</translation>
         <translation>s</translation>
     </message>
     <message id="1861">
-        <source>Longest gap</source>
+        <source>Longest Gap</source>
         <extracomment>Figure beside a trace: the longest time without a position</extracomment>
         <translation>Hueco más largo</translation>
     </message>
@@ -1758,11 +1758,11 @@ Sin eso no se puede restablecer. ¿Escribir de todos modos?</translation>
         <translation>Visualizador</translation>
     </message>
     <message id="1908">
-        <source>Lowest revision (hexadecimal)</source>
+        <source>Lowest Revision (hexadecimal)</source>
         <translation>Revisión más baja (hexadecimal)</translation>
     </message>
     <message id="1909">
-        <source>Highest revision (hexadecimal)</source>
+        <source>Highest Revision (hexadecimal)</source>
         <translation>Revisión más alta (hexadecimal)</translation>
     </message>
     <message id="1910">
@@ -1822,12 +1822,12 @@ Sin eso no se puede restablecer. ¿Escribir de todos modos?</translation>
         <translation>Quitar</translation>
     </message>
     <message id="1924">
-        <source>Import ...</source>
-        <translation>Importar ...</translation>
+        <source>Import…</source>
+        <translation>Importar…</translation>
     </message>
     <message id="1925">
-        <source>Use the Site's Settings Again ...</source>
-        <translation>Volver a usar los ajustes de la instalación ...</translation>
+        <source>Use the Site's Settings Again…</source>
+        <translation>Volver a usar los ajustes de la instalación…</translation>
     </message>
     <message id="1926">
         <source>These settings are those of the file %1.</source>
@@ -2562,6 +2562,11 @@ Desde entonces se lee %1, y %2 ya no.</translation>
         <source>Qt version:</source>
         <extracomment>Caption in the About dialog</extracomment>
         <translation>Versión de Qt:</translation>
+    </message>
+    <message id="2230">
+        <source>Reading was cancelled. What is empty was not read.</source>
+        <extracomment>the user has cancelled the reading of a page</extracomment>
+        <translation>Lectura cancelada. Lo que está vacío no se ha leído.</translation>
     </message>
 </context>
 </TS>

@@ -1,5 +1,6 @@
 #include "app/BusyFilter.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QCursor>
 #include <QEvent>
@@ -61,19 +62,34 @@ bool belongsToMessageBox(const QObject* object)
 bool isUsable(const QWidget& control)
 {
     return control.isVisible() && control.isEnabled() &&
-           control.property("usableWhileBusy").toBool();
+           control.property(BusyFilter::kUsableWhileBusy).toBool();
 }
 
-/// Whether events that a window gets may go on to one of its controls.
-bool hasUsableControl(const QObject* window)
+/// A control of a window that is usable all the same, null if there is none.
+template <class Control>
+Control* usableControl(const QObject* window)
 {
-    const auto windows = QApplication::topLevelWidgets();
-    return std::any_of(windows.begin(), windows.end(), [window](const QWidget* widget) {
-        const auto controls = widget->findChildren<QWidget*>();
-        return widget->windowHandle() == window &&
-               std::any_of(controls.begin(), controls.end(),
-                           [](const QWidget* control) { return isUsable(*control); });
-    });
+    for (const QWidget* widget : QApplication::topLevelWidgets()) {
+        if (widget->windowHandle() != window)
+            continue;
+        const auto controls = widget->findChildren<Control*>();
+        const auto found = std::find_if(controls.begin(), controls.end(),
+                                        [](const Control* control) { return isUsable(*control); });
+        if (found != controls.end())
+            return *found;
+    }
+    return nullptr;
+}
+
+/// @return the button that Escape presses while the program is busy; null if it presses none
+QAbstractButton* cancelButton(const QObject* window, const QEvent& event)
+{
+    if (event.type() != QEvent::KeyPress || !window->isWindowType())
+        return nullptr;
+    const auto& key = static_cast<const QKeyEvent&>(event);
+    return key.key() == Qt::Key_Escape && !key.isAutoRepeat()
+               ? usableControl<QAbstractButton>(window)
+               : nullptr;
 }
 
 /// Whether an event is a click on a control that is usable all the same, or a key that presses it
@@ -81,7 +97,7 @@ bool hasUsableControl(const QObject* window)
 bool isForUsableControl(const QObject* object, const QEvent& event)
 {
     if (object->isWindowType())
-        return hasUsableControl(object);
+        return usableControl<QWidget>(object) != nullptr;
     const auto* control = qobject_cast<const QWidget*>(object);
     if (!control || !isUsable(*control))
         return false;
@@ -140,8 +156,13 @@ void BusyFilter::showCursor(bool shown)
 
 bool BusyFilter::eventFilter(QObject* watched, QEvent* event)
 {
-    return isInput(*event) && (m_passesLeft > 0 || m_isBusy()) && !belongsToMessageBox(watched) &&
-           !isForUsableControl(watched, *event);
+    if (!isInput(*event) || (m_passesLeft == 0 && !m_isBusy()) || belongsToMessageBox(watched))
+        return false;
+    if (auto* cancel = m_isBusy() ? cancelButton(watched, *event) : nullptr) {
+        cancel->click();
+        return true;
+    }
+    return !isForUsableControl(watched, *event);
 }
 
 } // namespace pelorin

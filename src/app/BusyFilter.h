@@ -9,13 +9,16 @@ namespace pelorin {
 
 /// Keeps input from the program while it is busy: mouse, wheel, keys, shortcuts, drops and context
 /// menus reach no part of it but message boxes, which must always be answered, and the controls
-/// with the property "usableWhileBusy", which tell of what only reads and cancel it. The wait
-/// cursor is shown. Windows can still be closed. Whether it is busy is asked with each event.
+/// with the property "usableWhileBusy", which tell of what only reads and cancel it. Escape presses
+/// such a button of the window, wherever the focus is. The wait cursor is shown. Windows can still
+/// be closed. Whether it is busy is asked with each event.
 class BusyFilter final : public QObject
 {
     Q_OBJECT
 
 public:
+    static constexpr const char* kUsableWhileBusy = "usableWhileBusy";
+
     /// @param isBusy tells whether the program is busy now
     BusyFilter(std::function<bool()> isBusy, QObject* parent);
     ~BusyFilter() override;

@@ -17,7 +17,7 @@ namespace pelorin {
 
 namespace {
 
-constexpr int kLines = 2;
+constexpr int kLines = 3;  ///< what differs in one parameter takes as many
 constexpr int kMargin = 4; ///< logical pixels
 constexpr QSize kLightSize(13, 13);
 
@@ -104,6 +104,7 @@ void NoticeStrip::render()
     const bool shown = !isEmpty();
     m_light->setPixmap(shown ? picture(pictureOf(m_notice.light)).pixmap(kLightSize) : QPixmap());
     m_text->setText(shown ? m_notice.text() : QString());
+    m_text->setToolTip(m_text->text()); // where it is longer than the strip
     m_text->setVisible(shown);
     m_text->setFocusPolicy(shown ? Qt::StrongFocus : Qt::NoFocus);
     setAccessibleName(languageString(strings::kNoticeName));

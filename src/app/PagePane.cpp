@@ -1,5 +1,6 @@
 #include "app/PagePane.h"
 
+#include "app/BusyFilter.h"
 #include "app/CommandGate.h"
 #include "app/NoticeStrip.h"
 #include "app/SensorHeader.h"
@@ -58,7 +59,13 @@ PagePane::PagePane(QWidget* window, SafeWriter& writer, PositionStream& stream,
     QFont font(QStringLiteral("Arial"));
     font.setPointSize(kButtonPoints);
     m_refreshButton->setFont(font);
-    connect(m_refreshButton, &QPushButton::clicked, this, &PagePane::refreshChosen);
+    m_refreshButton->installEventFilter(this);
+    connect(m_refreshButton, &QPushButton::clicked, this, [this] {
+        SensorPage* page = shownPage();
+        if (!page || !page->isReading())
+            return refreshChosen();
+        page->cancelReading();
+    });
 
     // In the order of the list.
     addPage({new SensorInfoPage, strings::kSensorInformation, "information", true}, kInfo);
@@ -100,6 +107,7 @@ void PagePane::addPage(Page page, const char* icon)
     page.widget->hide();
     connect(page.widget, &SensorPage::noticed, this, &PagePane::noticed);
     connect(page.widget, &SensorPage::entriesChanged, this, &PagePane::entriesChanged);
+    connect(page.widget, &SensorPage::readingChanged, this, &PagePane::showReading);
     m_pageList->addItem(new QListWidgetItem(picture(QLatin1String(icon)), QString()));
     page.shortcut = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key(Qt::Key_1 + row)), this);
     connect(page.shortcut, &QShortcut::activated, this, [this, row] { Q_EMIT pageChosen(row); });
@@ -194,19 +202,35 @@ void PagePane::markShownPage()
         m_pageList->item(m_currentPage)->setSelected(true);
 }
 
+/// The button that has begun to read ends it, too.
+void PagePane::showReading()
+{
+    const SensorPage* page = shownPage();
+    const bool reading = page && page->isReading();
+    m_refreshButton->setText(languageString(reading ? strings::kCancel : strings::kRefresh));
+    m_refreshButton->setProperty(BusyFilter::kUsableWhileBusy, reading);
+}
+
 void PagePane::translate()
 {
-    m_refreshButton->setText(languageString(strings::kRefresh));
+    showReading();
     m_strip->translate();
     m_pageList->setAccessibleName(languageString(strings::kPageListName));
     for (std::size_t row = 0; row < m_pages.size(); ++row)
         m_pageList->item(static_cast<int>(row))->setText(languageString(m_pages[row].caption));
+    layOut();
 }
 
 /// In the list the arrow keys only move the frame that shows where one is; Enter and Space choose.
-/// Whoever leaves the list finds it at the shown page again.
+/// Whoever leaves the list finds it at the shown page again. Who clicks twice to refresh, or keeps
+/// the key down, does not want to cancel.
 bool PagePane::eventFilter(QObject* watched, QEvent* event)
 {
+    if (watched == m_refreshButton) {
+        return event->type() == QEvent::MouseButtonDblClick ||
+               (event->type() == QEvent::KeyPress &&
+                static_cast<QKeyEvent*>(event)->isAutoRepeat());
+    }
     if (watched != m_pageList)
         return QWidget::eventFilter(watched, event);
     if (event->type() == QEvent::FocusOut && m_currentPage >= 0)
@@ -253,10 +277,17 @@ void PagePane::resizeEvent(QResizeEvent* event)
     QWidget::resizeEvent(event);
 }
 
+/// What the list needs to show its captions; in a small window that is more than its share.
+int PagePane::captionsWidth() const
+{
+    constexpr int kRoom = 8; ///< logical pixels
+    return m_pageList->sizeHintForColumn(0) + 2 * m_pageList->frameWidth() + kRoom;
+}
+
 /// The page's share of the height counts the status bar under this area, too.
 void PagePane::layOut()
 {
-    const int split = static_cast<int>(width() * kListShare);
+    const int split = std::max(static_cast<int>(width() * kListShare), captionsWidth());
     const int bottom = static_cast<int>((window()->height() - y()) * kPageShare);
     m_pageList->setGeometry(0, 0, split, height());
     m_refreshButton->setGeometry(split, bottom, width() - split, height() - bottom);

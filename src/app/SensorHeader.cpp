@@ -5,12 +5,14 @@
 #include "platform/core/ComPortNames.h"
 #include "platform/core/LanguageStrings.h"
 #include "platform/core/Strings.h"
+#include "platform/ui/ElidedLabel.h"
 #include "platform/ui/Pictures.h"
 #include "sensor/SafeWriter.h"
 #include "sensor/SequenceRunner.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QSpacerItem>
 
 #include <utility>
 
@@ -19,7 +21,7 @@ namespace pelorin {
 namespace {
 
 constexpr int kMargin = 4; ///< logical pixels
-constexpr int kGap = 24;
+constexpr int kGap = 20;   ///< shrinks where there is little room
 constexpr int kRevisionLength = 2;
 constexpr QSize kLightSize(13, 13);
 
@@ -63,10 +65,11 @@ SensorHeader::SensorHeader(QWidget* parent, const SafeWriter& writer)
     m_state->setFont(bold);
     layout->addWidget(m_state);
     for (int field = 0; field < FieldCount; ++field) {
-        auto* label = new QLabel(this);
+        QLabel* label =
+            field == Revision || field == SafeWrites ? new ElidedLabel(this) : new QLabel(this);
         label->setObjectName(QStringLiteral("headerField%1").arg(field));
         label->setTextFormat(Qt::PlainText);
-        layout->addSpacing(kGap);
+        layout->addSpacerItem(new QSpacerItem(kGap, 0, QSizePolicy::Maximum));
         layout->addWidget(label);
         m_fields[static_cast<std::size_t>(field)] = label;
     }

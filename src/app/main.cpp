@@ -7,6 +7,7 @@
 #include "platform/core/TerminationSignals.h"
 #include "platform/core/TermiosComPort.h"
 #include "platform/ui/Pictures.h"
+#include "platform/ui/ReadableStyle.h"
 #include "simulator/SimulatedPorts.h"
 
 #include <QApplication>
@@ -86,6 +87,7 @@ int main(int argc, char* argv[])
     QApplication::setApplicationName(QStringLiteral("Pelorin"));         // titles the message boxes
     QApplication::setApplicationVersion(QStringLiteral(PELORIN_COMMIT)); // for "About"
     QApplication::setWindowIcon(programIcon());
+    ReadableStyle::install();
     QApplication::setQuitOnLastWindowClosed(false); // a start-up dialog is not the program's end
 
     SimulatedPorts simulators;

@@ -12,6 +12,7 @@
 #include "sensor/SequenceRunner.h"
 
 #include <QCheckBox>
+#include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
 #include <QTableWidget>
@@ -33,6 +34,7 @@ constexpr int kNoteLabel = 1084;
 constexpr int kDeleteButton = 1085;
 
 constexpr QSize kSize(1160, 640); ///< logical pixels
+constexpr int kRowMargin = 6;
 
 QString wordsOf(const SensorValues& values)
 {
@@ -133,8 +135,12 @@ void EarlierStatesDialog::onInitDialog()
     m_delete = getControl<QPushButton>(kDeleteButton);
     m_list->setColumnCount(8);
     m_details->setColumnCount(5);
-    new ColumnWidths(*m_list, {0.14, 0.18, 0.07, 0.10, 0.09, 0.12, 0.12, 0.18});
+    new ColumnWidths(*m_list, {0.11, 0.16, 0.095, 0.09, 0.09, 0.13, 0.14, 0.185});
     new ColumnWidths(*m_details, {0.22, 0.29, 0.10, 0.29, 0.10});
+    const QFontMetrics& metrics = m_list->fontMetrics();
+    m_list->verticalHeader()->setDefaultSectionSize(2 * metrics.lineSpacing() + kRowMargin);
+    m_details->verticalHeader()->setMinimumSectionSize(metrics.height() + kRowMargin);
+    m_details->verticalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
     resize(kSize.expandedTo(sizeHint()));
 
     connect(m_list, &QTableWidget::itemSelectionChanged, this, &EarlierStatesDialog::showDetails);

@@ -40,6 +40,7 @@ constexpr int kOutputControl = 1064;
 constexpr int kRefusalControl = 1065;
 constexpr int kNoteControl = 1066;
 constexpr int kSaveControl = 1067;
+constexpr int kRowMargin = 6; ///< logical pixels
 
 enum Column { kName, kSensor, kSaved, kSensorWords, kSavedWords, kState, kWritten, kColumns };
 const std::vector<double> kShares = {0.16, 0.08, 0.08, 0.2, 0.2, 0.1, 0.18};
@@ -98,6 +99,7 @@ void ReviewDialog::onInitDialog()
     m_outputRadio = getControl<QRadioButton>(kOutputControl);
     m_table->setRowCount(static_cast<int>(rowsOf(m_review).size()));
     m_table->setColumnCount(kColumns);
+    m_table->verticalHeader()->setMinimumSectionSize(m_table->fontMetrics().height() + kRowMargin);
     m_table->verticalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
     showColumns();
     for (QRadioButton* radio : {m_allRadio, m_outputRadio}) {

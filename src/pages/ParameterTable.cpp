@@ -3,6 +3,7 @@
 #include "platform/core/LanguageStrings.h"
 #include "platform/core/Strings.h"
 #include "platform/ui/ColumnWidths.h"
+#include "platform/ui/RowHeights.h"
 #include "platform/ui/TableCells.h"
 
 #include <QAction>
@@ -47,6 +48,7 @@ void ParameterTable::attach(QTableWidget& list, std::span<const Row> rows)
         }
     }
     new ColumnWidths(list, {0.3, 0.4, 0.3});
+    new RowHeights(list);
 }
 
 void ParameterTable::translate()

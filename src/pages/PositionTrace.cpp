@@ -350,8 +350,9 @@ void PositionTrace::paintEvent(QPaintEvent* /*event*/)
     } else {
         drawTrace(painter);
     }
-    const auto frame = hasFocus() ? QPalette::Highlight : QPalette::Mid;
-    painter.setPen(palette().color(frame));
+    QColor frame = palette().color(hasFocus() ? QPalette::Highlight : QPalette::Text);
+    frame.setAlphaF(hasFocus() ? 1.0F : 0.3F);
+    painter.setPen(frame);
     painter.drawRect(plot().adjusted(-1, -1, 0, 0));
 }
 

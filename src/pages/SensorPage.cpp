@@ -45,6 +45,7 @@ bool SensorPage::start(Plan plan, int statusString)
     }
     const bool writing =
         std::any_of(plan.begin(), plan.end(), [](const Step& step) { return step.writes(); });
+    setReading(!writing);
     const bool begun = m_runner->start(
         *this, std::move(plan),
         {.reply =
@@ -58,20 +59,41 @@ bool SensorPage::start(Plan plan, int statusString)
     } else if (!begun && m_runner->isConnectWanted()) {
         setStatusText(strings::kConnecting);
     }
+    if (!begun)
+        setReading(false);
     return begun;
+}
+
+void SensorPage::setReading(bool reading)
+{
+    if (std::exchange(m_reading, reading) != reading)
+        Q_EMIT readingChanged();
+}
+
+void SensorPage::cancelReading()
+{
+    if (!m_reading)
+        return;
+    setStatusText(strings::kReadingCancelled); // the answer to what was asked may take a while
+    m_runner->abandon(*this);
 }
 
 void SensorPage::finish(const Outcome& outcome, bool writing)
 {
+    const bool cancelled = !writing && outcome.kind == Outcome::Kind::Abandoned;
+    setReading(false);
     if (outcome.isDone()) {
         setStatusText(strings::kReady);
+    } else if (cancelled) {
+        setStatusText(strings::kReadingCancelled);
     } else if (outcome.kind == Outcome::Kind::StreamNotEnded) {
         setStatusText(strings::kStreamNotEnded);
     } else {
         setStatusText(writing ? strings::kWriteFailed : strings::kReadFailed,
                       {parameterArgument(outcome.parameter)});
     }
-    postLinkResult(outcome.isDone() ? 1 : 0);
+    if (!cancelled)
+        postLinkResult(outcome.isDone() ? 1 : 0);
     planEnded(outcome);
 }
 

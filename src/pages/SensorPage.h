@@ -38,6 +38,11 @@ public:
     /// Shows again what was read instead.
     virtual void discardEntries() {}
 
+    /// Whether a plan of the page runs that only reads; it can be cancelled.
+    [[nodiscard]] bool isReading() const { return m_reading; }
+    /// Ends that plan after its outstanding request. What is not read stays empty.
+    void cancelReading();
+
     /// Posts the page's current status text again, for example in another language.
     void postStatusText();
 
@@ -51,6 +56,8 @@ Q_SIGNALS:
     void noticed(const QString& text);
     /// entryCount may have changed.
     void entriesChanged();
+    /// isReading has become another one.
+    void readingChanged();
 
 protected:
     /// @param formName the page's form, without its ending
@@ -80,12 +87,14 @@ protected:
 
 private:
     void finish(const Outcome& outcome, bool writing);
+    void setReading(bool reading);
     void renderStatusText();
     void post(int message, std::uintptr_t wParam);
 
     QString m_formName;
     QPointer<QWidget> m_mainWindow;
     SequenceRunner* m_runner = nullptr;
+    bool m_reading = false;
     QString m_statusText;
     int m_statusString = 0;
     QStringList m_statusArguments;

@@ -7,6 +7,7 @@
 #include "platform/ui/ColumnWidths.h"
 #include "platform/ui/FileChooser.h"
 #include "platform/ui/MessageBox.h"
+#include "platform/ui/RowHeights.h"
 #include "platform/ui/TableCells.h"
 #include "sensor/LookupTableFile.h"
 
@@ -66,8 +67,9 @@ void fillRows(QTableWidget& list)
         }
     }
     list.verticalHeader()->setDefaultSectionSize(list.fontMetrics().height() + kRowPadding);
+    new RowHeights(list);
     list.setMinimumHeight(list.horizontalHeader()->sizeHint().height() +
-                          list.verticalHeader()->length() +
+                          kRowCount * RowHeights::smallest(list) +
                           2 * list.frameWidth()); // a page without that room is scrolled
     const int columns = list.columnCount();
     new ColumnWidths(list, std::vector(static_cast<std::size_t>(columns), 1.0 / columns));

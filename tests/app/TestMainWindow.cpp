@@ -101,7 +101,7 @@ private Q_SLOTS:
         QTest::mouseRelease(list.viewport(), Qt::LeftButton, {}, last);
         rig.clickPage(1);
         QTest::keyClick(&list, Qt::Key_Down);
-        rig.clickRefresh();
+        rig.page<QPushButton>("refreshButton").setFocus();
         (void)rig.clickCommand(kAboutCommand);
         QVERIFY(rig.waitIdle() && isShown(0));
         QCOMPARE(list.currentRow(), 0);

@@ -436,8 +436,8 @@ private Q_SLOTS:
         QVERIFY(rig.run(kRestoreBackupCommand, "N000123 D4A0619", clickWrite));
         QCOMPARE(rig.said.join(QLatin1Char('|')),
                  QStringLiteral(
-                     "Reading what the sensor has ...|Writing to the sensor\u2026|Restarting the "
-                     "sensor ...|Comparing what the sensor has with what was written ..."));
+                     "Reading what the sensor has\u2026|Writing to the sensor\u2026|Restarting the "
+                     "sensor\u2026|Comparing what the sensor has with what was written\u2026"));
         rig.sensor().clearFaults();
         rig.sensor().setParameter('F', "SN999999");
         (void)rig.frames();

@@ -132,6 +132,46 @@ private Q_SLOTS:
         QCOMPARE(rig.values().count(u"||"_s), 1);
     }
 
+    /// By the button that began it, and by Escape from anywhere; not by who clicks it twice.
+    void readingIsCancelledAndLeavesNothingToApply()
+    {
+        FactoryRig rig(2, "D0A0519"); // a multiplier would be asked about
+        auto& button = rig.page<QPushButton>("refreshButton");
+        const auto escape = [&rig] {
+            QTest::keyClick(rig.window().windowHandle(), Qt::Key_Escape);
+        };
+        const std::function<void()> ways[] = {[&rig] { rig.clickRefresh(); }, escape};
+        for (const auto& cancel : ways) {
+            rig.sensor().setFault({SimulatedFault::Kind::Late, 200});
+            (void)rig.frames();
+            rig.clickRefresh();
+            QVERIFY(waitFor([&button] { return button.text() == u"Cancel"_s; }));
+            QMouseEvent twice(QEvent::MouseButtonDblClick, {5, 5}, button.mapToGlobal(QPoint(5, 5)),
+                              Qt::LeftButton, Qt::LeftButton, {});
+            QCoreApplication::sendEvent(&button, &twice);
+            QTest::mouseRelease(&button, Qt::LeftButton);
+            QVERIFY(waitFor([&rig] { return !rig.values().startsWith(u'|'); }));
+            cancel();
+            QVERIFY(rig.waitIdle());
+            QCOMPARE(rig.statusText(), u"Reading was cancelled. What is empty was not read."_s);
+            QCOMPARE(rig.lightText(), u"Green: connected"_s);
+            QVERIFY(rig.values().endsWith(u"|||||"_s) && !rig.frames().contains(u"OA"_s));
+            QCOMPARE(button.text(), u"Refresh"_s);
+            rig.sensor().clearFaults();
+            rig.edit(0, "N 1");
+            QCOMPARE(rig.apply(), u"The values on this page have"_s);
+            rig.refresh();
+        }
+        rig.edit(0, "N 1");
+        rig.clickApply(); // what is written is brought to its end
+        QVERIFY(rig.window().isBusy());
+        QCOMPARE(button.text(), u"Refresh"_s);
+        rig.clickRefresh();
+        escape();
+        QVERIFY(rig.waitIdle());
+        QCOMPARE(rig.frames().right(2), u"CN"_s);
+    }
+
     /// What was not edited is written as it was read. Who has opened a cell may apply.
     void everyTypesFactoryParametersAreEditedAndWritten()
     {

@@ -183,11 +183,11 @@ private Q_SLOTS:
         rig.click("copyFiguresButton");
         QCOMPARE(QGuiApplication::clipboard()->text(),
                  QStringLiteral("Minimum\t-10.99\tmm\nMaximum\t0.00\tmm\nSpan\t10.99\tmm\n"
-                                "Mean\t-5.50\tmm\nStandard deviation\t3.1769\tmm\n"
-                                "Velocity\t1.0\tmm/s\nPositions per second\t100.0\t\n"
-                                "Longest gap\t0.0100\ts\n"
-                                "Malformed frames\t0\t\nRecorded\t\ts\nTime at the cursor\t\ts\n"
-                                "Position at the cursor\t\tmm\nRelative to 10.99 mm\n"));
+                                "Mean\t-5.50\tmm\nStandard Deviation\t3.1769\tmm\n"
+                                "Velocity\t1.0\tmm/s\nPositions per Second\t100.0\t\n"
+                                "Longest Gap\t0.0100\ts\n"
+                                "Malformed Frames\t0\t\nRecorded\t\ts\nTime at the Cursor\t\ts\n"
+                                "Position at the Cursor\t\tmm\nRelative to 10.99 mm\n"));
         rig.click("zeroButton");
         QTRY_COMPARE(rig.figure(1840), QStringLiteral("0.00 mm"));
     }

@@ -81,7 +81,7 @@ private Q_SLOTS:
         Rig rig;
         QVERIFY(rig.stream());
         QVERIFY(rig.record());
-        QCOMPARE(rig.recordButton().text(), QStringLiteral("Stop recording"));
+        QCOMPARE(rig.recordButton().text(), QStringLiteral("Stop Recording"));
         rig.click("recordButton");
         QCOMPARE(rig.recordButton().text(), QStringLiteral("Record…"));
         {

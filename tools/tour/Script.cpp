@@ -5,6 +5,7 @@
 #include "platform/core/LanguageStrings.h"
 #include "platform/core/SettingsLocation.h"
 #include "platform/core/Strings.h"
+#include "platform/ui/HelpWindow.h"
 #include "simulator/SimulatedDisplayUnit.h"
 #include "simulator/SimulatedPorts.h"
 #include "simulator/SimulatedSensor.h"
@@ -95,6 +96,11 @@ Tour::Step printHeld(Tour& tour, const Sensor& sensor, char parameter)
     });
 }
 
+bool isHelpShown()
+{
+    return dynamic_cast<HelpWindow*>(QApplication::activeWindow()) != nullptr;
+}
+
 QString textOf(const SimulatedDisplayUnit::Settings& settings)
 {
     return QString::fromStdString(settings.mode + ", " + settings.dataBits + " bits, " +
@@ -108,6 +114,17 @@ Steps information(Tour& tour)
         tour.page(kInformation),
         tour.printList("valueList"),
         tour.picture("information"),
+        tour.command(kAboutCommand),
+        Tour::when(isAsking, tour.picture("about")),
+        tour.click("okButton"),
+        Tour::when(noDialog, tour.command(kHelpCommand)),
+        Tour::when(isHelpShown, tour.picture("help")),
+        tour.key("helpText", Qt::Key_Escape),
+        Tour::when([] { return !isHelpShown(); }, tour.page(kInformation)),
+        tour.click("refreshButton"),
+        Tour::when(says(tour, strings::kReading), tour.picture("reading")),
+        Tour::when([] { return true; }, tour.click("refreshButton")), // which cancels
+        tour.picture("reading-cancelled"),
     };
 }
 
@@ -379,6 +396,7 @@ Steps temperatureCompensation(Tour& tour)
         tour.click("lookupToFileButton"),
         tour.file(QStringLiteral("lookup-table.csv")),
         Tour::when(noDialog, tour.cell("lookupList", 0, 1, QStringLiteral("999"))),
+        tour.picture("temperature-edit"),
         tour.cell("lookupList", 0, 0),
         tour.click("lookupFromFileButton"),
         tour.file(QStringLiteral("lookup-table.csv")),
@@ -470,6 +488,15 @@ Steps portsAndRevisions(Tour& tour, const Sensor& sensor)
                      [noticed] { return !noticed().contains(QLatin1String("74")); }),
         tour.printChanged("noticeText"),
         tour.picture("chosen-by-hand"),
+
+        Tour::print(QStringLiteral("The adapter is unplugged")),
+        tour.print([sensor] {
+            sensor->vanish();
+            return QStringLiteral("its device is gone");
+        }),
+        Tour::when(
+            [&tour] { return tour.textOf("headerState") == languageString(strings::kHeaderLost); },
+            tour.picture("lost")),
     };
 }
 

@@ -11,6 +11,7 @@
 #include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScreen>
 #include <QTest>
 #include <QTimer>
 
@@ -59,7 +60,11 @@ bool startWithoutPort(const ComPortFactory& factory, const QDir& folder)
         !QTest::qWaitFor([&] { return pelorin.mainWindow() || ended; }, Tour::kTimeLimit) || ended)
         return false;
     PelorinMainWindow& window = *pelorin.mainWindow();
-    if (!QTest::qWaitFor([&window] { return !window.isBusy(); }, Tour::kTimeLimit))
+    const auto isReady = [&window] {
+        return !window.isBusy() &&
+               window.width() > window.screen()->availableSize().width() * 9 / 10;
+    };
+    if (!QTest::qWaitFor(isReady, Tour::kTimeLimit)) // the window comes, then becomes as large
         return false;
     savePicture(window, folder, QStringLiteral("without-port.png"));
     const auto* notice = window.findChild<QLabel*>(QStringLiteral("noticeText"));

@@ -309,8 +309,9 @@ QWidget& Tour::top() const
 {
     if (QWidget* modal = QApplication::activeModalWidget())
         return *modal;
-    const auto* active = qobject_cast<QDialog*>(QApplication::activeWindow());
-    return active && active->isWindow() ? *active->window() : static_cast<QWidget&>(m_window);
+    QWidget* active = QApplication::activeWindow();
+    const bool isMenu = active && active->windowType() == Qt::Popup;
+    return active && !isMenu ? *active : static_cast<QWidget&>(m_window);
 }
 
 QWidget& Tour::findWidget(const char* name) const

@@ -120,6 +120,7 @@ inline constexpr int kNoResolution = 1206;
 inline constexpr int kWrittenBefore = 1310;
 inline constexpr int kNothingWrittenBefore = 1311;
 inline constexpr int kMisread = 1330;
+inline constexpr int kReadingCancelled = 2230;
 
 // Parameters
 inline constexpr int kDataFormat = 122;
