@@ -91,7 +91,7 @@ public:
         m_rig.wrapPorts([this](std::unique_ptr<ComPort> /*other*/) {
             return std::make_unique<TermiosComPort>(m_server.path());
         });
-        Pacing::setSpeeds({20, 200, 1}); // a loaded machine must not miss a time limit
+        Pacing::setSpeeds({20, 200, 0.2}); // a loaded machine must not miss a time limit
         m_works = m_server.start() == 0 && m_rig.startConnected();
     }
 
@@ -108,7 +108,7 @@ public:
         const auto isConnected = [this] {
             return m_rig.link().isIdentified() && m_rig.statusText() == QLatin1String("Ready.");
         };
-        // On a loaded machine an answer may come too late.
+        // On a loaded machine an answer may come too late all the same.
         for (int attempts = 0; attempts < 3; ++attempts) {
             if (waitFor(isConnected))
                 return m_rig.waitIdle() || failed("it stays busy");

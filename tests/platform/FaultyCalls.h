@@ -7,15 +7,17 @@
 
 #include <sys/ioctl.h>
 
+#include <atomic>
 #include <cerrno>
+#include <mutex>
 #include <optional>
 
 namespace pelorin::test {
 
 /// Stands between a port and the system: takes note of its calls and lets a test make any of them
 /// fail. A call goes by its name, "tcgetattr", a flush by its queue, "TCIFLUSH", some ioctls by
-/// their request, "TIOCMBIS"; the clock and closing are none. One thread; must outlive the table
-/// that it gives out.
+/// their request, "TIOCMBIS"; the clock and closing are none. One thread, beside which one that was
+/// left may still end; must outlive the table that it gives out.
 class FaultyCalls
 {
 public:
@@ -90,12 +92,16 @@ private:
 
     [[nodiscard]] bool fails(const char* name)
     {
-        made.append(name);
+        {
+            const std::lock_guard lock(m_mutex);
+            made.append(name);
+        }
         errno = before ? before(name) : 0;
         return errno != 0;
     }
 
-    int m_device = -1; ///< the descriptor opened last
+    std::mutex m_mutex;             ///< guards made
+    std::atomic<int> m_device = -1; ///< the descriptor opened last
 };
 
 } // namespace pelorin::test
