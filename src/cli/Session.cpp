@@ -214,10 +214,8 @@ Outcome Session::run(Plan plan, const QString& text, std::function<void(const Re
                        {.reply = std::move(reply),
                         .progress = [&](int done) { m_output.showProgress(text, done, steps); },
                         .ended = [&](const Outcome& ended) { outcome = ended; }});
-    if (!begun)
-        return {.kind = Outcome::Kind::Abandoned};
-    runUntil([&] { return outcome.has_value(); });
-    return *outcome;
+    runUntil([&] { return !begun || outcome; });
+    return outcome.value_or(Outcome{.kind = Outcome::Kind::Abandoned});
 }
 
 Result Session::read(const Plan& plan, SensorValues& values)
@@ -245,10 +243,9 @@ WriteResult Session::write(WriteRequest request, SafeWriter::Question question)
     listener.phase = [&](SafeWriter::Phase phase) { text = languageString(textNumberOf(phase)); };
     listener.progress = [&](int done, int of) { m_output.showProgress(text, done, of); };
     listener.ended = [&](const WriteResult& ended) { result = ended; };
-    if (!m_writer.write(*this, std::move(request), std::move(listener)))
-        return {}; // only after a signal: nothing was written
-    runUntil([&] { return result.has_value(); });
-    return *result;
+    const bool begun = m_writer.write(*this, std::move(request), std::move(listener));
+    runUntil([&] { return !begun || result; });
+    return result.value_or(WriteResult()); // after a signal: nothing was written
 }
 
 Result Session::resultOf(const Outcome& outcome)

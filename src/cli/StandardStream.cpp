@@ -42,14 +42,13 @@ void StandardStream::giveUp()
 void StandardStream::writeRest()
 {
     pollfd stream{.fd = m_descriptor, .events = POLLOUT, .revents = 0};
-    while (!isWritten() && ::poll(&stream, 1, 0) == 1) {
-        const auto count = ::write(m_descriptor, m_rest.constData(),
-                                   std::size_t(std::min(m_rest.size(), kLargestPiece)));
+    ssize_t count = 1;
+    while (!isWritten() && count > 0 && ::poll(&stream, 1, 0) == 1) {
+        const auto size = std::size_t(std::min(m_rest.size(), kLargestPiece));
+        count = ::write(m_descriptor, m_rest.constData(), size);
         if (count < 0 && errno != EAGAIN && errno != EINTR)
             return fail(errno);
-        if (count <= 0)
-            break;
-        m_rest.remove(0, qsizetype(count));
+        m_rest.remove(0, qsizetype(std::max(count, ssize_t{0})));
     }
     m_room.setEnabled(!isWritten());
 }

@@ -78,28 +78,28 @@ QString wordsOf(WriteResult written)
     return textOf(written);
 }
 
-Result resultOfNothing(const WriteResult& written)
+Result failed(const WriteResult& written)
 {
-    const Outcome& outcome = written.outcome;
-    const bool lost = outcome.kind == Outcome::Kind::Lost;
-    if (!lost && outcome.kind != Outcome::Kind::Failed)
-        return refused(wordsOf(written));
-    return {.exit = ExitCode::Failed,
-            .code = lost ? "lost" : "failed",
-            .text = wordsOf(written),
-            .parameter = outcome.parameter};
-}
-
-/// What was written only in part has failed, unless the sensor tells what it has.
-Result resultOfUnchecked(const WriteResult& written)
-{
-    if (written.outcome.isDone())
-        return {.exit = ExitCode::NotChecked, .code = "not-checked", .text = wordsOf(written)};
     const bool lost = written.outcome.kind == Outcome::Kind::Lost;
     return {.exit = ExitCode::Failed,
             .code = lost ? "lost" : "failed",
             .text = wordsOf(written),
             .parameter = written.outcome.parameter};
+}
+
+Result resultOfNothing(const WriteResult& written)
+{
+    const auto kind = written.outcome.kind;
+    const bool hasFailed = kind == Outcome::Kind::Lost || kind == Outcome::Kind::Failed;
+    return hasFailed ? failed(written) : refused(wordsOf(written));
+}
+
+/// What was written only in part has failed, unless the sensor tells what it has.
+Result resultOfUnchecked(const WriteResult& written)
+{
+    if (!written.outcome.isDone())
+        return failed(written);
+    return {.exit = ExitCode::NotChecked, .code = "not-checked", .text = wordsOf(written)};
 }
 
 Result resultOf(const WriteResult& written, bool interrupted)

@@ -266,10 +266,8 @@ WholeFile::Outcome Journal::remove(const JournalEntry& entry) const
     const QString valuesPath = path(entry.id, kValuesSuffix);
     if (FileLock::isHeld(valuesPath))
         return {WholeFile::Outcome::Failure::Writing, valuesPath, EBUSY};
-    WholeFile::Outcome removed = WholeFile(path(entry.id, kCircumstancesSuffix)).remove();
-    if (!removed.isDone())
-        return removed;
-    return WholeFile(valuesPath).remove();
+    const auto removed = WholeFile(path(entry.id, kCircumstancesSuffix)).remove();
+    return removed.isDone() ? WholeFile(valuesPath).remove() : removed;
 }
 
 QString Journal::path(const QString& id, const char* suffix) const

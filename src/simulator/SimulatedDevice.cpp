@@ -61,9 +61,8 @@ void SimulatedDevice::setRts(bool set, TimePoint now)
 {
     const std::lock_guard lock(m_mutex);
     bringUpTo(now);
-    if (!m_present)
-        return;
-    rtsChanged(set, now);
+    if (m_present)
+        rtsChanged(set, now);
     changed();
 }
 
@@ -287,11 +286,8 @@ std::optional<SimulatedFault> SimulatedDevice::takeFault(std::string_view comman
         return std::nullopt;
 
     const SimulatedFault fault = best->second;
-    if (fault.times == 1) {
+    if (fault.times > 0 && --best->second.times == 0)
         m_faults.erase(best);
-    } else if (fault.times > 1) {
-        --best->second.times;
-    }
     return fault;
 }
 

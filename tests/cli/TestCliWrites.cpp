@@ -6,6 +6,7 @@
 #include <QFile>
 
 #include <cerrno>
+#include <list>
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -174,17 +175,20 @@ private Q_SLOTS:
             const char* command;
             int exit;
         };
+        std::vector<CliRow> oddRows;
+        std::list<PtySensor> sensors;
         for (const auto& [id, text, command, exit] :
              std::initializer_list<Odd>{{'D', "4A051X", "set offset=1 --yes", 8},
                                         {'D', "4A051X", "watch", 8},
                                         {'A', "00000000", "set code=binary --yes", 8},
                                         {'U', "28?000", "backup %doubtful.dat", 0}}) {
-            const PtySensor odd(m_folder.path(u"odd"_s));
-            odd.sensor->setParameter(id, text);
-            checkRows({{command, QLatin1String(command) + u" --port %odd"_s, exit,
-                        u"error/parameter"_s, exit == 0 ? QString() : QString(QLatin1Char(id))}},
-                      m_folder.path(u"."_s));
+            const QString name = u"odd%1"_s.arg(sensors.size());
+            sensors.emplace_back(m_folder.path(name)).sensor->setParameter(id, text);
+            oddRows.push_back({command, QLatin1String(command) + u" --port %"_s + name, exit,
+                               u"error/parameter"_s,
+                               exit == 0 ? QString() : QString(QLatin1Char(id))});
         }
+        checkRows(oddRows, m_folder.path(u"."_s));
         QVERIFY(m_folder.content(u"doubtful.dat"_s).contains("55:28?000"));
         QVERIFY(!m_folder.names().contains(u"none"_s));
     }
@@ -307,9 +311,9 @@ private Q_SLOTS:
         state.values['F'] = "SN012345";
         state.written = {{'N', "000001"}};
         const QString id = Journal().begin(state).writing->entry().id;
-        state.values.erase('K');
+        state.values['K'] = "1";
         state.device = u"elsewhere"_s;
-        const QString partId = Journal().begin(state).writing->entry().id;
+        const QString oddId = Journal().begin(state).writing->entry().id;
         QVERIFY(m_folder.put(u"data/pelorin/journal/damaged.json"_s, "{}"));
 
         const auto errorsOf = [](const QStringList& arguments) {
@@ -322,17 +326,18 @@ private Q_SLOTS:
         QVERIFY(errorsOf({u"journal"_s, u"list"_s}).contains(Journal().folder()));
         const QString back = u"journal put-back "_s + id;
         const QString code = u"error/code"_s;
-        checkRows({{"what of it", back, 2, code, u"usage"_s},
-                   {"nowhere", back + u" --all"_s, 2, code, u"usage"_s},
-                   {"a silent one", back + u" --all --port simulator:sensor?fault=silent"_s, 4,
-                    code, u"no-answer"_s},
-                   {"another type", back + u" --all --yes --port simulator:sensor?type=1"_s, 8,
-                    code, u"refused"_s},
-                   {"a part", u"journal put-back "_s + partId + u" --all --yes --port "_s + kSensor,
-                    8, u"error/parameter"_s, u"K"_s},
-                   {"put back", back + u" --all --yes --port "_s + kSensor, 0, u"values/0/raw"_s,
-                    u"4A0518"_s}},
-                  m_folder.path(u"."_s), kFast);
+        checkRows(
+            {{"what of it", back, 2, code, u"usage"_s},
+             {"nowhere", back + u" --all"_s, 2, code, u"usage"_s},
+             {"a silent one", back + u" --all --port simulator:sensor?fault=silent"_s, 4, code,
+              u"no-answer"_s},
+             {"another type", back + u" --all --yes --port simulator:sensor?type=1"_s, 8, code,
+              u"refused"_s},
+             {"no value", u"journal put-back "_s + oddId + u" --all --yes --port "_s + kSensor, 8,
+              u"error/parameter"_s, u"K"_s},
+             {"put back", back + u" --all --yes --port "_s + kSensor, 0, u"values/0/raw"_s,
+              u"4A0518"_s}},
+            m_folder.path(u"."_s), kFast);
         QCOMPARE(errorsOf(read), QString());
     }
 

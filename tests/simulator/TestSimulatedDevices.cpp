@@ -78,6 +78,7 @@ private Q_SLOTS:
             {"type 2 closes with C", "type=2", write + "CN\r" + ask, "123456\r3A0102\r"},
             {"type 2 closes with E", "type=2", write + "EN\r" + ask, "123456\r3A0102\r"},
             {"another command", "", write + "QN\r" + ask, "00000A\r3A0102\r"},
+            {"too short a frame", "", enter + "V\rVA\r", "3A0102\r"},
             {"more behind the command", "", write + "EN1\r" + ask, "00000A\r3A0102\r"},
 
             {"streams to a line of any speed", "fault=short:1@stream", stream + "!~",
