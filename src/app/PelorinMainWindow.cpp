@@ -402,8 +402,6 @@ void PelorinMainWindow::customEvent(QEvent* event)
     case WM_LINK_LOST:
         m_connection->onLinkLost();
         break;
-    default:
-        break;
     }
 }
 
