@@ -403,8 +403,6 @@ void PelorinMainWindow::customEvent(QEvent* event)
     case WM_LINK_LOST:
         m_connection->onLinkLost();
         break;
-    default:
-        break;
     }
 }
 

@@ -85,8 +85,6 @@ void CalculateOffsetDialog::listPackages()
 void CalculateOffsetDialog::choosePackage()
 {
     const auto* packages = getControl<QComboBox>(kPackageCombo);
-    if (packages->currentIndex() < 0)
-        return;
     const auto show = [](QLineEdit* edit, double distance) {
         edit->setText(QString::asprintf("%01.03f", distance));
     };

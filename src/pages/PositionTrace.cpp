@@ -110,6 +110,12 @@ void PositionTrace::setRangeHeld(bool held)
     refresh();
 }
 
+void PositionTrace::holdRange(const TraceRange& range)
+{
+    m_range = range;
+    setRangeHeld(true);
+}
+
 void PositionTrace::setZero(std::optional<double> millimetres)
 {
     m_zero = millimetres;
@@ -211,9 +217,7 @@ void PositionTrace::setRange(const TraceRange& range)
 {
     if (!hasRange())
         return; // nothing was shown yet
-    m_range = range;
-    m_isRangeHeld = true;
-    refresh();
+    holdRange(range);
     Q_EMIT rangeHeld();
 }
 

@@ -41,6 +41,8 @@ public:
     [[nodiscard]] bool isPaused() const { return m_isFrozen; }
     /// Keeps the range of the positions; it otherwise follows what is shown.
     void setRangeHeld(bool held);
+    /// Keeps a range from now on.
+    void holdRange(const TraceRange& range);
     /// Shows positions relative to one.
     void setZero(std::optional<double> millimetres);
     [[nodiscard]] std::optional<double> zero() const { return m_zero; }

@@ -2,6 +2,7 @@
 
 #include "pages/PositionTrace.h"
 #include "platform/core/LanguageStrings.h"
+#include "platform/core/Profile.h"
 #include "platform/core/Strings.h"
 #include "platform/ui/KeptChoice.h"
 
@@ -14,6 +15,7 @@
 #include <QPushButton>
 
 #include <chrono>
+#include <cmath>
 
 namespace pelorin {
 
@@ -22,6 +24,7 @@ using namespace std::chrono_literals;
 namespace {
 
 constexpr auto kFiguresPeriod = 250ms; ///< more often nobody can read them
+constexpr auto kRangeRest = 1000ms;    ///< after which a range is what the user wants
 constexpr int kDurations[] = {10, 30, 60, 120, 300, 600};
 constexpr int kFirstDuration = 1;
 constexpr int kRateDecimals = 1;
@@ -153,6 +156,7 @@ void PositionView::makeControls(Kind kind)
     m_holdRange = add(new QCheckBox(this), "holdRangeCheck", strings::kHoldRange);
     connect(m_holdRange, &QAbstractButton::toggled, m_trace, &PositionTrace::setRangeHeld);
     if (kind == Kind::Live) {
+        keepHeldRange();
         QAbstractButton* pause = add(new QPushButton(this), "pauseButton", strings::kPause);
         pause->setCheckable(true);
         connect(pause, &QAbstractButton::toggled, this, [this](bool paused) {
@@ -171,6 +175,33 @@ void PositionView::makeControls(Kind kind)
             &QAbstractButton::clicked, this, &PositionView::copyFigures);
     m_controls->addStretch(1);
     static_cast<QGridLayout*>(layout())->addLayout(m_controls, 1, 0, 1, 2);
+}
+
+/// Also when the program is started again.
+void PositionView::keepHeldRange()
+{
+    const QString section = QStringLiteral("Trace");
+    const QString low = QStringLiteral("Low");
+    const QString high = QStringLiteral("High");
+    const auto texts = Profile().readTexts(section);
+    const TraceRange kept{texts.value(low).toDouble(), texts.value(high).toDouble()};
+    if (kept.low < kept.high && std::isfinite(kept.high - kept.low)) {
+        m_trace->holdRange(kept);
+        m_holdRange->setChecked(true);
+    }
+    m_rangeTimer.setSingleShot(true);
+    m_rangeTimer.setInterval(kRangeRest);
+    connect(&m_rangeTimer, &QTimer::timeout, this, [this, section, low, high] {
+        const TraceRange range = m_trace->scale().range;
+        const auto textOf = [isHeld = m_holdRange->isChecked()](double millimetres) {
+            return isHeld ? QString::number(millimetres, 'g', 17) : QString();
+        };
+        Profile profile;
+        tellUnkept(window(), profile.writeTexts(
+                                 section, {{low, textOf(range.low)}, {high, textOf(range.high)}}));
+    });
+    connect(m_holdRange, &QAbstractButton::clicked, &m_rangeTimer, qOverload<>(&QTimer::start));
+    connect(m_trace, &PositionTrace::rangeHeld, &m_rangeTimer, qOverload<>(&QTimer::start));
 }
 
 void PositionView::addButton(QPushButton* button)

@@ -57,6 +57,7 @@ private:
 
     void makeFigures(Kind kind);
     void makeControls(Kind kind);
+    void keepHeldRange();
     void zoom(int steps);
     void showFigures();
     void showFiguresSoon();
@@ -74,7 +75,8 @@ private:
     QAbstractButton* m_zero = nullptr;
     std::vector<std::pair<QAbstractButton*, int>> m_buttons; ///< with the numbers of their texts
     std::vector<Figure> m_figures;
-    QList<std::pair<double, int>> m_malformed;       ///< when, and how many frames
+    QList<std::pair<double, int>> m_malformed; ///< when, and how many frames
+    QTimer m_rangeTimer;                       ///< to keep what was moved many times only once
     QList<std::pair<double, int>> m_frozenMalformed; ///< as they were when the trace was paused
     bool m_isStreaming = false;
     std::optional<double> m_recorded; ///< seconds

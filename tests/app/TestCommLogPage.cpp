@@ -106,7 +106,7 @@ private Q_SLOTS:
             QCOMPARE(timed[line].mid(23), u'\t' + lines[line]);
         }
         click(kClear); // nothing to copy: what was copied stays
-        QCOMPARE(QGuiApplication::clipboard()->text(), timed.join(u'\n'));
+        QCOMPARE(copied(), timed.join(u'\n'));
     }
 
     void linesAreFollowedWhileThatIsWanted()

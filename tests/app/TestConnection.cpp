@@ -213,7 +213,8 @@ private Q_SLOTS:
     void formatThatMayNotBeTheSensorsOwnIsTold()
     {
         for (const auto& [fault, command, told] :
-             {std::tuple(Fault::Silent, "DA", u"The data format of the connected sensor could"_s),
+             {std::tuple(Fault::WrongByte, "DA",
+                         u"The data format of the connected sensor could"_s),
               {Fault::Deaf, "DN", u"020018"_s}}) {
             Rig rig;
             rig.answer = [] { return u"OK"_s; };
@@ -223,7 +224,7 @@ private Q_SLOTS:
                         .keep({device, rig.link().versionText(), "020018", "060018"})
                         .isDone());
             rig.sensor().setParameter('D', "060018");
-            rig.sensor().setFault({fault, 0, 3}, command);
+            rig.sensor().setFault({fault, 2}, command);
             QVERIFY(rig.clickCommand(kConnectCommand) && rig.waitIdle());
             QVERIFY(
                 waitFor([&] { return (rig.noticeText() + rig.told.join(u' ')).contains(told); }));

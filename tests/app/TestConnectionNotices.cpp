@@ -1,9 +1,12 @@
 #include "app/Commands.h"
 #include "support/FileContent.h"
 #include "support/MainWindowRig.h"
+#include "support/ModalAnswer.h"
+#include "support/TestFolder.h"
 
 #include <QAction>
 #include <QMenu>
+#include <QMessageBox>
 
 using namespace pelorin;
 using namespace pelorin::test;
@@ -105,6 +108,32 @@ private Q_SLOTS:
         QCOMPARE(rig.notice(), QString());
         QVERIFY(!rig.logged().contains(kByHand) && !rig.link().isTypeByHand());
         QVERIFY(contentOf(rig.settings().path()).contains("\"Type2Low\"=dword:0000003a\r\n"));
+    }
+
+    /// The site's has no ranges.
+    void copyOfTheSitesSettingsIsMadeOnlyIfTheUserWantsIt()
+    {
+        const TestFolder folder;
+        const QByteArray former = qgetenv("XDG_CONFIG_HOME");
+        Rig rig;
+        qputenv("XDG_CONFIG_HOME", folder.path({}).toUtf8());
+        qunsetenv("PELORIN_REGISTRY");
+        const QString own = folder.path(u"pelorin/pelorin.reg"_s);
+        QVERIFY(rig.isNotIdentified());
+        for (const auto* answer : {"answer1", "answer0"}) {
+            const ModalAnswer<QMessageBox> box([&](QMessageBox& question) {
+                QVERIFY(question.text().contains(own));
+                QTest::mouseClick(question.findChild<QWidget*>(QLatin1String(answer)),
+                                  Qt::LeftButton);
+            });
+            (void)rig.types();
+            rig.choose(u"Always type 2: from now on 3A to 3A, so far none"_s);
+            QVERIFY(waitFor([&box] { return box.wasShown(); }) && rig.waitIdle());
+            QCOMPARE(contentOf(own).contains("\"Type2High\"=dword:0000003a"),
+                     answer == std::string_view("answer0"));
+        }
+        QVERIFY(rig.isConnected(1));
+        qputenv("XDG_CONFIG_HOME", former);
     }
 };
 

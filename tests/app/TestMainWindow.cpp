@@ -39,7 +39,6 @@ private Q_SLOTS:
     void keysChooseThePagesAndTheirHelp()
     {
         MainWindowRig rig({}, kProductKey + "\"EnableTempComp\"=dword:1\r\n");
-        rig.languages().setHelpFile(1, u"help/pelorin_1.html"_s);
         QVERIFY(rig.startConnected());
         const auto press = [&rig](int key, Qt::KeyboardModifiers modifiers) {
             rig.window().activateWindow();
@@ -47,6 +46,15 @@ private Q_SLOTS:
             QTest::keyClick(&rig.window(), Qt::Key(key), modifiers);
             return isActive && rig.waitIdle();
         };
+        rig.languages().setHelpFile(1, u"help/none.html"_s);
+        QString told;
+        const ModalAnswer<QMessageBox> box([&told](QMessageBox& shown) {
+            told = shown.text();
+            shown.accept();
+        });
+        QVERIFY(press(Qt::Key_F1, {}) && waitFor([&told] { return !told.isEmpty(); }));
+        QVERIFY(told.startsWith(u"The help could not be shown (language 1, error"_s));
+        rig.languages().setHelpFile(1, u"help/pelorin_1.html"_s);
         int row = 0;
         for (const QString& chapter : {u"information"_s, u"position"_s, u"output"_s, u"log"_s,
                                        u"factory"_s, u"compensation"_s}) {

@@ -21,10 +21,13 @@ struct Rig : MainWindowRig
 {
     const TestFolder folder;
 
-    /// Chooses a command and a file. @return the texts of the boxes that follow
+    /// Chooses a command and a file, or none. @return the texts of the boxes that follow
     QString save(int command, const QString& file)
     {
-        const FileDialogUser user(folder.path(file));
+        const FileDialogUser user(folder.path(file), [&file](QFileDialog& dialog) {
+            if (file.isEmpty())
+                dialog.reject();
+        });
         const auto isOver = [&] {
             return (user.wasAsked() || !user.boxes().isEmpty()) &&
                    !QApplication::activeModalWidget();
@@ -96,10 +99,15 @@ private Q_SLOTS:
     {
         Rig rig;
         QVERIFY(rig.startConnected());
+        for (const int command : {kReportCommand, kOpenBackupCommand})
+            QCOMPARE(rig.save(command, {}), QString());
+        QVERIFY(rig.folder.put(u"none.dat"_s, "text"));
+        QCOMPARE(rig.save(kOpenBackupCommand, u"none.dat"_s),
+                 u"This is not a backup file of Pelorin."_s);
         rig.sensor().setFault({SimulatedFault::Kind::Short, 3}, "Z");
         QCOMPARE(rig.save(kReportCommand, u"report"_s),
                  u"Parameter 90 could not be read from the sensor."_s);
-        QCOMPARE(rig.folder.names(), QString());
+        QCOMPARE(rig.folder.names(), u"none.dat"_s);
     }
 
     void supportFileIsShownBeforeItIsSaved()
@@ -107,6 +115,8 @@ private Q_SLOTS:
         Rig rig;
         QVERIFY(rig.startConnected());
         rig.rememberWrite();
+        for (int line = 0; line < 5001; ++line)
+            rig.link().commLog().append(u"TX: [56][Get][TERM]"_s);
         QString shown;
         const ModalAnswer<SupportFileDialog> answer([&shown](SupportFileDialog& dialog) {
             auto* edit = dialog.getControl<QPlainTextEdit>(1061);
@@ -122,7 +132,7 @@ private Q_SLOTS:
              {u"== Versions ==\nPelorin 1.06."_s, u"== Settings ==\n"_s,
               u"\n[HKEY_LOCAL_MACHINE\\SOFTWARE\\Korvex Systems\\Pelorin\\Firmware Rev Bounds]\n"_s,
               u"\nOffset (N): \"000007\"\n"_s, u"Verified: after a restart"_s,
-              u"== Communications Log ==\n20"_s, u" TX: [56][Get][TERM]\n"_s})
+              u"== Communications Log ==\nThe last 5000 of 50"_s, u" TX: [56][Get][TERM]\n"_s})
             QVERIFY2(shown.contains(part), qPrintable(part + u" is missing in:\n"_s + shown));
     }
 };

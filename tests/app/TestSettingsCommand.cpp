@@ -7,6 +7,7 @@
 #include "platform/core/SettingsLocation.h"
 #include "support/FileContent.h"
 #include "support/FileDialogUser.h"
+#include "support/FileSizeLimit.h"
 #include "support/MainWindowRig.h"
 #include "support/Rows.h"
 #include "support/TestFolder.h"
@@ -150,7 +151,8 @@ private Q_SLOTS:
                  const QByteArray key = "[HKEY_LOCAL_MACHINE\\SOFTWARE\\Korvex Systems\\Pelorin\\"
                                         "Package Parameters\\Package";
                  QVERIFY(folder.put(u"other.reg"_s, "REGEDIT4\n" + key + "0]\n\"Name\"=\"A\"\n" +
-                                                        key + "1]\n\"Name\"=\"B\"\n" +
+                                                        key + "1]\n\"Name\"=\"B\"\n" + key +
+                                                        "2]\n\"Name\"=\"B\"\n" + // replaces it
                                                         "\"SEDistance\"=\"5\"\n"));
                  dialog.chooseTab(kPackages);
                  const FileDialogUser user(folder.path(u"other.reg"_s));
@@ -237,6 +239,27 @@ private Q_SLOTS:
         });
     }
 
+    void fileWithoutPackagesIsNotImported()
+    {
+        SettingsRig rig;
+        const TestFolder folder;
+        const QString path = folder.path(u"other.reg"_s);
+        QVERIFY(rig.startConnected() && rig.change([&](const Dialog& dialog) {
+            dialog.chooseTab(kPackages);
+            for (const auto& [text, problem] : {std::pair("REGEDIT4\n", u"no sensor packages"_s),
+                                                {"REGEDIT4\n?\n", u"damaged in line 2"_s},
+                                                {"", u"damaged in line 2"_s}}) { // given up
+                QVERIFY(!*text || folder.put(u"other.reg"_s, text));
+                const FileDialogUser user(path, [givenUp = !*text](QFileDialog& files) {
+                    if (givenUp)
+                        files.reject();
+                });
+                dialog.click("importButton");
+                QVERIFY2(dialog.problem().contains(problem), qPrintable(dialog.problem()));
+            }
+        }));
+    }
+
     void anotherDeviceUnderTheOpenPortIsNotTalkedTo()
     {
         SettingsRig rig({.type = 2}, "[HKEY_LOCAL_MACHINE\\HARDWARE\\DEVICEMAP\\SERIALCOMM]\r\n"
@@ -262,6 +285,11 @@ private Q_SLOTS:
         QVERIFY(waitFor([&] { return asked == 1 && !QApplication::activeModalWidget(); }));
         QVERIFY(rig.waitIdle() && rig.openAttempts() == attempts && rig.link().openedPort() == 0);
         QVERIFY(rig.page<QLabel>("noticeText").text().startsWith(u"No port is open"));
+        QVERIFY(rig.change([](const Dialog& dialog) {
+            dialog.type("high2Edit", u"3e"_s);
+            dialog.accept(); // after which there is nothing to connect
+        }));
+        QVERIFY(rig.waitIdle() && !rig.runner().isConnectWanted());
         QVERIFY(rig.clickCommand(kSelectPortCommand));
         QVERIFY(waitFor([&] { return rig.link().openedPort() == 7 && rig.link().isIdentified(); }));
     }
@@ -274,6 +302,17 @@ private Q_SLOTS:
                                      "\"simulator:display\"=\"COM9\"\r\n");
         QVERIFY(rig.startConnected() && rig.clickCommand(kDisplayUnitCommand));
         QVERIFY(waitFor([&rig] { return rig.isDisplayOpen(); }));
+        QString told;
+        const ModalAnswer<QMessageBox> box([&told](QMessageBox& shown) {
+            told = shown.text();
+            shown.accept();
+        });
+        const ModalAnswer<SelectPortDialog> ports([](SelectPortDialog& dialog) {
+            dialog.findChild<SerialPortComboBox*>()->selectPort(9);
+            QTest::keyClick(&dialog, Qt::Key_Return);
+        });
+        QVERIFY(rig.clickCommand(kSelectPortCommand));
+        QVERIFY(waitFor([&] { return told.startsWith(u"COM9 is the port of the display"_s); }));
         rig.window().activateWindow();
         rig.clickPage(1);
         const std::string own = rig.sensor().parameter('D');
@@ -325,6 +364,12 @@ private Q_SLOTS:
             },
             false);
         const QByteArray others = kSimulatedBounds + "\"Others\"=\"1\"\r\n";
+        QVERIFY(rig.change([&](const Dialog& dialog) {
+            rig.settings().write(kSimulatedBounds + "; newer");
+            dialog.accept(); // nothing was changed here
+            QVERIFY(!dialog.dialog.isVisible());
+        }));
+        QVERIFY(rig.file().endsWith("; newer"));
         for (const bool readAgain : {true, false}) {
             answer = readAgain ? 1 : 0;
             QVERIFY(rig.change([&](const Dialog& dialog) {
@@ -336,6 +381,15 @@ private Q_SLOTS:
             }));
             QVERIFY(rig.file().endsWith(others) == readAgain);
         }
+        QVERIFY(rig.change([&rig](const Dialog& dialog) {
+            dialog.type("high2Edit", u"3d"_s);
+            const FileSizeLimit limit(20);
+            dialog.accept();
+            QVERIFY(dialog.problem().contains(u"could not be written"_s));
+            QVERIFY(rig.runner().start(dialog.dialog, readPlan("A"), {})); // whatever has begun it
+            static_cast<QDialog&>(dialog.dialog).accept(); // as assistive technology does
+            QVERIFY(dialog.problem().startsWith(u"The sensor is in use"_s));
+        }));
         rig.settings().write(others + "damaged\r\n");
         QVERIFY(rig.change([](const Dialog& dialog) {
             QVERIFY(dialog.problem().contains(u"line 11"_s));

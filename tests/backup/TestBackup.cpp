@@ -163,7 +163,13 @@ private Q_SLOTS:
             const QString told = rig.run(mode);
             QCOMPARE(told.section(u'|', -1), languageString(strings::kStreamingFormat));
         }
-        rig.link().forgetIdentification();
+        rig.sensor().setParameter('D', "4A0519"); // has it again
+        QCOMPARE(rig.run(Mode::Backup, u"own"_s), QString());
+        rig.sensor().setParameter('D', "\n");
+        QVERIFY(
+            rig.run(Mode::Backup).endsWith(u"Parameter 68 could not be read from the sensor."_s));
+        const auto forget = [&rig](QFileDialog&) { rig.link().forgetIdentification(); };
+        QCOMPARE(rig.run(Mode::Backup, u"new"_s, forget), languageString(strings::kNothingSaved));
         QCOMPARE(rig.run(Mode::Backup), languageString(strings::kNothingSaved));
         QCOMPARE(rig.run(Mode::Restore), languageString(strings::kNotIdentified));
         QCOMPARE(rig.folder.content(kFile), kBackup);

@@ -480,6 +480,8 @@ private Q_SLOTS:
         QVERIFY(user.wasShown());
         entry.values['O'] = "00003D000";
         QVERIFY(rig.putBack(entry).contains(QLatin1String("Not usable: Factory Value O (O)")));
+        rig.link().forgetIdentification();
+        QVERIFY(rig.putBack(entry).contains(QLatin1String("not identified")));
         QCOMPARE(rig.written(), QString());
     }
 };

@@ -1,7 +1,7 @@
 #include "pages/PositionView.h"
 
 #include "pages/PositionTrace.h"
-#include "platform/core/UserFolders.h"
+#include "platform/core/Profile.h"
 #include "support/Languages.h"
 #include "support/WaitFor.h"
 
@@ -161,8 +161,13 @@ private Q_SLOTS:
         auto* durations = rig.view.findChild<QComboBox*>();
         QTest::keyClick(durations, Qt::Key_End); // ten minutes, which are all kept
         QTRY_COMPARE(rig.figure(1842), QStringLiteral("600.00 mm"));
-        const Rig later(PositionView::Kind::Live);
+        rig.key(Qt::Key_Up);
+        QTRY_VERIFY(Profile().readTexts(u"Trace"_qs).size() == 2);
+        Rig later(PositionView::Kind::Live);
         QCOMPARE(later.view.findChild<QComboBox*>()->currentData().toInt(), 600);
+        QCOMPARE(later.view.trace().scale().range.low, rig.view.trace().scale().range.low);
+        rig.click("holdRangeCheck");
+        QTRY_VERIFY(Profile().readTexts(u"Trace"_qs).isEmpty());
     }
 
     void zeroAndCopyTellTheSameFigures()
@@ -225,6 +230,8 @@ private Q_SLOTS:
         rig.key(Qt::Key_Up);
         QVERIFY(middle() > before + 3 && middle() < before + 5);
         QVERIFY(held->isChecked());
+        rig.key(Qt::Key_Down);
+        QCOMPARE(middle(), before);
         rig.click("holdRangeCheck");
         QCOMPARE(middle(), before);
         const double perPixel = rig.view.trace().scale().millimetresPerPixel();
@@ -243,6 +250,8 @@ private Q_SLOTS:
         for (int i = 0; i < 9; ++i)
             rig.key(Qt::Key_PageUp);
         QCOMPARE(rig.figure(1840), QStringLiteral("0.00 mm"));
+        rig.key(Qt::Key_PageDown);
+        QCOMPARE(rig.view.trace().from(), 0.001 + 0.9 * 600);
     }
 
     void heldRangeStaysAndPeaksAreDrawn()

@@ -424,6 +424,14 @@ private Q_SLOTS:
             {"another sensor that has the same values",
              [](Rig& rig) { rig.sensor().setParameter('F', "SN099999"); }, "Nothing was written.",
              false},
+            {"another sensor was connected",
+             [](Rig& rig) {
+                 rig.sensor().setParameter('V', "3A0199");
+                 QVERIFY(rig.clickCommand(kConnectCommand));
+                 QVERIFY(waitFor([&rig] { return rig.window().currentPage() == 0; }));
+                 QVERIFY(rig.waitIdle());
+             },
+             "Differs: ", false},
         };
         forEachRow(rows, [](const Row& row) {
             for (const bool factory : kPages) {

@@ -130,6 +130,13 @@ private Q_SLOTS:
             offered = list.itemText(1) + dialog.findChild<QLineEdit*>(u"fileNameEdit"_s)->text();
         });
         QCOMPARE(offered, first + first);
+
+        const FileDialogUser saves(folder.path(u"report"_s), [](QFileDialog& dialog) {
+            QTest::keyClick(dialog.findChild<QComboBox*>(u"fileTypeCombo"_s), Qt::Key_End);
+        });
+        QCOMPARE(chooseFile(nullptr, QFileDialog::AcceptSave, {},
+                            u"Web pages (*.html);;Documents (*.pdf)"_s, u"html"_s),
+                 folder.path(u"report.pdf"_s));
     }
 
     void whatTheUserChoosesIsKeptAndWhatTheProgramChoosesIsNot()

@@ -4,6 +4,7 @@
 #include <QPointer>
 #include <QPushButton>
 
+#include <algorithm>
 #include <initializer_list>
 
 namespace pelorin {
@@ -15,11 +16,9 @@ using Button = QMessageBox::StandardButton;
 /// The first of the candidates that is among the buttons.
 Button firstOf(std::initializer_list<Button> candidates, QMessageBox::StandardButtons buttons)
 {
-    for (const Button candidate : candidates) {
-        if (buttons.testFlag(candidate))
-            return candidate;
-    }
-    return QMessageBox::NoButton;
+    const auto* found =
+        std::ranges::find_if(candidates, [buttons](Button each) { return buttons.testFlag(each); });
+    return found == candidates.end() ? QMessageBox::NoButton : *found;
 }
 
 QMessageBox* makeBox(QWidget* parent, const QString& text, QMessageBox::StandardButtons buttons,
