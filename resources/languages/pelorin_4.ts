@@ -1201,7 +1201,7 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
     </message>
     <message id="1716">
         <source>The offset has come back as it was before it was multiplied: the sensor may divide it.</source>
-        <translation>L'offset est revenu tel qu'il était avant la multiplication : le capteur le divise peut-être.</translation>
+        <translation>Le décalage est revenu tel qu'il était avant la multiplication : le capteur le divise peut-être.</translation>
     </message>
     <message id="1717">
         <source>The sensor no longer has what is shown: %1. Click Refresh, then enter your changes again.</source>
@@ -1506,12 +1506,12 @@ Sans cela, il ne peut pas être rétabli. Écrire malgré tout ?</translation>
     <message id="1800">
         <source>The data format has the multiplier %1, and the offset was not entered anew. What shall be written?</source>
         <extracomment>%1 multiplier</extracomment>
-        <translation>Le format de données a le multiplicateur %1 et l'offset n'a pas été ressaisi. Que faut-il écrire ?</translation>
+        <translation>Le format des données a le multiplicateur %1 et le décalage n'a pas été ressaisi. Que faut-il écrire ?</translation>
     </message>
     <message id="1801">
         <source>Offset so far: %1</source>
         <extracomment>%1: counts and length</extracomment>
-        <translation>Offset jusqu'à présent : %1</translation>
+        <translation>Décalage jusqu'à présent : %1</translation>
     </message>
     <message id="1802">
         <source>Keep the length: %1</source>

@@ -103,7 +103,7 @@ void ConnectionNotices::tell()
 {
     if (!m_kept.isEmpty())
         return showKeptFormat(m_kept.constFirst());
-    const bool answered = !m_link.versionText().isEmpty();
+    const bool answered = m_link.linkFailed() != 1 && !m_link.versionText().isEmpty();
     if (!m_link.hasOpened()) {
         tellNoPort();
     } else if (answered && m_link.isTypeByHand()) {

@@ -92,7 +92,8 @@ void LinkStatusBar::setEntryCount(int count)
 /// The message is cut where it would run into the number.
 void LinkStatusBar::placeEntries()
 {
-    const int width = m_entryCount == 0 ? 0 : m_entries->sizeHint().width();
+    constexpr int kRoom = 16; // logical pixels before the port
+    const int width = m_entryCount == 0 ? 0 : m_entries->sizeHint().width() + kRoom;
     m_entries->setVisible(m_entryCount != 0);
     m_entries->setGeometry(m_message->width() - width, 0, width, m_message->height());
     m_message->setContentsMargins(0, 0, width, 0);

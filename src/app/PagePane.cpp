@@ -78,6 +78,7 @@ PagePane::PagePane(QWidget* window, SafeWriter& writer, PositionStream& stream,
     connect(m_header, &SensorHeader::connectedChanged, this, &PagePane::showConnected);
     showConnected(false);
     translate();
+    m_pageList->setFocus(); // at the start, whatever the strip has to tell
 }
 
 /// Without a sensor that is identified its values stay to be looked at, in gray.

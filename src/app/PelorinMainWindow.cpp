@@ -141,6 +141,10 @@ void PelorinMainWindow::connectParts()
     connect(m_connection, &ConnectionSupervisor::sensorLeft, m_report, &WriteReport::endVerified);
     connect(m_connection, &ConnectionSupervisor::sensorLeft, &m_pages->header(),
             &SensorHeader::forgetSensor);
+    connect(m_connection, &ConnectionSupervisor::sensorLeft, m_notices, [this] {
+        if (m_link.linkFailed() == 1) // a Connect tells at its end
+            m_notices->update();
+    });
     connect(m_connection, &ConnectionSupervisor::connected, this, &PelorinMainWindow::onConnected);
     connect(m_connection, &ConnectionSupervisor::connected, m_notices, &ConnectionNotices::update);
     connect(m_connection, &ConnectionSupervisor::formatKept, m_notices, &ConnectionNotices::tellOf);

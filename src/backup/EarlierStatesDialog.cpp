@@ -135,8 +135,8 @@ void EarlierStatesDialog::onInitDialog()
     m_delete = getControl<QPushButton>(kDeleteButton);
     m_list->setColumnCount(8);
     m_details->setColumnCount(5);
-    new ColumnWidths(*m_list, {0.11, 0.16, 0.095, 0.09, 0.09, 0.13, 0.14, 0.185});
-    new ColumnWidths(*m_details, {0.22, 0.29, 0.10, 0.29, 0.10});
+    new ColumnWidths(*m_list, {0.11, 0.16, 0.095, 0.085, 0.095, 0.13, 0.14, 0.185});
+    new ColumnWidths(*m_details, {0.21, 0.27, 0.125, 0.27, 0.125});
     const QFontMetrics& metrics = m_list->fontMetrics();
     m_list->verticalHeader()->setDefaultSectionSize(2 * metrics.lineSpacing() + kRowMargin);
     m_details->verticalHeader()->setMinimumSectionSize(metrics.height() + kRowMargin);
