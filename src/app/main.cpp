@@ -50,7 +50,7 @@ bool answers(ProgramOptions& options, int argc, char* argv[])
 QString takeOptions(ProgramOptions& options)
 {
     options.parse(QApplication::arguments());
-    if (const QString fault = options.fault(); !fault.isNull())
+    if (QString fault = options.fault(); !fault.isNull())
         return fault;
     if (options.values().isSet(demonstrationOption()))
         useDemonstration();
