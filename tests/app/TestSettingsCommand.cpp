@@ -148,15 +148,21 @@ private Q_SLOTS:
             {"packages of another file",
              [](const Dialog& dialog) {
                  const TestFolder folder;
+                 dialog.chooseTab(kPackages);
+                 const auto problemOf = [&](const QByteArray& packages) {
+                     const FileDialogUser user(folder.path(u"other.reg"_s));
+                     const bool there = folder.put(u"other.reg"_s, "REGEDIT4\n" + packages);
+                     dialog.click("importButton");
+                     return there ? dialog.problem() : u"not there"_s;
+                 };
+                 QVERIFY(problemOf({}).contains(u"no sensor packages"_s));
+                 QVERIFY(problemOf("?\n").contains(u"damaged in line 2"_s));
                  const QByteArray key = "[HKEY_LOCAL_MACHINE\\SOFTWARE\\Korvex Systems\\Pelorin\\"
                                         "Package Parameters\\Package";
-                 QVERIFY(folder.put(u"other.reg"_s, "REGEDIT4\n" + key + "0]\n\"Name\"=\"A\"\n" +
-                                                        key + "1]\n\"Name\"=\"B\"\n" + key +
-                                                        "2]\n\"Name\"=\"B\"\n" + // replaces it
-                                                        "\"SEDistance\"=\"5\"\n"));
-                 dialog.chooseTab(kPackages);
-                 const FileDialogUser user(folder.path(u"other.reg"_s));
-                 dialog.click("importButton");
+                 QCOMPARE(problemOf(key + "0]\n\"Name\"=\"A\"\n" + key + "1]\n\"Name\"=\"B\"\n" +
+                                    key + "2]\n\"Name\"=\"B\"\n" + // replaces it
+                                    "\"SEDistance\"=\"5\"\n"),
+                          QString());
                  dialog.type("packageList", 1, 2, u"6"_s);
                  dialog.type("packageList", 0, 0, {}); // goes
                  dialog.click("removeButton");
@@ -237,27 +243,6 @@ private Q_SLOTS:
             }));
             QCOMPARE(rig.file(), before);
         });
-    }
-
-    void fileWithoutPackagesIsNotImported()
-    {
-        SettingsRig rig;
-        const TestFolder folder;
-        const QString path = folder.path(u"other.reg"_s);
-        QVERIFY(rig.startConnected() && rig.change([&](const Dialog& dialog) {
-            dialog.chooseTab(kPackages);
-            for (const auto& [text, problem] : {std::pair("REGEDIT4\n", u"no sensor packages"_s),
-                                                {"REGEDIT4\n?\n", u"damaged in line 2"_s},
-                                                {"", u"damaged in line 2"_s}}) { // given up
-                QVERIFY(!*text || folder.put(u"other.reg"_s, text));
-                const FileDialogUser user(path, [givenUp = !*text](QFileDialog& files) {
-                    if (givenUp)
-                        files.reject();
-                });
-                dialog.click("importButton");
-                QVERIFY2(dialog.problem().contains(problem), qPrintable(dialog.problem()));
-            }
-        }));
     }
 
     void anotherDeviceUnderTheOpenPortIsNotTalkedTo()
