@@ -1,6 +1,5 @@
 #include "app/PagePane.h"
 
-#include "app/BusyFilter.h"
 #include "app/CommandGate.h"
 #include "app/NoticeStrip.h"
 #include "app/SensorHeader.h"
@@ -59,13 +58,7 @@ PagePane::PagePane(QWidget* window, SafeWriter& writer, PositionStream& stream,
     QFont font(QStringLiteral("Arial"));
     font.setPointSize(kButtonPoints);
     m_refreshButton->setFont(font);
-    m_refreshButton->installEventFilter(this);
-    connect(m_refreshButton, &QPushButton::clicked, this, [this] {
-        SensorPage* page = shownPage();
-        if (!page || !page->isReading())
-            return refreshChosen();
-        page->cancelReading();
-    });
+    connect(m_refreshButton, &QPushButton::clicked, this, &PagePane::refreshChosen);
 
     // In the order of the list.
     addPage({new SensorInfoPage, strings::kSensorInformation, "information", true}, kInfo);
@@ -76,6 +69,10 @@ PagePane::PagePane(QWidget* window, SafeWriter& writer, PositionStream& stream,
             kWrench);
     showTempComp(tempCompEnabled);
     connect(m_header, &SensorHeader::connectedChanged, this, &PagePane::showConnected);
+    connect(m_header, &SensorHeader::cancelChosen, this, [this] {
+        if (SensorPage* page = shownPage())
+            page->cancelReading();
+    });
     showConnected(false);
     translate();
     m_pageList->setFocus(); // at the start, whatever the strip has to tell
@@ -203,18 +200,15 @@ void PagePane::markShownPage()
         m_pageList->item(m_currentPage)->setSelected(true);
 }
 
-/// The button that has begun to read ends it, too.
 void PagePane::showReading()
 {
     const SensorPage* page = shownPage();
-    const bool reading = page && page->isReading();
-    m_refreshButton->setText(languageString(reading ? strings::kCancel : strings::kRefresh));
-    m_refreshButton->setProperty(BusyFilter::kUsableWhileBusy, reading);
+    m_header->offerCancel(page && page->isReading());
 }
 
 void PagePane::translate()
 {
-    showReading();
+    m_refreshButton->setText(languageString(strings::kRefresh));
     m_strip->translate();
     m_pageList->setAccessibleName(languageString(strings::kPageListName));
     for (std::size_t row = 0; row < m_pages.size(); ++row)
@@ -223,15 +217,9 @@ void PagePane::translate()
 }
 
 /// In the list the arrow keys only move the frame that shows where one is; Enter and Space choose.
-/// Whoever leaves the list finds it at the shown page again. Who clicks twice to refresh, or keeps
-/// the key down, does not want to cancel.
+/// Whoever leaves the list finds it at the shown page again.
 bool PagePane::eventFilter(QObject* watched, QEvent* event)
 {
-    if (watched == m_refreshButton) {
-        return event->type() == QEvent::MouseButtonDblClick ||
-               (event->type() == QEvent::KeyPress &&
-                static_cast<QKeyEvent*>(event)->isAutoRepeat());
-    }
     if (watched != m_pageList)
         return QWidget::eventFilter(watched, event);
     if (event->type() == QEvent::FocusOut && m_currentPage >= 0)

@@ -23,7 +23,7 @@ class TempCompPage;
 
 /// What the main window shows: the list of pages on the left, beside it which sensor is connected,
 /// what is to be noticed and the shown page, which is scrolled where it has no room, and the
-/// refresh button under that, which cancels what the page is reading. Owns the pages.
+/// refresh button under that. Owns the pages.
 class PagePane final : public QWidget
 {
     Q_OBJECT

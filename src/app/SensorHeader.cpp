@@ -1,5 +1,6 @@
 #include "app/SensorHeader.h"
 
+#include "app/BusyFilter.h"
 #include "link/SensorIdentification.h"
 #include "link/SensorLink.h"
 #include "platform/core/ComPortNames.h"
@@ -12,6 +13,7 @@
 
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QPushButton>
 #include <QSpacerItem>
 
 #include <utility>
@@ -53,7 +55,8 @@ QLatin1String lightOf(State state)
 } // namespace
 
 SensorHeader::SensorHeader(QWidget* parent, const SafeWriter& writer)
-    : QFrame(parent), m_writer(writer), m_light(new QLabel(this)), m_state(new QLabel(this))
+    : QFrame(parent), m_writer(writer), m_light(new QLabel(this)), m_state(new QLabel(this)),
+      m_cancelButton(new QPushButton(this))
 {
     setObjectName(QStringLiteral("sensorHeader"));
     auto* layout = new QHBoxLayout(this);
@@ -74,8 +77,24 @@ SensorHeader::SensorHeader(QWidget* parent, const SafeWriter& writer)
         m_fields[static_cast<std::size_t>(field)] = label;
     }
     layout->addStretch(1);
-    setFixedHeight(QFontMetrics(bold).height() + 2 * kMargin);
+    const int height = QFontMetrics(bold).height() + 2 * kMargin;
+    m_cancelButton->setObjectName(QStringLiteral("cancelReadingButton"));
+    m_cancelButton->setProperty(BusyFilter::kUsableWhileBusy, true);
+    m_cancelButton->setFocusPolicy(Qt::NoFocus); // Escape presses it
+    m_cancelButton->setFixedHeight(height - 2);
+    QSizePolicy place = m_cancelButton->sizePolicy();
+    place.setRetainSizeWhenHidden(true); // nothing moves when it comes
+    m_cancelButton->setSizePolicy(place);
+    m_cancelButton->hide();
+    connect(m_cancelButton, &QPushButton::clicked, this, &SensorHeader::cancelChosen);
+    layout->addWidget(m_cancelButton);
+    setFixedHeight(height);
     showSensor();
+}
+
+void SensorHeader::offerCancel(bool offered)
+{
+    m_cancelButton->setVisible(offered);
 }
 
 void SensorHeader::forgetSensor()
@@ -94,6 +113,7 @@ void SensorHeader::showSensor()
         m_factoryText = read->second;
     }
     setAccessibleName(languageString(strings::kSensor));
+    m_cancelButton->setText(languageString(strings::kCancel));
     m_light->setPixmap(picture(lightOf(state)).pixmap(kLightSize));
     m_state->setText(stateText());
     m_state->setEnabled(state != State::NotConnected);

@@ -43,7 +43,7 @@ Steps information(Tour& tour)
         Tour::when([] { return !isHelpShown(); }, tour.page(kInformation)),
         tour.click("refreshButton"),
         Tour::when(says(tour, strings::kReading), tour.picture("reading")),
-        Tour::when([] { return true; }, tour.click("refreshButton")), // which cancels
+        Tour::when([] { return true; }, tour.click("cancelReadingButton")),
         tour.picture("reading-cancelled"),
     };
 }
