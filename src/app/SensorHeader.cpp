@@ -60,7 +60,7 @@ SensorHeader::SensorHeader(QWidget* parent, const SafeWriter& writer)
 {
     setObjectName(QStringLiteral("sensorHeader"));
     auto* layout = new QHBoxLayout(this);
-    layout->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
+    layout->setContentsMargins(kMargin, 0, kMargin, 0);
     layout->addWidget(m_light);
     QFont bold = font();
     bold.setBold(true);

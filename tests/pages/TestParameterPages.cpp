@@ -146,7 +146,7 @@ private Q_SLOTS:
             rig.sensor().setFault({SimulatedFault::Kind::Late, 200});
             (void)rig.frames();
             rig.clickRefresh();
-            QVERIFY(button.isVisible());
+            QVERIFY(waitFor([&button] { return button.isVisible(); }));
             rig.clickRefresh();
             QVERIFY(waitFor([&rig] { return !rig.values().startsWith(u'|'); }));
             cancel();
