@@ -182,7 +182,7 @@ BackupCommands::End BackupCommands::putBackEntry(const JournalEntry& entry)
         QStringList{timeInWords(entry), entry.device, QString::fromLatin1(entry.version)}.join(
             QStringLiteral(", "))};
     saved.values.emplace('V', entry.version);
-    const End end = review(Mode::PutBack, saved);
+    End end = review(Mode::PutBack, saved);
     if (replaces && end.replaced)
         m_gate.addNotice(m_writer.journal().giveUp(entry).message());
     return end;

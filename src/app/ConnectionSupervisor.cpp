@@ -193,7 +193,7 @@ void ConnectionSupervisor::changePort(int port, const std::function<void(bool)>&
             m_reconnectBusy = false;
             m_reconnectAttempts = 0;
             m_statusBar.showString(strings::kNotConnected);
-            if (result == PortOpener::Result::Left) {
+            if (result == PortOpener::Result::Left) { // the choice of a port needs a free gate
                 connect(&m_gate, &CommandGate::freed, this, &ConnectionSupervisor::portWanted,
                         Qt::SingleShotConnection);
                 return m_gate.wake();
@@ -229,8 +229,8 @@ void ConnectionSupervisor::leavePort(const std::function<void()>& done)
     });
 }
 
-/// What the user has decided of the port is done as soon as what runs has ended: it would be the
-/// wrong port for ever.
+/// Does what the user has decided about the port when the stream has ended. While something else
+/// runs that is awaited, too: a decision that was dropped would leave the wrong port open for ever.
 void ConnectionSupervisor::afterStream(const std::function<void()>& then)
 {
     const bool begun = m_runner.endStream(*this, [this, then](bool /*restored*/) {
