@@ -28,6 +28,7 @@ public:
     /// What the user has to be told of how it ended; empty for nothing.
     [[nodiscard]] const QString& message() const { return m_message; }
 
+    /// The number of the text that is the title of what a mode does.
     [[nodiscard]] static int titleOf(Mode mode);
 
     /// Does nothing: neither Escape nor the window manager abandons the work.

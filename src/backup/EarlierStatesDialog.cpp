@@ -34,7 +34,7 @@ constexpr int kNoteLabel = 1084;
 constexpr int kDeleteButton = 1085;
 
 constexpr QSize kSize(1160, 640); ///< logical pixels
-constexpr int kRowMargin = 6;
+constexpr int kRowMargin = 6;     ///< logical pixels
 
 QString wordsOf(const SensorValues& values)
 {

@@ -177,7 +177,7 @@ void PositionView::makeControls(Kind kind)
     static_cast<QGridLayout*>(layout())->addLayout(m_controls, 1, 0, 1, 2);
 }
 
-/// Also when the program is started again.
+/// The range that was held in the run before is held, and the next run gets that of this one.
 void PositionView::keepHeldRange()
 {
     const QString section = QStringLiteral("Trace");

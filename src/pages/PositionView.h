@@ -75,12 +75,12 @@ private:
     QAbstractButton* m_zero = nullptr;
     std::vector<std::pair<QAbstractButton*, int>> m_buttons; ///< with the numbers of their texts
     std::vector<Figure> m_figures;
-    QList<std::pair<double, int>> m_malformed; ///< when, and how many frames
-    QTimer m_rangeTimer;                       ///< to keep what was moved many times only once
+    QList<std::pair<double, int>> m_malformed;       ///< when, and how many frames
     QList<std::pair<double, int>> m_frozenMalformed; ///< as they were when the trace was paused
     bool m_isStreaming = false;
     std::optional<double> m_recorded; ///< seconds
     QTimer m_figuresTimer;
+    QTimer m_rangeTimer; ///< after it what was moved many times is kept once
 };
 
 } // namespace pelorin

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/core/Strings.h"
 #include "sensor/OutputRules.h"
 #include "sensor/SensorValues.h"
 

@@ -4,7 +4,7 @@
 
 namespace pelorin {
 
-/// What the toolkit's own style wears on a desktop that has dark colors set.
+/// The colors of the toolkit's own style on a dark desktop.
 [[nodiscard]] QPalette darkColors();
 
 } // namespace pelorin

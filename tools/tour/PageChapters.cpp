@@ -43,7 +43,7 @@ Steps information(Tour& tour)
         Tour::when([] { return !isHelpShown(); }, tour.page(kInformation)),
         tour.click("refreshButton"),
         Tour::when(says(tour, strings::kReading), tour.picture("reading")),
-        Tour::when([] { return true; }, tour.click("cancelReadingButton")),
+        Tour::when([] { return true; }, tour.click("cancelReadingButton")), // while it is busy
         tour.picture("reading-cancelled"),
     };
 }

@@ -9,8 +9,8 @@ namespace {
 
 constexpr int kMiddle = 0x82;       ///< a gray that can be read on light and on dark
 constexpr int kDark = 0x80;         ///< a lightness below which a window is dark
-constexpr int kButtonRoom = 10;     ///< logical pixels beside the text of a button
-constexpr int kShortestButton = 80; ///< as wide is every button
+constexpr int kButtonRoom = 10;     ///< logical pixels beside the text of a wide button
+constexpr int kShortestButton = 80; ///< logical pixels; no button is narrower
 
 QString toolkitStyle()
 {

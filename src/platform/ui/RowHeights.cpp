@@ -10,7 +10,7 @@ namespace pelorin {
 
 namespace {
 
-constexpr int kSmallestMargin = 4; ///< logical pixels beside a line of text
+constexpr int kSmallestMargin = 4; ///< logical pixels above and below a line of text
 
 } // namespace
 
