@@ -1,6 +1,6 @@
-#include "FaultyCalls.h"
 #include "platform/core/Pacing.h"
 #include "platform/core/TermiosComPort.h"
+#include "support/FaultyCalls.h"
 #include "support/PseudoTerminal.h"
 #include "support/Rows.h"
 

@@ -1,14 +1,15 @@
 #pragma once
 
-#include "platform/FaultyCalls.h"
 #include "platform/core/Pacing.h"
 #include "simulator/SimulatedSensor.h"
+#include "support/FaultyCalls.h"
 
 #include <QString>
 
 #include <map>
 #include <memory>
 #include <mutex>
+#include <optional>
 #include <utility>
 
 namespace pelorin::test {
