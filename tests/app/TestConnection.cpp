@@ -152,10 +152,11 @@ private Q_SLOTS:
         rig.answer = [&] {
             if (rig.told.size() == 1)
                 return u"OK"_s;
-            if (rig.statusText() == kLost)
+            if (rig.statusText() == kLost) {
                 rig.sensor().comeBack();
-            else if (rig.sensor().progFrames() > 0)
+            } else if (rig.sensor().progFrames() > 0) {
                 rig.sensor().vanish();
+            }
             const bool isBack = rig.openAttempts() > 1 && rig.link().linkFailed() == 0;
             return isBack && rig.sensor().progFrames() > 5 ? u"OK"_s : QString();
         };
@@ -226,17 +227,19 @@ private Q_SLOTS:
             rig.sensor().setParameter('D', "060018");
             rig.sensor().setFault({fault, 2}, command);
             QVERIFY(rig.clickCommand(kConnectCommand) && rig.waitIdle());
-            QVERIFY(
-                waitFor([&] { return (rig.noticeText() + rig.told.join(u' ')).contains(told); }));
+            QVERIFY(waitFor([&rig, text = told] {
+                return (rig.noticeText() + rig.told.join(u' ')).contains(text);
+            }));
         }
     }
 
     void keptFormatIsToldBesidesOthersUntilItIsRead()
     {
         Rig rig;
-        for (const char* version : {"3A0102", "3A0103"})
+        for (const char* version : {"3A0102", "3A0103"}) {
             QVERIFY(
                 rig.formats().keep({u"/dev/elsewhere"_s, version, "020018", "060018"}).isDone());
+        }
         rig.sensor().setParameter('V', "7A0204"); // which is told of, too
         rig.start();
         QVERIFY(waitFor([&] { return rig.noticeText().contains(u"3A010"_s); }) && rig.waitIdle());
@@ -267,10 +270,11 @@ private Q_SLOTS:
         QVERIFY(rig.startConnected());
         for (const bool isRead : {false, true}) { // a page, else nothing
             rig.sensor().setFault({Fault::Vanish}, "ZA");
-            if (isRead)
+            if (isRead) {
                 rig.clickRefresh();
-            else
+            } else {
                 rig.sensor().vanish();
+            }
             QVERIFY(rig.isLost(rig.openAttempts() + 3));
             QVERIFY(!rig.window().isBusy()); // the sequence ended as a failed one
             QCOMPARE(rig.header(), u"|Connection lost||||||gray"_s);

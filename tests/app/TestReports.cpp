@@ -19,7 +19,7 @@ namespace {
 /// What a command that saves a file is told, and what it tells.
 struct Rig : MainWindowRig
 {
-    const TestFolder folder;
+    const TestFolder folder{};
 
     /// Chooses a command and a file, or none. @return the texts of the boxes that follow
     QString save(int command, const QString& file)

@@ -190,11 +190,12 @@ private Q_SLOTS:
                 QVERIFY(!cancel->hasFocus());
                 QTest::keyClick(dialog.windowHandle(), Qt::Key_Tab);
                 QVERIFY(cancel->hasFocus());
-                if (byKey)
+                if (byKey) {
                     QTest::keyClick(dialog.windowHandle(), Qt::Key_Space);
-                else
+                } else {
                     QTest::mouseClick(dialog.windowHandle(), Qt::LeftButton, {},
                                       cancel->mapTo(&dialog, cancel->rect().center()));
+                }
                 QVERIFY(!cancel->isEnabled());
             });
             (void)rig.frames();
@@ -217,22 +218,22 @@ private Q_SLOTS:
             QVERIFY(rig.startConnected() && rig.folder.put(kFile, kBackup));
             if (*lostAt)
                 rig.sensor().setFault({SimulatedFault::Kind::Vanish}, lostAt);
-            const ModalAnswer<BackupProgressDialog> user([&](BackupProgressDialog& dialog) {
+            const bool restores = mode == Mode::Restore;
+            const auto close = [&, text = title](BackupProgressDialog& dialog) {
                 const auto* bar = dialog.findChild<QProgressBar*>();
                 QVERIFY(waitFor([bar] { return bar->value() > 0; }));
-                QCOMPARE(bar->maximum(), mode == Mode::Backup ? 12 : 13); // with the closing one
-                QCOMPARE(dialog.windowTitle(), title);
+                QCOMPARE(bar->maximum(), restores ? 13 : 12); // with the closing one
+                QCOMPARE(dialog.windowTitle(), text);
                 QVERIFY(!dialog.windowFlags().testFlag(Qt::WindowCloseButtonHint));
-                QCOMPARE(dialog.findChild<QPushButton*>(u"cancelButton"_s)->isVisible(),
-                         mode == Mode::Backup);
+                QCOMPARE(dialog.findChild<QPushButton*>(u"cancelButton"_s)->isVisible(), !restores);
                 QTest::keyClick(&dialog, Qt::Key_Escape);
                 dialog.close();
                 QVERIFY(dialog.isVisible());
                 rig.window().close();
                 QVERIFY(rig.window().isVisible());
-            });
+            };
+            const ModalAnswer<BackupProgressDialog> user(close);
             const QSignalSpy closed(&rig.window(), &PelorinMainWindow::closed);
-            const bool restores = mode == Mode::Restore;
             QCOMPARE(rig.run(mode, restores ? kFile : u"new"_s), QString());
             QVERIFY(user.wasShown() && waitFor([&] { return closed.count() == 1; }));
             QCOMPARE(rig.frames().endsWith(u" EN"_s), restores && !*lostAt);

@@ -55,7 +55,7 @@ protected:
 
     const QByteArray kInstalled = "[HKEY_LOCAL_MACHINE\\SOFTWARE\\Korvex Systems\\Pelorin]\r\n"
                                   "\"Path\"=\"C:\\\\Pelorin\"\r\n";
-    const TestFolder m_folder;
+    const TestFolder m_folder{};
     const TestRegistry m_settings{kInstalled + kSimulatedBounds +
                                   "[HKEY_LOCAL_MACHINE\\HARDWARE\\DEVICEMAP\\SERIALCOMM]\r\n"
                                   "\"simulator:sensor?type=1\"=\"COM9\"\r\n"};

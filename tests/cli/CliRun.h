@@ -115,15 +115,15 @@ inline QString faultOf(const QJsonObject& object, const QString& where = {})
         {QStringLiteral("/error/text"), Type::String},
         {QStringLiteral("/error/parameter"), Type::String}};
     for (auto member = object.begin(); member != object.end(); ++member) {
-        const QString path = where + QLatin1Char('/') + member.key();
+        QString path = where + QLatin1Char('/') + member.key();
         const auto type = kMembers.constFind(path);
         if (type == kMembers.constEnd() || (*type != Type::Undefined && *type != member->type()))
             return path;
         QJsonArray inner = member->toArray();
         if (member->isObject())
             inner.append(member->toObject());
-        for (const QJsonValue& value : std::as_const(inner)) {
-            if (const QString fault = faultOf(value.toObject(), path); !fault.isEmpty())
+        for (const auto value : std::as_const(inner)) {
+            if (QString fault = faultOf(value.toObject(), path); !fault.isEmpty())
                 return fault;
         }
     }

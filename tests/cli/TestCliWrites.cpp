@@ -366,7 +366,7 @@ private:
     /// A pipe that takes nothing, and that nobody closes before the test ends.
     [[nodiscard]] QString fullPipe() const
     {
-        const QString path = m_folder.path(u"full"_s);
+        QString path = m_folder.path(u"full"_s);
         const QByteArray name = QFile::encodeName(path);
         (void)::mkfifo(name.constData(), S_IRUSR | S_IWUSR); // seen by the next
         const int pipe = ::open(name.constData(), O_RDWR | O_NONBLOCK | O_CLOEXEC);

@@ -11,10 +11,11 @@ namespace pelorin::test {
 inline SensorValues changed(SensorValues values, const QByteArray& others)
 {
     for (QByteArray other : others.split(' ')) {
-        if (other.size() > 1)
+        if (other.size() > 1) {
             values[other[0]] = other.mid(1).replace('_', ' ');
-        else if (!other.isEmpty())
+        } else if (!other.isEmpty()) {
             values.erase(other[0]);
+        }
     }
     return values;
 }

@@ -22,10 +22,11 @@ public:
         : m_boxUser(
               [this, answer](QMessageBox& box) {
                   m_boxes << box.text();
-                  if (auto* button = box.button(box.button(answer) ? answer : QMessageBox::Ok))
+                  if (auto* button = box.button(box.button(answer) ? answer : QMessageBox::Ok)) {
                       QTest::mouseClick(button, Qt::LeftButton);
-                  else
+                  } else {
                       QTest::keyClick(&box, Qt::Key_Escape); // a question with buttons of its own
+                  }
                   if (answer == QMessageBox::No && qobject_cast<QDialog*>(box.parentWidget()))
                       QMetaObject::invokeMethod(box.parentWidget(), "reject", Qt::QueuedConnection);
               },
