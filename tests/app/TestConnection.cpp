@@ -43,7 +43,7 @@ struct Rig : MainWindowRig
         QObject::connect(&poll, &QTimer::timeout, &poll, [this] {
             auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
             const QString caption = box ? answer() : QString();
-            if (caption.isEmpty())
+            if (!box || caption.isEmpty())
                 return;
             told << box->text();
             for (auto* button : box->findChildren<QPushButton*>()) {

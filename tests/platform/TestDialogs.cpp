@@ -225,8 +225,8 @@ private Q_SLOTS:
               std::tuple(Box::Yes | Box::No, Box::Yes, Box::No),
               std::tuple(Box::Retry | Box::Cancel, Box::Retry, Box::Cancel),
               std::tuple(Box::Abort | Box::Retry | Box::Ignore, Box::Retry, Box::Abort)}) {
-            const auto answered = [all = buttons](std::function<void(Box&)> steps) {
-                const ModalAnswer<Box> answer(std::move(steps));
+            const auto answered = [all = buttons](const std::function<void(Box&)>& steps) {
+                const ModalAnswer<Box> answer(steps);
                 return messageBox(nullptr, u"?"_s, all, Box::Question);
             };
             QCOMPARE(answered([](Box& box) { QTest::keyClick(&box, Qt::Key_Enter); }), enter);

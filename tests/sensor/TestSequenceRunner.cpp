@@ -33,10 +33,11 @@ struct Party final : QObject
         };
         const auto progress = [this](int done) { note(QByteArray::number(done)); };
         const auto ended = [this](const Outcome& outcome) { note(inWords(outcome)); };
-        if (bench.runner.start(*this, plan, {reply, progress, ended}))
+        if (bench.runner.start(*this, plan, {reply, progress, ended})) {
             reach("begun"); // its first frame is on its way
-        else
+        } else {
             notes << "refused";
+        }
     }
 
     /// Becomes the owner of a stream, which ends with the read of a parameter.
