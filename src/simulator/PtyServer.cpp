@@ -47,10 +47,11 @@ LineSettings lineOf(const termios& settings)
 int makePlain(int terminal)
 {
     termios settings{};
-    const bool known = tcgetattr(terminal, &settings) == 0;
+    if (tcgetattr(terminal, &settings) != 0)
+        return errno;
     cfmakeraw(&settings);
     (void)cfsetspeed(&settings, kFirstSpeed); // a known constant
-    return known && tcsetattr(terminal, TCSANOW, &settings) == 0 ? 0 : errno;
+    return tcsetattr(terminal, TCSANOW, &settings) == 0 ? 0 : errno;
 }
 
 } // namespace
