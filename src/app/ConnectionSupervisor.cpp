@@ -188,6 +188,8 @@ void ConnectionSupervisor::changePort(int port, const std::function<void(bool)>&
         leaveSensor();
         m_statusBar.setText(languageString(strings::kPortOpening).arg(port));
         m_opener.open(port, &m_window, [this, done](PortOpener::Result result) {
+            if (m_stopped)
+                return; // what becomes of it nobody has waited for
             const bool opened = result == PortOpener::Result::Opened;
             m_reconnectBusy = false;
             m_reconnectAttempts = 0;
