@@ -90,7 +90,7 @@ private Q_SLOTS:
             {"only shown, unseen", u"restore %other.dat --all --dry-run --settings %off.reg"_s + on,
              0, u"plan/13/restart"_s},
             {"nobody agrees", u"restore %other.dat --all"_s + on, 8, code, u"not-confirmed"_s},
-            {"neither", u"restore %other"_s + on, 2, code, u"usage"_s},
+            {"neither", u"restore %other.dat"_s + on, 2, code, u"usage"_s},
             {"both", u"restore %other.dat --all --output-only"_s + on, 2, code, u"usage"_s},
             {"not all saved", u"restore %few.dat --all --yes"_s + on, 7, code, u"backup-unfit"_s},
             {"unusual", u"restore %odd.dat --output-only --yes"_s + on, 8, u"error/parameter"_s,
