@@ -185,15 +185,17 @@ void ConnectionSupervisor::tellKeptFormats(const QList<KeptFormat>& formats)
 void ConnectionSupervisor::changePort(int port, const std::function<void(bool)>& done)
 {
     afterStream([this, port, done] {
-        m_statusBar.setExplanation(nullptr); // of the sensor that is left
-        m_reconnectTimer.stop();
+        leaveSensor();
         m_statusBar.setText(languageString(strings::kPortOpening).arg(port));
         m_opener.open(port, &m_window, [this, done](PortOpener::Result result) {
+            if (m_stopped)
+                return; // what becomes of it nobody has waited for
             const bool opened = result == PortOpener::Result::Opened;
             m_reconnectBusy = false;
             m_reconnectAttempts = 0;
             m_statusBar.showString(strings::kNotConnected);
             if (result == PortOpener::Result::Left) { // the choice of a port needs a free gate
+                forgetPort();
                 connect(&m_gate, &CommandGate::freed, this, &ConnectionSupervisor::portWanted,
                         Qt::SingleShotConnection);
                 return m_gate.wake();
@@ -211,22 +213,35 @@ void ConnectionSupervisor::changePort(int port, const std::function<void(bool)>&
 void ConnectionSupervisor::leavePort(const std::function<void()>& done)
 {
     afterStream([this, done] {
-        m_statusBar.setExplanation(nullptr);
-        m_reconnectTimer.stop();
-        m_runner.cancelConnect();
-        m_link.forgetIdentification();
+        leaveSensor();
         m_runner.closePort(false, [this, done] {
             m_reconnectBusy = false;
             m_reconnectAttempts = 0;
-            m_statusBar.setPort(0);
             m_statusBar.showString(strings::kNotConnected);
-            m_statusBar.setLinkState(-1);
-            m_link.forgetPort();
-            Q_EMIT sensorLeft();
+            forgetPort();
             done();
         });
         m_reconnectBusy = true; // no attempt opens it again
     });
+}
+
+/// What was told of the sensor is not true of the next one, and not while there is none.
+void ConnectionSupervisor::leaveSensor()
+{
+    m_reconnectTimer.stop();
+    m_runner.cancelConnect();
+    m_link.forgetIdentification();
+    m_statusBar.setExplanation(nullptr);
+    m_statusBar.setLinkState(-1);
+    Q_EMIT sensorLeft();
+}
+
+/// No port is open, and none is tried.
+void ConnectionSupervisor::forgetPort()
+{
+    m_link.forgetPort();
+    m_statusBar.setPort(0);
+    Q_EMIT sensorLeft();
 }
 
 /// Does what the user has decided about the port when the stream has ended. While something else

@@ -94,6 +94,8 @@ private:
     void tryAgain();
     void onReconnectTimer();
     void onOpened();
+    void leaveSensor();
+    void forgetPort();
     void afterStream(const std::function<void()>& then);
 
     QWidget& m_window;

@@ -149,8 +149,13 @@ void PelorinMainWindow::connectParts()
     connect(m_connection, &ConnectionSupervisor::connected, m_notices, &ConnectionNotices::update);
     connect(m_connection, &ConnectionSupervisor::formatKept, m_notices, &ConnectionNotices::tellOf);
     connect(m_connection, &ConnectionSupervisor::givenUp, this, &PelorinMainWindow::close);
-    connect(m_connection, &ConnectionSupervisor::portWanted, this,
-            [this] { chooseCommand(kSelectPortCommand); });
+    const auto choosePort = [this] {
+        showTitle();
+        m_notices->update();
+        chooseCommand(kSelectPortCommand);
+    };
+    connect(m_connection, &ConnectionSupervisor::portWanted, this, choosePort);
+    connect(m_settings, &SettingsCommand::portWanted, this, choosePort);
     const auto onBusyChanged = [this] {
         m_busy->update();
         m_pages->header().showSensor();
@@ -167,11 +172,6 @@ void PelorinMainWindow::connectParts()
             refresh();
     });
     connect(m_settings, &SettingsCommand::connectWanted, this, &PelorinMainWindow::wantConnect);
-    connect(m_settings, &SettingsCommand::portWanted, this, [this] {
-        showTitle();
-        m_notices->update();
-        chooseCommand(kSelectPortCommand);
-    });
     connect(m_settings, &SettingsCommand::displayUnitChanged, this, [this] {
         if (m_displayUnit)
             m_displayUnit->close();

@@ -4,6 +4,7 @@
 #include <cerrno>
 #include <climits>
 
+#include <fcntl.h>
 #include <poll.h>
 #include <unistd.h>
 
@@ -14,13 +15,31 @@ namespace {
 constexpr qsizetype kLargestRest = qsizetype{16} * 1024 * 1024; ///< about an hour of positions
 constexpr qsizetype kLargestPiece = PIPE_BUF; ///< a pipe that has room takes it at once
 
+/// A terminal that has room for a part of a line would be waited for. It is opened once more, since
+/// whoever shares the descriptor expects that.
+/// @return -1 for what is no terminal
+int openTerminal(int descriptor)
+{
+    const QByteArray path = "/proc/self/fd/" + QByteArray::number(descriptor);
+    return ::isatty(descriptor) == 1
+               ? ::open(path.constData(), O_WRONLY | O_NOCTTY | O_NONBLOCK | O_CLOEXEC)
+               : -1;
+}
+
 } // namespace
 
 StandardStream::StandardStream(int descriptor)
-    : m_descriptor(descriptor), m_room(descriptor, QSocketNotifier::Write)
+    : m_terminal(openTerminal(descriptor)), m_descriptor(m_terminal < 0 ? descriptor : m_terminal),
+      m_room(m_descriptor, QSocketNotifier::Write)
 {
     m_room.setEnabled(false);
     QObject::connect(&m_room, &QSocketNotifier::activated, &m_room, [this] { writeRest(); });
+}
+
+StandardStream::~StandardStream()
+{
+    m_room.setEnabled(false);
+    (void)::close(m_terminal); // fails where there is none
 }
 
 void StandardStream::write(const QByteArray& bytes)

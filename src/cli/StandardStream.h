@@ -11,6 +11,9 @@ class StandardStream
 {
 public:
     explicit StandardStream(int descriptor);
+    StandardStream(const StandardStream&) = delete;
+    StandardStream& operator=(const StandardStream&) = delete;
+    ~StandardStream();
 
     /// Nothing is written any more after a failure; too much that nobody takes is one.
     void write(const QByteArray& bytes);
@@ -26,6 +29,7 @@ private:
     void writeRest();
     void fail(int error);
 
+    const int m_terminal; ///< -1 for none
     const int m_descriptor;
     QSocketNotifier m_room; ///< while something is left
     QByteArray m_rest;

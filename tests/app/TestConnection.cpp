@@ -452,6 +452,8 @@ private Q_SLOTS:
             QVERIFY(waitFor([&] { return closes ? closed.size() == 1 : choices == 2; }));
             QVERIFY(closes || (rig.told.value(0).startsWith(u"COM9 is being opened"_s) &&
                                rig.told.value(1).startsWith(stuck) && !rig.window().isBusy()));
+            QVERIFY(closes || rig.lightText().startsWith(u"Gray"_s)); // nothing is open
+            QVERIFY(closes || rig.noticeText().startsWith(u"No port is open"_s));
             opening.unlock();
             QVERIFY(waitFor([&] { return hold.use_count() == 1; })); // what was left has ended
         }

@@ -2,6 +2,7 @@
 #include "sensor/BackupFile.h"
 #include "sensor/Journal.h"
 #include "sensor/PositionRecording.h"
+#include "support/PseudoTerminal.h"
 
 #include <QFile>
 
@@ -89,7 +90,7 @@ private Q_SLOTS:
             {"only shown, unseen", u"restore %other.dat --all --dry-run --settings %off.reg"_s + on,
              0, u"plan/13/restart"_s},
             {"nobody agrees", u"restore %other.dat --all"_s + on, 8, code, u"not-confirmed"_s},
-            {"neither", u"restore %other"_s + on, 2, code, u"usage"_s},
+            {"neither", u"restore %other.dat"_s + on, 2, code, u"usage"_s},
             {"both", u"restore %other.dat --all --output-only"_s + on, 2, code, u"usage"_s},
             {"not all saved", u"restore %few.dat --all --yes"_s + on, 7, code, u"backup-unfit"_s},
             {"unusual", u"restore %odd.dat --output-only --yes"_s + on, 8, u"error/parameter"_s,
@@ -268,13 +269,21 @@ private Q_SLOTS:
         Watch piped(m_folder, u"3"_s, u"\"$0\" \"$@\" | head -n 1; exit ${PIPESTATUS[0]}"_s);
         Watch closed(m_folder, u"4"_s, u"\"$0\" \"$@\" >&-"_s);
         Watch unread(m_folder, u"5"_s, u"trap '' HUP; exec \"$0\" \"$@\" > "_s + full);
+        const PseudoTerminal stalled; // nobody reads it, and much was said before
+        const QByteArray said(100, '-');
+        for (int line = 0; line < 150; ++line)
+            QCOMPARE(::write(stalled.slave(), said.constData(), said.size()), said.size());
+        Watch stuck(m_folder, u"8"_s,
+                    u"exec \"$0\" \"$@\" > "_s + QString::fromStdString(stalled.path()),
+                    {u"--seconds"_s, u"5"_s});
         Watch lost(m_folder, u"6"_s);
         Watch early(m_folder, u"7"_s);
 
         QVERIFY(waitFor([&] { return early.format() == "4E0519"; }));
         interrupt(early.run, {SIGINT});
         QVERIFY(waitFor([&] {
-            return given.run.bytesAvailable() > 0 && lost.run.bytesAvailable() > 0 &&
+            return stuck.format() == "4E0519" && given.run.bytesAvailable() > 0 &&
+                   lost.run.bytesAvailable() > 0 &&
                    unread.terminal.sensor->positionFrames() > 400; // it shows them by now
         }));
         QCOMPARE(given.format(), "4E0519");
@@ -282,6 +291,9 @@ private Q_SLOTS:
         interrupt(given.run, {SIGHUP, SIGINT});
         lost.terminal.sensor->vanish();
         QCOMPARE(lost.run.end(), 6);
+        QVERIFY(waitFor([&] { return stuck.format() == "4A0519"; })); // its time is over
+        interrupt(stuck.run, {SIGTERM});
+        QCOMPARE(stuck.run.end(), 7);
         for (Watch* watch : {&timed, &given, &piped})
             QCOMPARE(watch->run.end(), 0);
         QCOMPARE(early.run.end(), 130);
@@ -290,7 +302,7 @@ private Q_SLOTS:
         QCOMPARE(unread.format(), "4E0519");
         interrupt(unread.run, {SIGTERM});
         QCOMPARE(unread.run.end(), 7);
-        for (const Watch* watch : {&timed, &given, &piped, &closed, &unread, &early})
+        for (const Watch* watch : {&timed, &given, &piped, &closed, &unread, &stuck, &early})
             QCOMPARE(watch->format(), "4A0519");
         QCOMPARE(at(objectOf(lastLineOf(lost)), u"error/code"_s), u"format-not-restored"_s);
         QCOMPARE(piped.run.output.count('\n'), 1);
