@@ -182,6 +182,7 @@ void PagePane::switchPage(int row)
         m_pages[static_cast<std::size_t>(m_currentPage)].area->hide();
     }
     m_currentPage = row;
+    m_header->showSensor(); // a stop may have found none
     markShownPage();
     m_pageList->setCurrentRow(row, QItemSelectionModel::NoUpdate);
     layOut();

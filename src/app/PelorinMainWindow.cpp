@@ -145,6 +145,8 @@ void PelorinMainWindow::connectParts()
         if (m_link.linkFailed() == 1) // a Connect tells at its end
             m_notices->update();
     });
+    connect(m_connection, &ConnectionSupervisor::connected, &m_pages->header(),
+            &SensorHeader::showSensor);
     connect(m_connection, &ConnectionSupervisor::connected, this, &PelorinMainWindow::onConnected);
     connect(m_connection, &ConnectionSupervisor::connected, m_notices, &ConnectionNotices::update);
     connect(m_connection, &ConnectionSupervisor::formatKept, m_notices, &ConnectionNotices::tellOf);

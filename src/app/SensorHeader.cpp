@@ -82,9 +82,6 @@ SensorHeader::SensorHeader(QWidget* parent, const SafeWriter& writer)
     m_cancelButton->setProperty(BusyFilter::kUsableWhileBusy, true);
     m_cancelButton->setFocusPolicy(Qt::NoFocus); // Escape presses it
     m_cancelButton->setFixedHeight(height - 2);
-    QSizePolicy place = m_cancelButton->sizePolicy();
-    place.setRetainSizeWhenHidden(true); // nothing moves when it comes
-    m_cancelButton->setSizePolicy(place);
     m_cancelButton->hide();
     connect(m_cancelButton, &QPushButton::clicked, this, &SensorHeader::cancelChosen);
     layout->addWidget(m_cancelButton);

@@ -268,6 +268,9 @@ private Q_SLOTS:
     {
         Rig rig;
         QVERIFY(rig.startConnected());
+        QString lineBefore; // the header does not wait for the page to be read
+        connect(&rig.page<SensorHeader>(), &SensorHeader::connectedChanged, this,
+                [&] { lineBefore = rig.logged().last(); });
         for (const bool isRead : {false, true}) { // a page, else nothing
             rig.sensor().setFault({Fault::Vanish}, "ZA");
             if (isRead) {
@@ -281,6 +284,7 @@ private Q_SLOTS:
             rig.sensor().clearFaults();
             rig.sensor().comeBack();
             QVERIFY(rig.isConnected(isRead ? 3 : 2) && rig.restsOnItsPort());
+            QCOMPARE(lineBefore, u"SSI Type: 2"_s);
             QCOMPARE(rig.lightText(), u"Green: connected"_s);
             QCOMPARE(rig.header(), u"|Sensor connected|Type 2|Firmware revision 3A|SN012345|COM7"
                                    "|Safe writes off"_s);
