@@ -78,17 +78,25 @@ PagePane::PagePane(QWidget* window, SafeWriter& writer, PositionStream& stream,
     m_pageList->setFocus(); // at the start, whatever the strip has to tell
 }
 
-/// Without a sensor that is identified its values stay to be looked at, in gray.
+/// Without a sensor that is identified its values stay to be looked at, in gray. Buttons look as
+/// what they are: some need no sensor.
 void PagePane::showConnected(bool connected)
 {
     QPalette colors;
+    QPalette buttons;
     if (!connected) {
+        for (const auto group : {QPalette::Active, QPalette::Inactive})
+            buttons.setColor(group, QPalette::ButtonText,
+                             buttons.color(group, QPalette::ButtonText));
         for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
             colors.setColor(role, colors.color(QPalette::Disabled, role));
     }
     for (const Page& page : m_pages) {
-        if (page.ofSensor)
-            page.area->setPalette(colors);
+        if (!page.ofSensor)
+            continue;
+        page.area->setPalette(colors);
+        for (auto* button : page.area->findChildren<QPushButton*>())
+            button->setPalette(buttons);
     }
 }
 
