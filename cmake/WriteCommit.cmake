@@ -1,6 +1,7 @@
 # cmake -D SOURCE=<project folder> -D HEADER=<file> -P WriteCommit.cmake
 # Writes the commit that is built into a header, which stays untouched while the commit is the same.
 # Sources without their history, as in a release's archive, have none.
+cmake_minimum_required(VERSION 3.25)
 set(PELORIN_COMMIT "")
 find_program(GIT git)
 if(GIT AND EXISTS ${SOURCE}/.git)
