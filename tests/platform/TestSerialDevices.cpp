@@ -7,6 +7,7 @@
 
 #include <sys/stat.h>
 #include <sys/sysmacros.h>
+#include <unistd.h>
 
 using namespace pelorin;
 using namespace pelorin::test;
@@ -47,13 +48,14 @@ private Q_SLOTS:
         {
         };
         QCOMPARE(::stat((machine.root() + device).toUtf8().constData(), &status), 0);
-        const auto lock = [&status](ino_t inode) {
-            return QString::asprintf("1: FLOCK  ADVISORY  WRITE 77 %02x:%02x:%llu 0 EOF\n",
+        const auto lock = [&status](ino_t inode, int process = 1) {
+            return QString::asprintf("1: FLOCK  ADVISORY  WRITE %d %02x:%02x:%llu 0 EOF\n", process,
                                      major(status.st_dev), minor(status.st_dev),
                                      static_cast<unsigned long long>(inode))
                 .toUtf8();
         };
-        QVERIFY(machine.put(u"proc/locks"_s, lock(status.st_ino + 1)));
+        QVERIFY(machine.put(u"proc/locks"_s,
+                            lock(status.st_ino + 1) + lock(status.st_ino, ::getpid())));
         QVERIFY(devices.stateOf(device) == SerialDevices::State::Usable);
         QVERIFY(machine.put(u"proc/locks"_s, lock(status.st_ino + 1) + lock(status.st_ino)));
         QVERIFY(devices.stateOf(device) == SerialDevices::State::InUse);

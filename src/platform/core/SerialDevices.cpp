@@ -129,9 +129,10 @@ bool SerialDevices::isLocked(const QString& device) const
                                  .arg(minor(status->st_dev), 2, 16, QLatin1Char('0'))
                                  .arg(status->st_ino)
                                  .toLatin1();
+    const QByteArray ownPlace = ' ' + QByteArray::number(::getpid()) + place;
     const auto locks = textOf(m_root + QStringLiteral("/proc/locks"), kLargestLockList).split('\n');
-    return std::any_of(locks.begin(), locks.end(), [&place](const QByteArray& lock) {
-        return lock.contains("FLOCK") && lock.contains(place);
+    return std::any_of(locks.begin(), locks.end(), [&](const QByteArray& lock) {
+        return lock.contains("FLOCK") && lock.contains(place) && !lock.contains(ownPlace);
     });
 }
 

@@ -29,7 +29,7 @@ public:
         Usable,
         Missing,
         NotPermitted, ///< see groupOf
-        InUse         ///< by another program that has locked it, as most do
+        InUse         ///< by another program that has locked it, as most do; not by this one
     };
 
     /// @param root the folder that stands for the root of the file system; what is told is told
