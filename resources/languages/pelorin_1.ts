@@ -2568,5 +2568,10 @@ From then on %1 is read, and %2 no longer.</translation>
         <extracomment>the user has cancelled the reading of a page</extracomment>
         <translation>Reading was cancelled. What is empty was not read.</translation>
     </message>
+    <message id="2265">
+        <source>You have no permission to open %1. Only the administrator of the system can give access to it.</source>
+        <extracomment>%1 port</extracomment>
+        <translation>You have no permission to open %1. Only the administrator of the system can give access to it.</translation>
+    </message>
 </context>
 </TS>

@@ -2568,5 +2568,10 @@ Da allora viene letto %1, e %2 non più.</translation>
         <extracomment>the user has cancelled the reading of a page</extracomment>
         <translation>Lettura annullata. Ciò che è vuoto non è stato letto.</translation>
     </message>
+    <message id="2265">
+        <source>You have no permission to open %1. Only the administrator of the system can give access to it.</source>
+        <extracomment>%1 port</extracomment>
+        <translation>Non si ha il permesso di aprire %1. Solo l'amministratore del sistema può consentire l'accesso.</translation>
+    </message>
 </context>
 </TS>

@@ -2568,5 +2568,10 @@ Von da an wird %1 gelesen und %2 nicht mehr.</translation>
         <extracomment>the user has cancelled the reading of a page</extracomment>
         <translation>Das Lesen wurde abgebrochen. Was leer ist, wurde nicht gelesen.</translation>
     </message>
+    <message id="2265">
+        <source>You have no permission to open %1. Only the administrator of the system can give access to it.</source>
+        <extracomment>%1 port</extracomment>
+        <translation>Sie haben keine Berechtigung, %1 zu öffnen. Nur der Administrator des Systems kann den Zugriff erlauben.</translation>
+    </message>
 </context>
 </TS>

@@ -2568,5 +2568,10 @@ Désormais %1 est lu, et %2 ne l'est plus.</translation>
         <extracomment>the user has cancelled the reading of a page</extracomment>
         <translation>Lecture annulée. Ce qui est vide n'a pas été lu.</translation>
     </message>
+    <message id="2265">
+        <source>You have no permission to open %1. Only the administrator of the system can give access to it.</source>
+        <extracomment>%1 port</extracomment>
+        <translation>Vous n'avez pas l'autorisation d'ouvrir %1. Seul l'administrateur du système peut y donner accès.</translation>
+    </message>
 </context>
 </TS>

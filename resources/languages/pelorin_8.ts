@@ -2568,5 +2568,10 @@ Desde entonces se lee %1, y %2 ya no.</translation>
         <extracomment>the user has cancelled the reading of a page</extracomment>
         <translation>Lectura cancelada. Lo que está vacío no se ha leído.</translation>
     </message>
+    <message id="2265">
+        <source>You have no permission to open %1. Only the administrator of the system can give access to it.</source>
+        <extracomment>%1 port</extracomment>
+        <translation>No tiene permiso para abrir %1. Solo el administrador del sistema puede dar acceso.</translation>
+    </message>
 </context>
 </TS>

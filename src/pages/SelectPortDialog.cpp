@@ -4,6 +4,7 @@
 #include "platform/core/ComPortNames.h"
 #include "platform/core/LanguageStrings.h"
 #include "platform/core/PortNumbers.h"
+#include "platform/core/PortOpening.h"
 #include "platform/core/Strings.h"
 #include "platform/ui/MessageBox.h"
 
@@ -114,7 +115,7 @@ QString SelectPortDialog::stateText() const
     case State::Missing:
         return languageString(strings::kPortMissing).arg(device);
     case State::NotPermitted:
-        return languageString(strings::kNoPermission).arg(device, m_devices.groupOf(device));
+        return noPermissionText(device, device, m_devices);
     case State::InUse:
         return languageString(strings::kPortInUse).arg(device);
     case State::Usable:

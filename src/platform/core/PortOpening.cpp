@@ -38,13 +38,19 @@ QString PortFailure::message(const QString& deviceName) const
     if (step != PortStep::Open)
         return message;
     if (error == EACCES || error == EPERM) {
-        const QString group = SerialDevices().groupOf(ComPortNames().devicePath(deviceName));
-        message +=
-            QLatin1Char('\n') + languageString(strings::kNoPermission).arg(deviceName, group);
+        const QString device = ComPortNames().devicePath(deviceName);
+        message += QLatin1Char('\n') + noPermissionText(deviceName, device, SerialDevices());
     } else if (error == EBUSY) {
         message += QLatin1Char('\n') + languageString(strings::kPortInUse).arg(deviceName);
     }
     return message;
+}
+
+QString noPermissionText(const QString& name, const QString& device, const SerialDevices& devices)
+{
+    const QString group = devices.groupOf(device);
+    return group.isEmpty() ? languageString(strings::kPermissionOfAdministrator).arg(name)
+                           : languageString(strings::kNoPermission).arg(name, group);
 }
 
 PortFailure openPort(ComPort& port, const LineSettings& line)

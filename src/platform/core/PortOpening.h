@@ -11,6 +11,7 @@
 namespace pelorin {
 
 class ComPort;
+class SerialDevices;
 
 /// Which step of making a port ready failed. The value is the number of the text that says so.
 enum class PortStep : int {
@@ -33,6 +34,11 @@ struct PortFailure
     /// What the user is told about a failure, in the current language.
     [[nodiscard]] QString message(const QString& deviceName) const;
 };
+
+/// What a user who may not use a port is told and advised.
+/// @param name of the port for the user
+[[nodiscard]] QString noPermissionText(const QString& name, const QString& device,
+                                       const SerialDevices& devices);
 
 /// Opens a port and sets its line, the usual time limits and queues of 128 bytes. A port that
 /// cannot be configured is closed again.

@@ -139,7 +139,8 @@ bool SerialDevices::isLocked(const QString& device) const
 QString SerialDevices::groupOf(const QString& device) const
 {
     const auto status = statusOf(m_root + device);
-    if (!status)
+    constexpr mode_t kReadWrite = S_IRGRP | S_IWGRP;
+    if (!status || status->st_gid == 0 || (status->st_mode & kReadWrite) != kReadWrite)
         return QString();
     std::array<char, 16384> buffer{};
     struct group entry

@@ -42,7 +42,8 @@ public:
 
     [[nodiscard]] State stateOf(const QString& device) const;
 
-    /// The name of the group that may use a device, or its number; empty if there is no device.
+    /// The name, or the number, of the group whose members may read and write a device; empty if
+    /// there is none, or only that of the administrator, which nobody should join.
     [[nodiscard]] QString groupOf(const QString& device) const;
 
     /// Whether an error in opening a device may be over by itself soon, since the device was just

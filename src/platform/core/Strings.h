@@ -63,6 +63,7 @@ inline constexpr int kNoPort = 115;
 inline constexpr int kAskForOtherPort = 167;
 inline constexpr int kSimulated = 1000;
 inline constexpr int kNoPermission = 1001;
+inline constexpr int kPermissionOfAdministrator = 2265;
 inline constexpr int kAdapterTaken = 2172;
 inline constexpr int kPortInUse = 1002;
 inline constexpr int kPortLabel = 1010;
