@@ -91,7 +91,8 @@ void TraceDrawing::drawPositions(PositionPoints points) const
     };
     for (const PositionColumn& column :
          positionColumns(points, m_scale.from - kRounding, m_scale.secondsPerPixel())) {
-        if (!line.isEmpty() && column.first.seconds - before > kPositionSilence)
+        const bool isSilent = column.first.seconds - before > kPositionSilence;
+        if (!line.isEmpty() && (isSilent || column.first.isFirst))
             draw();
         before = column.last.seconds;
         const int x = m_scale.area.left() + column.column;

@@ -40,12 +40,13 @@ std::optional<double> slopeOf(PositionPoints points)
 /// would lose the noise.
 void PositionTally::add(const PositionPoint& point)
 {
-    const auto& [seconds, value] = point;
+    const auto& [seconds, value, isFirst] = point;
     const bool first = m_figures.count == 0;
-    const double gap = first ? 0.0 : seconds - m_before;
+    const bool hasGap = !first && !isFirst;
+    const double gap = hasGap ? seconds - m_before : 0.0;
     m_before = seconds;
     m_figures.longestGap = std::max(m_figures.longestGap, gap);
-    if (!first && gap < kPositionSilence) {
+    if (hasGap && gap < kPositionSilence) {
         m_streamed += gap;
         ++m_intervals;
     }

@@ -13,6 +13,7 @@ struct PositionPoint
 {
     double seconds = 0.0; ///< since a moment that all points share
     double millimetres = 0.0;
+    bool isFirst = false; ///< of a stream: before it none was waited for
 
     bool operator==(const PositionPoint&) const = default;
 };
