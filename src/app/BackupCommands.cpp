@@ -129,7 +129,8 @@ BackupCommands::End BackupCommands::runWithFile(Mode mode)
         return {.message = outcome.message()};
     const auto values = file.values();
     if (!values)
-        return {.message = languageString(strings::kNoBackupFile)};
+        return {.message = mode == Mode::Compare ? file.refusal()
+                                                 : languageString(strings::kNoBackupFile)};
     if (mode == Mode::Compare)
         return review(mode, {*values, path});
     const auto faults = BackupFaults::of(*values, sensorType(link().ssiType()).backup);

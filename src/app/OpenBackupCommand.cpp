@@ -21,7 +21,7 @@ void OpenBackupCommand::run() const
         return m_gate.addNotice(outcome.message());
     const auto values = file.values();
     if (!values)
-        return m_gate.addNotice(languageString(strings::kNoBackupFile));
+        return m_gate.addNotice(file.refusal());
     ReviewDialog dialog(&m_window,
                         {.purpose = ReviewDialog::Purpose::Show, .source = path, .saved = *values});
     (void)dialog.exec();

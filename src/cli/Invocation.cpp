@@ -91,9 +91,7 @@ Result readBackup(const QString& path, SensorValues& values)
         values = *saved;
         return {};
     }
-    return {.exit = ExitCode::FileUnfit,
-            .code = "no-backup",
-            .text = path + QStringLiteral(": ") + languageString(strings::kNoBackupFile)};
+    return {.exit = ExitCode::FileUnfit, .code = "no-backup", .text = file.refusal()};
 }
 
 Result usage(const QString& text)

@@ -1,6 +1,8 @@
 #include "sensor/BackupFile.h"
 
 #include "platform/core/HexText.h"
+#include "platform/core/LanguageStrings.h"
+#include "platform/core/Strings.h"
 
 #include <QList>
 
@@ -29,6 +31,11 @@ WholeFile::Outcome BackupFile::read()
     const auto [outcome, content] = m_file.read(kLargestFile);
     m_text = content;
     return outcome;
+}
+
+QString BackupFile::refusal() const
+{
+    return path() + QStringLiteral(": ") + languageString(strings::kNoBackupFile);
 }
 
 QByteArray BackupFile::textOf(const SensorValues& values)

@@ -30,6 +30,8 @@ public:
     [[nodiscard]] WholeFile::Outcome read();
     /// What was read; nothing if it is no backup file.
     [[nodiscard]] std::optional<SensorValues> values() const { return valuesOf(m_text); }
+    /// What the user is told of a file that is no backup file, with its path.
+    [[nodiscard]] QString refusal() const;
 
     /// The text of a file with these values, and the values of such a text; nothing if the text
     /// does not begin with the marker line.

@@ -103,7 +103,7 @@ private Q_SLOTS:
             QCOMPARE(rig.save(command, {}), QString());
         QVERIFY(rig.folder.put(u"none.dat"_s, "text"));
         QCOMPARE(rig.save(kOpenBackupCommand, u"none.dat"_s),
-                 u"This is not a backup file of Pelorin."_s);
+                 rig.folder.path(u"none.dat"_s) + u": This is not a backup file of Pelorin."_s);
         rig.sensor().setFault({SimulatedFault::Kind::Short, 3}, "Z");
         QCOMPARE(rig.save(kReportCommand, u"report"_s),
                  u"Parameter 90 could not be read from the sensor."_s);
