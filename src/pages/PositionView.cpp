@@ -29,6 +29,21 @@ constexpr int kDurations[] = {10, 30, 60, 120, 300, 600};
 constexpr int kFirstDuration = 1;
 constexpr int kRateDecimals = 1;
 
+QString rangeSection()
+{
+    return QStringLiteral("Trace");
+}
+
+QString lowName()
+{
+    return QStringLiteral("Low");
+}
+
+QString highName()
+{
+    return QStringLiteral("High");
+}
+
 QString number(std::optional<double> value, int decimals)
 {
     return value ? numberText(*value, decimals) : QString();
@@ -37,7 +52,7 @@ QString number(std::optional<double> value, int decimals)
 } // namespace
 
 PositionView::PositionView(Kind kind, QWidget* parent)
-    : QWidget(parent), m_trace(new PositionTrace(this))
+    : QWidget(parent), m_kind(kind), m_trace(new PositionTrace(this))
 {
     auto* layout = new QGridLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -156,7 +171,7 @@ void PositionView::makeControls(Kind kind)
     m_holdRange = add(new QCheckBox(this), "holdRangeCheck", strings::kHoldRange);
     connect(m_holdRange, &QAbstractButton::toggled, m_trace, &PositionTrace::setRangeHeld);
     if (kind == Kind::Live) {
-        keepHeldRange();
+        holdKeptRange();
         QAbstractButton* pause = add(new QPushButton(this), "pauseButton", strings::kPause);
         pause->setCheckable(true);
         connect(pause, &QAbstractButton::toggled, this, [this](bool paused) {
@@ -177,31 +192,44 @@ void PositionView::makeControls(Kind kind)
     static_cast<QGridLayout*>(layout())->addLayout(m_controls, 1, 0, 1, 2);
 }
 
-/// The range that was held in the run before is held, and the next run gets that of this one.
-void PositionView::keepHeldRange()
+/// The range that was held in the run before is held.
+void PositionView::holdKeptRange()
 {
-    const QString section = QStringLiteral("Trace");
-    const QString low = QStringLiteral("Low");
-    const QString high = QStringLiteral("High");
-    const auto texts = Profile().readTexts(section);
-    const TraceRange kept{texts.value(low).toDouble(), texts.value(high).toDouble()};
+    const auto texts = Profile().readTexts(rangeSection());
+    const TraceRange kept{texts.value(lowName()).toDouble(), texts.value(highName()).toDouble()};
     if (kept.low < kept.high && std::isfinite(kept.high - kept.low)) {
+        m_keptRange = kept;
         m_trace->holdRange(kept);
         m_holdRange->setChecked(true);
     }
     m_rangeTimer.setSingleShot(true);
     m_rangeTimer.setInterval(kRangeRest);
-    connect(&m_rangeTimer, &QTimer::timeout, this, [this, section, low, high] {
-        const TraceRange range = m_trace->scale().range;
-        const auto textOf = [isHeld = m_holdRange->isChecked()](double millimetres) {
-            return isHeld ? QString::number(millimetres, 'g', 17) : QString();
-        };
-        Profile profile;
-        tellUnkept(window(), profile.writeTexts(
-                                 section, {{low, textOf(range.low)}, {high, textOf(range.high)}}));
-    });
+    connect(&m_rangeTimer, &QTimer::timeout, this, [this] { tellUnkept(window(), keepRange()); });
     connect(m_holdRange, &QAbstractButton::clicked, &m_rangeTimer, qOverload<>(&QTimer::start));
     connect(m_trace, &PositionTrace::rangeHeld, &m_rangeTimer, qOverload<>(&QTimer::start));
+}
+
+/// The next run gets the range of this one, unless there is none before the first position.
+WholeFile::Outcome PositionView::keepRange()
+{
+    m_rangeTimer.stop();
+    const TraceRange range = m_trace->scale().range;
+    const bool isHeld = m_holdRange->isChecked();
+    const auto wanted = isHeld ? std::optional(range) : std::nullopt;
+    if (m_kind != Kind::Live || wanted == m_keptRange || (isHeld && range.low >= range.high))
+        return {};
+    m_keptRange = wanted;
+    const auto textOf = [isHeld](double millimetres) {
+        return isHeld ? QString::number(millimetres, 'g', 17) : QString();
+    };
+    return Profile().writeTexts(rangeSection(),
+                                {{lowName(), textOf(range.low)}, {highName(), textOf(range.high)}});
+}
+
+void PositionView::hideEvent(QHideEvent* event)
+{
+    (void)keepRange(); // the window may close: nobody could be told
+    QWidget::hideEvent(event);
 }
 
 void PositionView::addButton(QPushButton* button)

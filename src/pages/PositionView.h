@@ -1,5 +1,7 @@
 #pragma once
 
+#include "pages/TraceScale.h"
+#include "platform/core/WholeFile.h"
 #include "sensor/PositionFigures.h"
 
 #include <QList>
@@ -45,6 +47,9 @@ public:
     void addButton(QPushButton* button);
     void translate();
 
+protected:
+    void hideEvent(QHideEvent* event) override;
+
 private:
     struct Figure
     {
@@ -57,7 +62,8 @@ private:
 
     void makeFigures(Kind kind);
     void makeControls(Kind kind);
-    void keepHeldRange();
+    void holdKeptRange();
+    [[nodiscard]] WholeFile::Outcome keepRange();
     void zoom(int steps);
     void showFigures();
     void showFiguresSoon();
@@ -66,6 +72,7 @@ private:
     [[nodiscard]] int malformedShown() const;
     [[nodiscard]] QString length(std::optional<double> millimetres) const;
 
+    const Kind m_kind;
     PositionTrace* m_trace = nullptr;
     QLabel* m_timeCaption = nullptr;
     QComboBox* m_durations = nullptr;
@@ -80,7 +87,8 @@ private:
     bool m_isStreaming = false;
     std::optional<double> m_recorded; ///< seconds
     QTimer m_figuresTimer;
-    QTimer m_rangeTimer; ///< after it what was moved many times is kept once
+    std::optional<TraceRange> m_keptRange; ///< in the profile
+    QTimer m_rangeTimer;                   ///< after it what was moved many times is kept once
 };
 
 } // namespace pelorin

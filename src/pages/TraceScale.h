@@ -13,6 +13,7 @@ struct TraceRange
     double low = 0.0;
     double high = 0.0;
 
+    bool operator==(const TraceRange&) const = default;
     /// As high as before or less, around a position that stays where it is.
     [[nodiscard]] TraceRange zoomed(double factor, double millimetres) const;
     /// @param share of the height; upwards if positive

@@ -218,6 +218,19 @@ private Q_SLOTS:
         QCOMPARE(rig.figure(1841), QStringLiteral("0.99 mm"));
     }
 
+    void rangeIsKeptOnceThereIsOne()
+    {
+        Rig rig(PositionView::Kind::Live);
+        rig.click("holdRangeCheck");
+        rig.view.hide();
+        QVERIFY(Profile().readTexts(u"Trace"_qs).isEmpty());
+        rig.view.show();
+        rig.come(0, 11);
+        QTRY_VERIFY(rig.view.trace().scale().range.high > 10);
+        rig.view.close();
+        QVERIFY(Rig(PositionView::Kind::Live).view.trace().scale().range.high > 10);
+    }
+
     void rangeAndTimeAreMovedByKeysAndWheel()
     {
         Recording rig(hour()); // 0 to 36 mm
