@@ -164,8 +164,10 @@ void MagnetPositionPage::getCurrentValues()
                                          : strings::kNotConnected);
     } else if (m_stream.isStreaming()) {
         clearStatusText();
-    } else if (!m_stream.start()) {
-        setStatusText(strings::kConnecting);
+    } else {
+        m_view->begin(secondsAt(Clock::now()));
+        if (!m_stream.start())
+            setStatusText(strings::kConnecting);
     }
 }
 
@@ -205,6 +207,7 @@ void MagnetPositionPage::beginStreaming()
         m_view->clear();
         m_origin = Clock::now();
     }
+    m_view->begin(secondsAt(Clock::now()));
     m_pollTimer.start();
     m_recordButton->setEnabled(true);
     m_view->setStreaming(true);

@@ -12,6 +12,7 @@
 #include <algorithm>
 #include <chrono>
 #include <cmath>
+#include <utility>
 
 namespace pelorin {
 
@@ -42,8 +43,10 @@ PositionTrace::PositionTrace(QWidget* parent) : QWidget(parent)
 
 void PositionTrace::append(PositionPoints points)
 {
-    for (const PositionPoint& point : points)
+    for (PositionPoint point : points) {
+        point.isFirst = std::exchange(m_hasNone, false);
         m_live.append(point);
+    }
     if (m_live.isEmpty())
         return;
     const double oldest = m_live.last().seconds - kLongest;

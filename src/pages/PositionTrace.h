@@ -27,6 +27,10 @@ public:
 
     /// Adds what has come. It is shown at most 30 times a second, and not while paused.
     void append(PositionPoints points);
+    /// Tells that the stream begins anew: before its first position none was waited for.
+    void begin() { m_hasNone = true; }
+    /// Whether the stream has no position yet; what there is has come of one before it.
+    [[nodiscard]] bool hasNone() const { return m_hasNone; }
     /// Tells that positions were waited for until now: the trace goes on without them.
     void waitUntil(double seconds);
     /// Forgets what has come, but not what is shown while paused.
@@ -101,6 +105,7 @@ private:
 
     QList<PositionPoint> m_live;
     QList<PositionPoint> m_frozen; ///< what is shown while frozen
+    bool m_hasNone = false;
     bool m_isFrozen = false;
     bool m_isRecording = false;
     double m_duration = 30.0;

@@ -14,6 +14,8 @@
 #include <QLabel>
 #include <QPushButton>
 
+#include <algorithm>
+#include <array>
 #include <chrono>
 #include <cmath>
 
@@ -269,6 +271,13 @@ void PositionView::append(PositionPoints points, int malformed, double seconds)
         m_malformed.removeFirst();
 }
 
+void PositionView::begin(double seconds)
+{
+    m_begun = seconds;
+    m_trace->begin();
+    showFigures();
+}
+
 void PositionView::clear()
 {
     m_malformed.clear();
@@ -290,9 +299,10 @@ void PositionView::setRecorded(std::optional<double> seconds)
 
 int PositionView::malformedShown() const
 {
+    const double from = isWaiting() ? m_begun : m_trace->from();
     int count = 0;
     for (const auto& [seconds, frames] : m_trace->isPaused() ? m_frozenMalformed : m_malformed) {
-        if (seconds >= m_trace->from() && seconds <= m_trace->end())
+        if (seconds >= from && seconds <= m_trace->end())
             count += frames;
     }
     return count;
@@ -304,12 +314,27 @@ QString PositionView::length(std::optional<double> millimetres) const
                        : QString();
 }
 
-/// Frames that are none, and what was recorded, are told also where no positions are.
+/// What is paused is told as it was.
+bool PositionView::isWaiting() const
+{
+    return m_trace->hasNone() && !m_trace->isPaused();
+}
+
+/// What a stream before amounted to would be taken for what the sensor sends now.
+PositionFigures PositionView::shownFigures() const
+{
+    return isWaiting() ? PositionFigures() : positionFigures(m_trace->visible(), m_trace->end());
+}
+
+/// Frames that are none, what was recorded, and what the cursor is at are told also without
+/// positions.
 QString PositionView::textOf(const Figure& figure, const PositionFigures& figures)
 {
-    const bool isKnown = figures.count > 0 || figure.caption == strings::kMalformedFrames ||
-                         figure.caption == strings::kRecorded;
-    return isKnown ? figure.text(figures) : QString();
+    constexpr std::array kAlwaysTold = {strings::kMalformedFrames, strings::kRecorded,
+                                        strings::kCursorTime, strings::kCursorPosition};
+    const bool isTold =
+        figures.count > 0 || std::ranges::find(kAlwaysTold, figure.caption) != kAlwaysTold.end();
+    return isTold ? figure.text(figures) : QString();
 }
 
 void PositionView::zoom(int steps)
@@ -329,7 +354,7 @@ void PositionView::showFiguresSoon()
 
 void PositionView::showFigures()
 {
-    const PositionFigures figures = positionFigures(m_trace->visible(), m_trace->end());
+    const PositionFigures figures = shownFigures();
     QStringList words;
     for (const Figure& figure : m_figures) {
         QString text = textOf(figure, figures);
@@ -349,7 +374,7 @@ void PositionView::showFigures()
 
 void PositionView::copyFigures() const
 {
-    const PositionFigures figures = positionFigures(m_trace->visible(), m_trace->end());
+    const PositionFigures figures = shownFigures();
     QString text;
     for (const Figure& figure : m_figures) {
         text += languageString(figure.caption) + u'\t' + textOf(figure, figures) + u'\t' +

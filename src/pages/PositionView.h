@@ -38,6 +38,10 @@ public:
     void append(PositionPoints points, int malformed, double seconds);
     /// Tells whether positions come: what the magnet does now is not known without them.
     void setStreaming(bool streaming);
+    /// Tells that a stream is begun: the trace keeps what came of the one before, but until a
+    /// position comes there are no figures.
+    /// @param seconds now
+    void begin(double seconds);
     /// Forgets what has come.
     void clear();
     /// Tells how much is recorded; nothing if nothing was.
@@ -68,6 +72,8 @@ private:
     void showFigures();
     void showFiguresSoon();
     void copyFigures() const;
+    [[nodiscard]] bool isWaiting() const;
+    [[nodiscard]] PositionFigures shownFigures() const;
     [[nodiscard]] static QString textOf(const Figure& figure, const PositionFigures& figures);
     [[nodiscard]] int malformedShown() const;
     [[nodiscard]] QString length(std::optional<double> millimetres) const;
@@ -84,6 +90,7 @@ private:
     std::vector<Figure> m_figures;
     QList<std::pair<double, int>> m_malformed;       ///< when, and how many frames
     QList<std::pair<double, int>> m_frozenMalformed; ///< as they were when the trace was paused
+    double m_begun = 0.0;                            ///< seconds, when the stream was begun
     bool m_isStreaming = false;
     std::optional<double> m_recorded; ///< seconds
     QTimer m_figuresTimer;

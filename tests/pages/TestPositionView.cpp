@@ -216,6 +216,13 @@ private Q_SLOTS:
         rig.view.setStreaming(false);
         QCOMPARE(rig.figure(159), QString());
         QCOMPARE(rig.figure(1841), QStringLiteral("0.99 mm"));
+        rig.view.append({}, 2, 1);
+        rig.view.begin(3);
+        QCOMPARE(rig.figure(1841) + rig.figure(1846), QString());
+        rig.come(8, 9);
+        QTRY_COMPARE(rig.figure(1841), QStringLiteral("8.99 mm"));
+        QCOMPARE(rig.figure(1861), QStringLiteral("0.0100 s"));
+        QCOMPARE(rig.figure(1846), QStringLiteral("2"));
     }
 
     void rangeIsKeptOnceThereIsOne()
