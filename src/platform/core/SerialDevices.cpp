@@ -26,7 +26,7 @@ using namespace std::chrono_literals;
 namespace {
 
 constexpr qint64 kLargestText = 4096;
-constexpr qint64 kLargestLockList = 1024 * 1024;
+constexpr qint64 kLargestLockList = qint64{1024} * 1024;
 
 /// How long an error may stay that comes from plugging in alone.
 constexpr auto kPermissionsSet = 2s;
