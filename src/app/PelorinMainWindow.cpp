@@ -483,8 +483,8 @@ void PelorinMainWindow::closeEvent(QCloseEvent* event)
         return;
     }
     event->ignore();
-    if (event->spontaneous() && !m_gate.isCloseWanted() && !m_pages->mayDiscard(m_gate))
-        return;
+    if (event->spontaneous() && !m_gate.isCloseWanted())
+        return m_closing->askFirst();
     m_gate.requestClose();
     if (m_displayUnit)
         m_displayUnit->close();

@@ -249,7 +249,7 @@ private Q_SLOTS:
         const auto byHand = [](OutputRig& rig) {
             QCloseEvent event;
             QSpontaneKeyEvent::setSpontaneous(&event);
-            (void)qApp->notify(&rig.window(), &event);
+            (void)qApp->notify(rig.window().windowHandle(), &event); // as the desktop does
         };
         forEachRow(
             std::vector<Row>{
@@ -258,8 +258,12 @@ private Q_SLOTS:
                 {"a signal", [](OutputRig& rig) { rig.window().close(); }, false},
                 {"a signal while it is asked",
                  [byHand](OutputRig& rig) {
-                     QTimer::singleShot(0, &rig.window(), [&rig] { rig.window().close(); });
+                     const ModalAnswer<QMessageBox> signal([&rig](QMessageBox& box) {
+                         rig.window().close();
+                         QVERIFY(!box.isVisible());
+                     });
                      byHand(rig);
+                     QVERIFY(waitFor([&] { return signal.wasShown(); }));
                  },
                  false}},
             [](const Row& row) {
