@@ -223,8 +223,9 @@ void PelorinMainWindow::chooseCommand(int command)
 {
     if (isBusy())
         return;
-    if (losesEntries(command) && m_pages->entryCount() != 0 &&
-        (!m_gate.isFree() || !m_pages->mayDiscard(m_gate)))
+    const auto leaving =
+        command == kExitCommand ? PagePane::Leaving::Window : PagePane::Leaving::Page;
+    if (losesEntries(command) && !m_pages->mayDiscard(m_gate, leaving))
         return;
     postCommand(command);
 }

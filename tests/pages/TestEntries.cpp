@@ -6,7 +6,6 @@
 #include "support/Rows.h"
 #include "support/WaitFor.h"
 
-#include <QCloseEvent>
 #include <QComboBox>
 #include <QGroupBox>
 #include <QLabel>
@@ -246,23 +245,18 @@ private Q_SLOTS:
             std::function<void(OutputRig&)> act;
             bool asks;
         };
-        const auto byHand = [](OutputRig& rig) {
-            QCloseEvent event;
-            QSpontaneKeyEvent::setSpontaneous(&event);
-            (void)qApp->notify(rig.window().windowHandle(), &event); // as the desktop does
-        };
         forEachRow(
             std::vector<Row>{
                 {"Exit", [](OutputRig& rig) { QVERIFY(rig.clickCommand(kExitCommand)); }, true},
-                {"the window's button", byHand, true},
+                {"the window's button", [](OutputRig& rig) { rig.closeByHand(); }, true},
                 {"a signal", [](OutputRig& rig) { rig.window().close(); }, false},
                 {"a signal while it is asked",
-                 [byHand](OutputRig& rig) {
+                 [](OutputRig& rig) {
                      const ModalAnswer<QMessageBox> signal([&rig](QMessageBox& box) {
                          rig.window().close();
                          QVERIFY(!box.isVisible());
                      });
-                     byHand(rig);
+                     rig.closeByHand();
                      QVERIFY(waitFor([&] { return signal.wasShown(); }));
                  },
                  false}},
