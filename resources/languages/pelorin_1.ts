@@ -2568,6 +2568,14 @@ From then on %1 is read, and %2 no longer.</translation>
         <extracomment>the user has cancelled the reading of a page</extracomment>
         <translation>Reading was cancelled. What is empty was not read.</translation>
     </message>
+    <message id="2260">
+        <source>The tables of the page for temperature compensation hold values that are in no file. Discard them?</source>
+        <translation>The tables of the page for temperature compensation hold values that are in no file. Discard them?</translation>
+    </message>
+    <message id="2261">
+        <source>The file replaces values of the table that are in no file. Discard them?</source>
+        <translation>The file replaces values of the table that are in no file. Discard them?</translation>
+    </message>
     <message id="2265">
         <source>You have no permission to open %1. Only the administrator of the system can give access to it.</source>
         <extracomment>%1 port</extracomment>

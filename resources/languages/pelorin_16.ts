@@ -2568,6 +2568,14 @@ Da allora viene letto %1, e %2 non più.</translation>
         <extracomment>the user has cancelled the reading of a page</extracomment>
         <translation>Lettura annullata. Ciò che è vuoto non è stato letto.</translation>
     </message>
+    <message id="2260">
+        <source>The tables of the page for temperature compensation hold values that are in no file. Discard them?</source>
+        <translation>Le tabelle della pagina della compensazione di temperatura contengono valori che non sono in nessun file. Eliminarli?</translation>
+    </message>
+    <message id="2261">
+        <source>The file replaces values of the table that are in no file. Discard them?</source>
+        <translation>Il file sostituisce valori della tabella che non sono in nessun file. Eliminarli?</translation>
+    </message>
     <message id="2265">
         <source>You have no permission to open %1. Only the administrator of the system can give access to it.</source>
         <extracomment>%1 port</extracomment>

@@ -2568,6 +2568,14 @@ Von da an wird %1 gelesen und %2 nicht mehr.</translation>
         <extracomment>the user has cancelled the reading of a page</extracomment>
         <translation>Das Lesen wurde abgebrochen. Was leer ist, wurde nicht gelesen.</translation>
     </message>
+    <message id="2260">
+        <source>The tables of the page for temperature compensation hold values that are in no file. Discard them?</source>
+        <translation>Die Tabellen der Seite für die Temperaturkompensation enthalten Werte, die in keiner Datei stehen. Sollen sie verworfen werden?</translation>
+    </message>
+    <message id="2261">
+        <source>The file replaces values of the table that are in no file. Discard them?</source>
+        <translation>Die Datei ersetzt Werte der Tabelle, die in keiner Datei stehen. Sollen sie verworfen werden?</translation>
+    </message>
     <message id="2265">
         <source>You have no permission to open %1. Only the administrator of the system can give access to it.</source>
         <extracomment>%1 port</extracomment>

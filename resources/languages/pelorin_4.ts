@@ -2568,6 +2568,14 @@ Désormais %1 est lu, et %2 ne l'est plus.</translation>
         <extracomment>the user has cancelled the reading of a page</extracomment>
         <translation>Lecture annulée. Ce qui est vide n'a pas été lu.</translation>
     </message>
+    <message id="2260">
+        <source>The tables of the page for temperature compensation hold values that are in no file. Discard them?</source>
+        <translation>Les tableaux de la page de compensation de température contiennent des valeurs qui ne sont dans aucun fichier. Les abandonner ?</translation>
+    </message>
+    <message id="2261">
+        <source>The file replaces values of the table that are in no file. Discard them?</source>
+        <translation>Le fichier remplace des valeurs du tableau qui ne sont dans aucun fichier. Les abandonner ?</translation>
+    </message>
     <message id="2265">
         <source>You have no permission to open %1. Only the administrator of the system can give access to it.</source>
         <extracomment>%1 port</extracomment>

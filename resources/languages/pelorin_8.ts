@@ -2568,6 +2568,14 @@ Desde entonces se lee %1, y %2 ya no.</translation>
         <extracomment>the user has cancelled the reading of a page</extracomment>
         <translation>Lectura cancelada. Lo que está vacío no se ha leído.</translation>
     </message>
+    <message id="2260">
+        <source>The tables of the page for temperature compensation hold values that are in no file. Discard them?</source>
+        <translation>Las tablas de la página de compensación de temperatura contienen valores que no están en ningún archivo. ¿Desea descartarlos?</translation>
+    </message>
+    <message id="2261">
+        <source>The file replaces values of the table that are in no file. Discard them?</source>
+        <translation>El archivo sustituye valores de la tabla que no están en ningún archivo. ¿Desea descartarlos?</translation>
+    </message>
     <message id="2265">
         <source>You have no permission to open %1. Only the administrator of the system can give access to it.</source>
         <extracomment>%1 port</extracomment>

@@ -17,6 +17,18 @@ Closing::Closing(QWidget& window, Shared shared)
 {
 }
 
+void Closing::askFirst()
+{
+    QMetaObject::invokeMethod(this, &Closing::ask, Qt::QueuedConnection);
+}
+
+void Closing::ask()
+{
+    CommandGate& gate = m_shared.gate;
+    if (!gate.isCloseWanted() && m_shared.pages.mayDiscard(gate, PagePane::Leaving::Window))
+        m_window.close();
+}
+
 void Closing::goOn()
 {
     if (isDone())

@@ -38,6 +38,9 @@ public:
     /// Whether the window may close now.
     [[nodiscard]] bool isDone() const { return m_stage == Stage::Done; }
 
+    /// Closes the window once the user has agreed to lose what is entered. Asks from the event
+    /// loop: no other close, as that of a signal, would reach the window while it handles this one.
+    void askFirst();
     /// Does what can be done by now. Once the gate knows that the window is to close.
     void goOn();
     /// The same from the event loop, if the window is to close.
@@ -57,6 +60,7 @@ private:
         Done
     };
 
+    void ask();
     void enter(Stage stage);
     void endDialogs();
     void shutDown();

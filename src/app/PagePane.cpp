@@ -161,17 +161,25 @@ int PagePane::entryCount() const
     return page ? page->entryCount() : 0;
 }
 
-bool PagePane::mayDiscard(CommandGate& gate)
+bool PagePane::mayDiscard(CommandGate& gate, Leaving leaving)
 {
-    if (entryCount() == 0)
+    QStringList questions;
+    if (entryCount() != 0)
+        questions << languageString(strings::kAskToDiscard).arg(entryCount());
+    if (leaving == Leaving::Window && hasTables())
+        questions << languageString(strings::kAskToDiscardTables);
+    if (questions.isEmpty())
         return true;
+    if (!gate.isFree())
+        return false;
     const CommandGate::Scope scope(gate);
     const int answer =
-        askWithButtons(window(), languageString(strings::kAskToDiscard).arg(entryCount()),
+        askWithButtons(window(), questions.join(QStringLiteral("\n\n")),
                        {languageString(strings::kStay), languageString(strings::kDiscard)}, 0);
     if (answer != 1 || gate.isCloseWanted())
         return false;
-    shownPage()->discardEntries();
+    if (entryCount() != 0)
+        shownPage()->discardEntries();
     return true;
 }
 

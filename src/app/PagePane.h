@@ -41,9 +41,11 @@ public:
     [[nodiscard]] SensorPage* shownPage() const;
     /// How much the user has entered on the shown page and not applied.
     [[nodiscard]] int entryCount() const;
-    /// What the user has entered is discarded by nobody else: asks.
+    /// What is left: with the window go the tables for the temperature compensation, too.
+    enum class Leaving { Page, Window };
+    /// What the user has entered is discarded by nobody else: asks, if the gate is free.
     /// @return whether there is nothing of that (any more)
-    [[nodiscard]] bool mayDiscard(CommandGate& gate);
+    [[nodiscard]] bool mayDiscard(CommandGate& gate, Leaving leaving = Leaving::Page);
     /// Where the help tells of the shown page; empty without one.
     [[nodiscard]] QString helpAnchor() const;
 
@@ -54,7 +56,7 @@ public:
     /// Makes the page for the temperature compensation exist or not. One that is shown gives way to
     /// the first page.
     void showTempComp(bool shown);
-    /// Whether that page holds anything that the user has entered.
+    /// Whether that page holds what the user has entered and what is in no file.
     [[nodiscard]] bool hasTables() const;
 
     void translate();

@@ -225,8 +225,9 @@ void PelorinMainWindow::chooseCommand(int command)
 {
     if (isBusy())
         return;
-    if (losesEntries(command) && m_pages->entryCount() != 0 &&
-        (!m_gate.isFree() || !m_pages->mayDiscard(m_gate)))
+    const auto leaving =
+        command == kExitCommand ? PagePane::Leaving::Window : PagePane::Leaving::Page;
+    if (losesEntries(command) && !m_pages->mayDiscard(m_gate, leaving))
         return;
     postCommand(command);
 }
@@ -485,8 +486,8 @@ void PelorinMainWindow::closeEvent(QCloseEvent* event)
         return;
     }
     event->ignore();
-    if (event->spontaneous() && !m_gate.isCloseWanted() && !m_pages->mayDiscard(m_gate))
-        return;
+    if (event->spontaneous() && !m_gate.isCloseWanted())
+        return m_closing->askFirst();
     m_gate.requestClose();
     if (m_displayUnit)
         m_displayUnit->close();

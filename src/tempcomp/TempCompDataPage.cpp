@@ -51,6 +51,7 @@ constexpr int kRowPadding = 8; ///< room for the editor's frame
 constexpr int kPointColumn = 1;
 constexpr int kValueColumn = 2;
 constexpr int kArrayColumnCount = 11;
+constexpr int kInFileRole = Qt::UserRole; ///< of a cell: its text that is in a file, too
 
 /// Numbers the rows; all other cells start empty and can be edited.
 void fillRows(QTableWidget& list)
@@ -231,12 +232,18 @@ void TempCompDataPage::markCell(QTableWidgetItem& cell)
                                        : style()->standardIcon(QStyle::SP_MessageBoxWarning));
 }
 
+bool TempCompDataPage::isEntry(const QTableWidget& list, int row, int column) const
+{
+    const QString text = m_editor->text(list, row, column);
+    return !text.isEmpty() && text != list.item(row, column)->data(kInFileRole).toString();
+}
+
 bool TempCompDataPage::hasEntries() const
 {
     for (const QTableWidget* list : {m_lookupList, m_arrayList}) {
         for (int row = 0; row < kRowCount; ++row) {
             for (int column = 1; column < list->columnCount(); ++column) {
-                if (!m_editor->text(*list, row, column).isEmpty())
+                if (isEntry(*list, row, column))
                     return true;
             }
         }
@@ -255,6 +262,7 @@ void TempCompDataPage::writeToFile()
         warn(window(), outcome.message());
         return;
     }
+    keepAsInFile(kRowCount);
     const QStringList cells = cellsOtherThanTyped();
     if (!cells.isEmpty()) {
         warn(window(), languageString(strings::kOtherThanTyped) + QStringLiteral("\n\n") +
@@ -264,6 +272,7 @@ void TempCompDataPage::writeToFile()
 
 void TempCompDataPage::readFromFile()
 {
+    m_editor->commit();
     const QString path = chooseTable(window(), strings::kReadFromFile, QFileDialog::AcceptOpen);
     if (path.isEmpty())
         return;
@@ -272,8 +281,32 @@ void TempCompDataPage::readFromFile()
         warn(window(), outcome.message());
     } else if (!table) {
         warn(window(), languageString(strings::kNotATable));
-    } else {
+    } else if (mayReadOver(std::min(static_cast<int>(table->size()), kRowCount))) {
         showLookupTable(*table);
+    }
+}
+
+/// What the user has entered is replaced by nobody else: asks.
+bool TempCompDataPage::mayReadOver(int rows)
+{
+    bool entered = false;
+    for (int row = 0; row < rows; ++row) {
+        for (const int column : {kPointColumn, kValueColumn})
+            entered |= isEntry(*m_lookupList, row, column);
+    }
+    return !entered ||
+           askWithButtons(window(), languageString(strings::kAskToReadOver),
+                          {languageString(strings::kStay), languageString(strings::kDiscard)},
+                          0) == 1;
+}
+
+void TempCompDataPage::keepAsInFile(int rows)
+{
+    for (int row = 0; row < rows; ++row) {
+        for (const int column : {kPointColumn, kValueColumn}) {
+            QTableWidgetItem* cell = m_lookupList->item(row, column);
+            cell->setData(kInFileRole, cell->text());
+        }
     }
 }
 
@@ -291,11 +324,13 @@ CompensationTable TempCompDataPage::lookupTable() const
 void TempCompDataPage::showLookupTable(const CompensationTable& table)
 {
     const int entryCount = static_cast<int>(table.size());
-    for (int row = 0; row < std::min(entryCount, kRowCount); ++row) {
+    const int rows = std::min(entryCount, kRowCount);
+    for (int row = 0; row < rows; ++row) {
         const auto [point, value] = textsOf(table[static_cast<std::size_t>(row)]);
         m_lookupList->item(row, kPointColumn)->setText(point);
         m_lookupList->item(row, kValueColumn)->setText(value);
     }
+    keepAsInFile(rows);
     if (entryCount > kRowCount) {
         warn(window(), languageString(strings::kRowsIgnored)
                            .arg(QString::number(entryCount), QString::number(kRowCount),

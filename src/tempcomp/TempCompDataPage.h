@@ -23,7 +23,7 @@ class TempCompDataPage final : public SensorPage
 public:
     TempCompDataPage();
 
-    /// Whether a cell of either table holds anything.
+    /// Whether a cell of either table holds what neither came from a file nor was written to one.
     [[nodiscard]] bool hasEntries() const;
 
     void translate() override;
@@ -37,6 +37,9 @@ private:
     void readFromFile();
     [[nodiscard]] CompensationTable lookupTable() const;
     void showLookupTable(const CompensationTable& table);
+    [[nodiscard]] bool isEntry(const QTableWidget& list, int row, int column) const;
+    [[nodiscard]] bool mayReadOver(int rows);
+    void keepAsInFile(int rows);
     [[nodiscard]] QStringList cellsOtherThanTyped() const;
     void addClipboardActions(QTableWidget& list);
     void paste(QTableWidget& list);

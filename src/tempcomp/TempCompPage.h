@@ -17,7 +17,7 @@ class TempCompPage final : public SensorPage
 public:
     TempCompPage();
 
-    /// Whether the tables hold anything.
+    /// Whether the tables hold what is in no file.
     [[nodiscard]] bool hasEntries() const;
 
     void translate() override;

@@ -6,7 +6,6 @@
 #include "support/Rows.h"
 #include "support/WaitFor.h"
 
-#include <QCloseEvent>
 #include <QComboBox>
 #include <QGroupBox>
 #include <QLabel>
@@ -246,20 +245,19 @@ private Q_SLOTS:
             std::function<void(OutputRig&)> act;
             bool asks;
         };
-        const auto byHand = [](OutputRig& rig) {
-            QCloseEvent event;
-            QSpontaneKeyEvent::setSpontaneous(&event);
-            (void)qApp->notify(&rig.window(), &event);
-        };
         forEachRow(
             std::vector<Row>{
                 {"Exit", [](OutputRig& rig) { QVERIFY(rig.clickCommand(kExitCommand)); }, true},
-                {"the window's button", byHand, true},
+                {"the window's button", [](OutputRig& rig) { rig.closeByHand(); }, true},
                 {"a signal", [](OutputRig& rig) { rig.window().close(); }, false},
                 {"a signal while it is asked",
-                 [byHand](OutputRig& rig) {
-                     QTimer::singleShot(0, &rig.window(), [&rig] { rig.window().close(); });
-                     byHand(rig);
+                 [](OutputRig& rig) {
+                     const ModalAnswer<QMessageBox> signal([&rig](QMessageBox& box) {
+                         rig.window().close();
+                         QVERIFY(!box.isVisible());
+                     });
+                     rig.closeByHand();
+                     QVERIFY(waitFor([&] { return signal.wasShown(); }));
                  },
                  false}},
             [](const Row& row) {

@@ -16,6 +16,8 @@
 #include "support/TestRegistry.h"
 #include "support/WaitFor.h"
 
+#include <QApplication>
+#include <QCloseEvent>
 #include <QDir>
 #include <QKeyEvent>
 #include <QLabel>
@@ -24,6 +26,8 @@
 #include <QMenuBar>
 #include <QPushButton>
 #include <QTest>
+#include <QWindow>
+#include <QtTest/qtestspontaneevent.h>
 
 #include <functional>
 #include <memory>
@@ -117,6 +121,13 @@ public:
     {
         clickPage(row);
         return waitFor([&] { return m_window->currentPage() == row; }) && waitIdle();
+    }
+    /// Closes the window as the desktop does when its button is clicked.
+    void closeByHand()
+    {
+        QCloseEvent event;
+        QSpontaneKeyEvent::setSpontaneous(&event);
+        (void)qApp->notify(m_window->windowHandle(), &event);
     }
     void clickRefresh() { QTest::mouseClick(&page<QPushButton>("refreshButton"), Qt::LeftButton); }
     /// Opens the menu that has the command and clicks its item. @return false if it is greyed

@@ -1,5 +1,6 @@
 #include "tempcomp/TempCompDataPage.h"
 
+#include "app/Commands.h"
 #include "platform/core/LanguageStrings.h"
 #include "platform/core/Strings.h"
 #include "support/FileDialogUser.h"
@@ -12,6 +13,7 @@
 #include <QClipboard>
 #include <QListWidget>
 #include <QMessageBox>
+#include <QSignalSpy>
 #include <QTableWidget>
 
 using namespace Qt::StringLiterals;
@@ -55,6 +57,8 @@ struct Bench : MainWindowRig
     {
         auto& table = control<QTableWidget>(id);
         const QRect cell = table.visualItemRect(table.item(row, column));
+        window().activateWindow(); // which a dialog's end does not do off screen
+        (void)QTest::qWaitForWindowActive(&window());
         QTest::mouseClick(table.viewport(), Qt::LeftButton, {}, cell.center());
         QTest::keyClicks(QApplication::focusWidget(), text);
     }
@@ -214,6 +218,44 @@ private Q_SLOTS:
             "before is unchanged."_s.arg(folder.path(u"new.csv"_s)));
         QCOMPARE(folder.names(), u"memory.csv table.csv"_s);
         QCOMPARE(bench.column(1), u"1.25 0.0 2.0 2.0 2.0 2.0 2.0 2.0 2.0 2.0"_s);
+    }
+
+    void valuesThatAreInNoFileAreLostOnlyIfTheUserAgrees()
+    {
+        Bench bench;
+        QVERIFY(bench.open());
+        QVERIFY(bench.folder.put(kTable, kMarkerLine + "4,A\r\n4,A\r\n"));
+        const auto closing = [&bench](bool exit) { // what is asked; it is answered by Stay
+            QString asked;
+            const ModalAnswer<QMessageBox> stay([&asked](QMessageBox& box) {
+                asked = box.text();
+                QTest::keyClick(&box, Qt::Key_Return);
+            });
+            if (exit) {
+                (void)bench.clickCommand(kExitCommand);
+            } else {
+                bench.closeByHand();
+            }
+            QCoreApplication::processEvents();
+            return asked;
+        };
+        const QString question = languageString(strings::kAskToDiscardTables);
+        bench.type(0, 10, u"abc"_s, kArrayList);
+        QCOMPARE(closing(true), question);
+        bench.type(1, 2, u"7"_s);
+        bench.control<QTableWidget>(kArrayList).item(0, 10)->setText({});
+        QCOMPARE(closing(false), question);
+        QCOMPARE(bench.choose(kReadButton), languageString(strings::kAskToReadOver));
+        QCOMPARE(bench.column(2).trimmed(), u"7"_s);
+        QCOMPARE(bench.choose(kWriteButton, u"own.csv"_s), QString());
+        bench.type(9, 2, u"1"_s); // which that file does not reach
+        QCOMPARE(bench.choose(kReadButton), QString());
+        QCOMPARE(bench.column(2), u"10 10        1"_s);
+        QCOMPARE(closing(true), question);
+        QCOMPARE(bench.choose(kWriteButton, u"all.csv"_s), QString());
+        const QSignalSpy closed(&bench.window(), &PelorinMainWindow::closed);
+        QCOMPARE(closing(false), QString());
+        QVERIFY(waitFor([&closed] { return !closed.isEmpty(); }));
     }
 
     void pageIsThereOnlyWhereItIsEnabled()
