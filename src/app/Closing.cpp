@@ -25,7 +25,8 @@ void Closing::askFirst()
 void Closing::ask()
 {
     CommandGate& gate = m_shared.gate;
-    if (!gate.isCloseWanted() && m_shared.pages.mayDiscard(gate, PagePane::Leaving::Window))
+    if (!gate.isCloseWanted() && !CommandGate::isDialogOpen() &&
+        m_shared.pages.mayDiscard(gate, PagePane::Leaving::Window))
         m_window.close();
 }
 

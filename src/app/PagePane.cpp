@@ -161,17 +161,21 @@ int PagePane::entryCount() const
     return page ? page->entryCount() : 0;
 }
 
-bool PagePane::mayDiscard(CommandGate& gate, Leaving leaving)
+QStringList PagePane::questionsBefore(Leaving leaving) const
 {
     QStringList questions;
     if (entryCount() != 0)
         questions << languageString(strings::kAskToDiscard).arg(entryCount());
     if (leaving == Leaving::Window && hasTables())
         questions << languageString(strings::kAskToDiscardTables);
+    return questions;
+}
+
+bool PagePane::mayDiscard(CommandGate& gate, Leaving leaving)
+{
+    const QStringList questions = questionsBefore(leaving);
     if (questions.isEmpty())
         return true;
-    if (!gate.isFree())
-        return false;
     const CommandGate::Scope scope(gate);
     const int answer =
         askWithButtons(window(), questions.join(QStringLiteral("\n\n")),

@@ -43,7 +43,12 @@ public:
     [[nodiscard]] int entryCount() const;
     /// What is left: with the window go the tables for the temperature compensation, too.
     enum class Leaving { Page, Window };
-    /// What the user has entered is discarded by nobody else: asks, if the gate is free.
+    /// Whether that discards anything that the user has entered.
+    [[nodiscard]] bool losesEntries(Leaving leaving) const
+    {
+        return !questionsBefore(leaving).isEmpty();
+    }
+    /// What the user has entered is discarded by nobody else: asks.
     /// @return whether there is nothing of that (any more)
     [[nodiscard]] bool mayDiscard(CommandGate& gate, Leaving leaving = Leaving::Page);
     /// Where the help tells of the shown page; empty without one.
@@ -93,6 +98,7 @@ private:
     void addPage(Page page, const char* icon);
     void removeLastPage();
     void showConnected(bool connected);
+    [[nodiscard]] QStringList questionsBefore(Leaving leaving) const;
     void markShownPage();
     void showReading();
     [[nodiscard]] bool takeKey(int key);

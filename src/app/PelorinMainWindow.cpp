@@ -227,7 +227,8 @@ void PelorinMainWindow::chooseCommand(int command)
         return;
     const auto leaving =
         command == kExitCommand ? PagePane::Leaving::Window : PagePane::Leaving::Page;
-    if (losesEntries(command) && !m_pages->mayDiscard(m_gate, leaving))
+    if (losesEntries(command) && m_pages->losesEntries(leaving) &&
+        (!m_gate.isFree() || !m_pages->mayDiscard(m_gate, leaving)))
         return;
     postCommand(command);
 }
