@@ -85,9 +85,10 @@ void PagePane::showConnected(bool connected)
     QPalette colors;
     QPalette buttons;
     if (!connected) {
-        for (const auto group : {QPalette::Active, QPalette::Inactive})
+        for (const auto group : {QPalette::Active, QPalette::Inactive}) {
             buttons.setColor(group, QPalette::ButtonText,
                              buttons.color(group, QPalette::ButtonText));
+        }
         for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
             colors.setColor(role, colors.color(QPalette::Disabled, role));
     }
