@@ -1456,9 +1456,9 @@ Without that it cannot be put back. Write all the same?</translation>
         <translation>Close</translation>
     </message>
     <message id="1776">
-        <source>A write to this sensor (%1, %2) on %3 was not finished: the sensor may have all of it, a part of it or nothing.</source>
-        <extracomment>%1: device, %2: version answer, %3: time</extracomment>
-        <translation>A write to this sensor (%1, %2) on %3 was not finished: the sensor may have all of it, a part of it or nothing.</translation>
+        <source>A write to a sensor (%1, %2) on %3 was not finished. If it was this sensor, it has all of it, a part of it or nothing.</source>
+        <extracomment>%1: device, %2: version answer, %3: time; which sensor it was is known by these alone</extracomment>
+        <translation>A write to a sensor (%1, %2) on %3 was not finished. If it was this sensor, it has all of it, a part of it or nothing.</translation>
     </message>
     <message id="1777">
         <source>Show…</source>

@@ -1456,9 +1456,9 @@ Senza di ciò non può essere ripristinato. Scrivere comunque?</translation>
         <translation>Chiudi</translation>
     </message>
     <message id="1776">
-        <source>A write to this sensor (%1, %2) on %3 was not finished: the sensor may have all of it, a part of it or nothing.</source>
-        <extracomment>%1: device, %2: version answer, %3: time</extracomment>
-        <translation>Una scrittura in questo sensore (%1, %2) del %3 non è stata terminata: il sensore può averne tutto, una parte o nulla.</translation>
+        <source>A write to a sensor (%1, %2) on %3 was not finished. If it was this sensor, it has all of it, a part of it or nothing.</source>
+        <extracomment>%1: device, %2: version answer, %3: time; which sensor it was is known by these alone</extracomment>
+        <translation>Una scrittura in un sensore (%1, %2) del %3 non è stata terminata. Se era questo sensore, ne ha tutto, una parte o nulla.</translation>
     </message>
     <message id="1777">
         <source>Show…</source>

@@ -1456,9 +1456,9 @@ Ohne das kann es nicht zurückgeschrieben werden. Trotzdem schreiben?</translati
         <translation>Schließen</translation>
     </message>
     <message id="1776">
-        <source>A write to this sensor (%1, %2) on %3 was not finished: the sensor may have all of it, a part of it or nothing.</source>
-        <extracomment>%1: device, %2: version answer, %3: time</extracomment>
-        <translation>Das Schreiben in diesen Sensor (%1, %2) vom %3 wurde nicht beendet: der Sensor hat vielleicht alles davon, einen Teil oder nichts.</translation>
+        <source>A write to a sensor (%1, %2) on %3 was not finished. If it was this sensor, it has all of it, a part of it or nothing.</source>
+        <extracomment>%1: device, %2: version answer, %3: time; which sensor it was is known by these alone</extracomment>
+        <translation>Das Schreiben in einen Sensor (%1, %2) vom %3 wurde nicht beendet. Wenn es dieser Sensor war, hat er alles davon, einen Teil oder nichts.</translation>
     </message>
     <message id="1777">
         <source>Show…</source>

@@ -1456,9 +1456,9 @@ Sans cela, il ne peut pas être rétabli. Écrire malgré tout ?</translation>
         <translation>Fermer</translation>
     </message>
     <message id="1776">
-        <source>A write to this sensor (%1, %2) on %3 was not finished: the sensor may have all of it, a part of it or nothing.</source>
-        <extracomment>%1: device, %2: version answer, %3: time</extracomment>
-        <translation>Une écriture dans ce capteur (%1, %2) du %3 est restée inachevée : le capteur en a peut-être tout, une partie ou rien.</translation>
+        <source>A write to a sensor (%1, %2) on %3 was not finished. If it was this sensor, it has all of it, a part of it or nothing.</source>
+        <extracomment>%1: device, %2: version answer, %3: time; which sensor it was is known by these alone</extracomment>
+        <translation>Une écriture dans un capteur (%1, %2) du %3 est restée inachevée. Si c'était ce capteur, il en a tout, une partie ou rien.</translation>
     </message>
     <message id="1777">
         <source>Show…</source>

@@ -1456,9 +1456,9 @@ Sin eso no se puede restablecer. ¿Escribir de todos modos?</translation>
         <translation>Cerrar</translation>
     </message>
     <message id="1776">
-        <source>A write to this sensor (%1, %2) on %3 was not finished: the sensor may have all of it, a part of it or nothing.</source>
-        <extracomment>%1: device, %2: version answer, %3: time</extracomment>
-        <translation>Una escritura en este sensor (%1, %2) del %3 quedó sin terminar: el sensor puede tenerlo todo, una parte o nada.</translation>
+        <source>A write to a sensor (%1, %2) on %3 was not finished. If it was this sensor, it has all of it, a part of it or nothing.</source>
+        <extracomment>%1: device, %2: version answer, %3: time; which sensor it was is known by these alone</extracomment>
+        <translation>Una escritura en un sensor (%1, %2) del %3 quedó sin terminar. Si era este sensor, lo tiene todo, una parte o nada.</translation>
     </message>
     <message id="1777">
         <source>Show…</source>
