@@ -115,7 +115,7 @@
     <message id="122">
         <source>Data Format</source>
         <extracomment>Group and table row</extracomment>
-        <translation>Format des données</translation>
+        <translation>Format de données</translation>
     </message>
     <message id="123">
         <source>Parameter %1 could not be read from the sensor.</source>
@@ -1329,7 +1329,7 @@ Sans cela, il ne peut pas être rétabli. Écrire malgré tout ?</translation>
     </message>
     <message id="1746">
         <source>The saved data format asks for the position stream. That is never written.</source>
-        <translation>Le format des données sauvegardé demande la sortie continue de position. Un tel format n'est jamais écrit.</translation>
+        <translation>Le format de données sauvegardé demande la sortie continue de position. Un tel format n'est jamais écrit.</translation>
     </message>
     <message id="1747">
         <source>computed from this sensor's own gradient</source>
@@ -1506,7 +1506,7 @@ Sans cela, il ne peut pas être rétabli. Écrire malgré tout ?</translation>
     <message id="1800">
         <source>The data format has the multiplier %1, and the offset was not entered anew. What shall be written?</source>
         <extracomment>%1 multiplier</extracomment>
-        <translation>Le format des données a le multiplicateur %1 et le décalage n'a pas été ressaisi. Que faut-il écrire ?</translation>
+        <translation>Le format de données a le multiplicateur %1 et le décalage n'a pas été ressaisi. Que faut-il écrire ?</translation>
     </message>
     <message id="1801">
         <source>Offset so far: %1</source>
@@ -1533,15 +1533,15 @@ Sans cela, il ne peut pas être rétabli. Écrire malgré tout ?</translation>
     </message>
     <message id="1815">
         <source>Reading the data format…</source>
-        <translation>Lecture du format des données…</translation>
+        <translation>Lecture du format de données…</translation>
     </message>
     <message id="1816">
         <source>Writing the data format for the position stream…</source>
-        <translation>Écriture du format des données pour la sortie continue de position…</translation>
+        <translation>Écriture du format de données pour la sortie continue de position…</translation>
     </message>
     <message id="1817">
         <source>Waiting for the sensor to store the data format…</source>
-        <translation>Le capteur enregistre le format des données…</translation>
+        <translation>Le capteur enregistre le format de données…</translation>
     </message>
     <message id="1818">
         <source>Restarting the sensor…</source>
@@ -1557,7 +1557,7 @@ Sans cela, il ne peut pas être rétabli. Écrire malgré tout ?</translation>
     </message>
     <message id="1821">
         <source>Writing the sensor's own data format back…</source>
-        <translation>Réécriture du propre format des données du capteur…</translation>
+        <translation>Réécriture du propre format de données du capteur…</translation>
     </message>
     <message id="1830">
         <source>Time Shown</source>
