@@ -93,6 +93,20 @@ Result checkUse(const Command& command, const Options& options, int arguments,
     return {};
 }
 
+Result runCommand(const Command& command, const Session::Shared& shared,
+                  const QCommandLineParser& parser)
+{
+    const auto count = static_cast<int>(parser.positionalArguments().size() - 1);
+    if (const Result use = checkUse(command, shared.options, count, shared.terminal); !use.isDone())
+        return use;
+    if (const QString unused = settingsFault(); !unused.isNull())
+        shared.output.tell(unused);
+    Invocation invocation(shared, parser);
+    if (const Result begun = invocation.begin(); !begun.isDone())
+        return begun;
+    return invocation.end(command.run(invocation));
+}
+
 } // namespace
 
 ExitCode run(const ComPortFactory& factory, const QStringList& arguments)
@@ -141,16 +155,7 @@ ExitCode run(const ComPortFactory& factory, const QStringList& arguments)
         return finish(usage(fault));
 
     Terminal terminal(output, interruption);
-    const auto count = static_cast<int>(parser.positionalArguments().size() - 1);
-    if (const Result use = checkUse(*command, options, count, terminal); !use.isDone())
-        return finish(use);
-    if (const QString unused = settingsFault(); !unused.isNull())
-        output.tell(unused);
-    const Session::Shared shared{factory, options, output, terminal, interruption};
-    Invocation invocation(shared, parser);
-    if (const Result begun = invocation.begin(); !begun.isDone())
-        return finish(begun);
-    return finish(invocation.end(command->run(invocation)));
+    return finish(runCommand(*command, {factory, options, output, terminal, interruption}, parser));
 }
 
 } // namespace pelorin::cli

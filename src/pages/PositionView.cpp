@@ -63,6 +63,7 @@ PositionView::PositionView(Kind kind, QWidget* parent)
     layout->addWidget(m_trace, 0, 0);
     m_trace->setObjectName(QStringLiteral("positionTrace"));
     makeFigures(kind);
+    placeFigures();
     makeControls(kind);
     m_figuresTimer.setSingleShot(true);
     m_figuresTimer.setInterval(kFiguresPeriod);
@@ -120,6 +121,11 @@ void PositionView::makeFigures(Kind kind)
                              const auto at = m_trace->cursor();
                              return at ? m_trace->valueText(at->millimetres) : QString();
                          }});
+}
+
+/// Beside the trace.
+void PositionView::placeFigures()
+{
     auto* grid = new QGridLayout;
     int row = 0;
     for (Figure& figure : m_figures) {

@@ -65,6 +65,7 @@ private:
     };
 
     void makeFigures(Kind kind);
+    void placeFigures();
     void makeControls(Kind kind);
     void holdKeptRange();
     [[nodiscard]] WholeFile::Outcome keepRange();
