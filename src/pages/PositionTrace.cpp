@@ -372,6 +372,7 @@ void PositionTrace::drawTrace(QPainter& painter) const
         drawing.drawStroke(*m_stroke);
     painter.setClipRect(plot());
     drawing.drawPositions(visible());
+    drawing.drawOutside(visible().back().millimetres);
     if (const auto at = cursor())
         drawing.drawCursor(*at);
     painter.setClipping(false);

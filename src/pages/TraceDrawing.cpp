@@ -14,6 +14,7 @@ constexpr double kRounding = 1e-6; ///< seconds by which an edge may be off
 constexpr int kLinesApart = 36;    ///< pixels, at least
 constexpr int kTimesApart = 90;
 constexpr int kToNumber = 6; ///< pixels from the plot
+constexpr int kArrow = 10;   ///< pixels high
 
 } // namespace
 
@@ -103,6 +104,21 @@ void TraceDrawing::drawPositions(PositionPoints points) const
             line.append({x, m_scale.yOf(value)});
     }
     draw();
+}
+
+void TraceDrawing::drawOutside(double millimetres) const
+{
+    if (millimetres >= m_scale.range.low && millimetres <= m_scale.range.high)
+        return;
+    const bool isAbove = millimetres > m_scale.range.high;
+    const QRect inner = m_scale.area.adjusted(0, kArrow, -kArrow, -kArrow);
+    const QPoint base = isAbove ? inner.topRight() : inner.bottomRight();
+    const QPoint across(kArrow / 2, 0);
+    m_painter.setPen(Qt::NoPen);
+    m_painter.setBrush(m_colors.color(QPalette::Highlight));
+    m_painter.drawPolygon(
+        QPolygon({base - across, base + across, base + QPoint(0, isAbove ? -kArrow : kArrow)}));
+    m_painter.setBrush(Qt::NoBrush);
 }
 
 void TraceDrawing::drawCursor(const PositionPoint& at) const

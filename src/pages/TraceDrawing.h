@@ -26,6 +26,8 @@ public:
     void drawStroke(double millimetres) const;
     /// A line through positions that lie within the times shown, but not over silences.
     void drawPositions(PositionPoints points) const;
+    /// An arrow at the right edge towards a position above or below what is shown.
+    void drawOutside(double millimetres) const;
     void drawCursor(const PositionPoint& at) const;
 
 private:
