@@ -17,17 +17,23 @@ Closing::Closing(QWidget& window, Shared shared)
 {
 }
 
-void Closing::askFirst()
+void Closing::askFirst(const std::function<void()>& stayed)
 {
-    QMetaObject::invokeMethod(this, &Closing::ask, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(
+        this, [this, stayed] { ask(stayed); }, Qt::QueuedConnection);
 }
 
-void Closing::ask()
+void Closing::ask(const std::function<void()>& stayed)
 {
     CommandGate& gate = m_shared.gate;
-    if (!gate.isCloseWanted() && !CommandGate::isDialogOpen() &&
-        m_shared.pages.mayDiscard(gate, PagePane::Leaving::Window))
+    if (gate.isCloseWanted())
+        return;
+    if (!CommandGate::isDialogOpen() &&
+        m_shared.pages.mayDiscard(gate, PagePane::Leaving::Window)) {
         m_window.close();
+    } else if (!gate.isCloseWanted()) { // nor during the question
+        stayed();
+    }
 }
 
 void Closing::goOn()

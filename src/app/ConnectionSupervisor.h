@@ -76,7 +76,7 @@ Q_SIGNALS:
     void connected(bool success);
     /// The sensor of a kept format may not have it again.
     void formatKept(const KeptFormat& format);
-    /// The user has given up a port that does not come back.
+    /// The user has given up a port that does not come back; it stays closed.
     void givenUp();
     /// The user would rather have another port than wait for the one that is being opened.
     void portWanted();

@@ -12,6 +12,7 @@
 #include "app/OpenBackupCommand.h"
 #include "app/PagePane.h"
 #include "app/ReportCommand.h"
+#include "app/SelectPortCommand.h"
 #include "app/SensorHeader.h"
 #include "app/SettingsCommand.h"
 #include "app/SupportFileCommand.h"
@@ -20,7 +21,6 @@
 #include "link/SensorLink.h"
 #include "pages/AboutDialog.h"
 #include "pages/ManualCommDialog.h"
-#include "pages/SelectPortDialog.h"
 #include "pages/SensorPage.h"
 #include "platform/core/ComPortNames.h"
 #include "platform/core/LanguageManager.h"
@@ -77,7 +77,10 @@ PelorinMainWindow::PelorinMainWindow(const ComPortFactory& factory,
           *this, {m_gate, *m_writer, *m_stream, *m_connection, *m_menu, *m_pages})),
       m_backups(new BackupCommands(*this, {*m_writer, m_restore, m_gate, *m_pages})),
       m_closing(new Closing(*this, {m_gate, m_runner, *m_connection, *m_pages,
-                                    [this] { return !m_displayUnit.isNull(); }}))
+                                    [this] { return !m_displayUnit.isNull(); }})),
+      m_selectPort(new SelectPortCommand(
+          *this, {m_gate, m_link, *m_connection, *m_closing,
+                  [this](int port) { return m_displayUnit && m_displayUnit->usesPort(port); }}))
 {
     m_stream->setParent(this);
     m_writer->setParent(this);
@@ -89,6 +92,7 @@ PelorinMainWindow::PelorinMainWindow(const ComPortFactory& factory,
     resize(kNormalSize.boundedTo(room));
     showTitle();
     connectParts();
+    connectConnection();
 
     m_link.setLossTarget(this);
     QMetaObject::invokeMethod(
@@ -135,29 +139,6 @@ void PelorinMainWindow::connectParts()
     connect(&m_gate, &CommandGate::freed, this, &PelorinMainWindow::runDeferred);
     connect(m_closing, &Closing::poweredDown, this, &PelorinMainWindow::poweredDown);
 
-    connect(m_notices, &ConnectionNotices::commandWanted, this, &PelorinMainWindow::chooseCommand);
-    connect(m_connection, &ConnectionSupervisor::connectWanted, this,
-            &PelorinMainWindow::wantConnect);
-    connect(m_connection, &ConnectionSupervisor::sensorLeft, m_report, &WriteReport::endVerified);
-    connect(m_connection, &ConnectionSupervisor::sensorLeft, &m_pages->header(),
-            &SensorHeader::forgetSensor);
-    connect(m_connection, &ConnectionSupervisor::sensorLeft, m_notices, [this] {
-        if (m_link.linkFailed() == 1) // a Connect tells at its end
-            m_notices->update();
-    });
-    connect(m_connection, &ConnectionSupervisor::connected, &m_pages->header(),
-            &SensorHeader::showSensor);
-    connect(m_connection, &ConnectionSupervisor::connected, this, &PelorinMainWindow::onConnected);
-    connect(m_connection, &ConnectionSupervisor::connected, m_notices, &ConnectionNotices::update);
-    connect(m_connection, &ConnectionSupervisor::formatKept, m_notices, &ConnectionNotices::tellOf);
-    connect(m_connection, &ConnectionSupervisor::givenUp, this, &PelorinMainWindow::close);
-    const auto choosePort = [this] {
-        showTitle();
-        m_notices->update();
-        chooseCommand(kSelectPortCommand);
-    };
-    connect(m_connection, &ConnectionSupervisor::portWanted, this, choosePort);
-    connect(m_settings, &SettingsCommand::portWanted, this, choosePort);
     const auto onBusyChanged = [this] {
         m_busy->update();
         m_pages->header().showSensor();
@@ -167,13 +148,11 @@ void PelorinMainWindow::connectParts()
     connect(m_writer, &SafeWriter::ended, this, onBusyChanged);
     connect(m_report, &WriteReport::putBackWanted, m_backups, &BackupCommands::putBack,
             Qt::QueuedConnection);
-    connect(m_backups, &BackupCommands::connectWanted, this, &PelorinMainWindow::wantConnect);
     connect(m_backups, &BackupCommands::readWanted, this, [this] { switchPage(0); });
     connect(m_report, &WriteReport::refreshWanted, this, [this] {
         if (m_pages->entryCount() == 0)
             refresh();
     });
-    connect(m_settings, &SettingsCommand::connectWanted, this, &PelorinMainWindow::wantConnect);
     connect(m_settings, &SettingsCommand::displayUnitChanged, this, [this] {
         if (m_displayUnit)
             m_displayUnit->close();
@@ -182,6 +161,37 @@ void PelorinMainWindow::connectParts()
         m_backups->selectNext(entry);
         chooseCommand(kEarlierStatesCommand);
     });
+}
+
+/// What follows the port and the sensor on it, and who wants others.
+void PelorinMainWindow::connectConnection()
+{
+    using Supervisor = ConnectionSupervisor;
+    connect(m_connection, &Supervisor::connectWanted, this, &PelorinMainWindow::wantConnect);
+    connect(m_settings, &SettingsCommand::connectWanted, this, &PelorinMainWindow::wantConnect);
+    connect(m_backups, &BackupCommands::connectWanted, this, &PelorinMainWindow::wantConnect);
+    connect(m_notices, &ConnectionNotices::commandWanted, this, &PelorinMainWindow::chooseCommand);
+
+    SensorHeader* header = &m_pages->header();
+    connect(m_connection, &Supervisor::sensorLeft, m_report, &WriteReport::endVerified);
+    connect(m_connection, &Supervisor::sensorLeft, header, &SensorHeader::forgetSensor);
+    connect(m_connection, &Supervisor::sensorLeft, m_notices, [this] {
+        if (m_link.linkFailed() == 1) // a Connect tells at its end
+            m_notices->update();
+    });
+    connect(m_connection, &Supervisor::connected, header, &SensorHeader::showSensor);
+    connect(m_connection, &Supervisor::connected, this, &PelorinMainWindow::onConnected);
+    connect(m_connection, &Supervisor::connected, m_notices, &ConnectionNotices::update);
+    connect(m_connection, &Supervisor::formatKept, m_notices, &ConnectionNotices::tellOf);
+
+    connect(m_selectPort, &SelectPortCommand::portChanged, this, &PelorinMainWindow::onPortChanged);
+    connect(m_selectPort, &SelectPortCommand::portLeft, this, &PelorinMainWindow::onPortLeft);
+    const auto choosePort = [this] {
+        onPortLeft();
+        chooseCommand(kSelectPortCommand);
+    };
+    connect(m_connection, &Supervisor::portWanted, this, choosePort);
+    connect(m_settings, &SettingsCommand::portWanted, this, choosePort);
 }
 
 void PelorinMainWindow::translate()
@@ -260,7 +270,7 @@ void PelorinMainWindow::runCommand(int command)
     const CommandGate::Scope scope(m_gate);
     switch (command) {
     case kSelectPortCommand:
-        return selectPort();
+        return m_selectPort->run();
     case kSettingsCommand:
         return m_settings->run();
     case kConnectCommand:
@@ -320,36 +330,25 @@ void PelorinMainWindow::connectSensor()
     m_connectWanted = !free || !m_connection->connectSensor();
 }
 
-void PelorinMainWindow::selectPort()
+/// What was meant for the port that was left is dropped.
+void PelorinMainWindow::onPortChanged(bool isFirst)
 {
-    const int formerPort = m_link.openedPort();
-    SelectPortDialog dialog(this, formerPort);
-    if (dialog.exec() != QDialog::Accepted ||
-        (m_link.isOpen() && dialog.selectedPort() == formerPort))
-        return;
-    if (m_displayUnit && m_displayUnit->usesPort(dialog.selectedPort())) {
-        m_gate.addNotice(languageString(strings::kPortIsDisplays)
-                             .arg(QStringLiteral("COM%1").arg(dialog.selectedPort())));
-        return;
+    m_connectWanted = false;
+    m_runner.cancelConnect();
+    showTitle();
+    if (isFirst) {
+        m_notices->update();
+        wantConnect();
+    } else {
+        switchPage(0);
     }
-    m_connection->changePort(dialog.selectedPort(), [this, formerPort](bool opened) {
-        if (!opened) {
-            m_gate.addNotice({m_link.openFailure(), {}, [this, formerPort](int) {
-                                  if (formerPort != 0)
-                                      close();
-                              }});
-            return;
-        }
-        m_connectWanted = false; // it was meant for the port that was left
-        m_runner.cancelConnect();
-        showTitle();
-        if (formerPort == 0) {
-            m_notices->update();
-            wantConnect();
-        } else {
-            switchPage(0);
-        }
-    });
+}
+
+void PelorinMainWindow::onPortLeft()
+{
+    m_connectWanted = false;
+    showTitle();
+    m_notices->update();
 }
 
 void PelorinMainWindow::communicateManually()

@@ -27,6 +27,7 @@ class PositionStream;
 class SensorLink;
 class SafeWriter;
 class SequenceRunner;
+class SelectPortCommand;
 class SettingsCommand;
 class WriteReport;
 
@@ -73,6 +74,7 @@ protected:
 
 private:
     void connectParts();
+    void connectConnection();
     void translate();
     void showTitle();
 
@@ -84,12 +86,13 @@ private:
 
     void refresh();
     void connectSensor();
-    void selectPort();
     void communicateManually();
     void showDisplayUnit();
     void showHelp();
 
     void onConnected(bool success);
+    void onPortChanged(bool isFirst);
+    void onPortLeft();
     void showPageStatus(const QString& text);
 
     void runDeferred();
@@ -117,6 +120,7 @@ private:
     SettingsCommand* m_settings;
     BackupCommands* m_backups;
     Closing* m_closing;
+    SelectPortCommand* m_selectPort;
     HelpWindow* m_help = nullptr;              ///< null until it is asked for
     QPointer<DisplayUnitDialog> m_displayUnit; ///< null while it is closed
     QString m_pageStatus;                      ///< the last status text of a page

@@ -275,6 +275,21 @@ private Q_SLOTS:
             });
     }
 
+    void portThatIsGivenUpLeavesTheEntriesToTheUser()
+    {
+        OutputRig rig;
+        rig.setBits();
+        const QStringList asked = rig.asked(
+            [&rig] {
+                rig.sensor().vanish();
+                QVERIFY(waitFor([&rig] { return !rig.link().hasOpened(); }));
+            },
+            "Cancel"); // of the question about the port; Escape stays
+        QCOMPARE(asked.mid(1), QStringList(kAsked));
+        QVERIFY(rig.waitIdle() && rig.window().isVisible());
+        QCOMPARE(rig.marked() + rig.bits(), QStringLiteral("Read: 2524"));
+    }
+
     void connectOfTheProgramKeepsEntriesAndApplyWaitsForRefresh()
     {
         OutputRig rig;
