@@ -95,6 +95,7 @@ void WritingPage::read(std::string_view ids)
 {
     m_baseline.reset();
     m_differing.reset();
+    m_seen.clear();
     m_ids = QByteArray(ids.data(), static_cast<qsizetype>(ids.size()));
     updateEntries();
     (void)start(readPlan(ids), strings::kReading);

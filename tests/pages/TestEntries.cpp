@@ -290,6 +290,19 @@ private Q_SLOTS:
         QCOMPARE(rig.marked() + rig.bits(), QStringLiteral("Read: 2524"));
     }
 
+    /// The scale factor is written and read back, but not shown: another page may change it.
+    void refreshForgetsWhatWasReadBackBefore()
+    {
+        OutputRig rig;
+        rig.setBits();
+        QCOMPARE(rig.apply(), QString());
+        rig.hold("S046C01");
+        (void)rig.refresh();
+        rig.setBits(Qt::Key_End);
+        QCOMPARE(rig.apply(), QString());
+        QCOMPARE(rig.sensor().parameter('S'), std::string("046C00"));
+    }
+
     void connectOfTheProgramKeepsEntriesAndApplyWaitsForRefresh()
     {
         OutputRig rig;
