@@ -262,6 +262,7 @@ void ConnectionSupervisor::afterStream(const std::function<void()>& then)
 void ConnectionSupervisor::onOpened()
 {
     m_reconnectTimer.stop();
+    m_failureTold = false;
     m_statusBar.setPort(m_link.portNumber());
     m_link.setKeepAlive(m_keepAlive); // opened again while the user switches the supply
 }
@@ -292,8 +293,10 @@ void ConnectionSupervisor::tryAgain()
     ++m_reconnectAttempts;
     m_runner.reopenPort([this](bool opened) {
         m_reconnectBusy = false;
-        if (!opened || m_stopped)
+        if (m_stopped)
             return;
+        if (!opened)
+            return tellWhy();
         onOpened();
         if (m_link.linkFailed() == 1) // lost again before this was told
             return onLinkLost();
@@ -301,6 +304,13 @@ void ConnectionSupervisor::tryAgain()
         Q_EMIT connectWanted();
     });
     m_reconnectBusy = true;
+}
+
+/// A port that is there and cannot be used is told of once; one that is not has its question.
+void ConnectionSupervisor::tellWhy()
+{
+    if (m_link.hasFoundDevice() && !std::exchange(m_failureTold, true))
+        m_gate.addNotice(m_link.openFailure());
 }
 
 /// After eleven attempts the user decides, once no other dialog is open; until then they go on.

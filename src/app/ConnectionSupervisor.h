@@ -92,6 +92,7 @@ private:
     void explainIdentification();
     void tellKeptFormats(const QList<KeptFormat>& formats);
     void tryAgain();
+    void tellWhy();
     void onReconnectTimer();
     void onOpened();
     void leaveSensor();
@@ -114,6 +115,7 @@ private:
 
     bool m_stopped = false;
     bool m_reconnectBusy = false;
+    bool m_failureTold = false;  ///< why the port that is there again cannot be used
     int m_reconnectAttempts = 0; ///< since the last Connect that did not end with a loss
     QTimer m_reconnectTimer;
     PortOpener m_opener{m_runner};

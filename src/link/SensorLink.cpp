@@ -89,6 +89,11 @@ QString SensorLink::openFailure() const
                                            : QString();
 }
 
+bool SensorLink::hasFoundDevice() const
+{
+    return m_session && m_session->failure.step != PortStep::Open;
+}
+
 RequestId SensorLink::close(int supplyOff)
 {
     m_keepAliveTimer.stop();

@@ -61,6 +61,8 @@ public:
     RequestId reopen();
     /// What the user is told about the last open; null if it has not failed.
     [[nodiscard]] QString openFailure() const;
+    /// Whether the last open found the device, even if it could not be used.
+    [[nodiscard]] bool hasFoundDevice() const;
 
     /// Ends the worker, which cuts short what it is doing and closes its port; fails what was
     /// still requested and takes back loss reports that were posted and not yet delivered.

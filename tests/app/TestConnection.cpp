@@ -19,6 +19,9 @@
 #include <QRegularExpression>
 #include <QSignalSpy>
 
+#include <atomic>
+#include <cerrno>
+
 using namespace pelorin;
 using namespace pelorin::test;
 using namespace Qt::StringLiterals;
@@ -348,6 +351,46 @@ private Q_SLOTS:
             QCOMPARE(rig.told, QStringList({gone, gone}));
             QCOMPARE(attempts, QList({11, 22}));
         }
+    }
+
+    /// It exists then, whatever the question says that comes after eleven attempts.
+    void portThatIsBackAndCannotBeUsedIsToldOnce()
+    {
+        std::atomic<bool> isRefusing = false;
+        struct Port : PortDecorator
+        {
+            Port(std::unique_ptr<ComPort> port, const std::atomic<bool>& isRefusing)
+                : PortDecorator(std::move(port)), refusing(isRefusing)
+            {
+            }
+            int setLine(const LineSettings& line) override
+            {
+                return refusing ? EINVAL : PortDecorator::setLine(line);
+            }
+            const std::atomic<bool>& refusing;
+        };
+        Rig rig;
+        rig.wrapPorts([&](std::unique_ptr<ComPort> port) {
+            return std::make_unique<Port>(std::move(port), isRefusing);
+        });
+        QVERIFY(rig.startConnected());
+        rig.answer = [&rig, &isRefusing] {
+            if (rig.told.isEmpty())
+                return u"OK"_s;
+            isRefusing = false;
+            return u"Retry"_s;
+        };
+        isRefusing = true;
+        rig.sensor().setFault({Fault::Vanish, 0});
+        rig.clickRefresh();
+        QVERIFY(waitFor([&rig] { return rig.link().linkFailed() == 1; }));
+        rig.sensor().clearFaults();
+        rig.sensor().comeBack();
+        QVERIFY(rig.isConnected(2));
+        QCOMPARE(rig.told.size(), 2);
+        QCOMPARE(rig.told.first(),
+                 u"The line settings of port \\\\.\\COM7 could not be set (system "
+                 "error 22)."_s);
     }
 
     void portIsLostUnderTheDialogOfPorts()

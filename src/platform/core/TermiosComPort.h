@@ -25,7 +25,7 @@ public:
     ~TermiosComPort() override;
 
     /// EBUSY also if this port is open already; it then stays as it is. The line is 4800 baud, no
-    /// parity, 8 data bits, 1 stop bit.
+    /// parity, 8 data bits, 1 stop bit, if the device can be set to that.
     [[nodiscard]] int open() override;
     [[nodiscard]] bool isOpen() const override;
     [[nodiscard]] int setLine(const LineSettings& line) override;

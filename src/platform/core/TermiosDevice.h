@@ -26,8 +26,8 @@ public:
     TermiosDevice& operator=(const TermiosDevice&) = delete;
     ~TermiosDevice();
 
-    /// Opens the device for this program alone and raises DTR and RTS. Once only; after a failure
-    /// the object is of no use but to be destroyed.
+    /// Opens the device for this program alone, sets its line if that is possible, and raises DTR
+    /// and RTS. Once only; after a failure the object is of no use but to be destroyed.
     [[nodiscard]] int open(const std::string& path, const LineSettings& line);
 
     /// EINVAL, with the line as it was, if the device cannot do all of it.
