@@ -58,23 +58,20 @@ void CommandGate::lookAfter()
         Q_EMIT freed();
         return;
     }
-    const Scope scope(*this);
     const Notice notice = m_notices.front();
     m_notices.erase(m_notices.begin());
-    show(notice);
+    const int answer = ask(notice);
+    if (notice.answered && !m_closeWanted)
+        notice.answered(answer); // with the gate free: what follows may have a question of its own
 }
 
-void CommandGate::show(const Notice& notice)
+int CommandGate::ask(const Notice& notice)
 {
-    if (notice.buttons.isEmpty()) {
-        (void)messageBox(&m_window, notice.text, QMessageBox::Ok, QMessageBox::Information);
-        if (notice.answered && !m_closeWanted)
-            notice.answered(0);
-        return;
-    }
-    const int answer = askWithButtons(&m_window, notice.text, notice.buttons);
-    if (!m_closeWanted)
-        notice.answered(answer);
+    const Scope scope(*this);
+    if (!notice.buttons.isEmpty())
+        return askWithButtons(&m_window, notice.text, notice.buttons);
+    (void)messageBox(&m_window, notice.text, QMessageBox::Ok, QMessageBox::Information);
+    return 0;
 }
 
 } // namespace pelorin

@@ -68,7 +68,7 @@ Q_SIGNALS:
 
 private:
     void lookAfter();
-    void show(const Notice& notice);
+    [[nodiscard]] int ask(const Notice& notice);
 
     QWidget& m_window;
     int m_depth = 0;

@@ -334,7 +334,7 @@ Settings SettingsDialog::entered() const
 
 bool SettingsDialog::confirmLosses(const Settings& settings)
 {
-    return settings.tempComp || !m_before.tempComp || !m_context.hasTables() ||
+    return settings.tempComp || !m_context.hasTables() ||
            messageBox(this, languageString(strings::kAskForTables),
                       QMessageBox::Yes | QMessageBox::No, QMessageBox::Question,
                       QMessageBox::No) == QMessageBox::Yes;
@@ -368,8 +368,11 @@ void SettingsDialog::accept()
     m_editor->commit();
     showProblem({});
     const Settings settings = entered();
-    if (settings == m_before)
-        return BaseDialog::accept();
+    if (settings == m_before) { // what another program has entered holds from now on, too
+        if (confirmLosses(settings))
+            BaseDialog::accept();
+        return;
+    }
     if (const auto fault = faultOf(settings, m_before, m_context.sensor))
         return showFault(*fault);
     if (!confirmLosses(settings) || !confirmOverwriting() || isSensorInUse())

@@ -249,11 +249,16 @@ private Q_SLOTS:
     {
         SettingsRig rig({.type = 2}, "[HKEY_LOCAL_MACHINE\\HARDWARE\\DEVICEMAP\\SERIALCOMM]\r\n"
                                      "\"/dev/a\"=\"COM8\"\r\n");
-        QVERIFY(rig.startConnected());
+        QVERIFY(rig.startConnected() && rig.choosePage(2));
+        QTest::keyClick(&rig.page<QComboBox>("dataBitsCombo"), Qt::Key_Home);
         const int attempts = rig.openAttempts();
         int asked = 0;
         const ModalAnswer<QMessageBox> told(
-            [](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Return); }, false);
+            [](QMessageBox& box) { // that the port has moved, then whether to discard
+                auto* discard = box.findChild<QAbstractButton*>(u"answer1"_s);
+                QTest::mouseClick(discard ? discard : box.button(QMessageBox::Ok), Qt::LeftButton);
+            },
+            false);
         const ModalAnswer<SelectPortDialog> user(
             [&](SelectPortDialog& dialog) {
                 QVERIFY(!rig.link().isOpen() && !rig.link().isIdentified());
@@ -314,26 +319,33 @@ private Q_SLOTS:
 
     void tablesAreGivenUpByTheUserAlone()
     {
-        SettingsRig rig({.type = 2}, "[HKEY_LOCAL_MACHINE\\SOFTWARE\\Korvex Systems\\Pelorin]\r\n"
-                                     "\"EnableTempComp\"=dword:1\r\n");
+        const QByteArray own = "[HKEY_LOCAL_MACHINE\\SOFTWARE\\Korvex Systems\\Pelorin]\r\n"
+                               "\"EnableTempComp\"=dword:1\r\n";
+        SettingsRig rig({.type = 2}, own);
         QVERIFY(rig.startConnected() && rig.choosePage(kTempCompPage));
         rig.page<QTableWidget>("lookupList").item(2, 1)->setText(u"20"_s);
         int asked = 0;
         const ModalAnswer<QMessageBox> user(
             [&](QMessageBox& box) {
-                const auto answer = ++asked == 2 ? QMessageBox::Yes : QMessageBox::No;
+                const auto answer = ++asked == 3 ? QMessageBox::Yes : QMessageBox::No;
                 QTest::mouseClick(box.button(answer), Qt::LeftButton);
             },
             false);
+        rig.settings().write({}); // by another window
+        QVERIFY(rig.change([&](const Dialog& dialog) {
+            dialog.accept();
+            QVERIFY(asked == 1 && dialog.dialog.isVisible());
+        }));
+        rig.settings().write(own);
         QVERIFY(rig.change([&](const Dialog& dialog) {
             dialog.chooseTab(kGeneral);
             dialog.click("tempCompBox");
             dialog.accept();
-            QVERIFY(asked == 1 && dialog.dialog.isVisible());
+            QVERIFY(asked == 2 && dialog.dialog.isVisible());
             QCOMPARE(rig.shownPages(), 6);
             dialog.accept();
         }));
-        QVERIFY(asked == 2 && rig.shownPages() == 5);
+        QVERIFY(asked == 3 && rig.shownPages() == 5);
         QVERIFY(waitFor([&] { return rig.window().currentPage() == 0; }) && rig.waitIdle());
     }
 
