@@ -71,6 +71,11 @@ ConnectionNotices::ConnectionNotices(QObject* parent, const Shared& shared)
         if (m_waiting || isRead)
             update();
     });
+    connect(&m_strip, &NoticeStrip::replaced, this, [this](const void* owner) {
+        const bool isOurs = m_strip.isOf(this) || m_strip.isOf(&m_kept);
+        if (!isOurs && (owner == this || owner == &m_kept))
+            m_waiting = true;
+    });
     connect(&shared.stream, &PositionStream::formatKept, this, &ConnectionNotices::tellOf);
     connect(&shared.stream, &PositionStream::ended, this, [this] {
         if (!m_kept.isEmpty()) // its sensor may have it again

@@ -76,8 +76,11 @@ NoticeStrip::NoticeStrip(QWidget* parent)
 
 void NoticeStrip::show(Notice notice)
 {
+    const void* former = m_notice.owner;
     m_notice = std::move(notice);
     render();
+    if (former && former != m_notice.owner && !isEmpty())
+        Q_EMIT replaced(former);
 }
 
 void NoticeStrip::clear()

@@ -54,6 +54,8 @@ Q_SIGNALS:
     /// The notice was closed, and no other has taken its place.
     /// @param owner whose notice it was
     void emptied(const void* owner);
+    /// The notice of another owner has taken its place.
+    void replaced(const void* owner);
 
 private:
     void render();

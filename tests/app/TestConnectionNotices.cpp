@@ -1,4 +1,5 @@
 #include "app/Commands.h"
+#include "app/NoticeStrip.h"
 #include "support/FileContent.h"
 #include "support/MainWindowRig.h"
 #include "support/ModalAnswer.h"
@@ -75,7 +76,12 @@ private Q_SLOTS:
                               u"Always type 2: from now on 3A to 5F, so far 50 to 5F"_s}));
         rig.choose(u"Type 2"_s);
         QVERIFY(rig.isConnected(1));
-        QCOMPARE(rig.notice(), u"Firmware revision 3A is used as type 2: chosen by hand."_s);
+        const QString chosen = u"Firmware revision 3A is used as type 2: chosen by hand."_s;
+        QCOMPARE(rig.notice(), chosen);
+        auto& strip = rig.page<NoticeStrip>();
+        strip.show({.text = [] { return u"Verified"_s; }});
+        strip.clear();
+        QCOMPARE(rig.notice(), chosen); // which an outcome only covers
         QVERIFY(rig.clickCommand(kConnectCommand));
         QVERIFY(rig.isConnected(2));
         const QStringList lines = rig.logged();
