@@ -1,6 +1,7 @@
 #include "sensor/Settings.h"
 
 #include "platform/core/ComPortNames.h"
+#include "platform/core/ProgramSettings.h"
 #include "platform/core/RegistryConfig.h"
 #include "platform/core/RegistryFile.h"
 #include "platform/core/RegistryFileEditor.h"
@@ -189,7 +190,7 @@ Settings Settings::of(const RegistryFile& file)
     RegistryConfig config(file);
     if (config.setStorage(productKey()) == 1) {
         for (const auto& [name, on] : kSwitches)
-            settings.*on = config.getValue(QLatin1String(name), settings.*on ? 1 : 0) == 1;
+            settings.*on = switchIn(config, QLatin1String(name), settings.*on);
         settings.displayPort = config.getValue(displayPortName(), settings.displayPort);
         settings.displayNode = config.getValue(displayNodeName(), settings.displayNode);
     }

@@ -24,8 +24,13 @@ QString installPath()
 bool isSwitchedOn(const QString& name, bool otherwise)
 {
     RegistryConfig config;
-    const qint32 unset = otherwise ? 1 : 0;
-    return (config.setStorage(productKey()) == 1 ? config.getValue(name, unset) : unset) == 1;
+    return config.setStorage(productKey()) == 1 ? switchIn(config, name, otherwise) : otherwise;
+}
+
+bool switchIn(RegistryConfig& config, const QString& name, bool otherwise)
+{
+    const qint32 value = config.getValue(name, otherwise ? 1 : 0);
+    return otherwise ? value != 0 : value == 1;
 }
 
 bool isPowerManual()

@@ -6,6 +6,8 @@
 
 namespace pelorin {
 
+class RegistryConfig;
+
 /// What settings and profile say to every program of the product. Any thread.
 
 /// What the names of the language modules begin with.
@@ -16,6 +18,9 @@ namespace pelorin {
 
 /// A switch of the product's settings; as it is without a value if they cannot be read.
 [[nodiscard]] bool isSwitchedOn(const QString& name, bool otherwise = false);
+/// The same, in the key that a store has open. What is on without a value is off only with 0, and
+/// the other way round only with 1: a value that nobody means changes nothing.
+[[nodiscard]] bool switchIn(RegistryConfig& config, const QString& name, bool otherwise);
 
 /// Whether the user switches the sensor's supply.
 [[nodiscard]] bool isPowerManual();
