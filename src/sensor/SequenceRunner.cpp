@@ -233,6 +233,8 @@ void SequenceRunner::takeResult(int result)
     const bool unasked = asked && (m_link.linkFailed() == 1 || !m_link.isOpen());
     if (m_link.lossCount() != run.losses || unasked)
         return end(Outcome::Kind::Lost);
+    if (step.kind == Kind::Connect)
+        run.cutFrames = m_link.cutFrames(); // the sensor's answer tells whether PROG was heard
     const bool failed = result != 1 || m_link.cutFrames() != run.cutFrames;
     if (failed && (step.kind != Kind::Verify || run.abandoned))
         return end(run.abandoned ? Outcome::Kind::Abandoned : Outcome::Kind::Failed);

@@ -186,6 +186,8 @@ private Q_SLOTS:
             }));
         row("frame cut", writes, "DN020018 1 AN00000010 failed A after D",
             [this] { m_bench->cut = "AN00000010\r"; });
+        row("PROG frames cut", {{.kind = Connect}, read[0]}, "VA 1 DA D=4A0519 2 done",
+            [this] { m_bench->cut = "PROG\r"; });
         row("lost in the first write", writes, "lost D", fault("vanish:0@DN"));
         row("lost in a write", writes, "DN020018 1 lost A after D", fault("vanish:0@AN"));
         row("lost in the closing command", writes,
