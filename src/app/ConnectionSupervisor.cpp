@@ -35,9 +35,8 @@ ConnectionSupervisor::ConnectionSupervisor(QWidget& window, const Shared& shared
     m_statusBar.setPort(m_link.openedPort());
     m_reconnectTimer.setInterval(Pacing::pause(kReconnectPeriod));
     connect(&m_reconnectTimer, &QTimer::timeout, this, &ConnectionSupervisor::onReconnectTimer);
-    connect(&m_runner, &SequenceRunner::portStuck, this, [this](int number) {
-        m_gate.addNotice(
-            languageString(strings::kPortStuck).arg(QStringLiteral("COM%1").arg(number)));
+    connect(&m_runner, &SequenceRunner::portStuck, this, [this](auto& name) {
+        m_gate.addNotice(languageString(strings::kPortStuck).arg(name));
     });
 }
 

@@ -158,7 +158,7 @@ QString SensorHeader::text(Field field) const
     case Port: {
         if (!connected && state != State::NotIdentified)
             return {};
-        const QString name = QStringLiteral("COM%1").arg(link.portNumber());
+        const QString name = ComPortNames::nameOf(link.portNumber());
         return ComPortNames().isSimulated(name)
                    ? QStringLiteral("%1 (%2)").arg(name, languageString(strings::kSimulated))
                    : name;

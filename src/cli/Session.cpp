@@ -42,7 +42,7 @@ Session::Session(const Shared& shared)
     m_link.setLossTarget(this);
     connect(&m_interruption, &Interruption::came, this, [this] { m_runner.windDown([] {}); });
     connect(&m_runner, &SequenceRunner::portStuck, this,
-            [this](int number) { m_output.tell(languageString(strings::kPortStuck).arg(number)); });
+            [this](auto& name) { m_output.tell(languageString(strings::kPortStuck).arg(name)); });
 }
 
 Session::~Session()
@@ -98,7 +98,7 @@ Result Session::openPort()
     const int number = names.numberOf(device);
     QJsonObject port{{QStringLiteral("device"), device}};
     if (number != 0)
-        port.insert(QStringLiteral("name"), QStringLiteral("COM%1").arg(number));
+        port.insert(QStringLiteral("name"), ComPortNames::nameOf(number));
     m_output.set(QStringLiteral("port"), port);
 
     // It may be told only while the port is closed again.

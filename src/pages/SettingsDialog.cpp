@@ -149,7 +149,7 @@ void SettingsDialog::showSettings(const Settings& settings)
     displayPort->clear();
     for (const PresentPort& port : ComPortNames().presentPorts()) {
         if (port.number != 0)
-            displayPort->addItem(QStringLiteral("COM%1").arg(port.number));
+            displayPort->addItem(ComPortNames::nameOf(port.number));
     }
     displayPort->setEditText(settings.displayPort);
     getControl<QSpinBox>(kNodeSpin)->setValue(settings.displayNode);

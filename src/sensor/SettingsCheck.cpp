@@ -47,7 +47,7 @@ Fault faultOfPorts(const Settings& settings, const Settings& before)
             return SettingsFault{
                 Field::Port, row,
                 languageString(strings::kNumberTwice)
-                    .arg(QStringLiteral("COM%1").arg(*number), other.device, port.device)};
+                    .arg(ComPortNames::nameOf(*number), other.device, port.device)};
         }
     }
     return std::nullopt;
