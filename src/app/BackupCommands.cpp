@@ -128,9 +128,10 @@ BackupCommands::End BackupCommands::runWithFile(Mode mode)
     if (const auto outcome = file.read(); !outcome.isDone())
         return {.message = outcome.message()};
     const auto values = file.values();
-    if (!values)
+    if (!values) {
         return {.message = mode == Mode::Compare ? file.refusal()
                                                  : languageString(strings::kNoBackupFile)};
+    }
     if (mode == Mode::Compare)
         return review(mode, {*values, path});
     const auto faults = BackupFaults::of(*values, sensorType(link().ssiType()).backup);
@@ -154,7 +155,7 @@ BackupCommands::End BackupCommands::restoreUnseen(const SensorValues& values)
     const int losses = link().lossCount();
     const std::string_view order = sensorType(link().ssiType()).backup;
     WriteRequest request;
-    request.order = QByteArray(order.data(), static_cast<qsizetype>(order.size()));
+    request.order = QByteArrayView(order).toByteArray();
     request.values = values;
     if (!confirmValues(request))
         return {};

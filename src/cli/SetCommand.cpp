@@ -151,8 +151,7 @@ Result writeChange(Invocation& invocation, const Change& change, const OutputEnt
     const SensorType& type = sensorType(change.ssiType);
     WriteRequest request;
     request.by = WriteRequest::By::CommandLine;
-    request.order =
-        QByteArray(type.outputWrite.data(), static_cast<qsizetype>(type.outputWrite.size()));
+    request.order = QByteArrayView(type.outputWrite).toByteArray();
     request.values = *values;
     request.closing = type.closing;
     request.base = change.values;

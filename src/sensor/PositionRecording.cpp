@@ -26,8 +26,7 @@ constexpr std::string_view kFormatVersion = "1";
 
 QByteArray line(std::string_view name, QByteArrayView value)
 {
-    return QByteArray(name.data(), static_cast<qsizetype>(name.size())) + ',' +
-           value.toByteArray() + "\r\n";
+    return QByteArrayView(name).toByteArray() + ',' + value.toByteArray() + "\r\n";
 }
 
 /// A line's two fields: what is before its first comma, and what is after it.
