@@ -2,6 +2,7 @@
 
 #include "app/CommandGate.h"
 #include "app/LinkStatusBar.h"
+#include "link/CommLogTexts.h"
 #include "link/SensorIdentification.h"
 #include "link/SensorLink.h"
 #include "platform/core/LanguageStrings.h"
@@ -169,8 +170,10 @@ void ConnectionSupervisor::explainIdentification()
     }
     if (version.isEmpty() || m_link.ssiType() != kSsiTypeUnknown)
         return;
-    m_statusBar.setExplanation(
-        [version] { return QStringLiteral("SSY Type: Unknown\n") + unidentifiedText(version); });
+    m_statusBar.setExplanation([version] {
+        return QLatin1String(logtexts::kOfNoType) + QStringLiteral("\n") +
+               unidentifiedText(version);
+    });
 }
 
 void ConnectionSupervisor::tellKeptFormats(const QList<KeptFormat>& formats)
