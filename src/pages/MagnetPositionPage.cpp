@@ -153,10 +153,9 @@ void MagnetPositionPage::getCurrentValues()
 {
     m_interrupted = false;
     if (!m_stream.isActive()) { // what is known now is forgotten when the format is written
-        const auto stroke = runner().known().find('L');
-        const bool isKnown = stroke != runner().known().end() && isWellFormed('L', stroke->second);
-        m_view->trace().setStroke(isKnown ? std::optional(decodeStrokeMm(stroke->second))
-                                          : std::nullopt);
+        const QByteArray stroke = textOf(runner().known(), 'L');
+        m_view->trace().setStroke(isWellFormed('L', stroke) ? std::optional(decodeStrokeMm(stroke))
+                                                            : std::nullopt);
     }
     if (!link().isIdentified()) {
         showText(noPosition());

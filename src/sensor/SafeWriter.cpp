@@ -299,12 +299,8 @@ void SafeWriter::judge(const Outcome& outcome)
     Job& job = *m_job;
     WriteResult& result = job.result;
     const WriteRequest& request = job.request;
-    const auto format = request.values.find('D');
-    const auto known = job.state.values.find('D');
-    const QByteArray text = format != request.values.end()    ? format->second
-                            : known != job.state.values.end() ? known->second
-                                                              : QByteArray();
-    const int multiplier = DataFormat::decode(text).multiplier();
+    const QByteArray format = textOf(overlaid(job.state.values, request.values), 'D');
+    const int multiplier = DataFormat::decode(format).multiplier();
     const auto isUndivided = [multiplier](const Difference& difference) {
         return difference.id == 'N' && multiplier > 1 && isWellFormed('N', difference.has) &&
                decodeOffsetCounts(difference.has) * multiplier ==
