@@ -22,11 +22,6 @@ namespace pelorin {
 
 namespace {
 
-QString hex(int revision)
-{
-    return QString::asprintf("%02X", static_cast<unsigned>(revision));
-}
-
 /// "type 0: 10 to 1F, type 1: none" and so on.
 QString rangesInWords()
 {
@@ -35,7 +30,8 @@ QString rangesInWords()
     for (int type = 0; type < kSsiTypeCount; ++type) {
         const RevisionBounds& range = bounds[static_cast<std::size_t>(type)];
         words << (range.hasAny() ? languageString(strings::kTypeRange)
-                                       .arg(QString::number(type), hex(range.low), hex(range.high))
+                                       .arg(QString::number(type), revisionText(range.low),
+                                            revisionText(range.high))
                                  : languageString(strings::kTypeWithoutRange).arg(type));
     }
     return words.join(QStringLiteral(", "));
@@ -52,10 +48,10 @@ QString wideningInWords(int type, const RevisionBounds& range, const RevisionBou
 {
     if (range.hasAny() && range.low <= range.high) {
         return languageString(strings::kAlwaysWidened)
-            .arg(QString::number(type), hex(wide.low), hex(wide.high), hex(range.low),
-                 hex(range.high));
+            .arg(QString::number(type), revisionText(wide.low), revisionText(wide.high),
+                 revisionText(range.low), revisionText(range.high));
     }
-    return languageString(strings::kAlwaysNew).arg(QString::number(type), hex(wide.low));
+    return languageString(strings::kAlwaysNew).arg(QString::number(type), revisionText(wide.low));
 }
 
 } // namespace
@@ -162,7 +158,8 @@ void ConnectionNotices::tellNotIdentified()
     m_strip.show({.text =
                       [revision = revisionOf(m_link.versionText())] {
                           return languageString(strings::kNotIdentifiedNotice)
-                              .arg(hex(revision), QString::number(revision), rangesInWords());
+                              .arg(revisionText(revision), QString::number(revision),
+                                   rangesInWords());
                       },
                   .light = NoticeStrip::Light::Red,
                   .buttons = typeButtons(),
@@ -174,7 +171,7 @@ void ConnectionNotices::tellChosen()
     m_strip.show({.text =
                       [revision = revisionOf(m_link.versionText()), type = m_link.ssiType()] {
                           return languageString(strings::kChosenByHand)
-                              .arg(hex(revision), QString::number(type));
+                              .arg(revisionText(revision), QString::number(type));
                       },
                   .buttons = typeButtons(),
                   .owner = this});

@@ -163,10 +163,9 @@ void ConnectionSupervisor::explainIdentification()
 {
     const QByteArray version = m_link.versionText();
     if (m_link.isTypeByHand()) {
-        m_statusBar.setExplanation(
-            [revision = QString::fromLatin1(version.left(2)), type = m_link.ssiType()] {
-                return languageString(strings::kChosenByHand).arg(revision, QString::number(type));
-            });
+        m_statusBar.setExplanation([revision = revisionText(version), type = m_link.ssiType()] {
+            return languageString(strings::kChosenByHand).arg(revision, QString::number(type));
+        });
     }
     if (version.isEmpty() || m_link.ssiType() != kSsiTypeUnknown)
         return;

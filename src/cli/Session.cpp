@@ -157,7 +157,7 @@ Result Session::checkType() const
     return {.exit = ExitCode::Refused,
             .code = "other-type",
             .text = languageString(strings::kOtherType)
-                        .arg(QString::fromLatin1(m_link.versionText().left(2)))
+                        .arg(revisionText(m_link.versionText()))
                         .arg(m_link.ssiType())};
 }
 

@@ -130,11 +130,8 @@ private:
             startTime();
         if (m_csv.isEmpty())
             return;
-        const SensorLink& link = m_session.link();
-        const RecordingHead head{QString::fromLatin1(link.versionText()), link.ssiType(),
-                                 ComPortNames::stableName(link.device()), m_stream.resolution(),
-                                 QDateTime::currentDateTimeUtc()};
-        if (const auto begun = m_recorder.begin(m_csv, head, m_origin); !begun.isDone())
+        const auto begun = m_recorder.begin(m_csv, m_stream.recordingHead(), m_origin);
+        if (!begun.isDone())
             stopFor(resultOf(begun));
     }
 

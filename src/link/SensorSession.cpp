@@ -185,7 +185,7 @@ int SensorSession::identify(const QByteArray& version)
     if (const auto chosen = choice.typeFor(revisionOf(version), ranged != kSsiTypeUnknown)) {
         type = *chosen;
         m_log->append(QStringLiteral("Revision %1 used as type %2, chosen by hand")
-                          .arg(QString::fromLatin1(version.left(2)), QString::number(type)));
+                          .arg(revisionText(version), QString::number(type)));
     }
     byHand = type != ranged;
     ssiType = type;

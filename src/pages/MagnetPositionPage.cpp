@@ -244,10 +244,7 @@ void MagnetPositionPage::record()
                    languageString(strings::kRecordingFilter), QStringLiteral("csv"));
     if (path.isEmpty() || !m_stream.isStreaming())
         return;
-    const RecordingHead head{QString::fromLatin1(link().versionText()), link().ssiType(),
-                             ComPortNames::stableName(link().device()), m_stream.resolution(),
-                             QDateTime::currentDateTimeUtc()};
-    endRecording(m_recorder.begin(path, head, Clock::now()));
+    endRecording(m_recorder.begin(path, m_stream.recordingHead(), Clock::now()));
 }
 
 /// @param outcome what is wrong with the recording, if anything; it then has ended
