@@ -179,10 +179,7 @@ BackupCommands::End BackupCommands::putBackEntry(const JournalEntry& entry)
     if (!m_pages.mayDiscard(m_gate))
         return {};
     const bool replaces = !entry.end && m_writer.isConnected(entry);
-    Saved saved{
-        entry.values,
-        QStringList{timeInWords(entry), entry.device, QString::fromLatin1(entry.version)}.join(
-            QStringLiteral(", "))};
+    Saved saved{entry.values, entryInWords(entry)};
     saved.values.emplace('V', entry.version);
     End end = review(Mode::PutBack, saved);
     if (replaces && end.replaced)

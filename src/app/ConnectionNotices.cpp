@@ -37,12 +37,6 @@ QString rangesInWords()
     return words.join(QStringLiteral(", "));
 }
 
-QString keptInWords(const KeptFormat& format)
-{
-    return languageString(strings::kKeptFormat)
-        .arg(format.device, QString::fromLatin1(format.version), QString::fromLatin1(format.own));
-}
-
 /// What "always" does to the range of a type.
 QString wideningInWords(int type, const RevisionBounds& range, const RevisionBounds& wide)
 {
@@ -94,7 +88,7 @@ void ConnectionNotices::update()
 void ConnectionNotices::tellOf(const KeptFormat& format)
 {
     if (m_gate.isCloseWanted())
-        return m_gate.addNotice(keptInWords(format));
+        return m_gate.addNotice(keptFormatInWords(format));
     if (!m_kept.contains(format))
         m_kept << format;
     update();
@@ -120,7 +114,7 @@ void ConnectionNotices::tell()
 void ConnectionNotices::showKeptFormat(const KeptFormat& format)
 {
     m_strip.show(
-        {.text = [format] { return keptInWords(format); },
+        {.text = [format] { return keptFormatInWords(format); },
          .light = NoticeStrip::Light::Red,
          .buttons = {{.caption = strings::kTryAgain,
                       .clicked =

@@ -171,11 +171,8 @@ void Session::restoreFormat()
     if (format == FormatRestore::Result::NotRead) {
         m_formatFault.text = languageString(strings::kFormatNotRead);
     } else if (format == FormatRestore::Result::NotRestored) {
-        for (const KeptFormat& kept : m_restore.keptForSensor()) {
-            m_formatFault.text = languageString(strings::kKeptFormat)
-                                     .arg(kept.device, QString::fromLatin1(kept.version),
-                                          QString::fromLatin1(kept.own));
-        }
+        for (const KeptFormat& kept : m_restore.keptForSensor())
+            m_formatFault.text = keptFormatInWords(kept);
     } else {
         m_formatFault = {};
     }
@@ -196,10 +193,8 @@ void Session::tellUnfinished()
 {
     for (const JournalEntry& entry : m_journal.unfinished()) {
         if (m_writer.isConnected(entry)) {
-            m_output.tell(
-                languageString(strings::kUnfinishedWrite)
-                    .arg(entry.device, QString::fromLatin1(entry.version), timeInWords(entry)) +
-                QStringLiteral(" (pelorin-cli journal show %1)").arg(entry.id));
+            m_output.tell(unfinishedInWords(entry) +
+                          QStringLiteral(" (pelorin-cli journal show %1)").arg(entry.id));
         }
     }
 }

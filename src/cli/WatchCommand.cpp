@@ -205,9 +205,7 @@ private:
     {
         Result result{.exit = ExitCode::Failed,
                       .code = "format-not-restored",
-                      .text = languageString(strings::kKeptFormat)
-                                  .arg(format.device, QString::fromLatin1(format.version),
-                                       QString::fromLatin1(format.own)),
+                      .text = keptFormatInWords(format),
                       .parameter = 'D'};
         if (!m_result.isDone())
             result.text = m_result.text + QLatin1Char('\n') + result.text;
