@@ -24,7 +24,6 @@ namespace {
 constexpr int kHighestNode = 9; ///< a frame has one digit for it
 
 constexpr LineSettings kLine{19200, 'N', 8, 1};
-constexpr auto kNoReading = "****";
 
 /// The requests of the link, in their order of precedence.
 enum class DisplayRequest : int { Reading, Apply };

@@ -23,6 +23,8 @@ class ComPortFactory;
 class DisplayLink
 {
 public:
+    static constexpr char kNoReading[] = "****";
+
     /// Reads port and node from the settings.
     /// @param factory makes the port; outlives the link
     explicit DisplayLink(const ComPortFactory& factory);
@@ -51,7 +53,7 @@ public:
     RequestId requestReading();
     RequestId requestApply(const DisplaySettings& settings);
 
-    /// What the unit displayed when it was last asked; "****" if it did not tell.
+    /// What the unit displayed when it was last asked; kNoReading if it did not tell.
     [[nodiscard]] QString lastReading() const;
 
     /// What the user must be told after a message has come; mostly nothing. Errors of a port that

@@ -85,7 +85,7 @@ void DisplayUnitDialog::onInitDialog()
     box->backColor(Qt::black);
     box->foreColor(Qt::yellow);
     box->setFont(QFont(QStringLiteral("Arial"), kDisplayPoints));
-    box->setText(QStringLiteral("****"));
+    box->setText(QLatin1String(DisplayLink::kNoReading));
     // The longest reading has its place from the start, so that the window keeps its width.
     box->setMinimumWidth(box->fontMetrics().horizontalAdvance(QString(14, QLatin1Char('0'))) +
                          2 * box->margin());
