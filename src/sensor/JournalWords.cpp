@@ -2,7 +2,7 @@
 
 #include "platform/core/LanguageStrings.h"
 #include "platform/core/Strings.h"
-#include "sensor/Journal.h"
+#include "sensor/JournalEntry.h"
 
 #include <QLocale>
 #include <QStringList>
