@@ -49,7 +49,7 @@ Result runRead(Invocation& invocation)
             array.append(QJsonObject{{QStringLiteral("id"), id}, {QStringLiteral("raw"), text}});
         });
     invocation.output().set(QStringLiteral("values"), array);
-    return Session::resultOf(outcome);
+    return resultOf(outcome);
 }
 
 } // namespace pelorin::cli

@@ -11,7 +11,6 @@
 #include "platform/core/MessageNumbers.h"
 #include "platform/core/ProgramSettings.h"
 #include "platform/core/Strings.h"
-#include "sensor/FailureText.h"
 #include "sensor/JournalWords.h"
 
 #include <QDeadlineTimer>
@@ -241,32 +240,6 @@ WriteResult Session::write(WriteRequest request, SafeWriter::Question question)
     const bool begun = m_writer.write(*this, std::move(request), std::move(listener));
     runUntil([&] { return !begun || result; });
     return result.value_or(WriteResult()); // after a signal: nothing was written
-}
-
-Result Session::resultOf(const Outcome& outcome)
-{
-    switch (outcome.kind) {
-    case Outcome::Kind::Done:
-        return {};
-    case Outcome::Kind::Abandoned:
-        return interrupted();
-    case Outcome::Kind::Lost:
-        return {.exit = ExitCode::Failed, .code = "lost", .text = readingFailure(outcome)};
-    case Outcome::Kind::Failed:
-    case Outcome::Kind::StreamNotEnded:
-        break;
-    }
-    return {.exit = ExitCode::Failed,
-            .code = "failed",
-            .text = readingFailure(outcome),
-            .parameter = outcome.parameter};
-}
-
-Result Session::interrupted()
-{
-    return {.exit = ExitCode::Interrupted,
-            .code = "interrupted",
-            .text = languageString(strings::kInterrupted)};
 }
 
 void Session::close()

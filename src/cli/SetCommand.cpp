@@ -125,7 +125,7 @@ Result chooseOffset(Invocation& invocation, const Change& change, std::optional<
         word = invocation.terminal().ask(choice->question() + words).value_or(QString());
     }
     if (invocation.isInterrupted())
-        return Session::interrupted();
+        return interrupted();
     if (!isOffsetCount(word)) {
         return refused(choice->question() + QLatin1Char('\n') +
                            languageString(strings::kChooseOffsetCount),

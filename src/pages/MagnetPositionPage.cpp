@@ -4,7 +4,6 @@
 #include "pages/PositionTrace.h"
 #include "pages/PositionView.h"
 #include "pages/RecordingDialog.h"
-#include "platform/core/ComPortNames.h"
 #include "platform/core/LanguageStrings.h"
 #include "platform/core/Pacing.h"
 #include "platform/core/Strings.h"
