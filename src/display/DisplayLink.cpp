@@ -225,7 +225,7 @@ QString DisplayLink::takeMessage()
 bool DisplayLink::isPort(int portNumber) const
 {
     const ComPortNames names;
-    return names.numberOf(names.devicePath(m_portName)) == portNumber;
+    return portNumber != 0 && names.numberOf(names.devicePath(m_portName)) == portNumber;
 }
 
 } // namespace pelorin

@@ -34,7 +34,7 @@ public:
     ~DisplayLink();
 
     /// Opens and configures the port and sets the unit up. The link must be closed.
-    /// @param sensorPort COM number of the sensor's port, which is not opened
+    /// @param sensorPort COM number of the sensor's port, which is not opened; 0 if it has none
     /// @return answered with 1 when the unit has been set up; else the port is closed again
     RequestId open(int sensorPort);
 
@@ -62,7 +62,7 @@ public:
 
     /// The device name of the settings.
     [[nodiscard]] const QString& portName() const { return m_portName; }
-    /// Whether that is the port COM<portNumber>.
+    /// Whether that is the port COM<portNumber>; 0 is none.
     [[nodiscard]] bool isPort(int portNumber) const;
 
 private:
