@@ -146,6 +146,8 @@ BackupCommands::End BackupCommands::saveBackup(BackupFile& file)
         return {.message = prepared.message()};
     SaveBackupDialog dialog(&m_window, runner(), m_formats, file);
     (void)dialog.exec();
+    if (dialog.isCancelled())
+        file.giveUpSaving(); // of one that was saved all the same nothing is taken back
     return {.message = dialog.message()};
 }
 
