@@ -45,9 +45,10 @@ Result Watch::run()
     m_time.stop();
     m_look.stop();
     note(resultOf(m_recorder.end()));
-    if (m_result.isDone() && !m_began)
+    const bool isEmpty = m_tally.figures(m_end).count == 0;
+    if (m_result.isDone() && isEmpty && m_session.isInterrupted()) {
         m_result = interrupted();
-    if (m_result.isDone() && m_timeIsOver && m_tally.figures(m_end).count == 0) {
+    } else if (m_result.isDone() && isEmpty && m_timeIsOver) {
         m_result = {.exit = ExitCode::NoAnswer,
                     .code = "no-positions",
                     .text = languageString(strings::kNoPositions)};
@@ -88,7 +89,6 @@ void Watch::connectStream()
 
 void Watch::begin()
 {
-    m_began = true;
     m_origin = std::chrono::steady_clock::now();
     if (!m_session.isPowerManual())
         startTime();

@@ -55,7 +55,6 @@ private:
     QTimer m_look;
     double m_end = 0.0; ///< of the stream, in seconds
     int m_malformed = 0;
-    bool m_began = false;
     bool m_timeIsOver = false;
     bool m_ended = false;
     Result m_result;
