@@ -246,13 +246,16 @@ private Q_SLOTS:
         bench.control<QTableWidget>(kArrayList).item(0, 10)->setText({});
         QCOMPARE(closing(false), question);
         QCOMPARE(bench.choose(kReadButton), languageString(strings::kAskToReadOver));
-        QCOMPARE(bench.column(2).trimmed(), u"7"_s);
         QCOMPARE(bench.choose(kWriteButton, u"own.csv"_s), QString());
+        QCOMPARE(bench.column(2).trimmed(), u"7"_s);
         bench.type(9, 2, u"1"_s); // which that file does not reach
+        bench.type(1, 2, {});
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Delete); // stays open
         QCOMPARE(bench.choose(kReadButton), QString());
         QCOMPARE(bench.column(2), u"10 10        1"_s);
         QCOMPARE(closing(true), question);
         QCOMPARE(bench.choose(kWriteButton, u"all.csv"_s), QString());
+        QCOMPARE(bench.column(2), u"10         1"_s);
         const QSignalSpy closed(&bench.window(), &PelorinMainWindow::closed);
         QCOMPARE(closing(false), QString());
         QVERIFY(waitFor([&closed] { return !closed.isEmpty(); }));
