@@ -59,6 +59,7 @@ DisplayUnitDialog::DisplayUnitDialog(QWidget* parent, const ComPortFactory& fact
     : BaseDialog(QStringLiteral("124_DisplayUnit"), parent), m_sensorPort(sensorPort),
       m_link(factory)
 {
+    m_timer.setTimerType(Qt::PreciseTimer); // any other is up to 5 % early
     m_timer.setInterval(Pacing::pause(kPollPeriod));
     connect(&m_timer, &QTimer::timeout, this, &DisplayUnitDialog::onTimer);
 }
