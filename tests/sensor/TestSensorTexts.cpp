@@ -313,7 +313,7 @@ private Q_SLOTS:
         for (const auto& [lines, value] :
              {std::pair("\r\n44:4A0519\r\n", "4A0519"), std::pair("\n41:1\n44:4A0519", "4A0519"),
               std::pair("\r\n44:000000\r\n44:4A0519\r\n", "4A0519"),
-              std::pair("\r\n44:4A0519\r\n44:\r\n", ""), std::pair("\r\n44=4A0519\r\n", ""),
+              std::pair("\r\n44:4A0519\r\n44:\r\n", ""), std::pair("\r\n44=4A0519\r\n", "4A0519"),
               std::pair("\r\n\r\n\r\n44:4A0519\r\n\r\n", "4A0519"),
               std::pair("\r\n44:  4A05 \r\r\n", "  4A05 \r"), std::pair("\r\n44:4A", "4A"),
               std::pair("\r\n4", ""), std::pair("", "")}) {
