@@ -1101,8 +1101,8 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <translation>This has no function in this version.</translation>
     </message>
     <message id="1510">
-        <source>The file has been written, but it does not hold these cells as they were typed. A point is kept in steps of 0.5 from -16384.0 to 16383.5, a value as an integer, and what is not a number as 0.</source>
-        <translation>The file has been written, but it does not hold these cells as they were typed. A point is kept in steps of 0.5 from -16384.0 to 16383.5, a value as an integer, and what is not a number as 0.</translation>
+        <source>The file has been written, but it does not hold these cells as they were typed. A point is kept in steps of 0.5 from -16384.0 to 16383.5, a value as the integer that it begins with, and anything else as 0.</source>
+        <translation>The file has been written, but it does not hold these cells as they were typed. A point is kept in steps of 0.5 from -16384.0 to 16383.5, a value as the integer that it begins with, and anything else as 0.</translation>
     </message>
     <message id="1600">
         <source>%1 is the port of the sensor. The display unit needs a port of its own; the value QDL3Comport of the settings names it.</source>

@@ -1101,8 +1101,8 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <translation>Sin función en esta versión.</translation>
     </message>
     <message id="1510">
-        <source>The file has been written, but it does not hold these cells as they were typed. A point is kept in steps of 0.5 from -16384.0 to 16383.5, a value as an integer, and what is not a number as 0.</source>
-        <translation>El archivo se ha escrito, pero estas celdas figuran en él de otro modo que lo introducido. Un punto se guarda en pasos de 0.5 de -16384.0 a 16383.5, un valor como número entero, y lo que no es un número como 0.</translation>
+        <source>The file has been written, but it does not hold these cells as they were typed. A point is kept in steps of 0.5 from -16384.0 to 16383.5, a value as the integer that it begins with, and anything else as 0.</source>
+        <translation>El archivo se ha escrito, pero estas celdas figuran en él de otro modo que lo introducido. Un punto se guarda en pasos de 0.5 de -16384.0 a 16383.5, un valor como el número entero con el que empieza, y todo lo demás como 0.</translation>
     </message>
     <message id="1600">
         <source>%1 is the port of the sensor. The display unit needs a port of its own; the value QDL3Comport of the settings names it.</source>

@@ -128,9 +128,10 @@ BackupCommands::End BackupCommands::runWithFile(Mode mode)
     if (const auto outcome = file.read(); !outcome.isDone())
         return {.message = outcome.message()};
     const auto values = file.values();
-    if (!values)
+    if (!values) {
         return {.message = mode == Mode::Compare ? file.refusal()
                                                  : languageString(strings::kNoBackupFile)};
+    }
     if (mode == Mode::Compare)
         return review(mode, {*values, path});
     const auto faults = BackupFaults::of(*values, sensorType(link().ssiType()).backup);
@@ -145,6 +146,8 @@ BackupCommands::End BackupCommands::saveBackup(BackupFile& file)
         return {.message = prepared.message()};
     SaveBackupDialog dialog(&m_window, runner(), m_formats, file);
     (void)dialog.exec();
+    if (dialog.isCancelled())
+        file.giveUpSaving(); // of one that was saved all the same nothing is taken back
     return {.message = dialog.message()};
 }
 
@@ -154,7 +157,7 @@ BackupCommands::End BackupCommands::restoreUnseen(const SensorValues& values)
     const int losses = link().lossCount();
     const std::string_view order = sensorType(link().ssiType()).backup;
     WriteRequest request;
-    request.order = QByteArray(order.data(), static_cast<qsizetype>(order.size()));
+    request.order = QByteArrayView(order).toByteArray();
     request.values = values;
     if (!confirmValues(request))
         return {};
@@ -178,10 +181,7 @@ BackupCommands::End BackupCommands::putBackEntry(const JournalEntry& entry)
     if (!m_pages.mayDiscard(m_gate))
         return {};
     const bool replaces = !entry.end && m_writer.isConnected(entry);
-    Saved saved{
-        entry.values,
-        QStringList{timeInWords(entry), entry.device, QString::fromLatin1(entry.version)}.join(
-            QStringLiteral(", "))};
+    Saved saved{entry.values, entryInWords(entry)};
     saved.values.emplace('V', entry.version);
     End end = review(Mode::PutBack, saved);
     if (replaces && end.replaced)

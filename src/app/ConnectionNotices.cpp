@@ -22,11 +22,6 @@ namespace pelorin {
 
 namespace {
 
-QString hex(int revision)
-{
-    return QString::asprintf("%02X", static_cast<unsigned>(revision));
-}
-
 /// "type 0: 10 to 1F, type 1: none" and so on.
 QString rangesInWords()
 {
@@ -35,16 +30,11 @@ QString rangesInWords()
     for (int type = 0; type < kSsiTypeCount; ++type) {
         const RevisionBounds& range = bounds[static_cast<std::size_t>(type)];
         words << (range.hasAny() ? languageString(strings::kTypeRange)
-                                       .arg(QString::number(type), hex(range.low), hex(range.high))
+                                       .arg(QString::number(type), revisionText(range.low),
+                                            revisionText(range.high))
                                  : languageString(strings::kTypeWithoutRange).arg(type));
     }
     return words.join(QStringLiteral(", "));
-}
-
-QString keptInWords(const KeptFormat& format)
-{
-    return languageString(strings::kKeptFormat)
-        .arg(format.device, QString::fromLatin1(format.version), QString::fromLatin1(format.own));
 }
 
 /// What "always" does to the range of a type.
@@ -52,10 +42,10 @@ QString wideningInWords(int type, const RevisionBounds& range, const RevisionBou
 {
     if (range.hasAny() && range.low <= range.high) {
         return languageString(strings::kAlwaysWidened)
-            .arg(QString::number(type), hex(wide.low), hex(wide.high), hex(range.low),
-                 hex(range.high));
+            .arg(QString::number(type), revisionText(wide.low), revisionText(wide.high),
+                 revisionText(range.low), revisionText(range.high));
     }
-    return languageString(strings::kAlwaysNew).arg(QString::number(type), hex(wide.low));
+    return languageString(strings::kAlwaysNew).arg(QString::number(type), revisionText(wide.low));
 }
 
 } // namespace
@@ -98,7 +88,7 @@ void ConnectionNotices::update()
 void ConnectionNotices::tellOf(const KeptFormat& format)
 {
     if (m_gate.isCloseWanted())
-        return m_gate.addNotice(keptInWords(format));
+        return m_gate.addNotice(keptFormatInWords(format));
     if (!m_kept.contains(format))
         m_kept << format;
     update();
@@ -124,7 +114,7 @@ void ConnectionNotices::tell()
 void ConnectionNotices::showKeptFormat(const KeptFormat& format)
 {
     m_strip.show(
-        {.text = [format] { return keptInWords(format); },
+        {.text = [format] { return keptFormatInWords(format); },
          .light = NoticeStrip::Light::Red,
          .buttons = {{.caption = strings::kTryAgain,
                       .clicked =
@@ -162,7 +152,8 @@ void ConnectionNotices::tellNotIdentified()
     m_strip.show({.text =
                       [revision = revisionOf(m_link.versionText())] {
                           return languageString(strings::kNotIdentifiedNotice)
-                              .arg(hex(revision), QString::number(revision), rangesInWords());
+                              .arg(revisionText(revision), QString::number(revision),
+                                   rangesInWords());
                       },
                   .light = NoticeStrip::Light::Red,
                   .buttons = typeButtons(),
@@ -174,7 +165,7 @@ void ConnectionNotices::tellChosen()
     m_strip.show({.text =
                       [revision = revisionOf(m_link.versionText()), type = m_link.ssiType()] {
                           return languageString(strings::kChosenByHand)
-                              .arg(hex(revision), QString::number(type));
+                              .arg(revisionText(revision), QString::number(type));
                       },
                   .buttons = typeButtons(),
                   .owner = this});

@@ -2,6 +2,7 @@
 
 #include "app/CommandGate.h"
 #include "app/LinkStatusBar.h"
+#include "link/CommLogTexts.h"
 #include "link/SensorIdentification.h"
 #include "link/SensorLink.h"
 #include "platform/core/LanguageStrings.h"
@@ -35,9 +36,8 @@ ConnectionSupervisor::ConnectionSupervisor(QWidget& window, const Shared& shared
     m_statusBar.setPort(m_link.openedPort());
     m_reconnectTimer.setInterval(Pacing::pause(kReconnectPeriod));
     connect(&m_reconnectTimer, &QTimer::timeout, this, &ConnectionSupervisor::onReconnectTimer);
-    connect(&m_runner, &SequenceRunner::portStuck, this, [this](int number) {
-        m_gate.addNotice(
-            languageString(strings::kPortStuck).arg(QStringLiteral("COM%1").arg(number)));
+    connect(&m_runner, &SequenceRunner::portStuck, this, [this](auto& name) {
+        m_gate.addNotice(languageString(strings::kPortStuck).arg(name));
     });
 }
 
@@ -163,15 +163,16 @@ void ConnectionSupervisor::explainIdentification()
 {
     const QByteArray version = m_link.versionText();
     if (m_link.isTypeByHand()) {
-        m_statusBar.setExplanation(
-            [revision = QString::fromLatin1(version.left(2)), type = m_link.ssiType()] {
-                return languageString(strings::kChosenByHand).arg(revision, QString::number(type));
-            });
+        m_statusBar.setExplanation([revision = revisionText(version), type = m_link.ssiType()] {
+            return languageString(strings::kChosenByHand).arg(revision, QString::number(type));
+        });
     }
     if (version.isEmpty() || m_link.ssiType() != kSsiTypeUnknown)
         return;
-    m_statusBar.setExplanation(
-        [version] { return QStringLiteral("SSY Type: Unknown\n") + unidentifiedText(version); });
+    m_statusBar.setExplanation([version] {
+        return QLatin1String(logtexts::kOfNoType) + QStringLiteral("\n") +
+               unidentifiedText(version);
+    });
 }
 
 void ConnectionSupervisor::tellKeptFormats(const QList<KeptFormat>& formats)

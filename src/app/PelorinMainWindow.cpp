@@ -208,7 +208,7 @@ void PelorinMainWindow::translate()
 void PelorinMainWindow::showTitle()
 {
     QString title = languageString(strings::kMainTitle);
-    if (ComPortNames().isSimulated(QStringLiteral("COM%1").arg(m_link.openedPort())))
+    if (ComPortNames().isSimulated(ComPortNames::nameOf(m_link.openedPort())))
         title += QStringLiteral(" - ") + languageString(strings::kSimulated);
     setWindowTitle(title);
     m_pages->header().showSensor();

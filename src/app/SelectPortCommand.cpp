@@ -5,6 +5,7 @@
 #include "app/ConnectionSupervisor.h"
 #include "link/SensorLink.h"
 #include "pages/SelectPortDialog.h"
+#include "platform/core/ComPortNames.h"
 #include "platform/core/LanguageStrings.h"
 #include "platform/core/Strings.h"
 
@@ -27,8 +28,8 @@ void SelectPortCommand::run()
         return;
     if (!m_parts.isDisplayUnits(dialog.selectedPort()))
         return change(dialog.selectedPort());
-    m_parts.gate.addNotice(languageString(strings::kPortIsDisplays)
-                               .arg(QStringLiteral("COM%1").arg(dialog.selectedPort())));
+    m_parts.gate.addNotice(
+        languageString(strings::kPortIsDisplays).arg(ComPortNames::nameOf(dialog.selectedPort())));
 }
 
 void SelectPortCommand::change(int port)

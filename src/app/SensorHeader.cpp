@@ -24,7 +24,6 @@ namespace {
 
 constexpr int kMargin = 4; ///< logical pixels
 constexpr int kGap = 20;   ///< shrinks where there is little room
-constexpr int kRevisionLength = 2;
 constexpr QSize kLightSize(13, 13);
 
 enum class State { NotConnected, Lost, NotIdentified, Connected };
@@ -151,14 +150,13 @@ QString SensorHeader::text(Field field) const
     case Revision:
         if (!connected && state != State::NotIdentified)
             return {};
-        return languageString(strings::kFirmwareRevision)
-            .arg(QString::fromLatin1(link.versionText().left(kRevisionLength)));
+        return languageString(strings::kFirmwareRevision).arg(revisionText(link.versionText()));
     case FactoryText:
         return QString::fromLatin1(m_factoryText).trimmed();
     case Port: {
         if (!connected && state != State::NotIdentified)
             return {};
-        const QString name = QStringLiteral("COM%1").arg(link.portNumber());
+        const QString name = ComPortNames::nameOf(link.portNumber());
         return ComPortNames().isSimulated(name)
                    ? QStringLiteral("%1 (%2)").arg(name, languageString(strings::kSimulated))
                    : name;

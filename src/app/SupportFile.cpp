@@ -3,6 +3,7 @@
 #include "platform/core/LanguageStrings.h"
 #include "platform/core/ProgramVersion.h"
 #include "platform/core/RegistryConfig.h"
+#include "platform/core/RegistryLexer.h"
 #include "platform/core/SettingsLocation.h"
 #include "platform/core/Strings.h"
 #include "platform/core/UserFolders.h"
@@ -11,7 +12,6 @@
 #include "sensor/ParameterWords.h"
 
 #include <QDateTime>
-#include <QStringDecoder>
 #include <QStringList>
 #include <QSysInfo>
 
@@ -44,14 +44,12 @@ QStringList linesOf(const QString& path)
     const auto reading = WholeFile(path).read(kLargestSettings);
     if (!reading.outcome.isDone())
         return {reading.outcome.message()};
-    auto decoder = QStringDecoder(
-        QStringConverter::encodingForData(reading.content).value_or(QStringConverter::Utf8));
-    QString text = decoder(reading.content);
-    return text.remove(u'\r').split(u'\n');
+    return decodedRegistry(reading.content).remove(u'\r').split(u'\n');
 }
 
 /// What the settings file says of this program and of the names of ports, without comments; a
-/// site's file may hold more.
+/// site's file may hold more. The lines are told apart by their beginnings alone: a damaged file is
+/// what help is asked for.
 QStringList settings()
 {
     const QStringList own = {productKey().mid(1), QStringLiteral("\\DEVICEMAP\\")};

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "link/CommLog.h"
-#include "sensor/Journal.h"
+#include "sensor/JournalEntry.h"
 
 #include <QString>
 

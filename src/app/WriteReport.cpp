@@ -132,11 +132,8 @@ void WriteReport::tellUntold()
     });
     const auto text = [untold] {
         QStringList lines;
-        for (const JournalEntry& entry : untold) {
-            const QStringList of{timeInWords(entry), entry.device,
-                                 QString::fromLatin1(entry.version)};
-            lines << of.join(QStringLiteral(", ")) + QStringLiteral(": ") + outcomeInWords(entry);
-        }
+        for (const JournalEntry& entry : untold)
+            lines << entryInWords(entry) + QStringLiteral(": ") + outcomeInWords(entry);
         return lines.join(QLatin1Char('\n'));
     };
     const auto show = [this, id = untold.constFirst().id] {
@@ -152,11 +149,7 @@ void WriteReport::offerUnfinished()
         if (m_offered.contains(entry.id) || !isOfConnectedSensor(entry))
             continue;
         m_offered << entry.id;
-        showLater({[entry] {
-                       return languageString(strings::kUnfinishedWrite)
-                           .arg(entry.device, QString::fromLatin1(entry.version),
-                                timeInWords(entry));
-                   },
+        showLater({[entry] { return unfinishedInWords(entry); },
                    Light::Red,
                    {{strings::kShow, [this, id = entry.id] { Q_EMIT showWanted(id); }},
                     {strings::kForget, [this, entry] { forget(entry); }}}});

@@ -3,6 +3,7 @@
 #include "platform/core/ComPortFactory.h"
 #include "platform/core/Demonstration.h"
 #include "platform/core/ProgramOptions.h"
+#include "platform/core/ProgramSettings.h"
 #include "platform/core/SettingsLocation.h"
 #include "platform/core/TerminationSignals.h"
 #include "platform/core/TermiosComPort.h"
@@ -54,9 +55,11 @@ QString takeOptions(ProgramOptions& options)
         return fault;
     if (options.values().isSet(demonstrationOption()))
         useDemonstration();
-    return options.values().isSet(settingsOption())
-               ? useSettingsFile(options.values().value(settingsOption()))
-               : QString();
+    if (!options.values().isSet(settingsOption()))
+        return QString();
+    const QString settings = options.values().value(settingsOption());
+    nameRegistryFile(settings);
+    return namedSettingsFault(settings);
 }
 
 /// The text that is searched for the port; the first one counts.

@@ -27,6 +27,8 @@ public:
 
     /// What the user has to be told of how it ended; empty for nothing.
     [[nodiscard]] const QString& message() const { return m_message; }
+    /// Whether the user wanted it to end.
+    [[nodiscard]] bool isCancelled() const { return m_cancelled; }
 
     /// The number of the text that is the title of what a mode does.
     [[nodiscard]] static int titleOf(Mode mode);

@@ -1,5 +1,6 @@
 #include "backup/EarlierStatesDialog.h"
 
+#include "link/SensorIdentification.h"
 #include "link/SensorLink.h"
 #include "platform/core/LanguageStrings.h"
 #include "platform/core/Strings.h"
@@ -46,8 +47,7 @@ QString wordsOf(const SensorValues& values)
 
 QString factoryText(const JournalEntry& entry)
 {
-    const auto text = entry.values.find('F');
-    return text == entry.values.end() ? QString() : parameterText('F', text->second);
+    return parameterText('F', textOf(entry.values, 'F'));
 }
 
 QString typeInWords(const JournalEntry& entry)
@@ -56,11 +56,9 @@ QString typeInWords(const JournalEntry& entry)
     return entry.typeChosen ? languageString(strings::kTypeChosenByHand).arg(type) : type;
 }
 
-/// The first two characters are the firmware revision.
-QString revisionText(const QByteArray& version)
+QString versionInWords(const QByteArray& version)
 {
-    return QStringLiteral("%1 (%2)").arg(QString::fromLatin1(version.left(2)),
-                                         QString::fromLatin1(version));
+    return QStringLiteral("%1 (%2)").arg(revisionText(version), QString::fromLatin1(version));
 }
 
 /// The parameters of an entry in the order of the first page, then what its type does not have.
@@ -222,7 +220,7 @@ void EarlierStatesDialog::showEntry(int row)
     const JournalEntry& entry = m_entries.at(row);
     setRow(*m_list, row,
            {timeInWords(entry), deviceInWords(entry), typeInWords(entry),
-            revisionText(entry.version), factoryText(entry), writerInWords(entry.by),
+            versionInWords(entry.version), factoryText(entry), writerInWords(entry.by),
             wordsOf(entry.written), outcomeInWords(entry).replace(u'\n', u' ')});
 }
 

@@ -78,17 +78,13 @@ QString lastWriteText(const std::optional<JournalEntry>& entry)
 
 QString SensorReport::html() const
 {
-    const auto version = values.find('V');
-    const auto text = values.find('F');
-    const auto shown = [this](auto value) {
-        return value == values.end() ? QString() : QString::fromLatin1(value->second);
-    };
+    const auto shown = [this](char id) { return QString::fromLatin1(textOf(values, id)); };
     // It may be read in another country, and years later.
     const QString when = time.toString(QStringLiteral("yyyy-MM-dd HH:mm:ss t"));
     const QString identity =
         row({languageString(strings::kTypeOfSensor), QString::number(ssiType)}) +
-        row({languageString(strings::kFactoryText), shown(text)}) +
-        row({languageString(strings::kFirmwareVersion), shown(version)}) +
+        row({languageString(strings::kFactoryText), shown('F')}) +
+        row({languageString(strings::kFirmwareVersion), shown('V')}) +
         row({languageString(strings::kDeviceHeader), port}) +
         row({languageString(strings::kReportTime), when}) +
         row({languageString(strings::kReportProgram),

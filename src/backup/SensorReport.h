@@ -1,6 +1,6 @@
 #pragma once
 
-#include "sensor/Journal.h"
+#include "sensor/JournalEntry.h"
 #include "sensor/SensorValues.h"
 
 #include <QByteArray>

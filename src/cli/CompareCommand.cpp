@@ -20,11 +20,7 @@ struct Side
     QString name;
     SensorValues values{};
 
-    [[nodiscard]] QByteArray text(char id) const
-    {
-        const auto found = values.find(id);
-        return found == values.end() ? QByteArray() : found->second;
-    }
+    [[nodiscard]] QByteArray text(char id) const { return textOf(values, id); }
 
     [[nodiscard]] QString inWords(char id) const
     {

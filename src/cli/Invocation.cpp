@@ -61,13 +61,6 @@ Result Invocation::end(const Result& result)
     return worst;
 }
 
-Result resultOf(const WholeFile::Outcome& outcome)
-{
-    if (outcome.isDone())
-        return {};
-    return {.exit = ExitCode::FileUnfit, .code = "file", .text = outcome.message()};
-}
-
 Result confirmOverwriting(Invocation& invocation, const QString& path)
 {
     if (!QFileInfo::exists(path) || invocation.options().dryRun)
@@ -76,7 +69,7 @@ Result confirmOverwriting(Invocation& invocation, const QString& path)
     if (answer == true)
         return {};
     if (invocation.isInterrupted())
-        return Session::interrupted();
+        return interrupted();
     return {.exit = ExitCode::Refused,
             .code = "file-exists",
             .text = languageString(strings::kFileNotOverwritten).arg(path)};
@@ -92,11 +85,6 @@ Result readBackup(const QString& path, SensorValues& values)
         return {};
     }
     return {.exit = ExitCode::FileUnfit, .code = "no-backup", .text = file.refusal()};
-}
-
-Result usage(const QString& text)
-{
-    return {.exit = ExitCode::Usage, .code = "usage", .text = text};
 }
 
 } // namespace pelorin::cli

@@ -53,13 +53,9 @@ private:
     WholeFile m_log;
 };
 
-/// The result of an operation on a file of the user.
-[[nodiscard]] Result resultOf(const WholeFile::Outcome& outcome);
 /// Asks before a file that exists is overwritten, unless nothing is to be written.
 [[nodiscard]] Result confirmOverwriting(Invocation& invocation, const QString& path);
 /// Reads a backup file, whatever it holds.
 [[nodiscard]] Result readBackup(const QString& path, SensorValues& values);
-/// A command line that cannot be understood.
-[[nodiscard]] Result usage(const QString& text);
 
 } // namespace pelorin::cli

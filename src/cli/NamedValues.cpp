@@ -85,11 +85,11 @@ std::vector<Part> extensionParts(const Extension& extension)
 /// An offset is a length only by the resolution.
 Part offsetPart(const QByteArray& text, const SensorValues& values)
 {
-    const auto resolution = values.find('A');
+    const QByteArray resolution = textOf(values, 'A');
     const int counts = decodeOffsetCounts(text);
-    if (resolution == values.end() || !isWellFormed('A', resolution->second))
+    if (!isWellFormed('A', resolution))
         return {"offset", counts, "counts"};
-    return {"offset", rounded(counts * decodeResolutionMm(resolution->second), 6), "mm"};
+    return {"offset", rounded(counts * decodeResolutionMm(resolution), 6), "mm"};
 }
 
 std::vector<Part> partsOf(char id, const QByteArray& text, const SensorValues& values)

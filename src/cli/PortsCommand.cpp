@@ -14,8 +14,7 @@ Result runPorts(Invocation& invocation)
     QJsonArray array;
     const auto ports = ComPortNames().presentPorts();
     for (const PresentPort& port : ports) {
-        const QString name = // one without a number is opened by its path
-            port.number == 0 ? port.device : QStringLiteral("COM%1").arg(port.number);
+        const QString name = ComPortNames::nameOf(port.number, port.device); // opened by either
         const QString description =
             port.simulated ? languageString(strings::kSimulated) : port.adapter.description;
         QJsonObject object{{QStringLiteral("device"), port.device}};

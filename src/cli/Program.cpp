@@ -15,7 +15,6 @@
 #include "platform/core/Strings.h"
 
 #include <QCommandLineParser>
-#include <QFileInfo>
 
 #include <cstdio>
 
@@ -39,11 +38,7 @@ bool isSet(const QCommandLineParser& parser, const char* name)
 /// A settings file that was asked for has to be used.
 Result checkSettings(const QString& path)
 {
-    if (path.isEmpty())
-        return {};
-    const QString fault = QFileInfo::exists(path)
-                              ? settingsFault()
-                              : textOr(strings::kNoSettingsFile, QStringLiteral("%1")).arg(path);
+    const QString fault = path.isEmpty() ? QString() : namedSettingsFault(path);
     if (fault.isNull())
         return {};
     return {.exit = ExitCode::Usage, .code = "settings", .text = fault};
@@ -97,12 +92,12 @@ Result runCommand(const Command& command, const Session::Shared& shared,
                   const QCommandLineParser& parser)
 {
     const auto count = static_cast<int>(parser.positionalArguments().size() - 1);
-    if (const Result use = checkUse(command, shared.options, count, shared.terminal); !use.isDone())
+    if (Result use = checkUse(command, shared.options, count, shared.terminal); !use.isDone())
         return use;
     if (const QString unused = settingsFault(); !unused.isNull())
         shared.output.tell(unused);
     Invocation invocation(shared, parser);
-    if (const Result begun = invocation.begin(); !begun.isDone())
+    if (Result begun = invocation.begin(); !begun.isDone())
         return begun;
     return invocation.end(command.run(invocation));
 }

@@ -38,21 +38,18 @@ Result runRead(Invocation& invocation)
     Result connected = session.connectSensor();
     if (!connected.isDone() && connected.exit != ExitCode::NotIdentified)
         return connected;
-    if (ids.isEmpty()) {
-        const std::string_view all = sensorType(session.link().ssiType()).information;
-        ids = QByteArray(all.data(), static_cast<qsizetype>(all.size()));
-    }
+    if (ids.isEmpty())
+        ids = QByteArrayView(sensorType(session.link().ssiType()).information).toByteArray();
     QJsonArray array;
-    const Outcome outcome = session.run(
-        readPlan({ids.constData(), static_cast<std::size_t>(ids.size())}),
-        languageString(strings::kReading), [&](const Reply& reply) {
+    const Outcome outcome =
+        session.run(readPlan(ids), languageString(strings::kReading), [&](const Reply& reply) {
             const QString id(QLatin1Char(reply.id));
             const QString text = QString::fromLatin1(reply.text);
             invocation.output().print(id + QLatin1Char(' ') + text);
             array.append(QJsonObject{{QStringLiteral("id"), id}, {QStringLiteral("raw"), text}});
         });
     invocation.output().set(QStringLiteral("values"), array);
-    return Session::resultOf(outcome);
+    return resultOf(outcome);
 }
 
 } // namespace pelorin::cli

@@ -55,7 +55,7 @@ Written restoreUnseen(Invocation& invocation, const Restoration& restoration)
     }
     const std::string_view order = sensorType(session.link().ssiType()).backup;
     WriteRequest request;
-    request.order = QByteArray(order.data(), static_cast<qsizetype>(order.size()));
+    request.order = QByteArrayView(order).toByteArray();
     request.values = restoration.values;
     return writeRestored(invocation, std::move(request));
 }

@@ -1,6 +1,12 @@
 #pragma once
 
+#include "platform/core/WholeFile.h"
+
 #include <QString>
+
+namespace pelorin {
+struct Outcome;
+} // namespace pelorin
 
 namespace pelorin::cli {
 
@@ -29,5 +35,16 @@ struct Result
 
     [[nodiscard]] bool isDone() const { return exit == ExitCode::Done; }
 };
+
+/// How a plan that only reads has ended.
+[[nodiscard]] Result resultOf(const Outcome& outcome);
+/// How an operation on a file of the user has ended.
+[[nodiscard]] Result resultOf(const WholeFile::Outcome& outcome);
+/// A command line that cannot be understood.
+[[nodiscard]] Result usage(const QString& text);
+/// What something refuses, in the user's language.
+[[nodiscard]] Result refused(const QString& text, char parameter = 0);
+/// What a signal has ended.
+[[nodiscard]] Result interrupted();
 
 } // namespace pelorin::cli

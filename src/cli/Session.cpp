@@ -11,7 +11,6 @@
 #include "platform/core/MessageNumbers.h"
 #include "platform/core/ProgramSettings.h"
 #include "platform/core/Strings.h"
-#include "sensor/FailureText.h"
 #include "sensor/JournalWords.h"
 
 #include <QDeadlineTimer>
@@ -42,7 +41,7 @@ Session::Session(const Shared& shared)
     m_link.setLossTarget(this);
     connect(&m_interruption, &Interruption::came, this, [this] { m_runner.windDown([] {}); });
     connect(&m_runner, &SequenceRunner::portStuck, this,
-            [this](int number) { m_output.tell(languageString(strings::kPortStuck).arg(number)); });
+            [this](auto& name) { m_output.tell(languageString(strings::kPortStuck).arg(name)); });
 }
 
 Session::~Session()
@@ -98,7 +97,7 @@ Result Session::openPort()
     const int number = names.numberOf(device);
     QJsonObject port{{QStringLiteral("device"), device}};
     if (number != 0)
-        port.insert(QStringLiteral("name"), QStringLiteral("COM%1").arg(number));
+        port.insert(QStringLiteral("name"), ComPortNames::nameOf(number));
     m_output.set(QStringLiteral("port"), port);
 
     // It may be told only while the port is closed again.
@@ -157,7 +156,7 @@ Result Session::checkType() const
     return {.exit = ExitCode::Refused,
             .code = "other-type",
             .text = languageString(strings::kOtherType)
-                        .arg(QString::fromLatin1(m_link.versionText().left(2)))
+                        .arg(revisionText(m_link.versionText()))
                         .arg(m_link.ssiType())};
 }
 
@@ -171,11 +170,8 @@ void Session::restoreFormat()
     if (format == FormatRestore::Result::NotRead) {
         m_formatFault.text = languageString(strings::kFormatNotRead);
     } else if (format == FormatRestore::Result::NotRestored) {
-        for (const KeptFormat& kept : m_restore.keptForSensor()) {
-            m_formatFault.text = languageString(strings::kKeptFormat)
-                                     .arg(kept.device, QString::fromLatin1(kept.version),
-                                          QString::fromLatin1(kept.own));
-        }
+        for (const KeptFormat& kept : m_restore.keptForSensor())
+            m_formatFault.text = keptFormatInWords(kept);
     } else {
         m_formatFault = {};
     }
@@ -196,10 +192,8 @@ void Session::tellUnfinished()
 {
     for (const JournalEntry& entry : m_journal.unfinished()) {
         if (m_writer.isConnected(entry)) {
-            m_output.tell(
-                languageString(strings::kUnfinishedWrite)
-                    .arg(entry.device, QString::fromLatin1(entry.version), timeInWords(entry)) +
-                QStringLiteral(" (pelorin-cli journal show %1)").arg(entry.id));
+            m_output.tell(unfinishedInWords(entry) +
+                          QStringLiteral(" (pelorin-cli journal show %1)").arg(entry.id));
         }
     }
 }
@@ -246,32 +240,6 @@ WriteResult Session::write(WriteRequest request, SafeWriter::Question question)
     const bool begun = m_writer.write(*this, std::move(request), std::move(listener));
     runUntil([&] { return !begun || result; });
     return result.value_or(WriteResult()); // after a signal: nothing was written
-}
-
-Result Session::resultOf(const Outcome& outcome)
-{
-    switch (outcome.kind) {
-    case Outcome::Kind::Done:
-        return {};
-    case Outcome::Kind::Abandoned:
-        return interrupted();
-    case Outcome::Kind::Lost:
-        return {.exit = ExitCode::Failed, .code = "lost", .text = readingFailure(outcome)};
-    case Outcome::Kind::Failed:
-    case Outcome::Kind::StreamNotEnded:
-        break;
-    }
-    return {.exit = ExitCode::Failed,
-            .code = "failed",
-            .text = readingFailure(outcome),
-            .parameter = outcome.parameter};
-}
-
-Result Session::interrupted()
-{
-    return {.exit = ExitCode::Interrupted,
-            .code = "interrupted",
-            .text = languageString(strings::kInterrupted)};
 }
 
 void Session::close()

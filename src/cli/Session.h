@@ -75,11 +75,6 @@ public:
     /// @param question as SafeWriter has it; without one nothing is written without the journal
     [[nodiscard]] WriteResult write(WriteRequest request, SafeWriter::Question question = {});
 
-    /// How a plan that only reads has ended, as the result of the command.
-    [[nodiscard]] static Result resultOf(const Outcome& outcome);
-    /// The result of what a signal has ended.
-    [[nodiscard]] static Result interrupted();
-
     [[nodiscard]] SensorLink& link() { return m_link; }
     [[nodiscard]] SequenceRunner& runner() { return m_runner; }
     [[nodiscard]] FormatRestore& formats() { return m_restore; }

@@ -125,7 +125,7 @@ Result chooseOffset(Invocation& invocation, const Change& change, std::optional<
         word = invocation.terminal().ask(choice->question() + words).value_or(QString());
     }
     if (invocation.isInterrupted())
-        return Session::interrupted();
+        return interrupted();
     if (!isOffsetCount(word)) {
         return refused(choice->question() + QLatin1Char('\n') +
                            languageString(strings::kChooseOffsetCount),
@@ -151,8 +151,7 @@ Result writeChange(Invocation& invocation, const Change& change, const OutputEnt
     const SensorType& type = sensorType(change.ssiType);
     WriteRequest request;
     request.by = WriteRequest::By::CommandLine;
-    request.order =
-        QByteArray(type.outputWrite.data(), static_cast<qsizetype>(type.outputWrite.size()));
+    request.order = QByteArrayView(type.outputWrite).toByteArray();
     request.values = *values;
     request.closing = type.closing;
     request.base = change.values;

@@ -55,7 +55,7 @@ Result ask(Invocation& invocation, const WriteRequest& request, QStringList ques
     for (const QString& question : std::as_const(questions)) {
         const auto answer = invocation.confirm(question);
         if (invocation.isInterrupted())
-            return Session::interrupted();
+            return interrupted();
         if (!answer) {
             return {.exit = ExitCode::Refused,
                     .code = "not-confirmed",
@@ -102,10 +102,10 @@ Result resultOfUnchecked(const WriteResult& written)
     return {.exit = ExitCode::NotChecked, .code = "not-checked", .text = wordsOf(written)};
 }
 
-Result resultOf(const WriteResult& written, bool interrupted)
+Result resultOf(const WriteResult& written, bool isInterrupted)
 {
-    if (interrupted && (written.kind == Kind::NotWritten || written.reason == Reason::Closed)) {
-        Result result = Session::interrupted();
+    if (isInterrupted && (written.kind == Kind::NotWritten || written.reason == Reason::Closed)) {
+        Result result = interrupted();
         result.text += QLatin1Char('\n') + wordsOf(written);
         return result;
     }
@@ -138,11 +138,6 @@ void show(Output& output, const WriteResult& written)
 }
 
 } // namespace
-
-Result refused(const QString& text, char parameter)
-{
-    return {.exit = ExitCode::Refused, .code = "refused", .text = text, .parameter = parameter};
-}
 
 QList<QCommandLineOption> writingOptions()
 {

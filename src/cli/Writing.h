@@ -19,9 +19,6 @@ struct Written
     bool began = false; ///< whether anything has left
 };
 
-/// What something refuses, in the user's language.
-[[nodiscard]] Result refused(const QString& text, char parameter = 0);
-
 /// The options of every command that writes.
 [[nodiscard]] QList<QCommandLineOption> writingOptions();
 

@@ -24,7 +24,6 @@ namespace {
 constexpr int kHighestNode = 9; ///< a frame has one digit for it
 
 constexpr LineSettings kLine{19200, 'N', 8, 1};
-constexpr auto kNoReading = "****";
 
 /// The requests of the link, in their order of precedence.
 enum class DisplayRequest : int { Reading, Apply };
@@ -226,7 +225,7 @@ QString DisplayLink::takeMessage()
 bool DisplayLink::isPort(int portNumber) const
 {
     const ComPortNames names;
-    return names.numberOf(names.devicePath(m_portName)) == portNumber;
+    return portNumber != 0 && names.numberOf(names.devicePath(m_portName)) == portNumber;
 }
 
 } // namespace pelorin

@@ -23,6 +23,8 @@ class ComPortFactory;
 class DisplayLink
 {
 public:
+    static constexpr char kNoReading[] = "****";
+
     /// Reads port and node from the settings.
     /// @param factory makes the port; outlives the link
     explicit DisplayLink(const ComPortFactory& factory);
@@ -32,7 +34,7 @@ public:
     ~DisplayLink();
 
     /// Opens and configures the port and sets the unit up. The link must be closed.
-    /// @param sensorPort COM number of the sensor's port, which is not opened
+    /// @param sensorPort COM number of the sensor's port, which is not opened; 0 if it has none
     /// @return answered with 1 when the unit has been set up; else the port is closed again
     RequestId open(int sensorPort);
 
@@ -51,7 +53,7 @@ public:
     RequestId requestReading();
     RequestId requestApply(const DisplaySettings& settings);
 
-    /// What the unit displayed when it was last asked; "****" if it did not tell.
+    /// What the unit displayed when it was last asked; kNoReading if it did not tell.
     [[nodiscard]] QString lastReading() const;
 
     /// What the user must be told after a message has come; mostly nothing. Errors of a port that
@@ -60,7 +62,7 @@ public:
 
     /// The device name of the settings.
     [[nodiscard]] const QString& portName() const { return m_portName; }
-    /// Whether that is the port COM<portNumber>.
+    /// Whether that is the port COM<portNumber>; 0 is none.
     [[nodiscard]] bool isPort(int portNumber) const;
 
 private:

@@ -59,6 +59,7 @@ DisplayUnitDialog::DisplayUnitDialog(QWidget* parent, const ComPortFactory& fact
     : BaseDialog(QStringLiteral("124_DisplayUnit"), parent), m_sensorPort(sensorPort),
       m_link(factory)
 {
+    m_timer.setTimerType(Qt::PreciseTimer); // any other is up to 5 % early
     m_timer.setInterval(Pacing::pause(kPollPeriod));
     connect(&m_timer, &QTimer::timeout, this, &DisplayUnitDialog::onTimer);
 }
@@ -85,7 +86,7 @@ void DisplayUnitDialog::onInitDialog()
     box->backColor(Qt::black);
     box->foreColor(Qt::yellow);
     box->setFont(QFont(QStringLiteral("Arial"), kDisplayPoints));
-    box->setText(QStringLiteral("****"));
+    box->setText(QLatin1String(DisplayLink::kNoReading));
     // The longest reading has its place from the start, so that the window keeps its width.
     box->setMinimumWidth(box->fontMetrics().horizontalAdvance(QString(14, QLatin1Char('0'))) +
                          2 * box->margin());

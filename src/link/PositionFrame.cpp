@@ -1,21 +1,21 @@
 #include "link/PositionFrame.h"
 
+#include "link/SensorFrame.h"
 #include "platform/core/HexText.h"
 
 namespace pelorin {
 
 namespace {
 
-constexpr std::size_t kFrameLength = 9;
 constexpr int kWordBits = 32;
 
 } // namespace
 
-std::optional<double> decodePosition(std::string_view frame, const PositionScale& scale) noexcept
+std::optional<double> decodePosition(QByteArrayView frame, const PositionScale& scale) noexcept
 {
-    if (frame.size() != kFrameLength || frame.back() != '\r')
+    if (frame.size() != kPositionFrameLength || frame.back() != kFrameTerminator)
         return std::nullopt;
-    const QByteArrayView digits(frame.data(), kFrameLength - 1);
+    const QByteArrayView digits = frame.chopped(1);
     if (!isHexDigits(digits))
         return std::nullopt;
 

@@ -1,10 +1,10 @@
 #pragma once
 
+#include <QByteArrayView>
 #include <QList>
 
 #include <chrono>
 #include <optional>
-#include <string_view>
 
 namespace pelorin {
 
@@ -33,10 +33,12 @@ struct PositionBatch
     bool operator==(const PositionBatch&) const = default;
 };
 
+inline constexpr qsizetype kPositionFrameLength = 9;
+
 /// Decodes one frame of the position stream: eight hexadecimal digits and CR. The SSI word
 /// stands left-aligned in 32 bits.
 /// @return millimetres, signed; nothing if the frame is another. Any thread.
-[[nodiscard]] std::optional<double> decodePosition(std::string_view frame,
+[[nodiscard]] std::optional<double> decodePosition(QByteArrayView frame,
                                                    const PositionScale& scale) noexcept;
 
 } // namespace pelorin

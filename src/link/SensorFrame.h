@@ -9,6 +9,10 @@ namespace pelorin {
 
 inline constexpr char kFrameTerminator = '\r';
 
+// The second byte says what a frame does.
+inline constexpr char kFrameGet = 'A';
+inline constexpr char kFrameSet = 'N';
+
 /// Asks for a parameter.
 [[nodiscard]] QByteArray readFrameOf(char id);
 
@@ -17,5 +21,7 @@ inline constexpr char kFrameTerminator = '\r';
 
 /// The bytes of a frame as the communications log has them.
 [[nodiscard]] QString frameText(QByteArrayView frame);
+/// The same back, from a line of the log that holds them.
+[[nodiscard]] QByteArray bytesOfFrameText(const QString& line);
 
 } // namespace pelorin

@@ -9,6 +9,12 @@
 
 namespace pelorin {
 
+namespace {
+
+constexpr int kRevisionLength = 2;
+
+} // namespace
+
 AllRevisionBounds revisionBounds()
 {
     AllRevisionBounds bounds;
@@ -46,7 +52,17 @@ bool canWiden(const AllRevisionBounds& bounds, int type, int revision)
 
 int revisionOf(const QByteArray& versionText)
 {
-    return static_cast<quint8>(hexToLong(versionText.left(2)));
+    return static_cast<quint8>(hexToLong(versionText.left(kRevisionLength)));
+}
+
+QString revisionText(const QByteArray& versionText)
+{
+    return QString::fromLatin1(versionText.left(kRevisionLength));
+}
+
+QString revisionText(int revision)
+{
+    return QString::asprintf("%02X", static_cast<unsigned>(revision));
 }
 
 int ssiTypeOfVersion(const QByteArray& versionText)
@@ -66,8 +82,7 @@ QString unidentifiedText(const QByteArray& versionText)
     const auto bounds = revisionBounds();
     const bool configured =
         std::any_of(bounds.begin(), bounds.end(), [](const auto& range) { return range.hasAny(); });
-    return configured ? languageString(strings::kOutsideBounds)
-                            .arg(QString::fromLatin1(versionText.left(2)))
+    return configured ? languageString(strings::kOutsideBounds).arg(revisionText(versionText))
                       : languageString(strings::kNoBounds);
 }
 

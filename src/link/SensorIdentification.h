@@ -36,6 +36,10 @@ using AllRevisionBounds = std::array<RevisionBounds, kSsiTypeCount>;
 
 /// The firmware revision in a version answer.
 [[nodiscard]] int revisionOf(const QByteArray& versionText);
+/// The same as it stands there.
+[[nodiscard]] QString revisionText(const QByteArray& versionText);
+/// A firmware revision in two hexadecimal digits.
+[[nodiscard]] QString revisionText(int revision);
 
 /// Finds the sensor's type from its version answer, whose first two characters are the firmware
 /// revision in hexadecimal, and the site's revision bounds in the settings. Any thread.

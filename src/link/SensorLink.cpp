@@ -44,7 +44,7 @@ SensorLink::~SensorLink()
 
 RequestId SensorLink::open(int portNumber)
 {
-    return open(portNumber, ComPortNames().devicePath(QStringLiteral("COM%1").arg(portNumber)));
+    return open(portNumber, ComPortNames().devicePath(ComPortNames::nameOf(portNumber)));
 }
 
 RequestId SensorLink::reopen()

@@ -1,6 +1,7 @@
 #include "link/SensorProtocol.h"
 
 #include "link/CommLog.h"
+#include "link/CommLogTexts.h"
 #include "link/SensorFrame.h"
 #include "link/StreamFollower.h"
 #include "platform/core/ComPort.h"
@@ -19,7 +20,7 @@ using namespace std::chrono_literals;
 namespace {
 
 constexpr char kVersionId = 'V';
-constexpr std::string_view kProgFrame = "PROG\r";
+constexpr char kProgFrame[] = "PROG\r";
 constexpr int kProgFramesPerConnect = 101;
 constexpr int kConnectAttempts = 2;
 constexpr auto kSupplyOffTime = 500ms;
@@ -40,11 +41,6 @@ constexpr std::chrono::milliseconds kSilence = 200ms;
 constexpr qsizetype kRawReplyMaximum = qsizetype{1024} * 1024;
 constexpr auto kRawReplyTime = 60s;
 
-std::string_view view(const QByteArray& bytes)
-{
-    return {bytes.constData(), static_cast<std::size_t>(bytes.size())};
-}
-
 } // namespace
 
 SensorProtocol::SensorProtocol(ComPort& port, CommLog& log, Callbacks callbacks)
@@ -61,17 +57,17 @@ std::optional<QByteArray> SensorProtocol::readParameter(char id)
 std::optional<QByteArray> SensorProtocol::readReply(char id)
 {
     m_unanswered = Clock::now();
-    (void)writeFrame(view(readFrameOf(id)), 1); // a failed write still waits for a reply
+    (void)writeFrame(readFrameOf(id), 1); // a failed write still waits for a reply
     QByteArray reply = readFrame(kReplyMaximum);
 
     const auto count = static_cast<int>(reply.size());
     if (count < kReplyMinimumWithTerminator || count > kReplyMaximumWithTerminator) {
-        m_log.append(QString::asprintf("Invalid input byte count of %d", count));
+        m_log.append(QString::asprintf("%s %d", logtexts::kAnswerCount, count));
         return std::nullopt;
     }
     if (reply.back() != kFrameTerminator) {
         const auto last = static_cast<unsigned char>(reply.back());
-        m_log.append(QString::asprintf("Invalid message terminator received ($%02X)",
+        m_log.append(QString::asprintf("%s received ($%02X)", logtexts::kAnswerEnd,
                                        static_cast<unsigned>(last)));
         return std::nullopt;
     }
@@ -112,11 +108,11 @@ int SensorProtocol::writeParameter(char id, const QByteArray& value)
 {
     if (value.size() > kWriteDataMaximum) {
         m_log.append(
-            QString::asprintf("Invalid output data length of %d", static_cast<int>(value.size())));
+            QString::asprintf("%s %d", logtexts::kValueTooLong, static_cast<int>(value.size())));
         return 0;
     }
     outlastLateAnswer();
-    return writeFrame(view(writeFrameOf(id, value)), 1);
+    return writeFrame(writeFrameOf(id, value), 1);
 }
 
 std::optional<QByteArray> SensorProtocol::connect()
@@ -208,7 +204,7 @@ int SensorProtocol::setRts(int clear)
     const bool on = clear != 1;
     const int error = m_port.setRts(on);
     if (error != 0) {
-        m_log.append(QString::asprintf("Error in EscapeCommFunction %s. Error = %d",
+        m_log.append(QString::asprintf("%s %s. Error = %d", logtexts::kSupplyFailed,
                                        on ? "SETRTS" : "CLRRTS", error));
     }
     return error == 0 ? 1 : 0;
@@ -224,29 +220,28 @@ int SensorProtocol::purge(ComPort::Purge what)
 {
     const int error = m_port.purge(what);
     if (error != 0) {
-        m_log.append(QString::asprintf("Error in PurgeComm. Error = %d", error));
+        m_log.append(QString::asprintf("%s. Error = %d", logtexts::kPurgeFailed, error));
         m_callbacks.reportLoss();
     }
     return error;
 }
 
 /// @return 0 only when the exchange is cut short; other failures are reported as a loss
-int SensorProtocol::writeFrame(std::string_view frame, int purgeFirst)
+int SensorProtocol::writeFrame(QByteArrayView frame, int purgeFirst)
 {
     if (purgeFirst == 1)
         (void)purge(ComPort::Purge::Both); // the write is tried all the same
 
-    const auto [error, written] = m_port.write(frame);
     const auto length = static_cast<int>(frame.size());
+    const auto [error, written] = m_port.write({frame.data(), static_cast<std::size_t>(length)});
     if (error == ECANCELED)
         return 0;
     if (error != 0) {
-        m_log.append(QString::asprintf("Error in WriteFile. Error = %d", error));
+        m_log.append(QString::asprintf("%s. Error = %d", logtexts::kWriteFailed, error));
         m_callbacks.reportLoss();
     } else if (written < length) {
-        m_log.append(QString::asprintf(
-            "Byte count mismatch in WriteFile. Wrote = %d, Correct = %d,Error = %d", written,
-            length, error));
+        m_log.append(QString::asprintf("%s. Wrote = %d, Correct = %d,Error = %d",
+                                       logtexts::kFrameCut, written, length, error));
         m_callbacks.reportCutFrame();
     } else {
         logFrame(1, frame);
@@ -258,7 +253,7 @@ ComPort::ReadResult SensorProtocol::readByte()
 {
     const auto result = m_port.read();
     if (result.error != 0 && result.error != ECANCELED)
-        m_log.append(QString::asprintf("Error in ReadFile. Error = %d", result.error));
+        m_log.append(QString::asprintf("%s. Error = %d", logtexts::kReadFailed, result.error));
     if (result.error == ENODEV)
         m_callbacks.reportLoss();
     return result;
@@ -275,16 +270,16 @@ QByteArray SensorProtocol::readFrame(int maximum)
         if (result.byte == kFrameTerminator)
             break;
     }
-    logFrame(0, view(bytes));
+    logFrame(0, bytes);
     return bytes;
 }
 
-void SensorProtocol::logFrame(int transmit, std::string_view bytes)
+void SensorProtocol::logFrame(int transmit, QByteArrayView bytes)
 {
-    if (transmit == 1 && bytes.starts_with("PR"))
+    if (transmit == 1 && bytes.startsWith("PR"))
         return; // a hundred PROG frames would bury the rest of the log
-    const QString direction = transmit == 1 ? QStringLiteral("TX: ") : QStringLiteral("RX: ");
-    m_log.append(direction + frameText({bytes.data(), static_cast<qsizetype>(bytes.size())}));
+    const QLatin1String direction(transmit == 1 ? logtexts::kSent : logtexts::kReceived);
+    m_log.append(direction + frameText(bytes));
 }
 
 } // namespace pelorin

@@ -7,7 +7,6 @@
 #include <chrono>
 #include <functional>
 #include <optional>
-#include <string_view>
 
 namespace pelorin {
 
@@ -93,10 +92,10 @@ private:
     void outlastLateAnswer();
     [[nodiscard]] bool isQuietFor(std::chrono::milliseconds time);
     [[nodiscard]] int purge(ComPort::Purge what);
-    int writeFrame(std::string_view frame, int purgeFirst);
+    int writeFrame(QByteArrayView frame, int purgeFirst);
     [[nodiscard]] ComPort::ReadResult readByte();
     [[nodiscard]] QByteArray readFrame(int maximum);
-    void logFrame(int transmit, std::string_view bytes);
+    void logFrame(int transmit, QByteArrayView bytes);
 
     ComPort& m_port;
     CommLog& m_log;

@@ -1,6 +1,7 @@
 #include "link/SensorSession.h"
 
 #include "link/CommLog.h"
+#include "link/CommLogTexts.h"
 #include "link/PositionFrame.h"
 #include "platform/core/ComPort.h"
 #include "platform/core/Pacing.h"
@@ -117,8 +118,7 @@ std::optional<double> SensorSession::readSinglePosition()
     const auto frame = m_protocol->readPositionFrame();
     if (!frame)
         return std::nullopt;
-    return decodePosition({frame->constData(), static_cast<std::size_t>(frame->size())},
-                          results().scale);
+    return decodePosition(*frame, results().scale);
 }
 
 /// A line that cannot be set is logged; the request succeeds all the same.
@@ -185,13 +185,13 @@ int SensorSession::identify(const QByteArray& version)
     if (const auto chosen = choice.typeFor(revisionOf(version), ranged != kSsiTypeUnknown)) {
         type = *chosen;
         m_log->append(QStringLiteral("Revision %1 used as type %2, chosen by hand")
-                          .arg(QString::fromLatin1(version.left(2)), QString::number(type)));
+                          .arg(revisionText(version), QString::number(type)));
     }
     byHand = type != ranged;
     ssiType = type;
     identified = type != kSsiTypeUnknown && linkFailed == 0;
-    m_log->append(type == kSsiTypeUnknown ? QStringLiteral("SSY Type: Unknown")
-                                          : QStringLiteral("SSI Type: %1").arg(type));
+    m_log->append(type == kSsiTypeUnknown ? QLatin1String(logtexts::kOfNoType)
+                                          : QString::asprintf("%s %d", logtexts::kOfType, type));
     return type == kSsiTypeUnknown ? 0 : 1;
 }
 

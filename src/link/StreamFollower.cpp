@@ -1,16 +1,11 @@
 #include "link/StreamFollower.h"
 
+#include "link/SensorFrame.h"
+
 #include <algorithm>
 #include <utility>
 
 namespace pelorin {
-
-namespace {
-
-constexpr char kTerminator = '\r';
-constexpr std::size_t kFrameLength = 9;
-
-} // namespace
 
 void StreamFollower::take(std::string_view bytes, TimePoint now)
 {
@@ -18,9 +13,9 @@ void StreamFollower::take(std::string_view bytes, TimePoint now)
     for (const char byte : bytes) {
         --later;
         m_frame += byte;
-        if (byte == kTerminator) {
+        if (byte == kFrameTerminator) {
             endFrame(std::max(now - later * m_byteTime, m_lastWhole));
-        } else if (m_frame.size() == kFrameLength) {
+        } else if (m_frame.size() == kPositionFrameLength) {
             ++m_batch.malformed;
             m_counted = true;
             m_refused = std::exchange(m_frame, {});
@@ -32,7 +27,7 @@ void StreamFollower::endFrame(TimePoint time)
 {
     const std::string frame = std::exchange(m_frame, {});
     // A few bytes more than a frame has are one that is too long, not two.
-    const bool isRest = m_counted && frame.size() <= kFrameLength / 2;
+    const bool isRest = m_counted && frame.size() <= kPositionFrameLength / 2;
     const auto position = m_counted ? std::nullopt : decodePosition(frame, m_scale);
     if (position) {
         m_newest = frame;
@@ -50,7 +45,7 @@ void StreamFollower::endFrame(TimePoint time)
 
 std::chrono::nanoseconds StreamFollower::untilWhole() const
 {
-    return m_byteTime * static_cast<long>(kFrameLength - m_frame.size());
+    return m_byteTime * static_cast<long>(kPositionFrameLength - m_frame.size());
 }
 
 PositionBatch StreamFollower::takeBatch()

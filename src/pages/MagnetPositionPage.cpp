@@ -4,7 +4,6 @@
 #include "pages/PositionTrace.h"
 #include "pages/PositionView.h"
 #include "pages/RecordingDialog.h"
-#include "platform/core/ComPortNames.h"
 #include "platform/core/LanguageStrings.h"
 #include "platform/core/Pacing.h"
 #include "platform/core/Strings.h"
@@ -59,6 +58,7 @@ QString noPosition()
 MagnetPositionPage::MagnetPositionPage(PositionStream& stream)
     : SensorPage(QStringLiteral("DLG_PELORIN_MAGNETPOS")), m_stream(stream)
 {
+    m_pollTimer.setTimerType(Qt::PreciseTimer); // any other is up to 5 % early
     m_pollTimer.setInterval(Pacing::pause(kPollPeriod));
     connect(&m_pollTimer, &QTimer::timeout, &m_stream, &PositionStream::requestPosition);
     connect(&m_stream, &PositionStream::streaming, this, &MagnetPositionPage::beginStreaming);
@@ -153,10 +153,9 @@ void MagnetPositionPage::getCurrentValues()
 {
     m_interrupted = false;
     if (!m_stream.isActive()) { // what is known now is forgotten when the format is written
-        const auto stroke = runner().known().find('L');
-        const bool isKnown = stroke != runner().known().end() && isWellFormed('L', stroke->second);
-        m_view->trace().setStroke(isKnown ? std::optional(decodeStrokeMm(stroke->second))
-                                          : std::nullopt);
+        const QByteArray stroke = textOf(runner().known(), 'L');
+        m_view->trace().setStroke(isWellFormed('L', stroke) ? std::optional(decodeStrokeMm(stroke))
+                                                            : std::nullopt);
     }
     if (!link().isIdentified()) {
         showText(noPosition());
@@ -245,10 +244,7 @@ void MagnetPositionPage::record()
                    languageString(strings::kRecordingFilter), QStringLiteral("csv"));
     if (path.isEmpty() || !m_stream.isStreaming())
         return;
-    const RecordingHead head{QString::fromLatin1(link().versionText()), link().ssiType(),
-                             ComPortNames::stableName(link().device()), m_stream.resolution(),
-                             QDateTime::currentDateTimeUtc()};
-    endRecording(m_recorder.begin(path, head, Clock::now()));
+    endRecording(m_recorder.begin(path, m_stream.recordingHead(), Clock::now()));
 }
 
 /// @param outcome what is wrong with the recording, if anything; it then has ended

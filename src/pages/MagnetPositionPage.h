@@ -1,7 +1,7 @@
 #pragma once
 
 #include "pages/SensorPage.h"
-#include "sensor/PositionRecording.h"
+#include "sensor/PositionRecorder.h"
 
 #include <QTimer>
 

@@ -1,5 +1,6 @@
 #include "pages/ManualCommDialog.h"
 
+#include "link/SensorFrame.h"
 #include "link/SensorLink.h"
 #include "pages/HexFields.h"
 #include "pages/SendHistory.h"
@@ -63,12 +64,6 @@ void underline(QLineEdit& edit, const std::vector<HexField>& fields)
     }
     QInputMethodEvent event(QString(), marks);
     QCoreApplication::sendEvent(&edit, &event);
-}
-
-/// What asks a sensor for a parameter, as bytes that are typed.
-QString readRequest(char id)
-{
-    return hexFieldsText(QByteArray(1, id) + "A\r");
 }
 
 /// Text with a line break now and then.
@@ -160,7 +155,7 @@ void ManualCommDialog::fillReadMenu()
     m_readMenu->clear();
     for (const char id : sensorType(m_runner.link().ssiType()).information) {
         m_readMenu->addAction(parameterInWords(id), this, [this, id] {
-            m_sendEdit->setText(readRequest(id));
+            m_sendEdit->setText(hexFieldsText(readFrameOf(id)));
             m_sendEdit->setFocus();
         });
     }

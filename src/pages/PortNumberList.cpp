@@ -61,12 +61,7 @@ void PortNumberList::show(const QList<PortSetting>& ports)
             return other.device == present.device || other.device == device;
         });
         if (row == m_rows.end()) {
-            m_rows.push_back(
-                {device,
-                 {},
-                 present.number == 0 ? QString() : QStringLiteral("COM%1").arg(present.number),
-                 false,
-                 false});
+            m_rows.push_back({device, {}, ComPortNames::nameOf(present.number), false, false});
             row = std::prev(m_rows.end());
         }
         row->description = descriptionOf(present);

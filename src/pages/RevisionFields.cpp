@@ -12,7 +12,7 @@ namespace {
 
 QString textOf(std::optional<int> bound)
 {
-    return bound ? QStringLiteral("%1").arg(*bound, 2, 16, QLatin1Char('0')).toUpper() : QString();
+    return bound ? revisionText(*bound) : QString();
 }
 
 std::optional<int> boundIn(const QLineEdit& edit)

@@ -22,15 +22,10 @@ constexpr auto kPollPeriod = 500ms;
 constexpr int kLooksOfTaken = 10; ///< within which a device that goes was taken: five seconds
 constexpr int kKeyRole = Qt::UserRole;
 
-QString comName(int port)
-{
-    return QStringLiteral("COM%1").arg(port);
-}
-
 /// What an entry is found again by: the number of a port that has one, else its device.
 QString keyOf(const PresentPort& port)
 {
-    return port.number == 0 ? port.device : comName(port.number);
+    return ComPortNames::nameOf(port.number, port.device);
 }
 
 /// "COM33 - ttyUSB0, FT232R USB UART, FTDI, A50285BI" or "COM98 - simulated, sensor?type=1".
@@ -43,8 +38,7 @@ QString description(const PresentPort& port)
                    port.shortName.section(QLatin1Char(':'), 1)};
     }
     details.removeAll(QString());
-    const QString name =
-        port.number == 0 ? languageString(strings::kNewPortNumber) : comName(port.number);
+    const QString name = ComPortNames::nameOf(port.number, languageString(strings::kNewPortNumber));
     return name + QStringLiteral(" - ") + details.join(QStringLiteral(", "));
 }
 
@@ -128,13 +122,14 @@ void SerialPortComboBox::show(const QStringList& keys)
 void SerialPortComboBox::selectPort(int port)
 {
     m_givenPort = port;
-    int index = findData(comName(port), kKeyRole);
+    const QString name = ComPortNames::nameOf(port);
+    int index = findData(name, kKeyRole);
     if (index < 0 && port > 0) {
         index = 0;
         while (index < count() && index < m_ports.size() && m_ports.at(index).number != 0 &&
                m_ports.at(index).number < port)
             ++index;
-        insertItem(index, comName(port), comName(port));
+        insertItem(index, name, name);
     }
     setCurrentIndex(index);
 }
@@ -151,8 +146,7 @@ int SerialPortComboBox::getSelectedPort() const
 {
     if (currentIndex() < 0)
         return m_givenPort;
-    const QString key = currentData(kKeyRole).toString();
-    return key.startsWith(QLatin1Char('/')) ? 0 : key.mid(3).toInt();
+    return ComPortNames::numberIn(currentData(kKeyRole).toString()).value_or(0);
 }
 
 const PresentPort* SerialPortComboBox::selectedDevice() const

@@ -149,7 +149,7 @@ void SettingsDialog::showSettings(const Settings& settings)
     displayPort->clear();
     for (const PresentPort& port : ComPortNames().presentPorts()) {
         if (port.number != 0)
-            displayPort->addItem(QStringLiteral("COM%1").arg(port.number));
+            displayPort->addItem(ComPortNames::nameOf(port.number));
     }
     displayPort->setEditText(settings.displayPort);
     getControl<QSpinBox>(kNodeSpin)->setValue(settings.displayNode);
@@ -186,11 +186,12 @@ void SettingsDialog::showFile()
         ->setText(
             isCopy ? languageString(strings::kSettingsCopied).arg(m_file.replaced(), m_file.path())
                    : languageString(strings::kSettingsFrom).arg(m_file.path()));
-    const QString version = QString::fromLatin1(m_context.version);
+    const QByteArray& version = m_context.version;
     getControl<QLabel>(kRevisionLabel)
         ->setText(version.isEmpty()
                       ? languageString(strings::kNoRevision)
-                      : languageString(strings::kConnectedRevision).arg(version.left(2), version));
+                      : languageString(strings::kConnectedRevision)
+                            .arg(revisionText(version), QString::fromLatin1(version)));
 }
 
 /// What is shown only stays within reach of the keyboard where it holds text.

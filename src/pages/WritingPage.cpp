@@ -91,23 +91,23 @@ void WritingPage::updateEntries()
     Q_EMIT entriesChanged();
 }
 
-void WritingPage::read(std::string_view ids)
+void WritingPage::read(QByteArrayView ids)
 {
     m_baseline.reset();
     m_differing.reset();
     m_seen.clear();
-    m_ids = QByteArray(ids.data(), static_cast<qsizetype>(ids.size()));
+    m_ids = ids.toByteArray();
     updateEntries();
     (void)start(readPlan(ids), strings::kReading);
 }
 
-void WritingPage::write(std::string_view order, const SensorValues& values)
+void WritingPage::write(QByteArrayView order, const SensorValues& values)
 {
     if (entryCount() == 0 && !confirmWithoutChange())
         return;
     WriteRequest request;
     request.by = m_by;
-    request.order = QByteArray(order.data(), static_cast<qsizetype>(order.size()));
+    request.order = order.toByteArray();
     request.values = values;
     request.closing = sensorType(link().ssiType()).closing;
     request.base = m_seen;

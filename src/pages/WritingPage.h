@@ -8,7 +8,6 @@
 #include <QStringList>
 
 #include <optional>
-#include <string_view>
 #include <vector>
 
 namespace pelorin {
@@ -60,10 +59,10 @@ protected:
     void updateEntries();
 
     /// Reads all that the page shows; until that is done nothing may be written.
-    void read(std::string_view ids);
+    void read(QByteArrayView ids);
     /// Writes values one after the other, and has the sensor take them into effect; where nothing
     /// was changed only if the user wants that. Where it cannot begin the user is told.
-    void write(std::string_view order, const SensorValues& values);
+    void write(QByteArrayView order, const SensorValues& values);
 
     /// What the user is told if nothing may be written; null if it may.
     [[nodiscard]] QString hindrance() const;

@@ -25,10 +25,10 @@ BackupFaults BackupFaults::of(const SensorValues& values, std::string_view param
 {
     BackupFaults faults;
     for (const char id : parameters) {
-        const auto value = values.find(id);
-        if (value == values.end() || value->second.isEmpty()) {
+        const QByteArray value = textOf(values, id);
+        if (value.isEmpty()) {
             faults.missing += id;
-        } else if (!isUsable(value->second)) {
+        } else if (!isUsable(value)) {
             faults.unfit += id;
         }
     }

@@ -65,8 +65,6 @@ std::optional<SensorValues> BackupFile::valuesOf(const QByteArray& text)
 
     SensorValues values;
     for (const QByteArray& line : lines) {
-        if (line.size() < 3 || line[2] != ':')
-            continue; // torn or foreign: its text may be another parameter's
         const auto id = static_cast<char>(hexToInt(QLatin1String(line.left(2))) & 0xFF);
         values[id] = line.mid(3);
     }

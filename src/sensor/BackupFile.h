@@ -12,7 +12,7 @@ namespace pelorin {
 
 /// A file that keeps a sensor's parameters. Its first line is a marker; each further line is a
 /// parameter: the identifier in two hexadecimal digits, a colon, the data text byte for byte.
-/// Lines end in CR LF; LF alone is understood, and a line without its colon is no value.
+/// Lines end in CR LF; LF alone is understood, and any character in the place of the colon.
 class BackupFile
 {
 public:

@@ -14,12 +14,6 @@ namespace {
 
 using State = ComparedParameter::State;
 
-QByteArray valueOf(const SensorValues& values, char id)
-{
-    const auto found = values.find(id);
-    return found == values.end() ? QByteArray() : found->second;
-}
-
 QString field(QString text)
 {
     const bool plain = !text.contains(QLatin1Char(',')) && !text.contains(QLatin1Char('"')) &&
@@ -43,7 +37,7 @@ std::vector<ComparedParameter> compare(std::string_view ids, const SensorValues&
     std::vector<ComparedParameter> parameters;
     for (const char id : ids) {
         ComparedParameter parameter{
-            .id = id, .sensor = valueOf(sensor, id), .saved = valueOf(saved, id)};
+            .id = id, .sensor = textOf(sensor, id), .saved = textOf(saved, id)};
         parameter.sensorInWords = valueInWords(id, parameter.sensor, sensor);
         if (!parameter.saved.isEmpty()) {
             parameter.savedInWords = valueInWords(id, parameter.saved, saved);

@@ -2,28 +2,9 @@
 
 #include "platform/core/DecimalText.h"
 
-#include <algorithm>
 #include <cmath>
-#include <limits>
 
 namespace pelorin {
-
-namespace {
-
-double numberOf(const QString& text)
-{
-    const double number = intlAtof(text);
-    return std::isnan(number) ? 0.0 : number;
-}
-
-qint32 valueFromNumber(double number)
-{
-    constexpr double kLowest = std::numeric_limits<qint32>::min();
-    constexpr double kHighest = std::numeric_limits<qint32>::max();
-    return static_cast<qint32>(std::clamp(number, kLowest, kHighest));
-}
-
-} // namespace
 
 qint32 pointFromNumber(double number)
 {
@@ -44,8 +25,8 @@ EntryTexts textsOf(const CompensationEntry& entry)
 
 CompensationEntry entryOf(const EntryTexts& texts)
 {
-    return {static_cast<qint16>(pointFromNumber(numberOf(texts.point))),
-            valueFromNumber(numberOf(texts.value))};
+    return {static_cast<qint16>(pointFromNumber(intlAtof(texts.point))),
+            integerPrefix(texts.value)};
 }
 
 } // namespace pelorin

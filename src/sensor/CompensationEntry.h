@@ -34,8 +34,8 @@ struct EntryTexts
 
 [[nodiscard]] EntryTexts textsOf(const CompensationEntry& entry);
 
-/// The entry that the user typed. A text that is not wholly a number counts as 0; the value is cut
-/// towards zero, and one that does not fit becomes the nearest one that does.
+/// The entry that the user typed. A point that is not wholly a number counts as 0. The value is the
+/// integer that its text begins with, else 0; one that does not fit becomes the nearest.
 [[nodiscard]] CompensationEntry entryOf(const EntryTexts& texts);
 
 } // namespace pelorin

@@ -2,9 +2,10 @@
 
 #include "platform/core/LanguageStrings.h"
 #include "platform/core/Strings.h"
-#include "sensor/Journal.h"
+#include "sensor/JournalEntry.h"
 
 #include <QLocale>
+#include <QStringList>
 
 namespace pelorin {
 
@@ -22,6 +23,12 @@ QString deviceInWords(const JournalEntry& entry)
     if (entry.port == 0)
         return entry.device;
     return languageString(strings::kPort).arg(entry.port) + QStringLiteral(", ") + entry.device;
+}
+
+QString entryInWords(const JournalEntry& entry)
+{
+    const QStringList words{timeInWords(entry), entry.device, QString::fromLatin1(entry.version)};
+    return words.join(QStringLiteral(", "));
 }
 
 QString writerInWords(WriteRequest::By by)
@@ -51,6 +58,12 @@ QString outcomeInWords(const JournalEntry& entry)
     // A later run does not compare it any more.
     return languageString(headlineOf(result)) + QLatin1Char('\n') +
            languageString(strings::kLinkLost);
+}
+
+QString unfinishedInWords(const JournalEntry& entry)
+{
+    return languageString(strings::kUnfinishedWrite)
+        .arg(entry.device, QString::fromLatin1(entry.version), timeInWords(entry));
 }
 
 } // namespace pelorin

@@ -16,10 +16,16 @@ struct JournalEntry;
 /// Where the sensor was connected then.
 [[nodiscard]] QString deviceInWords(const JournalEntry& entry);
 
+/// Which entry it is: when it was made, where, and the sensor's version.
+[[nodiscard]] QString entryInWords(const JournalEntry& entry);
+
 /// What has written, or was about to.
 [[nodiscard]] QString writerInWords(WriteRequest::By by);
 
 /// How the writing has ended, in one or more lines.
 [[nodiscard]] QString outcomeInWords(const JournalEntry& entry);
+
+/// That the sensor may be changed by halves.
+[[nodiscard]] QString unfinishedInWords(const JournalEntry& entry);
 
 } // namespace pelorin

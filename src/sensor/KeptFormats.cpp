@@ -2,6 +2,8 @@
 
 #include "platform/core/ComPortNames.h"
 #include "platform/core/IniText.h"
+#include "platform/core/LanguageStrings.h"
+#include "platform/core/Strings.h"
 
 #include <QCryptographicHash>
 #include <QDir>
@@ -89,6 +91,12 @@ KeptFormat formerFormat(const IniText::Entry& entry, const ComPortNames& ports)
 }
 
 } // namespace
+
+QString keptFormatInWords(const KeptFormat& format)
+{
+    return languageString(strings::kKeptFormat)
+        .arg(format.device, QString::fromLatin1(format.version), QString::fromLatin1(format.own));
+}
 
 KeptFormats::KeptFormats(const QString& folder, const QString& formerFile) : m_folder(folder)
 {

@@ -22,6 +22,9 @@ struct KeptFormat
     bool operator==(const KeptFormat&) const = default;
 };
 
+/// Which sensor it belongs to, and what that must have again, in the current language.
+[[nodiscard]] QString keptFormatInWords(const KeptFormat& format);
+
 /// The data formats that still have to be written back to sensors. Each is a file of its own, so
 /// that several runs of the program never rewrite each other's; device, version and streaming
 /// format tell them apart. Every question reads the folder anew.

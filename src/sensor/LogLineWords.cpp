@@ -1,6 +1,8 @@
 #include "sensor/LogLineWords.h"
 
-#include "platform/core/HexText.h"
+#include "link/CommLogTexts.h"
+#include "link/PositionFrame.h"
+#include "link/SensorFrame.h"
 #include "platform/core/LanguageStrings.h"
 #include "platform/core/Strings.h"
 #include "sensor/ParameterCodec.h"
@@ -27,23 +29,20 @@ struct Event
 };
 
 constexpr std::array<Event, 10> kEvents = {{
-    {"Error in EscapeCommFunction", strings::kSupplyLineFailed, Event::Argument::SystemError},
-    {"Error in PurgeComm", strings::kPurgeFailed, Event::Argument::SystemError},
-    {"Error in WriteFile", strings::kSendingFailed, Event::Argument::SystemError},
-    {"Error in ReadFile", strings::kReceivingFailed, Event::Argument::SystemError},
-    {"Byte count mismatch in WriteFile", strings::kFrameCut, Event::Argument::None},
-    {"Invalid input byte count of", strings::kAnswerCount, Event::Argument::Number},
-    {"Invalid message terminator", strings::kAnswerEnd, Event::Argument::None},
-    {"Invalid output data length of", strings::kValueTooLong, Event::Argument::Number},
-    {"SSI Type:", strings::kIsOfType, Event::Argument::Number},
-    {"SSY Type:", strings::kIsOfNoType, Event::Argument::None},
+    {logtexts::kSupplyFailed, strings::kSupplyLineFailed, Event::Argument::SystemError},
+    {logtexts::kPurgeFailed, strings::kPurgeFailed, Event::Argument::SystemError},
+    {logtexts::kWriteFailed, strings::kSendingFailed, Event::Argument::SystemError},
+    {logtexts::kReadFailed, strings::kReceivingFailed, Event::Argument::SystemError},
+    {logtexts::kFrameCut, strings::kFrameCut, Event::Argument::None},
+    {logtexts::kAnswerCount, strings::kAnswerCount, Event::Argument::Number},
+    {logtexts::kAnswerEnd, strings::kAnswerEnd, Event::Argument::None},
+    {logtexts::kValueTooLong, strings::kValueTooLong, Event::Argument::Number},
+    {logtexts::kOfType, strings::kIsOfType, Event::Argument::Number},
+    {logtexts::kOfNoType, strings::kIsOfNoType, Event::Argument::None},
 }};
 
-constexpr char kTerminator = '\r';
-constexpr int kLinesBetween = 3;      ///< errors, between a request and its answer
-constexpr int kLinesOfPage = 200;     ///< within which the resolution was read
-constexpr qsizetype kRequestSize = 3; ///< identifier, what is asked, terminator
-constexpr qsizetype kPositionSize = 9;
+constexpr int kLinesBetween = 3;  ///< errors, between a request and its answer
+constexpr int kLinesOfPage = 200; ///< within which the resolution was read
 
 /// A frame of the log.
 struct Frame
@@ -53,34 +52,21 @@ struct Frame
 
     [[nodiscard]] bool asks() const
     {
-        return sent && bytes.size() == kRequestSize && bytes[1] == 'A';
+        return sent && !bytes.isEmpty() && bytes == readFrameOf(bytes[0]);
     }
     [[nodiscard]] bool writes() const
     {
-        return sent && bytes.size() >= kRequestSize && bytes[1] == 'N';
+        return sent && isWhole() && bytes.mid(1).startsWith(kFrameSet);
     }
-    [[nodiscard]] bool isWhole() const { return bytes.endsWith(kTerminator); }
+    [[nodiscard]] bool isWhole() const { return bytes.endsWith(kFrameTerminator); }
 };
-
-char byteOf(const QString& token)
-{
-    if (token == QLatin1String("Get"))
-        return 'A';
-    if (token == QLatin1String("Set"))
-        return 'N';
-    return token == QLatin1String("TERM") ? kTerminator : static_cast<char>(hexToInt(token));
-}
 
 std::optional<Frame> frameOf(const QString& line)
 {
-    const bool sent = line.startsWith(QLatin1String("TX: "));
-    if (!sent && !line.startsWith(QLatin1String("RX: ")))
+    const bool sent = line.startsWith(QLatin1String(logtexts::kSent));
+    if (!sent && !line.startsWith(QLatin1String(logtexts::kReceived)))
         return std::nullopt;
-    static const QRegularExpression kToken(QStringLiteral("\\[(\\w+)\\]"));
-    Frame frame{.sent = sent, .bytes = {}};
-    for (auto token = kToken.globalMatch(line); token.hasNext();)
-        frame.bytes += byteOf(token.next().captured(1));
-    return frame;
+    return Frame{sent, bytesOfFrameText(line)};
 }
 
 /// The parameter that the line is the answer to; 0 if none was asked for right before.
@@ -135,7 +121,7 @@ QString receivedText(const Frame& frame, const CommLog::Snapshot& lines, int ind
         return languageString(strings::kAnswerOf)
             .arg(parameterInWords(id), valueText(id, text, lines, index));
     }
-    if (frame.bytes.size() == kPositionSize && isHexDigits(text))
+    if (decodePosition(frame.bytes, {}))
         return languageString(strings::kPositionOf).arg(QString::fromLatin1(text));
     return languageString(strings::kNoWholeAnswer).arg(charactersOf(text));
 }

@@ -30,11 +30,6 @@ enum class OutputRefusal {
     DoesNotFit = strings::kDoesNotFit
 };
 
-[[nodiscard]] constexpr int textNumberOf(OutputRefusal refusal)
-{
-    return static_cast<int>(refusal);
-}
-
 /// What a sensor of a type cannot do.
 [[nodiscard]] OutputRefusal refusalOf(int ssiType, const OutputSettings& wanted);
 

@@ -53,9 +53,7 @@ QString withUnit(const QString& text, int unit)
 
 QString offsetText(const QByteArray& text, const SensorValues& values)
 {
-    const auto resolution = values.find('A');
-    const double millimetres =
-        resolution == values.end() ? 0.0 : decodeResolutionMm(resolution->second);
+    const double millimetres = decodeResolutionMm(textOf(values, 'A'));
     QString counts = languageString(strings::kCounts).arg(decodeOffsetCounts(text));
     if (millimetres <= 0)
         return counts;

@@ -10,7 +10,7 @@ constexpr std::chrono::milliseconds kSwitchOnTime{3000};
 
 } // namespace
 
-Plan readPlan(std::string_view ids, bool confirmed)
+Plan readPlan(QByteArrayView ids, bool confirmed)
 {
     Plan plan;
     for (const char id : ids) {
@@ -21,7 +21,7 @@ Plan readPlan(std::string_view ids, bool confirmed)
     return plan;
 }
 
-Plan writePlan(std::string_view order, const SensorValues& values, char closing,
+Plan writePlan(QByteArrayView order, const SensorValues& values, char closing,
                std::chrono::milliseconds storePause)
 {
     Plan plan;
@@ -34,7 +34,7 @@ Plan writePlan(std::string_view order, const SensorValues& values, char closing,
     return plan;
 }
 
-Plan verifyPlan(std::string_view order, const SensorValues& values)
+Plan verifyPlan(QByteArrayView order, const SensorValues& values)
 {
     Plan plan = tolerantReadPlan(order);
     for (Step& step : plan)
@@ -42,7 +42,7 @@ Plan verifyPlan(std::string_view order, const SensorValues& values)
     return plan;
 }
 
-Plan tolerantReadPlan(std::string_view ids)
+Plan tolerantReadPlan(QByteArrayView ids)
 {
     Plan plan = readPlan(ids);
     for (Step& step : plan)

@@ -5,7 +5,6 @@
 #include <QByteArray>
 
 #include <chrono>
-#include <string_view>
 #include <vector>
 
 namespace pelorin {
@@ -57,14 +56,14 @@ inline constexpr std::chrono::milliseconds kStoreTime{2000};
 
 /// Reads parameters one after the other.
 /// @param confirmed has answers that are no values read once more
-[[nodiscard]] Plan readPlan(std::string_view ids, bool confirmed = false);
+[[nodiscard]] Plan readPlan(QByteArrayView ids, bool confirmed = false);
 
 /// Reads parameters that were written, one after the other, and compares them. What differs, or
 /// has no answer, is in the outcome; only the second silence in a row ends it.
-[[nodiscard]] Plan verifyPlan(std::string_view order, const SensorValues& values);
+[[nodiscard]] Plan verifyPlan(QByteArrayView order, const SensorValues& values);
 
 /// The same for parameters that need not be known.
-[[nodiscard]] Plan tolerantReadPlan(std::string_view ids);
+[[nodiscard]] Plan tolerantReadPlan(QByteArrayView ids);
 
 /// One plan behind the other.
 [[nodiscard]] Plan joined(Plan first, const Plan& second);
@@ -73,7 +72,7 @@ inline constexpr std::chrono::milliseconds kStoreTime{2000};
 /// @param order the parameters; each has a value
 /// @param closing the command that ends it
 /// @param storePause waited for after that
-[[nodiscard]] Plan writePlan(std::string_view order, const SensorValues& values, char closing,
+[[nodiscard]] Plan writePlan(QByteArrayView order, const SensorValues& values, char closing,
                              std::chrono::milliseconds storePause = {});
 
 /// Switches the sensor off and on, and takes it into its programming mode.

@@ -1,6 +1,7 @@
 #include "sensor/PortUse.h"
 
 #include "link/SensorLink.h"
+#include "platform/core/ComPortNames.h"
 #include "platform/core/Pacing.h"
 #include "sensor/Plan.h"
 
@@ -30,7 +31,7 @@ std::chrono::milliseconds PortUse::storeWait() const
 void PortUse::open(int number, Done done)
 {
     begin({.open = [this, number] { return m_link.open(number); },
-           .number = number,
+           .name = ComPortNames::nameOf(number),
            .done = std::move(done),
            .changes = true});
 }
@@ -38,7 +39,7 @@ void PortUse::open(int number, Done done)
 void PortUse::open(int number, const QString& device, Done done)
 {
     begin({.open = [this, number, device] { return m_link.open(number, device); },
-           .number = number,
+           .name = ComPortNames::nameOf(number, device),
            .done = std::move(done),
            .changes = true});
 }
@@ -46,7 +47,7 @@ void PortUse::open(int number, const QString& device, Done done)
 void PortUse::reopen(Done done)
 {
     begin({.open = [this] { return m_link.reopen(); },
-           .number = m_link.portNumber(),
+           .name = ComPortNames::nameOf(m_link.portNumber(), m_link.device()),
            .done = std::move(done)});
 }
 
@@ -75,10 +76,10 @@ bool PortUse::takeResult(RequestId answered, int result)
     m_request = 0;
     if (!m_use->opening) {
         if (result != 1)
-            Q_EMIT stuck(m_number);
+            Q_EMIT stuck(m_name);
         if (m_use->open) {
             m_use->opening = true;
-            m_number = m_use->number;
+            m_name = m_use->name;
             m_request = m_use->open();
             return true;
         }

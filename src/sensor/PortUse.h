@@ -4,6 +4,7 @@
 
 #include <QElapsedTimer>
 #include <QObject>
+#include <QString>
 #include <QTimer>
 
 #include <chrono>
@@ -49,13 +50,14 @@ public:
 
 Q_SIGNALS:
     /// A port is not given back by its device. It is left alone: nobody can open it until then.
-    void stuck(int number);
+    /// @param name of the port for the user
+    void stuck(const QString& name);
 
 private:
     struct Use
     {
         std::function<RequestId()> open{}; ///< none: it stays closed
-        int number = 0;                    ///< of the port to be opened
+        QString name{};                    ///< of the port to be opened
         bool supplyOff = false;
         Done done{};
         bool changes = false; ///< to another port
@@ -66,7 +68,7 @@ private:
 
     SensorLink& m_link;
     RequestId m_request = 0; ///< outstanding
-    int m_number = 0;        ///< of the port that is closed next
+    QString m_name;          ///< of the port that is closed next
     std::optional<Use> m_use;
     QElapsedTimer m_sinceWrite; ///< invalid before the first
     QTimer m_wait;              ///< for the sensor to have stored

@@ -1,15 +1,12 @@
 #pragma once
 
-#include "link/PositionFrame.h"
-#include "platform/core/AppendedFile.h"
+#include "platform/core/WholeFile.h"
 #include "sensor/PositionFigures.h"
 
 #include <QByteArray>
 #include <QDateTime>
 #include <QList>
 #include <QString>
-
-#include <optional>
 
 namespace pelorin {
 
@@ -31,27 +28,6 @@ struct RecordingHead
 
 /// Lines of a time in s with four decimals and a position in mm with these decimals.
 [[nodiscard]] QByteArray recordingLines(PositionPoints points, int decimals);
-
-/// Records the positions that come from a moment on, as long as the disk has room.
-class PositionRecorder
-{
-public:
-    /// @param head its start stands for the moment
-    [[nodiscard]] WholeFile::Outcome begin(const QString& path, const RecordingHead& head,
-                                           std::chrono::steady_clock::time_point moment);
-    [[nodiscard]] bool isRecording() const { return m_file.isOpen(); }
-    /// How long the recording is, or was, in seconds; nothing before the first.
-    [[nodiscard]] std::optional<double> seconds() const { return m_seconds; }
-    /// A failure has ended the recording; what was recorded before is in the file.
-    [[nodiscard]] WholeFile::Outcome add(const QList<PositionSample>& samples);
-    [[nodiscard]] WholeFile::Outcome end();
-
-private:
-    AppendedFile m_file;
-    std::chrono::steady_clock::time_point m_begin;
-    int m_decimals = 0;
-    std::optional<double> m_seconds;
-};
 
 struct RecordingContent
 {

@@ -40,6 +40,13 @@ Plan PositionStream::formatPlan(const QByteArray& format, int ssiType)
     return plan;
 }
 
+RecordingHead PositionStream::recordingHead() const
+{
+    const SensorLink& link = m_runner.link();
+    return {QString::fromLatin1(link.versionText()), link.ssiType(),
+            ComPortNames::stableName(link.device()), m_resolution, QDateTime::currentDateTimeUtc()};
+}
+
 bool PositionStream::start()
 {
     return m_state != State::Idle || begin();

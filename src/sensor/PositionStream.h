@@ -2,6 +2,7 @@
 
 #include "link/PositionFrame.h"
 #include "sensor/FormatRestore.h"
+#include "sensor/PositionRecording.h"
 
 #include <QList>
 #include <QObject>
@@ -37,6 +38,8 @@ public:
     [[nodiscard]] bool isStreaming() const { return m_state == State::Streaming; }
     /// Millimetres per count, as read for this stream; 0 before it was.
     [[nodiscard]] double resolution() const { return m_resolution; }
+    /// What a recording of this stream that begins now tells of it.
+    [[nodiscard]] RecordingHead recordingHead() const;
     /// Asks for the next position, which position or missed tells.
     void requestPosition() { m_runner.requestPosition(); }
 

@@ -27,8 +27,7 @@ RestoreChoice refusing(Refusal refusal, const QByteArray& parameters = {})
 
 bool isSaved(char id, const SensorValues& values)
 {
-    const auto found = values.find(id);
-    return found != values.end() && !found->second.isEmpty();
+    return !textOf(values, id).isEmpty();
 }
 
 QByteArray withoutStream(const QByteArray& text)

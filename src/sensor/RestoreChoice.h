@@ -50,11 +50,6 @@ inline constexpr std::chrono::milliseconds kRestorePause{500}; ///< after it
 /// Why a choice is refused, in the current language; empty if it is not.
 [[nodiscard]] QString refusalText(const RestoreChoice& choice);
 
-[[nodiscard]] constexpr int textNumberOf(RestoreChoice::Origin origin)
-{
-    return static_cast<int>(origin);
-}
-
 /// The parameters that tell one sensor from another and are not as they were saved, the version
 /// among them. What was not saved tells nothing.
 [[nodiscard]] QByteArray unlikeSaved(int ssiType, const SensorValues& sensor,

@@ -22,11 +22,6 @@ namespace {
 
 constexpr char kFactoryText = 'F';
 
-std::string_view viewOf(const QByteArray& ids)
-{
-    return {ids.constData(), static_cast<std::size_t>(ids.size())};
-}
-
 /// What the user is told where the sensor is not as the user has seen it.
 int changedText(WriteRequest::By by)
 {
@@ -63,7 +58,7 @@ Plan SafeWriter::writingPlan(const WriteRequest& request) const
 {
     const auto pause =
         m_settings.enabled ? std::max(request.storePause, kStoreTime) : request.storePause;
-    return writePlan(viewOf(request.order), request.values, request.closing, pause);
+    return writePlan(request.order, request.values, request.closing, pause);
 }
 
 Plan SafeWriter::planOf(const WriteRequest& request) const
@@ -73,7 +68,7 @@ Plan SafeWriter::planOf(const WriteRequest& request) const
         return plan;
     if (!m_settings.manualPower)
         plan = joined(std::move(plan), connectPlan());
-    return joined(std::move(plan), verifyPlan(viewOf(request.order), request.values));
+    return joined(std::move(plan), verifyPlan(request.order, request.values));
 }
 
 bool SafeWriter::write(QObject& asker, WriteRequest request, Listener listener)
@@ -108,7 +103,7 @@ void SafeWriter::check()
         if (!order.contains(id) && m_runner.known().find(id) == m_runner.known().end())
             others.append(id);
     }
-    const Plan plan = joined(readPlan(viewOf(order), true), tolerantReadPlan(viewOf(others)));
+    const Plan plan = joined(readPlan(order, true), tolerantReadPlan(others));
     run(plan, [this](const Outcome& outcome) { takeState(outcome); });
 }
 
@@ -263,7 +258,7 @@ QByteArray SafeWriter::proof() const
 
 void SafeWriter::readBack(const QByteArray& ids)
 {
-    const Plan plan = verifyPlan(viewOf(ids), overlaid(m_job->state.values, m_job->request.values));
+    const Plan plan = verifyPlan(ids, overlaid(m_job->state.values, m_job->request.values));
     run(
         plan, [this](const Outcome& outcome) { onCompared(outcome); },
         [this](const Reply& reply) {
@@ -304,12 +299,8 @@ void SafeWriter::judge(const Outcome& outcome)
     Job& job = *m_job;
     WriteResult& result = job.result;
     const WriteRequest& request = job.request;
-    const auto format = request.values.find('D');
-    const auto known = job.state.values.find('D');
-    const QByteArray text = format != request.values.end()    ? format->second
-                            : known != job.state.values.end() ? known->second
-                                                              : QByteArray();
-    const int multiplier = DataFormat::decode(text).multiplier();
+    const QByteArray format = textOf(overlaid(job.state.values, request.values), 'D');
+    const int multiplier = DataFormat::decode(format).multiplier();
     const auto isUndivided = [multiplier](const Difference& difference) {
         return difference.id == 'N' && multiplier > 1 && isWellFormed('N', difference.has) &&
                decodeOffsetCounts(difference.has) * multiplier ==

@@ -125,9 +125,4 @@ private:
     std::function<void()> m_compared;
 };
 
-[[nodiscard]] constexpr int textNumberOf(SafeWriter::Phase phase)
-{
-    return static_cast<int>(phase);
-}
-
 } // namespace pelorin

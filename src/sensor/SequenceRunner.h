@@ -120,7 +120,7 @@ public:
 Q_SIGNALS:
     void busyChanged(bool busy);
     /// A port is not given back by its device. It is left alone: nobody can open it until then.
-    void portStuck(int number);
+    void portStuck(const QString& name);
 
 protected:
     void customEvent(QEvent* event) override;

@@ -47,7 +47,7 @@ Fault faultOfPorts(const Settings& settings, const Settings& before)
             return SettingsFault{
                 Field::Port, row,
                 languageString(strings::kNumberTwice)
-                    .arg(QStringLiteral("COM%1").arg(*number), other.device, port.device)};
+                    .arg(ComPortNames::nameOf(*number), other.device, port.device)};
         }
     }
     return std::nullopt;
@@ -101,11 +101,6 @@ Fault faultOfDisplay(const Settings& settings, const SensorPort& sensor)
                 : std::nullopt;
 }
 
-QString revisionInWords(int revision)
-{
-    return QStringLiteral("%1").arg(revision, 2, 16, QLatin1Char('0')).toUpper();
-}
-
 } // namespace
 
 std::optional<SettingsFault> faultOf(const Settings& settings, const Settings& before,
@@ -132,7 +127,7 @@ QStringList overlapsOf(const Settings& settings)
             if (left.isSet() && right.isSet() && low <= high) {
                 overlaps << languageString(strings::kRangesOverlap)
                                 .arg(QString::number(type), QString::number(other),
-                                     revisionInWords(low), revisionInWords(high));
+                                     revisionText(low), revisionText(high));
             }
         }
     }

@@ -272,7 +272,6 @@ void TempCompDataPage::writeToFile()
 
 void TempCompDataPage::readFromFile()
 {
-    m_editor->commit();
     const QString path = chooseTable(window(), strings::kReadFromFile, QFileDialog::AcceptOpen);
     if (path.isEmpty())
         return;

@@ -199,8 +199,10 @@ private Q_SLOTS:
                 QVERIFY(!cancel->isEnabled());
             });
             (void)rig.frames();
-            QVERIFY(!rig.run(Mode::Backup).contains(u'|')); // beside whether to replace the file
+            QVERIFY(!rig.run(Mode::Backup, byKey ? u"new"_s : kFile)
+                         .contains(u'|')); // beside whether to replace the file
             QVERIFY(user.wasShown() && !rig.frames().contains(u"OA"_s)); // which is read last
+            QCOMPARE(rig.folder.names(), kFile);
             QCOMPARE(rig.folder.content(kFile), kBackup);
         }
     }

@@ -278,15 +278,19 @@ private Q_SLOTS:
                     {u"--seconds"_s, u"5"_s});
         Watch lost(m_folder, u"6"_s);
         Watch early(m_folder, u"7"_s);
+        Watch silent(m_folder, u"9"_s);
+        silent.terminal.sensor->setFault({SimulatedFault::Kind::Silent}, "stream");
 
         QVERIFY(waitFor([&] { return early.format() == "4E0519"; }));
         interrupt(early.run, {SIGINT});
         QVERIFY(waitFor([&] {
             return stuck.format() == "4E0519" && given.run.bytesAvailable() > 0 &&
                    lost.run.bytesAvailable() > 0 &&
-                   unread.terminal.sensor->positionFrames() > 400; // it shows them by now
+                   unread.terminal.sensor->positionFrames() > 400 && // it shows them by now
+                   silent.terminal.sensor->positionFrames() > 400;
         }));
         QCOMPARE(given.format(), "4E0519");
+        interrupt(silent.run, {SIGTERM});
         interrupt(unread.run, {SIGHUP});
         interrupt(given.run, {SIGHUP, SIGINT});
         lost.terminal.sensor->vanish();
@@ -296,13 +300,15 @@ private Q_SLOTS:
         QCOMPARE(stuck.run.end(), 7);
         for (Watch* watch : {&timed, &given, &piped})
             QCOMPARE(watch->run.end(), 0);
-        QCOMPARE(early.run.end(), 130);
+        for (Watch* watch : {&early, &silent})
+            QCOMPARE(watch->run.end(), 130);
         QCOMPARE(closed.run.end(), 7);
         QVERIFY2(closed.run.errors.contains(qt_error_string(EBADF)), qPrintable(closed.run.errors));
         QCOMPARE(unread.format(), "4E0519");
         interrupt(unread.run, {SIGTERM});
         QCOMPARE(unread.run.end(), 7);
-        for (const Watch* watch : {&timed, &given, &piped, &closed, &unread, &stuck, &early})
+        for (const Watch* watch :
+             {&timed, &given, &piped, &closed, &unread, &stuck, &early, &silent})
             QCOMPARE(watch->format(), "4A0519");
         QCOMPARE(at(objectOf(lastLineOf(lost)), u"error/code"_s), u"format-not-restored"_s);
         QCOMPARE(piped.run.output.count('\n'), 1);

@@ -117,6 +117,27 @@ private Q_SLOTS:
         QCOMPARE(link().portNumber(), 7);
     }
 
+    void portThatIsNotGivenBackIsToldByItsName()
+    {
+        const auto hold = std::make_shared<std::mutex>();
+        m_bench->makePort = [&hold] {
+            const auto sensor = std::make_shared<SimulatedSensor>(SimulatedSensor::Options());
+            return std::make_unique<HeldPort>(std::make_unique<SimulatedComPort>(sensor), hold);
+        };
+        QString stuck;
+        QObject::connect(&m_bench->runner, &SequenceRunner::portStuck, m_bench.get(),
+                         [&stuck](const QString& name) { stuck = name; });
+        std::unique_lock closing(*hold);
+        for (const auto& [number, name] : {std::pair(9, u"COM9"_s), {0, u"/dev/one"_s}}) {
+            m_bench->runner.openPort(number, u"/dev/one"_s, [](bool) {});
+            QVERIFY(waitFor([this, port = number] { return link().openedPort() == port; }));
+            m_bench->runner.closePort(false, [] {});
+            QVERIFY(waitFor([&stuck, told = name] { return stuck == told; }));
+        }
+        closing.unlock();
+        QVERIFY(waitFor([&hold] { return hold.use_count() == 1; })); // what was left has ended
+    }
+
     void failedOpenTellsWhy()
     {
         m_bench->lineError = EINVAL;

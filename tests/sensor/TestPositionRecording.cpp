@@ -1,5 +1,6 @@
 #include "sensor/PositionRecording.h"
 
+#include "platform/core/AppendedFile.h"
 #include "support/FileSizeLimit.h"
 #include "support/Rows.h"
 #include "support/TestFolder.h"
@@ -22,14 +23,24 @@ const QByteArray kHeadText = "Pelorin position recording,1\r\nSensor version,02.
 const QList<PositionPoint> kPoints{{0, 12.345}, {0.0025, -0.005}, {3600.5, 1000}};
 const QByteArray kLines = "0.0000,12.345\r\n0.0025,-0.005\r\n3600.5000,1000.000\r\n";
 const QString kName = QStringLiteral("recording.csv");
+int syncError = 0;
 
 } // namespace
+
+/// In the place of the system's.
+extern "C" int fsync(int /*descriptor*/)
+{
+    errno = syncError;
+    return errno == 0 ? 0 : -1;
+}
 
 class TestPositionRecording : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
+    void init() { syncError = 0; }
+
     void whatIsRecordedIsReadAgain()
     {
         QCOMPARE(recordingHeadText(kHead), kHeadText);
@@ -82,6 +93,18 @@ private Q_SLOTS:
         QCOMPARE(outcome.systemError, EFBIG);
         QVERIFY(!outcome.isDone() && !file.isOpen());
         QCOMPARE(folder.content(kName), kHeadText);
+    }
+
+    void diskThatCannotPromiseTakesARecordingAsItTakesABackup()
+    {
+        const TestFolder folder;
+        for (const auto& [error, isTaken] : {std::pair(EOPNOTSUPP, true), {ENOSPC, false}}) {
+            syncError = error;
+            AppendedFile file;
+            QVERIFY(file.open(folder.path(kName)).isDone() && file.append(kLines).isDone());
+            QCOMPARE(file.close().isDone(), isTaken);
+            QCOMPARE(WholeFile(folder.path(kName)).save(kLines).isDone(), isTaken);
+        }
     }
 
     void onlyFilesAreBegunAnew()

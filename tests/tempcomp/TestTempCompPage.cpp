@@ -168,14 +168,15 @@ private Q_SLOTS:
         Bench bench;
         QVERIFY(bench.open());
         for (int cell = 0; const char* typed :
-                           {"25.3", "7", "abc", "1.5", " 1.50 ", "+3", "20000", "99999999999"}) {
+                           {"25.3", "7 mm", "abc", "1.5", " 1.50 ", "+3", "20000", "99999999999"}) {
             bench.type(cell / 2, 1 + cell % 2, QLatin1String(typed));
             ++cell;
         }
-        QCOMPARE(bench.choose(kWriteButton, u"table"_s),
-                 languageString(strings::kOtherThanTyped) +
-                     u"\n\nRow 0, Point: 25.0\nRow 1, Point: 0.0\nRow 1, Value: 1\n"
-                     "Row 3, Point: -12768.0\nRow 3, Value: 2147483647"_s);
+        QCOMPARE(
+            bench.choose(kWriteButton, u"table"_s),
+            languageString(strings::kOtherThanTyped) +
+                u"\n\nRow 0, Point: 25.0\nRow 0, Value: 7\nRow 1, Point: 0.0\nRow 1, Value: 1\n"
+                "Row 3, Point: -12768.0\nRow 3, Value: 2147483647"_s);
         const QByteArray content = kMarkerLine +
                                    "0032,00000007\r\n0000,00000001\r\n0003,00000003\r\n"
                                    "FFFF9C40,7FFFFFFF\r\n" +
@@ -246,13 +247,16 @@ private Q_SLOTS:
         bench.control<QTableWidget>(kArrayList).item(0, 10)->setText({});
         QCOMPARE(closing(false), question);
         QCOMPARE(bench.choose(kReadButton), languageString(strings::kAskToReadOver));
-        QCOMPARE(bench.column(2).trimmed(), u"7"_s);
         QCOMPARE(bench.choose(kWriteButton, u"own.csv"_s), QString());
+        QCOMPARE(bench.column(2).trimmed(), u"7"_s);
         bench.type(9, 2, u"1"_s); // which that file does not reach
+        bench.type(1, 2, {});
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Delete); // stays open
         QCOMPARE(bench.choose(kReadButton), QString());
         QCOMPARE(bench.column(2), u"10 10        1"_s);
         QCOMPARE(closing(true), question);
         QCOMPARE(bench.choose(kWriteButton, u"all.csv"_s), QString());
+        QCOMPARE(bench.column(2), u"10         1"_s);
         const QSignalSpy closed(&bench.window(), &PelorinMainWindow::closed);
         QCOMPARE(closing(false), QString());
         QVERIFY(waitFor([&closed] { return !closed.isEmpty(); }));

@@ -76,6 +76,11 @@ ComPortNames::ComPortNames(const RegistryFile& settings)
     }
 }
 
+QString ComPortNames::nameOf(int number, const QString& unnumbered)
+{
+    return number == 0 ? unnumbered : QStringLiteral("COM%1").arg(number);
+}
+
 std::optional<int> ComPortNames::numberIn(const QString& name)
 {
     static const QRegularExpression pattern(QStringLiteral(R"(^(?:\\\\\.\\)?COM(\d{1,9})$)"),

@@ -35,6 +35,9 @@ public:
     /// The numbers that a settings file gives, which need not be that of this run.
     explicit ComPortNames(const RegistryFile& settings);
 
+    /// "COM7"; for a port that has no number what is given instead, such as its device.
+    [[nodiscard]] static QString nameOf(int number, const QString& unnumbered = {});
+
     /// The n of "COMn" or "\\.\COMn"; nothing for any other text.
     [[nodiscard]] static std::optional<int> numberIn(const QString& name);
 

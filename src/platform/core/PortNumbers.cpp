@@ -1,5 +1,6 @@
 #include "platform/core/PortNumbers.h"
 
+#include "platform/core/ComPortNames.h"
 #include "platform/core/Profile.h"
 #include "platform/core/RegistryConfig.h"
 #include "platform/core/RegistryFileEditor.h"
@@ -14,11 +15,6 @@ QString section()
     return QStringLiteral("Ports");
 }
 
-QString nameOf(int number)
-{
-    return QStringLiteral("COM%1").arg(number);
-}
-
 } // namespace
 
 QMap<int, QString> keptPortNumbers()
@@ -26,8 +22,8 @@ QMap<int, QString> keptPortNumbers()
     QMap<int, QString> numbers;
     const auto texts = Profile().readTexts(section());
     for (auto it = texts.cbegin(); it != texts.cend(); ++it) {
-        const int number = it.key().mid(3).toInt();
-        if (number > 0 && it.key() == nameOf(number))
+        const int number = ComPortNames::numberIn(it.key()).value_or(0);
+        if (number > 0 && it.key() == ComPortNames::nameOf(number))
             numbers[number] = it.value();
     }
     return numbers;
@@ -38,10 +34,10 @@ WholeFile::Outcome keepPortNumber(int number, const QString& device)
     SettingsFile settings(SettingsFile::placesOfThisRun());
     if (settings.problem().isEmpty() && settings.replaced().isEmpty()) {
         RegistryFileEditor editor(settings.content());
-        editor.set(serialPortsKey(), device, nameOf(number));
+        editor.set(serialPortsKey(), device, ComPortNames::nameOf(number));
         return settings.save(editor.content());
     }
-    return Profile().writeTexts(section(), {{nameOf(number), device}});
+    return Profile().writeTexts(section(), {{ComPortNames::nameOf(number), device}});
 }
 
 } // namespace pelorin

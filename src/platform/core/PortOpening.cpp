@@ -31,7 +31,7 @@ PortFailure configure(ComPort& port, const LineSettings& line)
 
 QString PortFailure::message(const QString& deviceName) const
 {
-    const QString text = languageString(static_cast<int>(step));
+    const QString text = languageString(textNumberOf(step));
     if (step == PortStep::Thread)
         return text.arg(error);
     QString message = text.arg(deviceName, QString::number(error));

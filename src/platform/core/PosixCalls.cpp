@@ -8,16 +8,12 @@
 
 namespace pelorin {
 
-namespace {
-
 int pollFor(pollfd* entries, nfds_t count, std::chrono::nanoseconds limit)
 {
     const auto seconds = std::chrono::floor<std::chrono::seconds>(limit);
     const timespec time = {seconds.count(), (limit - seconds).count()};
     return ::ppoll(entries, count, &time, nullptr);
 }
-
-} // namespace
 
 PosixCalls PosixCalls::real()
 {

@@ -10,6 +10,9 @@
 
 namespace pelorin {
 
+/// Waits for the events of descriptors, to the nanosecond. Keeps the system's conventions.
+int pollFor(pollfd* entries, nfds_t count, std::chrono::nanoseconds limit);
+
 /// The system calls of a serial port. They keep the system's own conventions (-1 and errno on
 /// failure), so that a test can put itself in the place of any of them: to fail, to be interrupted
 /// by a signal, to do less than asked, to take note. All may be called from several threads.

@@ -2,10 +2,7 @@
 
 #include "platform/core/IniText.h"
 
-#include <QFile>
-
 #include <cerrno>
-#include <cstdio>
 
 namespace pelorin {
 
@@ -50,9 +47,10 @@ QMap<QString, QString> Profile::readTexts(const QString& name) const
 {
     QMap<QString, QString> texts;
     for (const auto& entry : IniText(m_text).entries()) {
-        if (entry.section == name.toUtf8())
+        if (entry.section == name.toUtf8()) {
             texts[QString::fromUtf8(entry.key)] =
                 QString::fromUtf8(QByteArray::fromPercentEncoding(entry.value));
+        }
     }
     return texts;
 }
@@ -72,10 +70,11 @@ WholeFile::Outcome Profile::writeTexts(const QString& name, const QMap<QString, 
     return change([&](IniText& ini) {
         for (auto text = texts.cbegin(); text != texts.cend(); ++text) {
             const QByteArray key = text.key().toUtf8();
-            if (text.value().isEmpty())
+            if (text.value().isEmpty()) {
                 ini.remove(name.toUtf8(), key);
-            else
+            } else {
                 ini.set(name.toUtf8(), key, text.value().toUtf8().toPercentEncoding("/:?=+@,"));
+            }
         }
     });
 }
@@ -105,11 +104,9 @@ WholeFile::Outcome Profile::change(const std::function<void(IniText&)>& edit)
 
 WholeFile::Outcome Profile::setDamagedFileAside()
 {
-    const QByteArray name = QFile::encodeName(fileName());
-    if (std::rename(name.constData(), (name + ".damaged").constData()) != 0)
-        return {WholeFile::Outcome::Failure::Writing, fileName(), errno};
-    m_damaged = false;
-    return {};
+    auto outcome = m_file.moveTo(fileName() + QStringLiteral(".damaged"));
+    m_damaged = !outcome.isDone();
+    return outcome;
 }
 
 } // namespace pelorin

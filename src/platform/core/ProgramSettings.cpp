@@ -5,6 +5,10 @@
 #include "platform/core/RegistryFile.h"
 #include "platform/core/Strings.h"
 
+#include <QFileInfo>
+
+#include <cerrno>
+
 namespace pelorin {
 
 QString productName()
@@ -59,10 +63,20 @@ QString settingsFault(const QString& path)
     const auto damage = RegistryFile::read(path).damage();
     if (!damage)
         return {};
-    const bool unreadable = damage->line == 0;
-    return textOr(unreadable ? strings::kRegistryUnreadable : strings::kRegistryDamaged,
-                  QStringLiteral("%1: %2"))
-        .arg(damage->path, unreadable ? damage->reason : QString::number(damage->line));
+    if (damage->line == 0) {
+        return textOr(strings::kRegistryUnreadable, QStringLiteral("%1: %2"))
+            .arg(damage->path, damage->reason);
+    }
+    return textOr(strings::kRegistryDamaged, QStringLiteral("%1: damaged in line %2"))
+        .arg(damage->path, QString::number(damage->line));
+}
+
+QString namedSettingsFault(const QString& path)
+{
+    if (QFileInfo::exists(path))
+        return settingsFault(path);
+    return textOr(strings::kNoSettingsFile, QStringLiteral("%1: ") + qt_error_string(ENOENT))
+        .arg(path);
 }
 
 } // namespace pelorin

@@ -36,5 +36,7 @@ inline constexpr int kDefaultLanguage = 1;
 
 /// Why a settings file that exists is not used, for the user; null if it is.
 [[nodiscard]] QString settingsFault(const QString& path = registryFilePath());
+/// The same for a file that the user has named for this run, which has to exist.
+[[nodiscard]] QString namedSettingsFault(const QString& path);
 
 } // namespace pelorin

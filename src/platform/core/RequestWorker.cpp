@@ -3,8 +3,7 @@
 #include "platform/core/ComPort.h"
 #include "platform/core/EventDescriptor.h"
 #include "platform/core/Pacing.h"
-
-#include <poll.h>
+#include "platform/core/PosixCalls.h"
 
 #include <algorithm>
 #include <atomic>
@@ -30,10 +29,8 @@ constexpr auto kNoLimit = Clock::time_point::max();
 /// Waits for one of the entries' events, until a time; a signal only wakes it.
 void pollUntil(std::span<pollfd> entries, Clock::time_point limit)
 {
-    const auto rest = std::max<std::chrono::nanoseconds>(limit - Clock::now(), 0ns);
-    const auto seconds = std::chrono::floor<std::chrono::seconds>(rest);
-    const timespec time{seconds.count(), static_cast<long>((rest - seconds).count())};
-    (void)ppoll(entries.data(), entries.size(), limit == kNoLimit ? nullptr : &time, nullptr);
+    (void)pollFor(entries.data(), entries.size(),
+                  std::max<std::chrono::nanoseconds>(limit - Clock::now(), 0ns));
 }
 
 } // namespace

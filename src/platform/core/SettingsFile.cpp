@@ -8,11 +8,9 @@
 #include "platform/core/Strings.h"
 
 #include <QDir>
-#include <QFile>
 #include <QFileInfo>
 
 #include <cerrno>
-#include <cstdio>
 
 namespace pelorin {
 
@@ -106,11 +104,7 @@ QString SettingsFile::asidePath() const
 
 WholeFile::Outcome SettingsFile::setAside() const
 {
-    const QByteArray from = QFile::encodeName(path());
-    const QByteArray to = QFile::encodeName(asidePath());
-    if (std::rename(from.constData(), to.constData()) != 0)
-        return {WholeFile::Outcome::Failure::Writing, path(), errno};
-    return {};
+    return m_file.moveTo(asidePath());
 }
 
 } // namespace pelorin

@@ -1,14 +1,10 @@
 #include "platform/core/SettingsLocation.h"
 
-#include "platform/core/RegistryFile.h"
-
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QStandardPaths>
-
-#include <cerrno>
 
 namespace pelorin {
 
@@ -41,19 +37,6 @@ QString usersRegistryFile()
 {
     return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
            QStringLiteral("/pelorin/pelorin.reg");
-}
-
-QString useSettingsFile(const QString& path)
-{
-    const QFileInfo file(path);
-    if (!file.exists())
-        return path + QStringLiteral(": ") + qt_error_string(ENOENT);
-    if (const auto damage = RegistryFile::read(path).damage()) {
-        const QString where = QStringLiteral("damaged in line %1").arg(damage->line);
-        return path + QStringLiteral(": ") + (damage->line == 0 ? damage->reason : where);
-    }
-    nameRegistryFile(path);
-    return QString();
 }
 
 void nameRegistryFile(const QString& path)

@@ -11,10 +11,6 @@ namespace pelorin {
 
 /// Has this run, and what it starts, use a settings file, whatever the environment names. To be
 /// called before anything reads the settings.
-/// @return why it cannot be used, in English; null if it can
-[[nodiscard]] QString useSettingsFile(const QString& path);
-
-/// The same for a file that is known to be good.
 void nameRegistryFile(const QString& path);
 
 /// The settings file that was named for this run; empty if none was.

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <type_traits>
+
 /// The numbers of the language modules' texts, each under its one name.
 namespace pelorin::strings {
 
@@ -641,3 +643,15 @@ inline constexpr int kThenPause = 2081;
 inline constexpr int kNoEntry = 2082;
 
 } // namespace pelorin::strings
+
+namespace pelorin {
+
+/// The number of the text that an enumerator stands for.
+template <class Text>
+[[nodiscard]] constexpr int textNumberOf(Text text)
+{
+    static_assert(std::is_enum_v<Text>);
+    return static_cast<int>(text);
+}
+
+} // namespace pelorin

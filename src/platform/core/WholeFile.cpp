@@ -1,5 +1,6 @@
 #include "platform/core/WholeFile.h"
 
+#include "platform/core/FileAccess.h"
 #include "platform/core/LanguageStrings.h"
 #include "platform/core/Strings.h"
 
@@ -9,13 +10,13 @@
 
 #include <array>
 #include <cerrno>
+#include <cstdio>
 #include <filesystem>
 #include <memory>
 #include <system_error>
 #include <utility>
 
 #include <fcntl.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
 namespace pelorin {
@@ -26,35 +27,6 @@ using Failure = WholeFile::Outcome::Failure;
 
 constexpr auto kUnbufferedWriting = QIODevice::WriteOnly | QIODevice::Unbuffered;
 constexpr int kNeverWaiting = O_NONBLOCK | O_NOCTTY | O_CLOEXEC;
-
-/// Right after a failed call; the toolkit refuses some files without one.
-int systemError()
-{
-    return errno != 0 ? errno : EIO;
-}
-
-/// What a path leads to. Nothing is opened for it: that would wake what is behind a pipe, and
-/// switch the supply of a sensor on a serial device.
-struct Found
-{
-    enum class Kind { Nothing, File, Device, Other };
-
-    Kind kind = Kind::Nothing;
-    int error = 0; ///< why it can be neither saved nor read
-    qint64 size = 0;
-};
-
-Found find(const QByteArray& name)
-{
-    struct stat status = {};
-    if (::stat(name.constData(), &status) != 0)
-        return {Found::Kind::Nothing, errno == ENOENT ? 0 : errno};
-    if (S_ISREG(status.st_mode))
-        return {Found::Kind::File, 0, status.st_size};
-    if (S_ISCHR(status.st_mode) || S_ISBLK(status.st_mode))
-        return {Found::Kind::Device};
-    return {Found::Kind::Other, S_ISDIR(status.st_mode) ? EISDIR : EINVAL};
-}
 
 /// @return 0 or the system's error code
 int openDescriptor(QFile& file, const QByteArray& name, int flags, QIODevice::OpenMode mode)
@@ -75,41 +47,20 @@ struct Target
 Target openTarget(const QString& path)
 {
     const QByteArray name = QFile::encodeName(path);
-    const Found found = find(name);
+    const FoundFile found = findFile(name);
     if (found.error != 0)
         return {nullptr, found.error};
-    if (found.kind == Found::Kind::Device) {
+    if (found.kind == FoundFile::Kind::Device) {
         auto device = std::make_unique<QFile>();
         const int error = openDescriptor(*device, name, O_WRONLY, kUnbufferedWriting);
         return {std::move(device), error};
     }
-    if (found.kind == Found::Kind::File && ::access(name.constData(), W_OK) != 0)
+    if (found.kind == FoundFile::Kind::File && ::access(name.constData(), W_OK) != 0)
         return {nullptr, errno}; // would be replaced all the same
     auto replacement = std::make_unique<QSaveFile>(path);
     errno = 0;
-    const int error = replacement->open(kUnbufferedWriting) ? 0 : systemError();
+    const int error = replacement->open(kUnbufferedWriting) ? 0 : lastFileError();
     return {std::move(replacement), error};
-}
-
-/// A full disk takes a part first and tells only then why it takes no more.
-bool writeWhole(QFileDevice& device, const QByteArray& piece)
-{
-    qint64 written = 0;
-    while (written < piece.size()) {
-        errno = 0;
-        const qint64 count = device.write(piece.constData() + written, piece.size() - written);
-        if (count <= 0)
-            return false;
-        written += count;
-    }
-    return true;
-}
-
-/// Some disks tell only now that they are full, and the toolkit does not listen.
-bool isOnDisk(const QFileDevice& device)
-{
-    return ::fsync(device.handle()) == 0 ||
-           (errno != EIO && errno != ENOSPC && errno != EDQUOT && errno != EFBIG);
 }
 
 /// Or a power failure brings the older file back. Not every file system can do it.
@@ -182,7 +133,7 @@ WholeFile::Outcome WholeFile::prepareSaving()
     QFile file(m_path);
     errno = 0;
     if (!file.open(QIODevice::Append))
-        return {Failure::Opening, m_path, systemError()};
+        return {Failure::Opening, m_path, lastFileError()};
     m_prepared = QFileInfo(m_path).canonicalFilePath();
     return {};
 }
@@ -194,7 +145,7 @@ WholeFile::Outcome WholeFile::save(const QByteArray& content)
 
 WholeFile::Outcome WholeFile::save(const Pieces& next)
 {
-    const Outcome outcome = write(next);
+    Outcome outcome = write(next);
     if (outcome.isDone()) {
         m_prepared.clear();
     } else {
@@ -217,10 +168,10 @@ WholeFile::Outcome WholeFile::write(const Pieces& next) const
         return {Failure::Opening, m_path, target.error};
     for (QByteArray piece = next(); !piece.isEmpty(); piece = next()) {
         if (!writeWhole(*target.device, piece))
-            return {Failure::Writing, m_path, systemError()};
+            return {Failure::Writing, m_path, lastFileError()};
     }
     if (!finish(*target.device))
-        return {Failure::Writing, m_path, systemError()};
+        return {Failure::Writing, m_path, lastFileError()};
     return {};
 }
 
@@ -230,10 +181,10 @@ WholeFile::Reading WholeFile::read(qint64 largest) const
         return Reading{{failure, m_path, error}, {}};
     };
     const QByteArray name = QFile::encodeName(m_path);
-    const Found found = find(name);
+    const FoundFile found = findFile(name);
     if (found.error != 0)
         return failed(Failure::Opening, found.error);
-    if (found.kind == Found::Kind::Device) // may never end
+    if (found.kind == FoundFile::Kind::Device) // may never end
         return failed(Failure::Opening, EINVAL);
     if (found.size > largest)
         return failed(Failure::Reading, EFBIG);
@@ -253,12 +204,20 @@ WholeFile::Reading WholeFile::read(qint64 largest) const
             return failed(Failure::Reading, EFBIG);
         errno = 0;
     }
-    return count == 0 ? reading : failed(Failure::Reading, systemError());
+    return count == 0 ? reading : failed(Failure::Reading, lastFileError());
 }
 
 WholeFile::Outcome WholeFile::remove() const
 {
     if (::unlink(QFile::encodeName(m_path).constData()) != 0 && errno != ENOENT)
+        return {Failure::Writing, m_path, errno};
+    return {};
+}
+
+WholeFile::Outcome WholeFile::moveTo(const QString& newPath) const
+{
+    if (std::rename(QFile::encodeName(m_path).constData(),
+                    QFile::encodeName(newPath).constData()) != 0)
         return {Failure::Writing, m_path, errno};
     return {};
 }

@@ -59,6 +59,8 @@ public:
 
     /// Removes the file; one that is not there is a success.
     [[nodiscard]] Outcome remove() const;
+    /// Gives the file another path in its folder, in the place of what is there.
+    [[nodiscard]] Outcome moveTo(const QString& newPath) const;
 
 private:
     [[nodiscard]] Outcome write(const Pieces& next) const;
