@@ -213,6 +213,8 @@ private Q_SLOTS:
     {
         Writer w;
         QVERIFY(w.bench.connectSensor());
+        w.fail(Fault::WrongByte, "MA", 1);
+        QVERIFY(w.bench.run(readPlan("M"))); // disturbed: it is not what the sensor has
         QList<JournalEntry> unfinished;
         qsizetype entries = 0;
         w.at = [&](Phase phase) {
@@ -227,6 +229,7 @@ private Q_SLOTS:
         const JournalEntry entry = w.journal.entries().constFirst();
         QCOMPARE(entry.values.at('N'), QByteArray("00000A"));
         QCOMPARE(entry.values.at('F'), QByteArray("SN012345"));
+        QCOMPARE(entry.values.at('M'), QByteArray("081F20"));
         QCOMPARE(entry.written.at('N'), QByteArray("000122"));
         QVERIFY((entry.end == JournalEntry::End{Kind::Verified, Reason::None, true}));
     }
