@@ -174,20 +174,21 @@ private Q_SLOTS:
             char id;
             const char* text;
             const char* command;
-            int exit;
+            const char* parameter; ///< that the refusal is about
         };
         std::vector<CliRow> oddRows;
         std::list<PtySensor> sensors;
-        for (const auto& [id, text, command, exit] :
-             std::initializer_list<Odd>{{'D', "4A051X", "set offset=1 --yes", 8},
-                                        {'D', "4A051X", "watch", 8},
-                                        {'A', "00000000", "set code=binary --yes", 8},
-                                        {'U', "28?000", "backup %doubtful.dat", 0}}) {
+        for (const auto& [id, text, command, parameter] :
+             std::initializer_list<Odd>{{'D', "4A051X", "set offset=1 --yes", "D"},
+                                        {'D', "4A051X", "watch", "D"},
+                                        {'A', "00000000", "set code=binary --yes", "A"},
+                                        {'S', "000001", "set code=gray --yes", "N"},
+                                        {'U', "28?000", "backup %doubtful.dat", ""}}) {
             const QString name = u"odd%1"_s.arg(sensors.size());
             sensors.emplace_back(m_folder.path(name)).sensor->setParameter(id, text);
-            oddRows.push_back({command, QLatin1String(command) + u" --port %"_s + name, exit,
-                               u"error/parameter"_s,
-                               exit == 0 ? QString() : QString(QLatin1Char(id))});
+            oddRows.push_back({command, QLatin1String(command) + u" --port %"_s + name,
+                               *parameter == '\0' ? 0 : 8, u"error/parameter"_s,
+                               QLatin1String(parameter)});
         }
         checkRows(oddRows, m_folder.path(u"."_s));
         QVERIFY(m_folder.content(u"doubtful.dat"_s).contains("55:28?000"));
