@@ -223,11 +223,12 @@ QList<JournalEntry> Journal::unsettled() const
     QList<JournalEntry> found;
     for (const QString& name : names().mid(0, kLookedAt)) {
         const auto circumstances = WholeFile(path(name, kCircumstancesSuffix)).read(kLargestFile);
-        if (circumstances.content.contains(kToldMark))
+        if (circumstances.content.contains(kToldMark) ||
+            FileLock::isHeld(path(name, kValuesSuffix)))
             continue;
-        const auto entry = find(name);
+        const auto entry = find(name); // anew: somebody may have ended it before the lock was free
         const bool settled = entry && entry->end && entry->end->told;
-        if (entry && !settled && !FileLock::isHeld(path(name, kValuesSuffix)))
+        if (entry && !settled)
             found.append(*entry);
     }
     return found;
