@@ -118,7 +118,7 @@ private Q_SLOTS:
         for (int line = 0; line < 5001; ++line)
             rig.link().commLog().append(u"TX: [56][Get][TERM]"_s);
         QString shown;
-        const ModalAnswer<SupportFileDialog> answer([&shown](SupportFileDialog& dialog) {
+        const ModalAnswer<SupportFileDialog> answer([&](SupportFileDialog& dialog) {
             auto* edit = dialog.getControl<QPlainTextEdit>(1061);
             shown = edit->toPlainText();
             edit->setFocus();
@@ -126,7 +126,10 @@ private Q_SLOTS:
             QTest::keyClicks(edit, u"only this"_s);
             QTest::mouseClick(dialog.getControl<QPushButton>(1), Qt::LeftButton);
         });
-        QCOMPARE(rig.save(kSupportFileCommand, u"support"_s), QString());
+            const FileDialogUser user(rig.folder.path(u"support"_s)); // the first was no good
+            QTest::mouseClick(dialog.getControl<QPushButton>(1), Qt::LeftButton);
+        QVERIFY(rig.folder.put(u"plain"_s, ""));
+        QVERIFY(rig.save(kSupportFileCommand, u"plain/support"_s).contains(u"plain/support.txt"_s));
         QCOMPARE(rig.folder.content(u"support.txt"_s), QByteArray("only this"));
         for (const auto& part :
              {u"== Versions ==\nPelorin 1.06."_s, u"== Settings ==\n"_s,
