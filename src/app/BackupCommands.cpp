@@ -249,6 +249,7 @@ BackupCommands::Next BackupCommands::nextAfter(const WriteResult& result) const
         return result.outcome.isDone() ? Next::Connect : Next::Nothing;
     case Reason::NoAnswer:
     case Reason::AnotherSensor:
+    case Reason::AnotherPort:
         return Next::Connect;
     case Reason::LinkLost:
     case Reason::Closed:

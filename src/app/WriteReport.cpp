@@ -96,9 +96,12 @@ void WriteReport::writeAgain(const WriteResult& result)
 {
     const JournalEntry sensor{
         .device = result.device, .version = result.version, .ssiType = result.ssiType};
-    if (m_writer.runner().link().isIdentified() && !m_writer.isConnected(sensor)) {
-        m_gate.addNotice(languageString(strings::kNothingWritten) + QLatin1Char('\n') +
-                         languageString(strings::kAnotherConnected));
+    const auto unlike = m_writer.unlikeness(sensor);
+    if (m_writer.runner().link().isIdentified() && unlike != WriteResult::Reason::None) {
+        const bool otherPort = unlike == WriteResult::Reason::AnotherPort;
+        m_gate.addNotice(
+            languageString(strings::kNothingWritten) + QLatin1Char('\n') +
+            languageString(otherPort ? strings::kAnotherPort : strings::kAnotherConnected));
         return;
     }
     WriteRequest request = result.request;

@@ -104,7 +104,7 @@ private Q_SLOTS:
     {
         const Kept kept;
         QList<JournalEntry> expected;
-        for (int word = 0; word < 8; ++word) { // every word in the files, some in one second
+        for (int word = 0; word < 9; ++word) { // every word in the files, some in one second
             JournalEntry entry = state();
             entry.time = entry.time.addMSecs(-400 * word);
             entry.by = WriteRequest::By(word % 5);

@@ -63,7 +63,7 @@ struct Writer final : QObject
     [[nodiscard]] bool compared(bool untouched)
     {
         told.reset();
-        if (!bench.connectSensor())
+        if (!bench.connectSensor(port))
             return false;
         bool done = false;
         writer.compareAfterConnect(untouched, [&done] { done = true; });
@@ -79,6 +79,7 @@ struct Writer final : QObject
     TestFolder folder;
     Journal journal{folder.path(QStringLiteral("journal"))};
     SafeWriter writer;
+    int port = 7; ///< at which it is connected anew
     std::function<void(Phase)> at;
     std::optional<WriteResult> result;
     std::optional<WriteResult> told; ///< to everybody
@@ -261,6 +262,8 @@ private Q_SLOTS:
                  Reason::AnotherSensor},
                 {"another factory text", false, change('F', "SN099999"), true, Kind::NotChecked,
                  Reason::AnotherSensor},
+                {"another port", true, [](Writer& w) { w.port = 8; }, true, Kind::NotChecked,
+                 Reason::AnotherPort},
                 {"lost again after a difference", false,
                  [](Writer& w) {
                      w.bench.last = "DA\r"; // when it is asked once more
