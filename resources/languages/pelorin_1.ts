@@ -2457,8 +2457,8 @@ From then on %1 is read, and %2 no longer.</translation>
         <translation>Last verification</translation>
     </message>
     <message id="2149">
-        <source>Nothing has been written to this sensor here.</source>
-        <translation>Nothing has been written to this sensor here.</translation>
+        <source>The journal has no write to this sensor.</source>
+        <translation>The journal has no write to this sensor.</translation>
     </message>
     <message id="2150">
         <source>&amp;Support File…</source>

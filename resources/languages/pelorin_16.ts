@@ -2457,8 +2457,8 @@ Da allora viene letto %1, e %2 non più.</translation>
         <translation>Ultima verifica</translation>
     </message>
     <message id="2149">
-        <source>Nothing has been written to this sensor here.</source>
-        <translation>Qui non è stato scritto nulla in questo sensore.</translation>
+        <source>The journal has no write to this sensor.</source>
+        <translation>Il giornale non ha alcuna voce per questo sensore.</translation>
     </message>
     <message id="2150">
         <source>&amp;Support File…</source>

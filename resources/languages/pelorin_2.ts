@@ -2457,8 +2457,8 @@ Von da an wird %1 gelesen und %2 nicht mehr.</translation>
         <translation>Letzte Prüfung</translation>
     </message>
     <message id="2149">
-        <source>Nothing has been written to this sensor here.</source>
-        <translation>Auf diesen Sensor wurde hier nichts geschrieben.</translation>
+        <source>The journal has no write to this sensor.</source>
+        <translation>Das Journal hat keinen Eintrag zu diesem Sensor.</translation>
     </message>
     <message id="2150">
         <source>&amp;Support File…</source>

@@ -2457,8 +2457,8 @@ Désormais %1 est lu, et %2 ne l'est plus.</translation>
         <translation>Dernière vérification</translation>
     </message>
     <message id="2149">
-        <source>Nothing has been written to this sensor here.</source>
-        <translation>Rien n'a été écrit dans ce capteur ici.</translation>
+        <source>The journal has no write to this sensor.</source>
+        <translation>Le journal n'a aucune entrée pour ce capteur.</translation>
     </message>
     <message id="2150">
         <source>&amp;Support File…</source>

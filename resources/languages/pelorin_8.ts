@@ -2457,8 +2457,8 @@ Desde entonces se lee %1, y %2 ya no.</translation>
         <translation>Última comprobación</translation>
     </message>
     <message id="2149">
-        <source>Nothing has been written to this sensor here.</source>
-        <translation>Aquí no se ha escrito nada en este sensor.</translation>
+        <source>The journal has no write to this sensor.</source>
+        <translation>El diario no tiene ninguna entrada de este sensor.</translation>
     </message>
     <message id="2150">
         <source>&amp;Support File…</source>

@@ -178,7 +178,7 @@ BackupCommands::End BackupCommands::putBackEntry(const JournalEntry& entry)
     }
     if (!m_pages.mayDiscard(m_gate))
         return {};
-    const bool replaces = !entry.end && m_writer.isConnected(entry);
+    const bool replaces = !entry.end && m_writer.isSensorOf(entry);
     Saved saved{entry.values, entryInWords(entry)};
     saved.values.emplace('V', entry.version);
     End end = review(Mode::PutBack, saved);

@@ -149,7 +149,7 @@ void WriteReport::tellUntold()
 void WriteReport::offerUnfinished()
 {
     for (const JournalEntry& entry : m_writer.journal().unfinished()) {
-        if (m_offered.contains(entry.id) || !isOfConnectedSensor(entry))
+        if (m_offered.contains(entry.id) || !m_writer.isSensorOf(entry))
             continue;
         m_offered << entry.id;
         showLater({[entry] { return unfinishedInWords(entry); },
@@ -157,21 +157,6 @@ void WriteReport::offerUnfinished()
                    {{strings::kShow, [this, id = entry.id] { Q_EMIT showWanted(id); }},
                     {strings::kForget, [this, entry] { forget(entry); }}}});
     }
-}
-
-/// Two sensors of one firmware differ in their factory text, where both are known.
-bool WriteReport::isOfConnectedSensor(const JournalEntry& entry) const
-{
-    const SequenceRunner& runner = m_writer.runner();
-    if (!runner.link().isIdentified() || !m_writer.isConnected(entry))
-        return false;
-    const auto has = runner.known().find('F');
-    const auto had = entry.values.find('F');
-    if (has == runner.known().end() || had == entry.values.end())
-        return true;
-    const auto written = entry.written.find('F');
-    return has->second == had->second ||
-           (written != entry.written.end() && has->second == written->second);
 }
 
 void WriteReport::forget(const JournalEntry& entry)

@@ -108,7 +108,7 @@ Result putBack(Invocation& invocation, const JournalEntry& entry)
         return checked;
     Restoration restoration{.scope = *scope, .values = entry.values, .isEarlierState = true};
     restoration.values.emplace('V', entry.version);
-    const bool replaces = !entry.end && !invocation.options().dryRun && session.isConnected(entry);
+    const bool replaces = !entry.end && !invocation.options().dryRun && session.isSensorOf(entry);
     const Written written = restore(invocation, restoration);
     if (!replaces || !written.replaced)
         return written.result;

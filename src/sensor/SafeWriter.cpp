@@ -276,6 +276,16 @@ Reason SafeWriter::unlikeness(const JournalEntry& state) const
     return samePort ? Reason::None : Reason::AnotherPort;
 }
 
+bool SafeWriter::isSensorOf(const JournalEntry& entry) const
+{
+    if (!m_runner.link().isIdentified() || !isConnected(entry))
+        return false;
+    const QByteArray has = textOf(m_runner.known(), kFactoryText);
+    const QByteArray had = textOf(entry.values, kFactoryText);
+    return has.isEmpty() || had.isEmpty() || has == had ||
+           has == textOf(entry.written, kFactoryText);
+}
+
 void SafeWriter::onCompared(const Outcome& outcome)
 {
     if (outcome.kind == Outcome::Kind::Lost)

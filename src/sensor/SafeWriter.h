@@ -85,6 +85,9 @@ public:
     {
         return unlikeness(state) == WriteResult::Reason::None;
     }
+    /// Whether it is identified as that sensor, also by the factory text where it is known of both:
+    /// sensors of one firmware differ in it.
+    [[nodiscard]] bool isSensorOf(const JournalEntry& entry) const;
 
     /// The sensor has been connected anew: compares with it what was written when the link was
     /// lost. If another one is identified that stays unchecked for good.
