@@ -1180,8 +1180,8 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <translation>The sensor answers what was written, but it was not restarted and may not have stored it.</translation>
     </message>
     <message id="1711">
-        <source>The sensor did not answer afterwards.</source>
-        <translation>The sensor did not answer afterwards.</translation>
+        <source>At least a part of what was written could not be read back.</source>
+        <translation>At least a part of what was written could not be read back.</translation>
     </message>
     <message id="1712">
         <source>Another sensor has answered than the one that was written to.</source>
@@ -2457,8 +2457,8 @@ From then on %1 is read, and %2 no longer.</translation>
         <translation>Last verification</translation>
     </message>
     <message id="2149">
-        <source>Nothing has been written to this sensor here.</source>
-        <translation>Nothing has been written to this sensor here.</translation>
+        <source>The journal has no write to this sensor.</source>
+        <translation>The journal has no write to this sensor.</translation>
     </message>
     <message id="2150">
         <source>&amp;Support File…</source>
@@ -2580,6 +2580,10 @@ From then on %1 is read, and %2 no longer.</translation>
         <source>You have no permission to open %1. Only the administrator of the system can give access to it.</source>
         <extracomment>%1 port</extracomment>
         <translation>You have no permission to open %1. Only the administrator of the system can give access to it.</translation>
+    </message>
+    <message id="2266">
+        <source>The port is another one than that of the sensor that was written to.</source>
+        <translation>The port is another one than that of the sensor that was written to.</translation>
     </message>
 </context>
 </TS>

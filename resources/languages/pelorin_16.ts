@@ -1180,8 +1180,8 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <translation>Il sensore risponde quanto scritto, ma non è stato riavviato e forse non l'ha memorizzato.</translation>
     </message>
     <message id="1711">
-        <source>The sensor did not answer afterwards.</source>
-        <translation>Il sensore non ha risposto in seguito.</translation>
+        <source>At least a part of what was written could not be read back.</source>
+        <translation>Almeno una parte di ciò che è stato scritto non si è potuta rileggere.</translation>
     </message>
     <message id="1712">
         <source>Another sensor has answered than the one that was written to.</source>
@@ -2457,8 +2457,8 @@ Da allora viene letto %1, e %2 non più.</translation>
         <translation>Ultima verifica</translation>
     </message>
     <message id="2149">
-        <source>Nothing has been written to this sensor here.</source>
-        <translation>Qui non è stato scritto nulla in questo sensore.</translation>
+        <source>The journal has no write to this sensor.</source>
+        <translation>Il giornale non ha alcuna voce per questo sensore.</translation>
     </message>
     <message id="2150">
         <source>&amp;Support File…</source>
@@ -2580,6 +2580,10 @@ Da allora viene letto %1, e %2 non più.</translation>
         <source>You have no permission to open %1. Only the administrator of the system can give access to it.</source>
         <extracomment>%1 port</extracomment>
         <translation>Non si ha il permesso di aprire %1. Solo l'amministratore del sistema può consentire l'accesso.</translation>
+    </message>
+    <message id="2266">
+        <source>The port is another one than that of the sensor that was written to.</source>
+        <translation>La porta non è quella del sensore in cui si è scritto.</translation>
     </message>
 </context>
 </TS>

@@ -1180,8 +1180,8 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <translation>Der Sensor antwortet das Geschriebene, wurde aber nicht neu gestartet und hat es vielleicht nicht gespeichert.</translation>
     </message>
     <message id="1711">
-        <source>The sensor did not answer afterwards.</source>
-        <translation>Der Sensor hat danach nicht geantwortet.</translation>
+        <source>At least a part of what was written could not be read back.</source>
+        <translation>Mindestens ein Teil des Geschriebenen konnte nicht zurückgelesen werden.</translation>
     </message>
     <message id="1712">
         <source>Another sensor has answered than the one that was written to.</source>
@@ -2457,8 +2457,8 @@ Von da an wird %1 gelesen und %2 nicht mehr.</translation>
         <translation>Letzte Prüfung</translation>
     </message>
     <message id="2149">
-        <source>Nothing has been written to this sensor here.</source>
-        <translation>Auf diesen Sensor wurde hier nichts geschrieben.</translation>
+        <source>The journal has no write to this sensor.</source>
+        <translation>Das Journal hat keinen Eintrag zu diesem Sensor.</translation>
     </message>
     <message id="2150">
         <source>&amp;Support File…</source>
@@ -2580,6 +2580,10 @@ Von da an wird %1 gelesen und %2 nicht mehr.</translation>
         <source>You have no permission to open %1. Only the administrator of the system can give access to it.</source>
         <extracomment>%1 port</extracomment>
         <translation>Sie haben keine Berechtigung, %1 zu öffnen. Nur der Administrator des Systems kann den Zugriff erlauben.</translation>
+    </message>
+    <message id="2266">
+        <source>The port is another one than that of the sensor that was written to.</source>
+        <translation>Die Schnittstelle ist eine andere als die des Sensors, in den geschrieben wurde.</translation>
     </message>
 </context>
 </TS>

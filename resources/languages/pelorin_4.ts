@@ -1180,8 +1180,8 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <translation>Le capteur répond ce qui a été écrit, mais il n'a pas été redémarré et ne l'a peut-être pas enregistré.</translation>
     </message>
     <message id="1711">
-        <source>The sensor did not answer afterwards.</source>
-        <translation>Le capteur n'a pas répondu ensuite.</translation>
+        <source>At least a part of what was written could not be read back.</source>
+        <translation>Une partie au moins de ce qui a été écrit n'a pas pu être relue.</translation>
     </message>
     <message id="1712">
         <source>Another sensor has answered than the one that was written to.</source>
@@ -2457,8 +2457,8 @@ Désormais %1 est lu, et %2 ne l'est plus.</translation>
         <translation>Dernière vérification</translation>
     </message>
     <message id="2149">
-        <source>Nothing has been written to this sensor here.</source>
-        <translation>Rien n'a été écrit dans ce capteur ici.</translation>
+        <source>The journal has no write to this sensor.</source>
+        <translation>Le journal n'a aucune entrée pour ce capteur.</translation>
     </message>
     <message id="2150">
         <source>&amp;Support File…</source>
@@ -2580,6 +2580,10 @@ Désormais %1 est lu, et %2 ne l'est plus.</translation>
         <source>You have no permission to open %1. Only the administrator of the system can give access to it.</source>
         <extracomment>%1 port</extracomment>
         <translation>Vous n'avez pas l'autorisation d'ouvrir %1. Seul l'administrateur du système peut y donner accès.</translation>
+    </message>
+    <message id="2266">
+        <source>The port is another one than that of the sensor that was written to.</source>
+        <translation>Le port n'est pas celui du capteur dans lequel on a écrit.</translation>
     </message>
 </context>
 </TS>

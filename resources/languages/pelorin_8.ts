@@ -1180,8 +1180,8 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
         <translation>El sensor responde lo escrito, pero no se ha reiniciado y quizá no lo haya guardado.</translation>
     </message>
     <message id="1711">
-        <source>The sensor did not answer afterwards.</source>
-        <translation>El sensor no ha respondido después.</translation>
+        <source>At least a part of what was written could not be read back.</source>
+        <translation>Al menos una parte de lo escrito no se pudo volver a leer.</translation>
     </message>
     <message id="1712">
         <source>Another sensor has answered than the one that was written to.</source>
@@ -2457,8 +2457,8 @@ Desde entonces se lee %1, y %2 ya no.</translation>
         <translation>Última comprobación</translation>
     </message>
     <message id="2149">
-        <source>Nothing has been written to this sensor here.</source>
-        <translation>Aquí no se ha escrito nada en este sensor.</translation>
+        <source>The journal has no write to this sensor.</source>
+        <translation>El diario no tiene ninguna entrada de este sensor.</translation>
     </message>
     <message id="2150">
         <source>&amp;Support File…</source>
@@ -2580,6 +2580,10 @@ Desde entonces se lee %1, y %2 ya no.</translation>
         <source>You have no permission to open %1. Only the administrator of the system can give access to it.</source>
         <extracomment>%1 port</extracomment>
         <translation>No tiene permiso para abrir %1. Solo el administrador del sistema puede dar acceso.</translation>
+    </message>
+    <message id="2266">
+        <source>The port is another one than that of the sensor that was written to.</source>
+        <translation>El puerto no es el del sensor en el que se escribió.</translation>
     </message>
 </context>
 </TS>

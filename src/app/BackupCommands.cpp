@@ -180,7 +180,7 @@ BackupCommands::End BackupCommands::putBackEntry(const JournalEntry& entry)
     }
     if (!m_pages.mayDiscard(m_gate))
         return {};
-    const bool replaces = !entry.end && m_writer.isConnected(entry);
+    const bool replaces = !entry.end && m_writer.isSensorOf(entry);
     Saved saved{entry.values, entryInWords(entry)};
     saved.values.emplace('V', entry.version);
     End end = review(Mode::PutBack, saved);
@@ -251,6 +251,7 @@ BackupCommands::Next BackupCommands::nextAfter(const WriteResult& result) const
         return result.outcome.isDone() ? Next::Connect : Next::Nothing;
     case Reason::NoAnswer:
     case Reason::AnotherSensor:
+    case Reason::AnotherPort:
         return Next::Connect;
     case Reason::LinkLost:
     case Reason::Closed:

@@ -300,7 +300,7 @@ void PelorinMainWindow::runCommand(int command)
     case kHelpCommand:
         return showHelp();
     case kSupportFileCommand:
-        return SupportFileCommand(*this, {m_link, m_journal, m_languages, m_gate}).run();
+        return SupportFileCommand(*this, {m_link, m_journal, m_languages}).run();
     case kAboutCommand:
         return static_cast<void>(AboutDialog(this).exec());
     case kExitCommand:

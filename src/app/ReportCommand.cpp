@@ -47,7 +47,7 @@ void ReportCommand::describe(SensorReport& report) const
     const auto entries = m_shared.writer.journal().entries();
     const auto last =
         std::find_if(entries.begin(), entries.end(), [this](const JournalEntry& entry) {
-            return m_shared.writer.isConnected(entry);
+            return m_shared.writer.isSensorOf(entry);
         });
     if (last != entries.end())
         report.lastWrite = *last;

@@ -4,7 +4,6 @@ class QWidget;
 
 namespace pelorin {
 
-class CommandGate;
 class Journal;
 class LanguageManager;
 class SensorLink;
@@ -20,7 +19,6 @@ public:
         SensorLink& link;
         const Journal& journal;
         const LanguageManager& languages;
-        CommandGate& gate;
     };
 
     SupportFileCommand(QWidget& window, const Shared& shared) : m_window(window), m_shared(shared)

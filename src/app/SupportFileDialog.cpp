@@ -1,6 +1,10 @@
 #include "app/SupportFileDialog.h"
 
+#include "platform/core/LanguageStrings.h"
 #include "platform/core/Strings.h"
+#include "platform/core/WholeFile.h"
+#include "platform/ui/FileChooser.h"
+#include "platform/ui/MessageBox.h"
 
 #include <QFontDatabase>
 #include <QPlainTextEdit>
@@ -38,9 +42,17 @@ void SupportFileDialog::onInitDialog()
     edit->setPlainText(m_text);
 }
 
-QString SupportFileDialog::text() const
+void SupportFileDialog::accept()
 {
-    return getControl<QPlainTextEdit>(kTextEdit)->toPlainText();
+    const QString path =
+        chooseFile(this, QFileDialog::AcceptSave, languageString(strings::kSupportTitle),
+                   languageString(strings::kTextFileFilter), QStringLiteral("txt"));
+    if (path.isNull())
+        return;
+    const QString text = getControl<QPlainTextEdit>(kTextEdit)->toPlainText();
+    if (const auto saved = WholeFile(path).save(text.toUtf8()); !saved.isDone())
+        return warn(this, saved.message());
+    BaseDialog::accept();
 }
 
 } // namespace pelorin

@@ -4,8 +4,8 @@
 
 namespace pelorin {
 
-/// Shows what a support file will hold, from which the user may delete. Accepted: it is to be
-/// saved.
+/// Shows what a support file will hold, from which the user may delete. Accepted: it is saved; as
+/// long as it is not, what the user has deleted stays so.
 class SupportFileDialog final : public BaseDialog
 {
     Q_OBJECT
@@ -13,8 +13,7 @@ class SupportFileDialog final : public BaseDialog
 public:
     SupportFileDialog(QWidget* parent, QString text);
 
-    /// What the user has left of it.
-    [[nodiscard]] QString text() const;
+    void accept() override;
 
 protected:
     void setupTranslationMap() override;

@@ -96,9 +96,12 @@ void WriteReport::writeAgain(const WriteResult& result)
 {
     const JournalEntry sensor{
         .device = result.device, .version = result.version, .ssiType = result.ssiType};
-    if (m_writer.runner().link().isIdentified() && !m_writer.isConnected(sensor)) {
-        m_gate.addNotice(languageString(strings::kNothingWritten) + QLatin1Char('\n') +
-                         languageString(strings::kAnotherConnected));
+    const auto unlike = m_writer.unlikeness(sensor);
+    if (m_writer.runner().link().isIdentified() && unlike != WriteResult::Reason::None) {
+        const bool otherPort = unlike == WriteResult::Reason::AnotherPort;
+        m_gate.addNotice(
+            languageString(strings::kNothingWritten) + QLatin1Char('\n') +
+            languageString(otherPort ? strings::kAnotherPort : strings::kAnotherConnected));
         return;
     }
     WriteRequest request = result.request;
@@ -146,7 +149,7 @@ void WriteReport::tellUntold()
 void WriteReport::offerUnfinished()
 {
     for (const JournalEntry& entry : m_writer.journal().unfinished()) {
-        if (m_offered.contains(entry.id) || !isOfConnectedSensor(entry))
+        if (m_offered.contains(entry.id) || !m_writer.isSensorOf(entry))
             continue;
         m_offered << entry.id;
         showLater({[entry] { return unfinishedInWords(entry); },
@@ -154,21 +157,6 @@ void WriteReport::offerUnfinished()
                    {{strings::kShow, [this, id = entry.id] { Q_EMIT showWanted(id); }},
                     {strings::kForget, [this, entry] { forget(entry); }}}});
     }
-}
-
-/// Two sensors of one firmware differ in their factory text, where both are known.
-bool WriteReport::isOfConnectedSensor(const JournalEntry& entry) const
-{
-    const SequenceRunner& runner = m_writer.runner();
-    if (!runner.link().isIdentified() || !m_writer.isConnected(entry))
-        return false;
-    const auto has = runner.known().find('F');
-    const auto had = entry.values.find('F');
-    if (has == runner.known().end() || had == entry.values.end())
-        return true;
-    const auto written = entry.written.find('F');
-    return has->second == had->second ||
-           (written != entry.written.end() && has->second == written->second);
 }
 
 void WriteReport::forget(const JournalEntry& entry)

@@ -61,7 +61,6 @@ private:
 
     void tell(const WriteResult& result);
     void writeAgain(const WriteResult& result);
-    [[nodiscard]] bool isOfConnectedSensor(const JournalEntry& entry) const;
     void forget(const JournalEntry& entry);
     void showLater(NoticeStrip::Notice notice, const QList<JournalEntry>& untold = {});
     void showWaiting();

@@ -207,8 +207,13 @@ void ReviewDialog::renderTexts()
         label->setVisible(!text.isEmpty());
     };
     QStringList notes;
-    if (m_review.purpose != Purpose::PutBack)
-        notes << languageString(strings::kNotInBackup).arg(parametersInWords("FV"));
+    QByteArray missing;
+    for (const char id : std::string_view("FV")) {
+        if (m_review.saved.find(id) == m_review.saved.end())
+            missing += id;
+    }
+    if (m_review.purpose != Purpose::PutBack && !missing.isEmpty())
+        notes << languageString(strings::kNotInBackup).arg(parametersInWords(missing));
     if (!onlyShows() && asksForStream(m_review.saved))
         notes << languageString(strings::kStreamNotWritten);
     show(kSourceControl, m_review.source);

@@ -69,7 +69,7 @@ QString valueRows(const SensorReport& report)
 QString lastWriteText(const std::optional<JournalEntry>& entry)
 {
     if (!entry)
-        return languageString(strings::kNothingWrittenHere);
+        return languageString(strings::kNoWriteInJournal);
     return timeInWords(*entry) + QStringLiteral(", ") + writerInWords(entry->by) +
            QLatin1Char('\n') + outcomeInWords(*entry);
 }

@@ -108,9 +108,9 @@ Result putBack(Invocation& invocation, const JournalEntry& entry)
         return checked;
     Restoration restoration{.scope = *scope, .values = entry.values, .isEarlierState = true};
     restoration.values.emplace('V', entry.version);
-    const bool replaces = !entry.end && session.isConnected(entry);
+    const bool replaces = !entry.end && !invocation.options().dryRun && session.isSensorOf(entry);
     const Written written = restore(invocation, restoration);
-    if (!replaces || !written.began)
+    if (!replaces || !written.replaced)
         return written.result;
     const Result noted = resultOf(session.journal().giveUp(entry));
     return written.result.isDone() ? noted : written.result;

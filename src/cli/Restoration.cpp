@@ -114,7 +114,7 @@ Written restore(Invocation& invocation, const Restoration& restoration)
     tellNotes(invocation.output(), type, sensor, restoration);
     if (choice.order.isEmpty()) {
         invocation.output().print(languageString(strings::kNothingDiffers));
-        return {};
+        return {.replaced = restoration.scope == Scope::All};
     }
     request.order = choice.order;
     request.values = choice.values;

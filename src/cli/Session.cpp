@@ -191,7 +191,7 @@ void Session::showSensor()
 void Session::tellUnfinished()
 {
     for (const JournalEntry& entry : m_journal.unfinished()) {
-        if (m_writer.isConnected(entry)) {
+        if (m_writer.isSensorOf(entry)) {
             m_output.tell(unfinishedInWords(entry) +
                           QStringLiteral(" (pelorin-cli journal show %1)").arg(entry.id));
         }

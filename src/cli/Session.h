@@ -66,9 +66,9 @@ public:
         return m_writer.planOf(request);
     }
     /// Whether this is the sensor of an entry of the journal.
-    [[nodiscard]] bool isConnected(const JournalEntry& entry) const
+    [[nodiscard]] bool isSensorOf(const JournalEntry& entry) const
     {
-        return m_writer.isConnected(entry);
+        return m_writer.isSensorOf(entry);
     }
 
     /// Writes, with all that belongs to it.

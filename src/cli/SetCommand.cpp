@@ -80,7 +80,7 @@ Result readSettings(Session& session, Change& change)
     return session.checkFormat(change.values['D']);
 }
 
-/// Whether the sensor has everything already. An offset is the same if it has the same counts.
+/// Whether a setting is another one. An offset is the same if it has the same counts.
 bool isChanged(const Change& change, const OutputEntries& entries)
 {
     for (const char id : std::string_view("DAK")) {
@@ -91,6 +91,18 @@ bool isChanged(const Change& change, const OutputEntries& entries)
         return false;
     const auto counts = encodeOffset(*entries.offset(), change.read.resolutionMm(), 1);
     return !counts || !isSameValue('N', *counts, change.values.at('N'));
+}
+
+/// Whether the sensor has everything already, also what follows from the settings.
+Result compareSettings(Session& session, Change& change, const OutputEntries& entries, bool& same)
+{
+    same = !isChanged(change, entries);
+    if (!same)
+        return {};
+    Result read = session.read(readPlan("S", true), change.values);
+    const auto scale = change.wanted.composeWriteValue('S');
+    same = scale && isSameValue('S', *scale, change.values['S']);
+    return read;
 }
 
 Result checkEntries(const Change& change, const OutputEntries& entries)
@@ -188,8 +200,11 @@ Result runSet(Invocation& invocation)
         !name.isEmpty() && !sensorType(change.ssiType).has('K'))
         return refused(languageString(strings::kNotOfType).arg(change.ssiType).arg(name), 'K');
     change.wanted = entries.appliedTo(change.read);
+    bool same = false;
+    if (Result compared = compareSettings(session, change, entries, same); !compared.isDone())
+        return compared;
     invocation.output().set(QStringLiteral("values"), namedValues(change.values));
-    if (!isChanged(change, entries)) {
+    if (same) {
         invocation.output().print(languageString(strings::kNothingDiffers));
         return {};
     }

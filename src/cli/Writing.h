@@ -16,7 +16,7 @@ class Output;
 struct Written
 {
     Result result{};
-    bool began = false; ///< whether anything has left
+    bool replaced = false; ///< whether anything has left, or all was there already
 };
 
 /// The options of every command that writes.

@@ -250,12 +250,8 @@ void MagnetPositionPage::record()
 /// @param outcome what is wrong with the recording, if anything; it then has ended
 void MagnetPositionPage::endRecording(const WholeFile::Outcome& outcome)
 {
-    if (outcome.failure == WholeFile::Outcome::Failure::Opening) {
+    if (!outcome.isDone())
         Q_EMIT noticed(outcome.message());
-    } else if (!outcome.isDone()) {
-        Q_EMIT noticed(
-            languageString(strings::kRecordingEnded).arg(outcome.path, outcome.reason()));
-    }
     m_recordButton->setText(
         languageString(m_recorder.isRecording() ? strings::kStopRecording : strings::kRecord));
     m_recordButton->setEnabled(m_stream.isStreaming());

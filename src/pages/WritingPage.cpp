@@ -189,8 +189,11 @@ void WritingPage::planEnded(const Outcome& outcome)
 {
     if (outcome.isDone()) {
         m_baseline = runner().changes();
-        for (const char id : std::as_const(m_ids))
-            m_seen[id] = runner().known().at(id);
+        m_seen.clear();
+        for (const auto& [id, value] : runner().known()) {
+            if (m_ids.contains(id))
+                m_seen[id] = value;
+        }
         enableApply(false);
     } else if (outcome.kind != Outcome::Kind::StreamNotEnded) {
         m_baseline.reset();

@@ -58,10 +58,11 @@ constexpr Words<Kind, 4> kKinds = {{{{Kind::NotWritten, "not written"},
                                      {Kind::Verified, "verified"},
                                      {Kind::Differs, "differs"},
                                      {Kind::NotChecked, "not checked"}}}};
-constexpr Words<Reason, 8> kReasons = {{{{Reason::None, ""},
+constexpr Words<Reason, 9> kReasons = {{{{Reason::None, ""},
                                          {Reason::NotRestarted, "not restarted"},
                                          {Reason::NoAnswer, "no answer"},
                                          {Reason::AnotherSensor, "another sensor"},
+                                         {Reason::AnotherPort, "another port"},
                                          {Reason::Closed, "closed"},
                                          {Reason::SwitchedOff, "safe writes off"},
                                          {Reason::LinkLost, "link lost"},
@@ -223,11 +224,12 @@ QList<JournalEntry> Journal::unsettled() const
     QList<JournalEntry> found;
     for (const QString& name : names().mid(0, kLookedAt)) {
         const auto circumstances = WholeFile(path(name, kCircumstancesSuffix)).read(kLargestFile);
-        if (circumstances.content.contains(kToldMark))
+        if (circumstances.content.contains(kToldMark) ||
+            FileLock::isHeld(path(name, kValuesSuffix)))
             continue;
-        const auto entry = find(name);
+        const auto entry = find(name); // anew: somebody may have ended it before the lock was free
         const bool settled = entry && entry->end && entry->end->told;
-        if (entry && !settled && !FileLock::isHeld(path(name, kValuesSuffix)))
+        if (entry && !settled)
             found.append(*entry);
     }
     return found;

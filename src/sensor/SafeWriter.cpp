@@ -240,8 +240,8 @@ void SafeWriter::restart()
 
 void SafeWriter::compare()
 {
-    if (!isConnected(m_job->state))
-        return stopUnchecked(Reason::AnotherSensor);
+    if (const Reason unlike = unlikeness(m_job->state); unlike != Reason::None)
+        return stopUnchecked(unlike);
     tell(Phase::Comparing);
     readBack(proof() + m_job->request.order);
 }
@@ -267,11 +267,23 @@ void SafeWriter::readBack(const QByteArray& ids)
         });
 }
 
-bool SafeWriter::isConnected(const JournalEntry& state) const
+Reason SafeWriter::unlikeness(const JournalEntry& state) const
 {
     const SensorLink& link = m_runner.link();
-    return ComPortNames::stableName(link.device()) == state.device &&
-           link.versionText() == state.version && link.ssiType() == state.ssiType;
+    if (link.versionText() != state.version || link.ssiType() != state.ssiType)
+        return Reason::AnotherSensor;
+    const bool samePort = ComPortNames::stableName(link.device()) == state.device;
+    return samePort ? Reason::None : Reason::AnotherPort;
+}
+
+bool SafeWriter::isSensorOf(const JournalEntry& entry) const
+{
+    if (!m_runner.link().isIdentified() || !isConnected(entry))
+        return false;
+    const QByteArray has = textOf(m_runner.known(), kFactoryText);
+    const QByteArray had = textOf(entry.values, kFactoryText);
+    return has.isEmpty() || had.isEmpty() || has == had ||
+           has == textOf(entry.written, kFactoryText);
 }
 
 void SafeWriter::onCompared(const Outcome& outcome)

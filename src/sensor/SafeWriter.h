@@ -78,8 +78,16 @@ public:
     /// Whether a request of anybody, or of this asker, is under way.
     [[nodiscard]] bool isRunning() const { return m_job != nullptr; }
 
-    /// Whether the connected sensor is that of an entry, as far as device, version and type tell.
-    [[nodiscard]] bool isConnected(const JournalEntry& state) const;
+    /// Why the connected sensor is not that of an entry, as far as version, type and device tell:
+    /// AnotherSensor or AnotherPort; None if nothing speaks against it.
+    [[nodiscard]] WriteResult::Reason unlikeness(const JournalEntry& state) const;
+    [[nodiscard]] bool isConnected(const JournalEntry& state) const
+    {
+        return unlikeness(state) == WriteResult::Reason::None;
+    }
+    /// Whether it is identified as that sensor, also by the factory text where it is known of both:
+    /// sensors of one firmware differ in it.
+    [[nodiscard]] bool isSensorOf(const JournalEntry& entry) const;
 
     /// The sensor has been connected anew: compares with it what was written when the link was
     /// lost. If another one is identified that stays unchecked for good.

@@ -279,7 +279,11 @@ bool SequenceRunner::takeReply(const Step& step)
     if (differs)
         run.differences.append({step.id, step.value, reply.text});
     run.silent = false;
-    m_known[step.id] = reply.text;
+    if (reply.wellFormed || unclear) { // the same twice by now
+        m_known[step.id] = reply.text;
+    } else {
+        m_known.erase(step.id);
+    }
     tell([listener = run.listener.reply, owner = run.owner, reply] {
         if (listener && owner)
             listener(reply);

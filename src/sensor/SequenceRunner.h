@@ -76,7 +76,8 @@ public:
     void cancelConnect() { m_reservedFor = nullptr; }
 
     /// What was last read of each parameter, forgotten with everything that may have changed the
-    /// sensor or put another one in its place.
+    /// sensor or put another one in its place. A reply that is no value of its parameter is what
+    /// the sensor has only if it was read twice.
     [[nodiscard]] const SensorValues& known() const { return m_known; }
     /// Counts the occasions on which that was forgotten: what was read at one count is no base for
     /// what is written at another.

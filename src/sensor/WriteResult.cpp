@@ -20,9 +20,11 @@ int reasonOf(const WriteResult& result)
     case Reason::NotRestarted:
         return strings::kNotRestarted;
     case Reason::NoAnswer:
-        return strings::kNoAnswerAfterwards;
+        return strings::kNotReadBack;
     case Reason::AnotherSensor:
         return strings::kAnotherSensor;
+    case Reason::AnotherPort:
+        return strings::kAnotherPort;
     case Reason::Closed:
         return strings::kClosedBefore;
     case Reason::SwitchedOff:

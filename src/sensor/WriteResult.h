@@ -37,9 +37,10 @@ struct WriteResult
     enum class Reason {
         None,
         NotRestarted, ///< all is as it was written, but perhaps not stored
-        NoAnswer,
+        NoAnswer,     ///< or none that can be used, if only to a part
         AnotherSensor,
-        Closed, ///< the program ended
+        AnotherPort, ///< a sensor of that version answers there; nobody knows which
+        Closed,      ///< the program ended
         SwitchedOff,
         LinkLost,
         Undivided ///< the offset has come back as its count before the multiplication

@@ -37,15 +37,15 @@ struct Rig : MainWindowRig
         return user.boxes().join(u'|');
     }
 
-    /// Something was written to this sensor before, and verified.
-    void rememberWrite()
+    /// Something was written to a sensor of this version before, and verified.
+    void rememberWrite(const QByteArray& factoryText)
     {
         JournalEntry entry{.time = QDateTime::currentDateTimeUtc(),
                            .device = ComPortNames::stableName(link().device()),
                            .port = kPort,
                            .version = link().versionText(),
                            .ssiType = 2,
-                           .values = {{'N', "000007"}},
+                           .values = {{'N', "000007"}, {'F', factoryText}},
                            .written = {{'N', "00000A"}}};
         const Journal journal;
         const auto begun = journal.begin(entry);
@@ -65,6 +65,7 @@ private Q_SLOTS:
     {
         Rig rig;
         QVERIFY(rig.startConnected());
+        rig.rememberWrite("SN999999");
         (void)rig.frames();
         QCOMPARE(rig.save(kReportCommand, u"report"_s), QString());
         QCOMPARE(rig.frames(), u"DA AA LA FA VA UA SA PA ZA NA MA JA KA OA"_s);
@@ -80,9 +81,9 @@ private Q_SLOTS:
         QVERIFY(after(u"Port and Device"_s).startsWith(u"COM7, "_s));
         QCOMPARE(after(u"Offset (N)"_s), u"00000A|10 counts, 0.050 mm"_s);
         QCOMPARE(after(u"Cycle Code Z (Z)"_s), u"081F32|The code of a stroke length of 1250 mm."_s);
-        QVERIFY(lines.contains(u"Nothing has been written to this sensor here."_s));
+        QVERIFY(lines.contains(u"The journal has no write to this sensor."_s));
 
-        rig.rememberWrite();
+        rig.rememberWrite("<b>&%1");
         rig.sensor().setParameter('F', "<b>&%1");
         QCOMPARE(rig.save(kReportCommand, u"other.html"_s), QString());
         page.setHtml(QString::fromUtf8(rig.folder.content(u"other.html"_s)));
@@ -114,19 +115,22 @@ private Q_SLOTS:
     {
         Rig rig;
         QVERIFY(rig.startConnected());
-        rig.rememberWrite();
+        rig.rememberWrite("SN012345");
         for (int line = 0; line < 5001; ++line)
             rig.link().commLog().append(u"TX: [56][Get][TERM]"_s);
         QString shown;
-        const ModalAnswer<SupportFileDialog> answer([&shown](SupportFileDialog& dialog) {
+        const ModalAnswer<SupportFileDialog> answer([&](SupportFileDialog& dialog) {
             auto* edit = dialog.getControl<QPlainTextEdit>(1061);
             shown = edit->toPlainText();
             edit->setFocus();
             QTest::keyClick(edit, Qt::Key_A, Qt::ControlModifier);
             QTest::keyClicks(edit, u"only this"_s);
             QTest::mouseClick(dialog.getControl<QPushButton>(1), Qt::LeftButton);
+            const FileDialogUser user(rig.folder.path(u"support"_s)); // the first was no good
+            QTest::mouseClick(dialog.getControl<QPushButton>(1), Qt::LeftButton);
         });
-        QCOMPARE(rig.save(kSupportFileCommand, u"support"_s), QString());
+        QVERIFY(rig.folder.put(u"plain"_s, ""));
+        QVERIFY(rig.save(kSupportFileCommand, u"plain/support"_s).contains(u"plain/support.txt"_s));
         QCOMPARE(rig.folder.content(u"support.txt"_s), QByteArray("only this"));
         for (const auto& part :
              {u"== Versions ==\nPelorin 1.06."_s, u"== Settings ==\n"_s,

@@ -382,13 +382,12 @@ private Q_SLOTS:
         ReviewRig rig(0);
         QVERIFY(rig.startConnected() && rig.choosePage(2));
         const QString csv = QStringLiteral("comparison.csv");
-        QVERIFY(rig.run(kCompareCommand, "N000123 K000001", [&](ReviewDialog& review) {
+        QVERIFY(rig.run(kCompareCommand, "N000123 K000001 FSN000417", [&](ReviewDialog& review) {
             QVERIFY(!review.getControl<QPushButton>(1)->isVisible());
             QVERIFY(!review.getControl<QRadioButton>(1063)->isVisible());
             QCOMPARE(labelText(review, 1060), rig.folder.path(QStringLiteral("backup.dat")));
             QCOMPARE(labelText(review, 1066),
-                     QStringLiteral("A backup does not hold: Factory Text (F), "
-                                    "Firmware Version (V)"));
+                     QStringLiteral("A backup does not hold: Firmware Version (V)"));
             QCOMPARE(rowOf(review, 9), QStringLiteral("Offset (N)|000000|000123|0 counts, 0.000 mm|"
                                                       "291 counts, 2.910 mm|differs"));
             const FileDialogUser user(rig.folder.path(csv));

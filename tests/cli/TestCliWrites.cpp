@@ -174,20 +174,21 @@ private Q_SLOTS:
             char id;
             const char* text;
             const char* command;
-            int exit;
+            const char* parameter; ///< that the refusal is about
         };
         std::vector<CliRow> oddRows;
         std::list<PtySensor> sensors;
-        for (const auto& [id, text, command, exit] :
-             std::initializer_list<Odd>{{'D', "4A051X", "set offset=1 --yes", 8},
-                                        {'D', "4A051X", "watch", 8},
-                                        {'A', "00000000", "set code=binary --yes", 8},
-                                        {'U', "28?000", "backup %doubtful.dat", 0}}) {
+        for (const auto& [id, text, command, parameter] :
+             std::initializer_list<Odd>{{'D', "4A051X", "set offset=1 --yes", "D"},
+                                        {'D', "4A051X", "watch", "D"},
+                                        {'A', "00000000", "set code=binary --yes", "A"},
+                                        {'S', "000001", "set code=gray --yes", "N"},
+                                        {'U', "28?000", "backup %doubtful.dat", ""}}) {
             const QString name = u"odd%1"_s.arg(sensors.size());
             sensors.emplace_back(m_folder.path(name)).sensor->setParameter(id, text);
-            oddRows.push_back({command, QLatin1String(command) + u" --port %"_s + name, exit,
-                               u"error/parameter"_s,
-                               exit == 0 ? QString() : QString(QLatin1Char(id))});
+            oddRows.push_back({command, QLatin1String(command) + u" --port %"_s + name,
+                               *parameter == '\0' ? 0 : 8, u"error/parameter"_s,
+                               QLatin1String(parameter)});
         }
         checkRows(oddRows, m_folder.path(u"."_s));
         QVERIFY(m_folder.content(u"doubtful.dat"_s).contains("55:28?000"));
@@ -325,10 +326,13 @@ private Q_SLOTS:
         JournalEntry state{.time = QDateTime::currentDateTimeUtc(), .device = kSensor};
         state.version = "3A0102";
         state.ssiType = 2;
-        state.values = *BackupFile::valuesOf(m_folder.content(u"other.dat"_s));
-        state.values['F'] = "SN012345";
         state.written = {{'N', "000001"}};
-        const QString id = Journal().begin(state).writing->entry().id;
+        const auto leaveUnfinished = [&](const QString& values) {
+            state.values = *BackupFile::valuesOf(m_folder.content(values));
+            state.values['F'] = "SN012345";
+            return Journal().begin(state).writing->entry().id;
+        };
+        const QString sameId = leaveUnfinished(u"good.dat"_s), id = leaveUnfinished(u"other.dat"_s);
         state.values['K'] = "1";
         state.device = u"elsewhere"_s;
         const QString oddId = Journal().begin(state).writing->entry().id;
@@ -339,7 +343,7 @@ private Q_SLOTS:
             return run.end() == 0 ? run.errors : u"failed"_s;
         };
         const QStringList read{u"read"_s, u"V"_s, u"--port"_s, kSensor};
-        QCOMPARE(errorsOf(read).count(u'\n'), 1);
+        QCOMPARE(errorsOf(read).count(u'\n'), 2);
         QVERIFY(errorsOf(read).contains(u"journal show "_s + id));
         QVERIFY(errorsOf({u"journal"_s, u"list"_s}).contains(Journal().folder()));
         const QString back = u"journal put-back "_s + id;
@@ -353,6 +357,8 @@ private Q_SLOTS:
               u"refused"_s},
              {"no value", u"journal put-back "_s + oddId + u" --all --yes --port "_s + kSensor, 8,
               u"error/parameter"_s, u"K"_s},
+             {"nothing differs", u"journal put-back "_s + sameId + u" --all --port "_s + kSensor, 0,
+              u"plan"_s},
              {"put back", back + u" --all --yes --port "_s + kSensor, 0, u"values/0/raw"_s,
               u"4A0518"_s}},
             m_folder.path(u"."_s), kFast);

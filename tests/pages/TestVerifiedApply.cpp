@@ -211,7 +211,7 @@ private Q_SLOTS:
              "Not checked: ", "Another sensor", true, false, false},
             {"silent after the restart",
              [](Rig& rig) { rig.afterClosing = [&rig] { rig.fail(Fault::Silent, ""); }; },
-             "Not checked: ", "did not answer", true, false, false},
+             "Not checked: ", "could not be read back", true, false, false},
         };
         forEachRow(rows, [](const Row& row) {
             for (const bool factory : kPages) {

@@ -46,9 +46,9 @@ public:
         return begun && waitFor([&ended] { return ended.has_value(); }) && ended->isDone();
     }
 
-    [[nodiscard]] bool connectSensor()
+    [[nodiscard]] bool connectSensor(int number = 7)
     {
-        const bool connected = openPort() && run(connectPlan());
+        const bool connected = openPort(number) && run(connectPlan());
         (void)frames();
         return connected;
     }

@@ -6,6 +6,9 @@
 
 #include <QTest>
 
+#include <functional>
+#include <utility>
+
 #include <sys/file.h>
 #include <sys/syscall.h>
 #include <sys/wait.h>
@@ -17,6 +20,7 @@ using namespace pelorin::test;
 namespace {
 
 bool g_lockable = true; ///< whether the folder's file system has locks
+std::function<void()> g_beforeLock;
 
 using Kind = WriteResult::Kind;
 using Reason = WriteResult::Reason;
@@ -44,6 +48,8 @@ struct Kept
 
 extern "C" int flock(int descriptor, int operation) noexcept
 {
+    if (const auto before = std::exchange(g_beforeLock, {}))
+        before();
     if (g_lockable)
         return static_cast<int>(::syscall(SYS_flock, descriptor, operation));
     errno = ENOLCK;
@@ -98,7 +104,7 @@ private Q_SLOTS:
     {
         const Kept kept;
         QList<JournalEntry> expected;
-        for (int word = 0; word < 8; ++word) { // every word in the files, some in one second
+        for (int word = 0; word < 9; ++word) { // every word in the files, some in one second
             JournalEntry entry = state();
             entry.time = entry.time.addMSecs(-400 * word);
             entry.by = WriteRequest::By(word % 5);
@@ -144,8 +150,12 @@ private Q_SLOTS:
         const JournalEntry entry = begun.writing->entry();
         QCOMPARE(journal.unfinished().size(), 0);
         QCOMPARE(journal.remove(entry).systemError, EBUSY);
-        QVERIFY(begun.writing->finish({}).isDone());
-        begun.writing.reset();
+        g_beforeLock = [&begun] { // it ends just when somebody asks
+            QVERIFY(begun.writing->finish({}).isDone());
+            begun.writing.reset();
+        };
+        QCOMPARE(journal.unfinished().size(), 0);
+        QVERIFY(!begun.writing);
 
         const pid_t child = ::fork();
         if (child == 0) { // a run that dies on the way

@@ -63,7 +63,7 @@ struct Writer final : QObject
     [[nodiscard]] bool compared(bool untouched)
     {
         told.reset();
-        if (!bench.connectSensor())
+        if (!bench.connectSensor(port))
             return false;
         bool done = false;
         writer.compareAfterConnect(untouched, [&done] { done = true; });
@@ -79,6 +79,7 @@ struct Writer final : QObject
     TestFolder folder;
     Journal journal{folder.path(QStringLiteral("journal"))};
     SafeWriter writer;
+    int port = 7; ///< at which it is connected anew
     std::function<void(Phase)> at;
     std::optional<WriteResult> result;
     std::optional<WriteResult> told; ///< to everybody
@@ -213,6 +214,8 @@ private Q_SLOTS:
     {
         Writer w;
         QVERIFY(w.bench.connectSensor());
+        w.fail(Fault::WrongByte, "MA", 1);
+        QVERIFY(w.bench.run(readPlan("M"))); // disturbed: it is not what the sensor has
         QList<JournalEntry> unfinished;
         qsizetype entries = 0;
         w.at = [&](Phase phase) {
@@ -227,6 +230,7 @@ private Q_SLOTS:
         const JournalEntry entry = w.journal.entries().constFirst();
         QCOMPARE(entry.values.at('N'), QByteArray("00000A"));
         QCOMPARE(entry.values.at('F'), QByteArray("SN012345"));
+        QCOMPARE(entry.values.at('M'), QByteArray("081F20"));
         QCOMPARE(entry.written.at('N'), QByteArray("000122"));
         QVERIFY((entry.end == JournalEntry::End{Kind::Verified, Reason::None, true}));
     }
@@ -258,6 +262,8 @@ private Q_SLOTS:
                  Reason::AnotherSensor},
                 {"another factory text", false, change('F', "SN099999"), true, Kind::NotChecked,
                  Reason::AnotherSensor},
+                {"another port", true, [](Writer& w) { w.port = 8; }, true, Kind::NotChecked,
+                 Reason::AnotherPort},
                 {"lost again after a difference", false,
                  [](Writer& w) {
                      w.bench.last = "DA\r"; // when it is asked once more

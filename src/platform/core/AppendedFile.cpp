@@ -41,7 +41,7 @@ Outcome AppendedFile::close()
 /// The part of a piece that a full disk has taken goes.
 Outcome AppendedFile::fail()
 {
-    Outcome outcome{Failure::Writing, path(), lastFileError()};
+    Outcome outcome{Failure::Appending, path(), lastFileError()};
     (void)m_file.resize(m_size); // a disk that refuses even that keeps a piece of a line
     (void)isOnDisk(m_file);
     m_file.close();

@@ -363,7 +363,7 @@ inline constexpr int kNothingChanged = 1707;
 inline constexpr int kDifference = 1708;
 inline constexpr int kUnanswered = 1709;
 inline constexpr int kNotRestarted = 1710;
-inline constexpr int kNoAnswerAfterwards = 1711;
+inline constexpr int kNotReadBack = 1711;
 inline constexpr int kAnotherSensor = 1712;
 inline constexpr int kClosedBefore = 1713;
 inline constexpr int kSafeWritesOff = 1714;
@@ -379,6 +379,7 @@ inline constexpr int kPutBack = 1723;
 inline constexpr int kCounts = 1724;
 inline constexpr int kNoticeName = 1725;
 inline constexpr int kAnotherConnected = 1726;
+inline constexpr int kAnotherPort = 2266;
 
 // Earlier states of sensors
 inline constexpr int kEarlierStatesItem = 1760;
@@ -611,7 +612,7 @@ inline constexpr int kReportNote = 2145;
 inline constexpr int kReportTime = 2146;
 inline constexpr int kReportProgram = 2147;
 inline constexpr int kLastVerification = 2148;
-inline constexpr int kNothingWrittenHere = 2149;
+inline constexpr int kNoWriteInJournal = 2149;
 inline constexpr int kSupportCommand = 2150;
 inline constexpr int kSupportTitle = 2151;
 inline constexpr int kSupportHint = 2152;

@@ -105,6 +105,8 @@ QString WholeFile::Outcome::message() const
             .arg(path, QString::number(systemError), reason());
     case Failure::Writing:
         return languageString(strings::kFileNotWritten).arg(path, reason());
+    case Failure::Appending:
+        return languageString(strings::kRecordingEnded).arg(path, reason());
     case Failure::Reading:
         return languageString(strings::kFileNotRead).arg(path, reason());
     }

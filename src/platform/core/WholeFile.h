@@ -16,7 +16,13 @@ public:
     /// How an operation has ended.
     struct Outcome
     {
-        enum class Failure { None, Opening, Writing, Reading };
+        enum class Failure {
+            None,
+            Opening,
+            Writing,   ///< a file that was there before is unchanged
+            Appending, ///< of an AppendedFile: it has what was appended before
+            Reading
+        };
 
         Failure failure = Failure::None;
         QString path;
