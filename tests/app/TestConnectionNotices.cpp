@@ -1,5 +1,6 @@
 #include "app/Commands.h"
 #include "app/NoticeStrip.h"
+#include "support/ChangedVariable.h"
 #include "support/FileContent.h"
 #include "support/MainWindowRig.h"
 #include "support/ModalAnswer.h"
@@ -120,9 +121,8 @@ private Q_SLOTS:
     void copyOfTheSitesSettingsIsMadeOnlyIfTheUserWantsIt()
     {
         const TestFolder folder;
-        const QByteArray former = qgetenv("XDG_CONFIG_HOME");
         Rig rig;
-        qputenv("XDG_CONFIG_HOME", folder.path({}).toUtf8());
+        const ChangedVariable config("XDG_CONFIG_HOME", folder.path({}).toUtf8());
         qunsetenv("PELORIN_REGISTRY");
         const QString own = folder.path(u"pelorin/pelorin.reg"_s);
         QVERIFY(rig.isNotIdentified());
@@ -139,7 +139,6 @@ private Q_SLOTS:
                      answer == std::string_view("answer0"));
         }
         QVERIFY(rig.isConnected(1));
-        qputenv("XDG_CONFIG_HOME", former);
     }
 };
 

@@ -5,6 +5,7 @@
 #include "pages/SerialPortComboBox.h"
 #include "pages/SettingsDialog.h"
 #include "platform/core/SettingsLocation.h"
+#include "support/ChangedVariable.h"
 #include "support/FileContent.h"
 #include "support/FileDialogUser.h"
 #include "support/FileSizeLimit.h"
@@ -398,10 +399,9 @@ private Q_SLOTS:
     void ownFileIsMadeAndGivenUpAgain()
     {
         const TestFolder folder;
-        const QByteArray former = qgetenv("XDG_CONFIG_HOME");
         SettingsRig rig;
         QVERIFY(rig.startConnected());
-        qputenv("XDG_CONFIG_HOME", folder.path({}).toUtf8());
+        const ChangedVariable config("XDG_CONFIG_HOME", folder.path({}).toUtf8());
         qunsetenv("PELORIN_REGISTRY");
         const QString own = folder.path(u"pelorin/pelorin.reg"_s);
         QVERIFY(rig.change([&](const Dialog& dialog) {
@@ -432,7 +432,6 @@ private Q_SLOTS:
         }));
         QVERIFY(!QFileInfo::exists(own) && QFileInfo::exists(own + u".old2"_s));
         QCOMPARE(contentOf(own + u".old"_s), "former");
-        qputenv("XDG_CONFIG_HOME", former);
     }
 };
 

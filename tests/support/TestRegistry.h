@@ -1,5 +1,7 @@
 #pragma once
 
+#include "support/ChangedVariable.h"
+
 #include <QByteArray>
 #include <QFile>
 #include <QTemporaryDir>
@@ -11,14 +13,7 @@ class TestRegistry
 {
 public:
     /// @param text what the file holds behind its first line
-    explicit TestRegistry(const QByteArray& text) : m_path(m_folder.filePath(fileName()))
-    {
-        write(text);
-        qputenv("PELORIN_REGISTRY", m_path.toUtf8());
-    }
-    TestRegistry(const TestRegistry&) = delete;
-    TestRegistry& operator=(const TestRegistry&) = delete;
-    ~TestRegistry() { qunsetenv("PELORIN_REGISTRY"); }
+    explicit TestRegistry(const QByteArray& text) { write(text); }
 
     void write(const QByteArray& text) const
     {
@@ -30,10 +25,9 @@ public:
     [[nodiscard]] const QString& path() const { return m_path; }
 
 private:
-    [[nodiscard]] static QString fileName() { return QStringLiteral("test.reg"); }
-
     QTemporaryDir m_folder;
-    QString m_path;
+    const QString m_path = m_folder.filePath(QStringLiteral("test.reg"));
+    const test::ChangedVariable m_variable{"PELORIN_REGISTRY", m_path.toUtf8()};
 };
 
 /// Bounds that identify the simulated sensors of all three types.
