@@ -16,12 +16,6 @@ namespace {
 constexpr int kDeviceColumn = 0;
 constexpr int kDescriptionColumn = 1;
 
-/// The devices that can be chosen now.
-QList<PresentPort> presentDevices()
-{
-    return ComPortNames().presentPorts();
-}
-
 QString descriptionOf(const PresentPort& port)
 {
     if (port.simulated)
@@ -55,7 +49,7 @@ void PortNumberList::show(const QList<PortSetting>& ports)
     m_rows.clear();
     for (const PortSetting& port : ports)
         m_rows.push_back({port.device, {}, port.name, true, false});
-    for (const PresentPort& present : presentDevices()) {
+    for (const PresentPort& present : ComPortNames().presentPorts()) {
         const QString device = ComPortNames::stableName(present.device);
         auto row = std::find_if(m_rows.begin(), m_rows.end(), [&](const Row& other) {
             return other.device == present.device || other.device == device;
