@@ -58,6 +58,13 @@ QString resolved(const QString& device)
 
 } // namespace
 
+QString PresentPort::details() const
+{
+    QStringList texts{shortName, adapter.description, adapter.manufacturer, adapter.serialNumber};
+    texts.removeAll(QString());
+    return texts.join(QStringLiteral(", "));
+}
+
 ComPortNames::ComPortNames() : ComPortNames(RegistryFile::read(registryFilePath())) {}
 
 ComPortNames::ComPortNames(const RegistryFile& settings)

@@ -20,6 +20,9 @@ struct PresentPort
     QString shortName;    ///< without its folder: "ttyUSB0"
     SerialDevice adapter; ///< what the system knows of it
     bool simulated = false;
+
+    /// "ttyUSB0, FT232R USB UART, FTDI, A50285BI": name and adapter, as far as they are known.
+    [[nodiscard]] QString details() const;
 };
 
 /// Which COM number stands for which device. The settings' key SERIALCOMM comes first; any other
