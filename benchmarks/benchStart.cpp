@@ -33,8 +33,7 @@ constexpr double kWaitLimit = 30;    ///< seconds
 constexpr int kIdleTime = 3000;      ///< ms
 
 const QByteArray kSettings =
-    "[HKEY_LOCAL_MACHINE\\SOFTWARE\\Korvex Systems\\Pelorin]\r\n\"Path\"=\"C:\\\\Pelorin\"\r\n" +
-    kSimulatedBounds +
+    kProductKey + "\"Path\"=\"C:\\\\Pelorin\"\r\n" + kSimulatedBounds +
     "[HKEY_LOCAL_MACHINE\\SOFTWARE\\Korvex Systems\\Pelorin\\Help Files]\r\n"
     "[HKEY_LOCAL_MACHINE\\HARDWARE\\DEVICEMAP\\SERIALCOMM]\r\n"
     "\"simulator:sensor?type=2\"=\"COM9\"\r\n";

@@ -30,6 +30,9 @@ private:
     const test::ChangedVariable m_variable{"PELORIN_REGISTRY", m_path.toUtf8()};
 };
 
+/// The program's key, before values of it.
+inline const QByteArray kProductKey = "[HKEY_LOCAL_MACHINE\\SOFTWARE\\Korvex Systems\\Pelorin]\r\n";
+
 /// Bounds that identify the simulated sensors of all three types.
 inline const QByteArray kSimulatedBounds =
     "[HKEY_LOCAL_MACHINE\\SOFTWARE\\Korvex Systems\\Pelorin\\Firmware Rev Bounds]\r\n"
@@ -38,9 +41,10 @@ inline const QByteArray kSimulatedBounds =
     "\"Type2Low\"=dword:00000030\r\n\"Type2High\"=dword:0000003f\r\n";
 
 /// Writes without reading before and after, which most tests do not need; and with it.
-inline const QByteArray kPlainWrites = "[HKEY_LOCAL_MACHINE\\SOFTWARE\\Korvex Systems\\Pelorin]\r\n"
-                                       "\"SafeWrites\"=dword:00000000\r\n";
-inline const QByteArray kSafeWrites = "[HKEY_LOCAL_MACHINE\\SOFTWARE\\Korvex Systems\\Pelorin]\r\n"
-                                      "\"SafeWrites\"=dword:00000001\r\n";
+inline const QByteArray kPlainWrites = kProductKey + "\"SafeWrites\"=dword:00000000\r\n";
+inline const QByteArray kSafeWrites = kProductKey + "\"SafeWrites\"=dword:00000001\r\n";
+
+/// The user switches the supply.
+inline const QByteArray kManualPower = kProductKey + "\"ManualPowerMode\"=dword:1\r\n";
 
 } // namespace pelorin
