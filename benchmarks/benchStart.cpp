@@ -6,8 +6,7 @@
 
 #include "app/PelorinApp.h"
 #include "app/PelorinMainWindow.h"
-#include "platform/core/ComPortFactory.h"
-#include "platform/core/TermiosComPort.h"
+#include "simulator/PortFactory.h"
 #include "simulator/SimulatedPorts.h"
 #include "support/TestRegistry.h"
 
@@ -84,11 +83,7 @@ int runMeasured(int argc, char* argv[])
 {
     QApplication application(argc, argv);
     SimulatedPorts simulators;
-    ComPortFactory factory([](const QString& device) {
-        return std::make_unique<TermiosComPort>(device.toStdString());
-    });
-    factory.addScheme(QStringLiteral("simulator:"),
-                      [&simulators](const QString& name) { return simulators.makePort(name); });
+    const ComPortFactory factory = realAndSimulatedPorts(simulators);
     PelorinApp pelorin(factory);
     QObject::connect(&pelorin, &PelorinApp::closed, &application, &QApplication::quit);
     // The window comes when the port has been opened.

@@ -46,7 +46,7 @@ int fixedNumber(const QString& device)
 
 bool isSimulatedDevice(const QString& device)
 {
-    return device.startsWith(QLatin1String("simulator:"));
+    return device.startsWith(kSimulatedScheme);
 }
 
 /// The device behind a link; a device that does not exist stands for itself.

@@ -12,6 +12,9 @@ namespace pelorin {
 
 class RegistryFile;
 
+/// How the names of devices begin that are built into the program.
+inline constexpr QLatin1String kSimulatedScheme("simulator:");
+
 /// A port that can be chosen now.
 struct PresentPort
 {
