@@ -32,9 +32,7 @@ constexpr double kSupplyPause = 0.5; ///< how long the supply is off
 constexpr std::size_t kProgBytes = std::size_t{101} * 5;
 constexpr std::string_view kParameters = "DALFVUSPZNMJKO";
 
-const QByteArray kSettings =
-    "[HKEY_LOCAL_MACHINE\\SOFTWARE\\Korvex Systems\\Pelorin]\r\n\"Path\"=\"C:\\\\Pelorin\"\r\n" +
-    kSimulatedBounds;
+const QByteArray kSettings = kProductKey + "\"Path\"=\"C:\\\\Pelorin\"\r\n" + kSimulatedBounds;
 
 /// Runs the program to its end. @return seconds
 double run(const QStringList& arguments)

@@ -6,8 +6,7 @@
 
 #include "app/PelorinApp.h"
 #include "app/PelorinMainWindow.h"
-#include "platform/core/ComPortFactory.h"
-#include "platform/core/TermiosComPort.h"
+#include "simulator/PortFactory.h"
 #include "simulator/SimulatedPorts.h"
 #include "support/TestRegistry.h"
 
@@ -33,8 +32,7 @@ constexpr double kWaitLimit = 30;    ///< seconds
 constexpr int kIdleTime = 3000;      ///< ms
 
 const QByteArray kSettings =
-    "[HKEY_LOCAL_MACHINE\\SOFTWARE\\Korvex Systems\\Pelorin]\r\n\"Path\"=\"C:\\\\Pelorin\"\r\n" +
-    kSimulatedBounds +
+    kProductKey + "\"Path\"=\"C:\\\\Pelorin\"\r\n" + kSimulatedBounds +
     "[HKEY_LOCAL_MACHINE\\SOFTWARE\\Korvex Systems\\Pelorin\\Help Files]\r\n"
     "[HKEY_LOCAL_MACHINE\\HARDWARE\\DEVICEMAP\\SERIALCOMM]\r\n"
     "\"simulator:sensor?type=2\"=\"COM9\"\r\n";
@@ -85,11 +83,7 @@ int runMeasured(int argc, char* argv[])
 {
     QApplication application(argc, argv);
     SimulatedPorts simulators;
-    ComPortFactory factory([](const QString& device) {
-        return std::make_unique<TermiosComPort>(device.toStdString());
-    });
-    factory.addScheme(QStringLiteral("simulator:"),
-                      [&simulators](const QString& name) { return simulators.makePort(name); });
+    const ComPortFactory factory = realAndSimulatedPorts(simulators);
     PelorinApp pelorin(factory);
     QObject::connect(&pelorin, &PelorinApp::closed, &application, &QApplication::quit);
     // The window comes when the port has been opened.

@@ -22,7 +22,6 @@
 #include "sensor/SequenceRunner.h"
 
 #include <algorithm>
-#include <string>
 #include <utility>
 
 namespace pelorin {
@@ -171,13 +170,8 @@ BackupCommands::End BackupCommands::putBackEntry(const JournalEntry& entry)
 {
     if (!link().isIdentified())
         return {.message = languageString(strings::kNotIdentified)};
-    if (link().ssiType() != entry.ssiType)
-        return {.message = languageString(strings::kStateOfOtherType)};
-    const std::string order = "F" + std::string(sensorType(entry.ssiType).backup);
-    if (const QByteArray unfit = BackupFaults::of(entry.values, order).unfit; !unfit.isEmpty()) {
-        return {.message = languageString(strings::kNothingWritten) + QLatin1Char('\n') +
-                           languageString(strings::kBackupNotUsable).arg(parametersInWords(unfit))};
-    }
+    if (const auto refusal = putBackRefusal(entry, link().ssiType()); !refusal.text.isEmpty())
+        return {.message = refusal.text};
     if (!m_pages.mayDiscard(m_gate))
         return {};
     const bool replaces = !entry.end && m_writer.isSensorOf(entry);

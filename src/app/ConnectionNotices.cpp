@@ -79,7 +79,7 @@ void ConnectionNotices::update()
         return !all.contains(format);
     };
     m_kept.erase(std::remove_if(m_kept.begin(), m_kept.end(), isSettled), m_kept.end());
-    const bool saysMore = !m_strip.isEmpty() && m_strip.light() != NoticeStrip::Light::Green;
+    const bool saysMore = !m_strip.isEmpty() && m_strip.light() != Light::Green;
     m_waiting = saysMore && !m_strip.isOf(this) && !m_strip.isOf(&m_kept);
     if (!m_waiting)
         tell();
@@ -115,7 +115,7 @@ void ConnectionNotices::showKeptFormat(const KeptFormat& format)
 {
     m_strip.show(
         {.text = [format] { return keptFormatInWords(format); },
-         .light = NoticeStrip::Light::Red,
+         .light = Light::Red,
          .buttons = {{.caption = strings::kTryAgain,
                       .clicked =
                           [this] {
@@ -155,7 +155,7 @@ void ConnectionNotices::tellNotIdentified()
                               .arg(revisionText(revision), QString::number(revision),
                                    rangesInWords());
                       },
-                  .light = NoticeStrip::Light::Red,
+                  .light = Light::Red,
                   .buttons = typeButtons(),
                   .owner = this});
 }

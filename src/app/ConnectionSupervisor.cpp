@@ -50,7 +50,7 @@ bool ConnectionSupervisor::connectSensor()
         QMetaObject::invokeMethod(this, &ConnectionSupervisor::beginConnect, Qt::QueuedConnection);
     });
     if (begun)
-        m_pendingOperation = Operation::Connect;
+        m_isConnecting = true;
     return begun;
 }
 
@@ -58,7 +58,7 @@ bool ConnectionSupervisor::connectSensor()
 void ConnectionSupervisor::beginConnect()
 {
     if (m_stopped || m_link.linkFailed() == 1) {
-        m_pendingOperation = Operation::None;
+        m_isConnecting = false;
         return;
     }
     m_statusBar.showString(strings::kConnecting);
@@ -75,7 +75,7 @@ void ConnectionSupervisor::beginConnect()
         onConnected(outcome);
     }});
     if (!begun)
-        m_pendingOperation = Operation::None;
+        m_isConnecting = false;
 }
 
 /// Has the user switch the sensor's supply off and on while PROG frames stream. The frames go
@@ -115,7 +115,7 @@ void ConnectionSupervisor::writeCommand(char id)
 void ConnectionSupervisor::onConnected(const Outcome& outcome)
 {
     if (outcome.kind == Outcome::Kind::Lost || outcome.kind == Outcome::Kind::Abandoned) {
-        m_pendingOperation = Operation::None; // whoever has ended it says what comes next
+        m_isConnecting = false; // whoever has ended it says what comes next
         return;
     }
     m_reconnectAttempts = 0;
@@ -136,7 +136,7 @@ void ConnectionSupervisor::onFormatRestored(FormatRestore::Result format, int lo
                                      if (m_link.lossCount() == losses) {
                                          finishConnect(true, format);
                                      } else {
-                                         m_pendingOperation = Operation::None;
+                                         m_isConnecting = false;
                                      }
                                  });
 }
@@ -144,7 +144,7 @@ void ConnectionSupervisor::onFormatRestored(FormatRestore::Result format, int lo
 /// The connect is settled before a page is shown, which has a plan of its own.
 void ConnectionSupervisor::finishConnect(bool success, FormatRestore::Result format)
 {
-    m_pendingOperation = Operation::None;
+    m_isConnecting = false;
     m_statusBar.showString(success ? strings::kConnected : strings::kNotConnected);
     m_statusBar.setLinkState(success ? 1 : 0);
     explainIdentification();

@@ -50,7 +50,7 @@ public:
     [[nodiscard]] bool connectSensor();
     /// Writes a parameter without a value, and has the sensor connected anew afterwards.
     void writeCommand(char id);
-    [[nodiscard]] bool isConnecting() const { return m_pendingOperation == Operation::Connect; }
+    [[nodiscard]] bool isConnecting() const { return m_isConnecting; }
 
     /// Opens another port instead of the link's, without connecting, once what runs has ended.
     /// @param done gets whether it is open; the user is told if it is not
@@ -82,8 +82,6 @@ Q_SIGNALS:
     void portWanted();
 
 private:
-    enum class Operation { Connect, None };
-
     void beginConnect();
     [[nodiscard]] bool askForSupply();
     void onConnected(const Outcome& outcome);
@@ -109,7 +107,7 @@ private:
     SafeWriter& m_writer;
     bool m_manualPower;
 
-    Operation m_pendingOperation = Operation::None;
+    bool m_isConnecting = false;
     int m_keepAlive = 0;            ///< 1 while the user switches the supply
     bool m_keptFormatsTold = false; ///< those of earlier runs
 

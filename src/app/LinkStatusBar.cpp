@@ -3,7 +3,6 @@
 #include "platform/core/LanguageStrings.h"
 #include "platform/core/Pacing.h"
 #include "platform/core/Strings.h"
-#include "platform/ui/Pictures.h"
 
 #include <QLabel>
 #include <QResizeEvent>
@@ -21,12 +20,6 @@ constexpr int kMessagePercent = 85;
 constexpr int kPortPercent = 13;
 constexpr auto kBlinkPeriod = 500ms;
 
-QPixmap lightPicture(QLatin1String name)
-{
-    constexpr QSize kLightSize(13, 13);
-    return picture(name).pixmap(kLightSize);
-}
-
 /// A pane whose width follows from its share of the bar, never from its text.
 QLabel* makePane(QWidget* parent, const QString& name)
 {
@@ -41,10 +34,7 @@ QLabel* makePane(QWidget* parent, const QString& name)
 } // namespace
 
 LinkStatusBar::LinkStatusBar(QWidget* parent)
-    : QStatusBar(parent), m_redLight(lightPicture(QLatin1String("BMP_PELORIN_REDLED"))),
-      m_greenLight(lightPicture(QLatin1String("BMP_PELORIN_GREENLED"))),
-      m_grayLight(lightPicture(QLatin1String("BMP_PELORIN_GRAYLED"))),
-      m_linkLight(makePane(this, QStringLiteral("linkLight"))),
+    : QStatusBar(parent), m_linkLight(makePane(this, QStringLiteral("linkLight"))),
       m_message(makePane(this, QStringLiteral("messagePane"))),
       m_portText(makePane(this, QStringLiteral("portPane"))),
       m_entries(makePane(m_message, QStringLiteral("entriesText")))
@@ -117,15 +107,15 @@ void LinkStatusBar::setLinkState(int state)
     if (state == -1) {
         m_linkState = -1;
         m_blinkTimer.stop();
-        showLight(m_grayLight);
+        showLight(Light::Gray);
     } else if (state != m_linkState) {
         m_linkState = state;
         if (state == 1) {
             m_blinkTimer.stop();
-            showLight(m_greenLight);
+            showLight(Light::Green);
         } else {
             m_redShown = true;
-            showLight(m_redLight);
+            showLight(Light::Red);
             m_blinkTimer.start();
         }
     }
@@ -162,12 +152,12 @@ void LinkStatusBar::resizeEvent(QResizeEvent* event)
 void LinkStatusBar::blink()
 {
     m_redShown = !m_redShown;
-    showLight(m_redShown ? m_redLight : m_grayLight);
+    showLight(m_redShown ? Light::Red : Light::Gray);
 }
 
-void LinkStatusBar::showLight(const QPixmap& light)
+void LinkStatusBar::showLight(Light light)
 {
-    m_linkLight->setPixmap(light);
+    m_linkLight->setPixmap(lightPixmap(light));
 }
 
 } // namespace pelorin

@@ -1,6 +1,7 @@
 #pragma once
 
-#include <QPixmap>
+#include "app/Light.h"
+
 #include <QStatusBar>
 #include <QTimer>
 
@@ -44,7 +45,7 @@ private:
     void placeEntries();
     void describeLight();
     void showExplanation();
-    void showLight(const QPixmap& light);
+    void showLight(Light light);
 
     int m_port = 0;
     int m_entryCount = 0;
@@ -53,9 +54,6 @@ private:
     int m_linkState = -1;
     bool m_redShown = false; ///< the phase of the blinking
     QTimer m_blinkTimer;
-    QPixmap m_redLight;
-    QPixmap m_greenLight;
-    QPixmap m_grayLight;
     QLabel* m_linkLight;
     QLabel* m_message;
     QLabel* m_portText;

@@ -2,7 +2,6 @@
 
 #include "platform/core/LanguageStrings.h"
 #include "platform/core/Strings.h"
-#include "platform/ui/Pictures.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -19,20 +18,6 @@ namespace {
 
 constexpr int kLines = 3;  ///< what differs in one parameter takes as many
 constexpr int kMargin = 4; ///< logical pixels
-constexpr QSize kLightSize(13, 13);
-
-QLatin1String pictureOf(NoticeStrip::Light light)
-{
-    switch (light) {
-    case NoticeStrip::Light::Green:
-        return QLatin1String("BMP_PELORIN_GREENLED");
-    case NoticeStrip::Light::Red:
-        return QLatin1String("BMP_PELORIN_REDLED");
-    case NoticeStrip::Light::Gray:
-        break;
-    }
-    return QLatin1String("BMP_PELORIN_GRAYLED");
-}
 
 } // namespace
 
@@ -105,7 +90,7 @@ void NoticeStrip::translate()
 void NoticeStrip::render()
 {
     const bool shown = !isEmpty();
-    m_light->setPixmap(shown ? picture(pictureOf(m_notice.light)).pixmap(kLightSize) : QPixmap());
+    m_light->setPixmap(shown ? lightPixmap(m_notice.light) : QPixmap());
     m_text->setText(shown ? m_notice.text() : QString());
     m_text->setToolTip(m_text->text()); // where it is longer than the strip
     m_text->setVisible(shown);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "app/Light.h"
+
 #include <QFrame>
 
 #include <array>
@@ -20,8 +22,6 @@ class NoticeStrip final : public QFrame
     Q_OBJECT
 
 public:
-    enum class Light { Green, Red, Gray };
-
     struct Button
     {
         int caption; ///< string number

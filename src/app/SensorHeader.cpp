@@ -1,13 +1,13 @@
 #include "app/SensorHeader.h"
 
 #include "app/BusyFilter.h"
+#include "app/Light.h"
 #include "link/SensorIdentification.h"
 #include "link/SensorLink.h"
 #include "platform/core/ComPortNames.h"
 #include "platform/core/LanguageStrings.h"
 #include "platform/core/Strings.h"
 #include "platform/ui/ElidedLabel.h"
-#include "platform/ui/Pictures.h"
 #include "sensor/SafeWriter.h"
 #include "sensor/SequenceRunner.h"
 
@@ -24,7 +24,6 @@ namespace {
 
 constexpr int kMargin = 4; ///< logical pixels
 constexpr int kGap = 20;   ///< shrinks where there is little room
-constexpr QSize kLightSize(13, 13);
 
 enum class State { NotConnected, Lost, NotIdentified, Connected };
 
@@ -37,18 +36,18 @@ State stateOf(const SensorLink& link)
     return link.versionText().isEmpty() ? State::NotConnected : State::NotIdentified;
 }
 
-QLatin1String lightOf(State state)
+Light lightOf(State state)
 {
     switch (state) {
     case State::Connected:
-        return QLatin1String("BMP_PELORIN_GREENLED");
+        return Light::Green;
     case State::Lost:
     case State::NotIdentified:
-        return QLatin1String("BMP_PELORIN_REDLED");
+        return Light::Red;
     case State::NotConnected:
         break;
     }
-    return QLatin1String("BMP_PELORIN_GRAYLED");
+    return Light::Gray;
 }
 
 } // namespace
@@ -110,7 +109,7 @@ void SensorHeader::showSensor()
     }
     setAccessibleName(languageString(strings::kSensor));
     m_cancelButton->setText(languageString(strings::kCancel));
-    m_light->setPixmap(picture(lightOf(state)).pixmap(kLightSize));
+    m_light->setPixmap(lightPixmap(lightOf(state)));
     m_state->setText(stateText());
     m_state->setEnabled(state != State::NotConnected);
     for (int field = 0; field < FieldCount; ++field)

@@ -22,7 +22,6 @@ namespace pelorin {
 namespace {
 
 using Kind = WriteResult::Kind;
-using Light = NoticeStrip::Light;
 
 Light lightOf(const WriteResult& result)
 {

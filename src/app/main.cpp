@@ -1,21 +1,19 @@
 #include "app/Commit.h"
 #include "app/PelorinApp.h"
-#include "platform/core/ComPortFactory.h"
 #include "platform/core/Demonstration.h"
 #include "platform/core/ProgramOptions.h"
 #include "platform/core/ProgramSettings.h"
 #include "platform/core/SettingsLocation.h"
 #include "platform/core/TerminationSignals.h"
-#include "platform/core/TermiosComPort.h"
 #include "platform/ui/Pictures.h"
 #include "platform/ui/ReadableStyle.h"
+#include "simulator/PortFactory.h"
 #include "simulator/SimulatedPorts.h"
 
 #include <QApplication>
 #include <QProcess>
 
 #include <cstdlib>
-#include <memory>
 
 using namespace pelorin;
 
@@ -94,11 +92,7 @@ int main(int argc, char* argv[])
     QApplication::setQuitOnLastWindowClosed(false); // a start-up dialog is not the program's end
 
     SimulatedPorts simulators;
-    ComPortFactory factory([](const QString& device) {
-        return std::make_unique<TermiosComPort>(device.toStdString());
-    });
-    factory.addScheme(QStringLiteral("simulator:"),
-                      [&simulators](const QString& name) { return simulators.makePort(name); });
+    const ComPortFactory factory = realAndSimulatedPorts(simulators);
 
     TerminationSignals signals; // outlives the link: a second signal must not cut its end short
     PelorinApp pelorin(factory);

@@ -6,6 +6,7 @@
 #include "platform/core/Strings.h"
 #include "platform/ui/ColumnWidths.h"
 #include "platform/ui/MessageBox.h"
+#include "platform/ui/TableCells.h"
 #include "sensor/JournalWords.h"
 #include "sensor/ParameterWords.h"
 #include "sensor/SafeWriter.h"
@@ -80,18 +81,10 @@ QByteArray idsOf(const JournalEntry& entry)
     return ids;
 }
 
-void setCell(QTableWidget& list, int row, int column, const QString& text)
-{
-    auto* item = new QTableWidgetItem(text);
-    item->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable);
-    item->setToolTip(text);
-    list.setItem(row, column, item);
-}
-
 void setRow(QTableWidget& list, int row, const QStringList& texts)
 {
     for (int column = 0; column < list.columnCount(); ++column)
-        setCell(list, row, column, texts.value(column));
+        setReadOnlyCell(list, row, column, texts.value(column));
 }
 
 /// A value in words and as the sensor has answered it, or is sent it; two empty texts without one.

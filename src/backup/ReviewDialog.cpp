@@ -7,6 +7,7 @@
 #include "platform/ui/ColumnWidths.h"
 #include "platform/ui/FileChooser.h"
 #include "platform/ui/MessageBox.h"
+#include "platform/ui/TableCells.h"
 #include "sensor/Comparison.h"
 #include "sensor/ParameterWords.h"
 #include "sensor/SensorTypes.h"
@@ -171,13 +172,8 @@ void ReviewDialog::renderRows()
                                    writtenText(parameter.id)};
         QFont font = m_table->font();
         font.setBold(parameter.state == State::Differs && m_review.purpose != Purpose::Show);
-        for (int column = 0; column < kColumns; ++column) {
-            auto* item = new QTableWidgetItem(texts[column]);
-            item->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable);
-            item->setFont(font);
-            item->setToolTip(texts[column]);
-            m_table->setItem(row, column, item);
-        }
+        for (int column = 0; column < kColumns; ++column)
+            setReadOnlyCell(*m_table, row, column, texts[column]).setFont(font);
         ++row;
     }
 }

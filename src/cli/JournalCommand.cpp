@@ -5,13 +5,9 @@
 #include "cli/Restoration.h"
 #include "platform/core/LanguageStrings.h"
 #include "platform/core/Strings.h"
-#include "sensor/BackupFaults.h"
 #include "sensor/Journal.h"
 #include "sensor/JournalWords.h"
 #include "sensor/ParameterWords.h"
-#include "sensor/SensorTypes.h"
-
-#include <string>
 
 namespace pelorin::cli {
 
@@ -80,19 +76,6 @@ Result show(Invocation& invocation, const JournalEntry& entry)
     return {};
 }
 
-Result checkState(const JournalEntry& entry, int ssiType)
-{
-    if (ssiType != entry.ssiType)
-        return refused(languageString(strings::kStateOfOtherType));
-    const std::string ids = "F" + std::string(sensorType(ssiType).backup);
-    const QByteArray unfit = BackupFaults::of(entry.values, ids).unfit;
-    if (unfit.isEmpty())
-        return {};
-    return refused(languageString(strings::kNothingWritten) + QLatin1Char('\n') +
-                       languageString(strings::kBackupNotUsable).arg(parametersInWords(unfit)),
-                   unfit.front());
-}
-
 /// What was left unfinished has been replaced then: nobody has to be told of it any more.
 Result putBack(Invocation& invocation, const JournalEntry& entry)
 {
@@ -104,8 +87,9 @@ Result putBack(Invocation& invocation, const JournalEntry& entry)
     Session& session = invocation.session();
     if (Result connected = session.connectSensor(); !connected.isDone())
         return connected;
-    if (Result checked = checkState(entry, session.link().ssiType()); !checked.isDone())
-        return checked;
+    const PutBackRefusal refusal = putBackRefusal(entry, session.link().ssiType());
+    if (!refusal.text.isEmpty())
+        return refused(refusal.text, refusal.parameter);
     Restoration restoration{.scope = *scope, .values = entry.values, .isEarlierState = true};
     restoration.values.emplace('V', entry.version);
     const bool replaces = !entry.end && !invocation.options().dryRun && session.isSensorOf(entry);

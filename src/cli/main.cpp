@@ -1,12 +1,10 @@
 #include "cli/Program.h"
-#include "platform/core/ComPortFactory.h"
-#include "platform/core/TermiosComPort.h"
+#include "simulator/PortFactory.h"
 #include "simulator/SimulatedPorts.h"
 
 #include <QCoreApplication>
 
 #include <csignal>
-#include <memory>
 
 #include <fcntl.h>
 #include <unistd.h>
@@ -37,10 +35,6 @@ int main(int argc, char* argv[])
     QCoreApplication::setApplicationName(QStringLiteral("pelorin-cli"));
 
     SimulatedPorts simulators;
-    ComPortFactory factory([](const QString& device) {
-        return std::make_unique<TermiosComPort>(device.toStdString());
-    });
-    factory.addScheme(QStringLiteral("simulator:"),
-                      [&simulators](const QString& name) { return simulators.makePort(name); });
+    const ComPortFactory factory = realAndSimulatedPorts(simulators);
     return static_cast<int>(cli::run(factory, QCoreApplication::arguments()));
 }

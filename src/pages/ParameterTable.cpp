@@ -40,11 +40,9 @@ void ParameterTable::attach(QTableWidget& list, std::span<const Row> rows)
     list.setColumnCount(static_cast<int>(kHeaderTexts.size()));
     for (int row = 0; row < rowCount(); ++row) {
         for (int column = 0; column < list.columnCount(); ++column) {
-            auto* item = new QTableWidgetItem;
-            item->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable);
+            QTableWidgetItem& cell = setReadOnlyCell(list, row, column);
             if (column != kNameColumn)
-                item->setTextAlignment(Qt::AlignCenter);
-            list.setItem(row, column, item);
+                cell.setTextAlignment(Qt::AlignCenter);
         }
     }
     new ColumnWidths(list, {0.3, 0.4, 0.3});

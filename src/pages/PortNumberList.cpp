@@ -4,6 +4,7 @@
 #include "platform/core/LanguageStrings.h"
 #include "platform/core/Strings.h"
 #include "platform/ui/ColumnWidths.h"
+#include "platform/ui/TableCells.h"
 
 #include <QTableWidget>
 
@@ -15,31 +16,6 @@ namespace {
 
 constexpr int kDeviceColumn = 0;
 constexpr int kDescriptionColumn = 1;
-
-/// The devices that can be chosen now.
-QList<PresentPort> presentDevices()
-{
-    return ComPortNames().presentPorts();
-}
-
-QString descriptionOf(const PresentPort& port)
-{
-    if (port.simulated)
-        return languageString(strings::kSimulated);
-    QStringList details{port.shortName, port.adapter.description, port.adapter.manufacturer,
-                        port.adapter.serialNumber};
-    details.removeAll(QString());
-    return details.join(QStringLiteral(", "));
-}
-
-void setCell(QTableWidget& list, int row, int column, const QString& text)
-{
-    auto* item = new QTableWidgetItem(text);
-    item->setToolTip(text);
-    if (column != PortNumberList::kNumberColumn)
-        item->setFlags(item->flags() & ~Qt::ItemIsEditable);
-    list.setItem(row, column, item);
-}
 
 } // namespace
 
@@ -55,7 +31,7 @@ void PortNumberList::show(const QList<PortSetting>& ports)
     m_rows.clear();
     for (const PortSetting& port : ports)
         m_rows.push_back({port.device, {}, port.name, true, false});
-    for (const PresentPort& present : presentDevices()) {
+    for (const PresentPort& present : ComPortNames().presentPorts()) {
         const QString device = ComPortNames::stableName(present.device);
         auto row = std::find_if(m_rows.begin(), m_rows.end(), [&](const Row& other) {
             return other.device == present.device || other.device == device;
@@ -64,15 +40,17 @@ void PortNumberList::show(const QList<PortSetting>& ports)
             m_rows.push_back({device, {}, ComPortNames::nameOf(present.number), false, false});
             row = std::prev(m_rows.end());
         }
-        row->description = descriptionOf(present);
+        row->description =
+            present.simulated ? languageString(strings::kSimulated) : present.details();
         row->isPresent = true;
     }
     m_list->setRowCount(static_cast<int>(m_rows.size()));
     for (int row = 0; row < m_list->rowCount(); ++row) {
         const Row& shown = m_rows[static_cast<std::size_t>(row)];
-        setCell(*m_list, row, kDeviceColumn, shown.device);
-        setCell(*m_list, row, kDescriptionColumn, shown.description);
-        setCell(*m_list, row, kNumberColumn, shown.name);
+        setReadOnlyCell(*m_list, row, kDeviceColumn, shown.device);
+        setReadOnlyCell(*m_list, row, kDescriptionColumn, shown.description);
+        QTableWidgetItem& number = setReadOnlyCell(*m_list, row, kNumberColumn, shown.name);
+        number.setFlags(number.flags() | Qt::ItemIsEditable);
     }
     translate();
 }

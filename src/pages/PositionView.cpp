@@ -14,8 +14,6 @@
 #include <QLabel>
 #include <QPushButton>
 
-#include <algorithm>
-#include <array>
 #include <chrono>
 #include <cmath>
 
@@ -104,23 +102,29 @@ void PositionView::makeFigures(Kind kind)
          [](const PositionFigures& figures) { return number(figures.longestGap, 4); }},
     };
     if (kind == Kind::Live) {
-        m_figures.push_back({strings::kMalformedFrames, 0, [this](const PositionFigures& figures) {
+        m_figures.push_back({strings::kMalformedFrames, 0,
+                             [this](const PositionFigures& figures) {
                                  const int count = malformedShown();
                                  return figures.count > 0 || count > 0 ? QString::number(count)
                                                                        : QString();
-                             }});
+                             },
+                             true});
         m_figures.push_back(
             {strings::kRecorded, strings::kSecondsUnit,
-             [this](const PositionFigures& /*figures*/) { return number(m_recorded, 1); }});
+             [this](const PositionFigures& /*figures*/) { return number(m_recorded, 1); }, true});
     }
-    m_figures.push_back({strings::kCursorTime, strings::kSecondsUnit, [this](const auto&) {
+    m_figures.push_back({strings::kCursorTime, strings::kSecondsUnit,
+                         [this](const auto&) {
                              const auto at = m_trace->cursor();
                              return at ? QString::number(at->seconds, 'f', 4) : QString();
-                         }});
-    m_figures.push_back({strings::kCursorPosition, strings::kMillimetres, [this](const auto&) {
+                         },
+                         true});
+    m_figures.push_back({strings::kCursorPosition, strings::kMillimetres,
+                         [this](const auto&) {
                              const auto at = m_trace->cursor();
                              return at ? m_trace->valueText(at->millimetres) : QString();
-                         }});
+                         },
+                         true});
 }
 
 /// Beside the trace.
@@ -332,15 +336,9 @@ PositionFigures PositionView::shownFigures() const
     return isWaiting() ? PositionFigures() : positionFigures(m_trace->visible(), m_trace->end());
 }
 
-/// Frames that are none, what was recorded, and what the cursor is at are told also without
-/// positions.
 QString PositionView::textOf(const Figure& figure, const PositionFigures& figures)
 {
-    constexpr std::array kAlwaysTold = {strings::kMalformedFrames, strings::kRecorded,
-                                        strings::kCursorTime, strings::kCursorPosition};
-    const bool isTold =
-        figures.count > 0 || std::ranges::find(kAlwaysTold, figure.caption) != kAlwaysTold.end();
-    return isTold ? figure.text(figures) : QString();
+    return figures.count > 0 || figure.always ? figure.text(figures) : QString();
 }
 
 void PositionView::zoom(int steps)

@@ -60,6 +60,7 @@ private:
         int caption;
         int unit; ///< number of a text; 0 without one
         std::function<QString(const PositionFigures&)> text;
+        bool always = false; ///< told also without positions
         QLabel* captionLabel = nullptr;
         QLabel* valueLabel = nullptr;
     };

@@ -31,15 +31,12 @@ QString keyOf(const PresentPort& port)
 /// "COM33 - ttyUSB0, FT232R USB UART, FTDI, A50285BI" or "COM98 - simulated, sensor?type=1".
 QString description(const PresentPort& port)
 {
-    QStringList details{port.shortName, port.adapter.description, port.adapter.manufacturer,
-                        port.adapter.serialNumber};
-    if (port.simulated) {
-        details = {languageString(strings::kSimulated),
-                   port.shortName.section(QLatin1Char(':'), 1)};
-    }
-    details.removeAll(QString());
+    const QString details = port.simulated
+                                ? languageString(strings::kSimulated) + QStringLiteral(", ") +
+                                      port.shortName.section(QLatin1Char(':'), 1)
+                                : port.details();
     const QString name = ComPortNames::nameOf(port.number, languageString(strings::kNewPortNumber));
-    return name + QStringLiteral(" - ") + details.join(QStringLiteral(", "));
+    return name + QStringLiteral(" - ") + details;
 }
 
 } // namespace

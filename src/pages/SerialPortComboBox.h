@@ -40,7 +40,6 @@ public:
     /// The device that has vanished right after it was plugged in, until another one is; empty for
     /// none. Other programs take some adapters.
     [[nodiscard]] const QString& takenDevice() const { return m_takenDevice; }
-    [[nodiscard]] const SerialDevices& devices() const { return m_devices; }
 
 Q_SIGNALS:
     /// The list has been looked at anew.

@@ -55,6 +55,8 @@ constexpr int kSiteButton = 1129;
 
 constexpr QSize kSize(760, 460); ///< logical pixels
 
+enum Tab { kTypesTab, kGeneralTab, kPortsTab, kPackagesTab, kDisplayTab };
+
 constexpr std::array kTabTitles = {strings::kSensorTypesTab, strings::kGeneralTab,
                                    strings::kPortsTab, strings::kPackagesTab,
                                    strings::kDisplayUnitTab};
@@ -236,10 +238,6 @@ void SettingsDialog::editCell(int list, int row, int column)
 void SettingsDialog::showFault(const SettingsFault& fault)
 {
     using Field = SettingsFault::Field;
-    constexpr int kTypesTab = 0;
-    constexpr int kPortsTab = 2;
-    constexpr int kPackagesTab = 3;
-    constexpr int kDisplayTab = 4;
     showProblem(fault.text);
     const int row = static_cast<int>(fault.row);
     switch (fault.field) {

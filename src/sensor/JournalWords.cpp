@@ -2,10 +2,15 @@
 
 #include "platform/core/LanguageStrings.h"
 #include "platform/core/Strings.h"
+#include "sensor/BackupFaults.h"
 #include "sensor/JournalEntry.h"
+#include "sensor/ParameterWords.h"
+#include "sensor/SensorTypes.h"
 
 #include <QLocale>
 #include <QStringList>
+
+#include <string>
 
 namespace pelorin {
 
@@ -46,6 +51,19 @@ QString writerInWords(WriteRequest::By by)
         break;
     }
     return languageString(strings::kCommandLine);
+}
+
+PutBackRefusal putBackRefusal(const JournalEntry& entry, int ssiType)
+{
+    if (ssiType != entry.ssiType)
+        return {languageString(strings::kStateOfOtherType)};
+    const std::string order = "F" + std::string(sensorType(ssiType).backup);
+    const QByteArray unfit = BackupFaults::of(entry.values, order).unfit;
+    if (unfit.isEmpty())
+        return {};
+    return {languageString(strings::kNothingWritten) + QLatin1Char('\n') +
+                languageString(strings::kBackupNotUsable).arg(parametersInWords(unfit)),
+            unfit.front()};
 }
 
 QString outcomeInWords(const JournalEntry& entry)

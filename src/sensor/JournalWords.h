@@ -22,6 +22,14 @@ struct JournalEntry;
 /// What has written, or was about to.
 [[nodiscard]] QString writerInWords(WriteRequest::By by);
 
+/// Why the state of an entry cannot be put back.
+struct PutBackRefusal
+{
+    QString text{};     ///< empty if it can
+    char parameter = 0; ///< that is not usable
+};
+[[nodiscard]] PutBackRefusal putBackRefusal(const JournalEntry& entry, int ssiType);
+
 /// How the writing has ended, in one or more lines.
 [[nodiscard]] QString outcomeInWords(const JournalEntry& entry);
 

@@ -84,6 +84,16 @@ OutputSettings settingsOf(const SensorValues& values)
     return settings;
 }
 
+/// Output settings of another sensor as one with this calibration carries them out.
+OutputSettings calibrated(OutputSettings settings, const OutputSettings& own)
+{
+    constexpr int kMask = DataFormat::kMultiplierMask;
+    settings.format.flags =
+        static_cast<quint8>((settings.format.flags & ~kMask) | (own.format.flags & kMask));
+    settings.gradient = own.gradient;
+    return settings;
+}
+
 /// The offset of a sensor in counts of another resolution.
 std::optional<QByteArray> recounted(const QByteArray& offset, int micrometres, int newMicrometres)
 {
@@ -113,11 +123,9 @@ RestoreChoice chooseOutputSettings(int ssiType, const SensorValues& sensor,
     if (const auto missing = findMissing(type, sensor, saved))
         return *missing;
     const OutputSettings own = settingsOf(sensor);
-    OutputSettings wanted = settingsOf(saved);
-    const bool sameMultiplier = own.format.multiplier() == wanted.format.multiplier();
-    wanted.format.flags = static_cast<quint8>((wanted.format.flags & ~DataFormat::kMultiplierMask) |
-                                              (own.format.flags & DataFormat::kMultiplierMask));
-    wanted.gradient = own.gradient;
+    const OutputSettings others = settingsOf(saved);
+    const OutputSettings wanted = calibrated(others, own);
+    const bool sameMultiplier = own.format.multiplier() == others.format.multiplier();
     if (own.micrometres <= 0)
         return refusing(Refusal::NoResolution);
     if (const Refusal refusal = refusalOf(ssiType, wanted); refusal != Refusal::None)

@@ -1,5 +1,6 @@
 #include "simulator/SimulatedPorts.h"
 
+#include "platform/core/ComPortNames.h"
 #include "simulator/SimulatedComPort.h"
 #include "simulator/SimulatedDisplayUnit.h"
 #include "simulator/SimulatedSensor.h"
@@ -52,30 +53,29 @@ bool readOption(const QString& name, const QString& text, SimulatedSensor::Optio
 std::shared_ptr<SimulatedDevice> createSensor(const Items& items)
 {
     SimulatedSensor::Options options;
-    for (const auto& [name, text] : items)
+    for (const auto& [name, text] : items) {
         if (!readOption(name, text, options))
             return nullptr;
+    }
     return std::make_shared<SimulatedSensor>(options);
 }
 
 std::shared_ptr<SimulatedDevice> createDisplayUnit(const Items& items)
 {
     int node = 1;
-    for (const auto& [name, text] : items)
+    for (const auto& [name, text] : items) {
         if (name != QLatin1String("node") || !readNumber(text, 0, 9, node))
             return nullptr;
+    }
     return std::make_shared<SimulatedDisplayUnit>(node);
 }
 
 } // namespace
 
-bool SimulatedPorts::isSimulated(const QString& name)
-{
-    return name.startsWith(QLatin1String("simulator:"));
-}
-
 std::shared_ptr<SimulatedDevice> SimulatedPorts::createDevice(const QString& name)
 {
+    if (!name.startsWith(kSimulatedScheme))
+        return nullptr;
     const QUrl url(name);
     const QUrlQuery query(url);
     QUrlQuery own = query;
@@ -83,10 +83,11 @@ std::shared_ptr<SimulatedDevice> SimulatedPorts::createDevice(const QString& nam
     const Items items = own.queryItems(QUrl::FullyDecoded);
 
     std::shared_ptr<SimulatedDevice> device;
-    if (isSimulated(name) && url.path() == QLatin1String("sensor"))
+    if (url.path() == QLatin1String("sensor")) {
         device = createSensor(items);
-    else if (isSimulated(name) && url.path() == QLatin1String("display"))
+    } else if (url.path() == QLatin1String("display")) {
         device = createDisplayUnit(items);
+    }
     if (!device)
         return nullptr;
 

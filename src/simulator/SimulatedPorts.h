@@ -27,9 +27,6 @@ class SimulatedSensor;
 class SimulatedPorts
 {
 public:
-    /// Whether a device name means a simulated device, known or not.
-    [[nodiscard]] static bool isSimulated(const QString& name);
-
     /// A device that a name describes, new; null if the name is not one of the above.
     [[nodiscard]] static std::shared_ptr<SimulatedDevice> createDevice(const QString& name);
 

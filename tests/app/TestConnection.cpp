@@ -30,8 +30,6 @@ using Fault = SimulatedFault::Kind;
 
 namespace {
 
-const QByteArray kManualPower = "[HKEY_LOCAL_MACHINE\\SOFTWARE\\Korvex Systems\\Pelorin]\r\n"
-                                "\"ManualPowerMode\"=dword:1\r\n";
 const QString kLost = u"Lost communication with COM7, trying to reconnect..."_s;
 
 /// The main window with a user who answers its message boxes.
@@ -43,27 +41,12 @@ struct Rig : MainWindowRig
                                           : SimulatedSensor::Supply::ByRts},
                         byHand ? kManualPower : QByteArray())
     {
-        QObject::connect(&poll, &QTimer::timeout, &poll, [this] {
-            auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-            const QString caption = box ? answer() : QString();
-            if (!box || caption.isEmpty())
-                return;
-            told << box->text();
-            for (auto* button : box->findChildren<QPushButton*>()) {
-                if (button->text().remove(u'&') == caption)
-                    return QTest::mouseClick(button, Qt::LeftButton);
-            }
-            box->close();
-        });
-        poll.start(2);
     }
 
     /// Waits until the sensor has been connected a number of times, and a page has read its values.
     [[nodiscard]] bool isConnected(qsizetype times)
     {
-        return waitFor([&] {
-                   return logged().count(u"SSI Type: 2"_s) == times && statusText() == u"Ready."_s;
-               }) &&
+        return waitFor([&] { return connects() == times && statusText() == u"Ready."_s; }) &&
                waitIdle();
     }
     /// Waits until the loss is told and a number of attempts was made to open the port again.
@@ -77,7 +60,7 @@ struct Rig : MainWindowRig
         const int before = openAttempts();
         bool isOver = false;
         const auto periods = Pacing::pause(std::chrono::milliseconds(1500));
-        QTimer::singleShot(periods, &poll, [&isOver] { isOver = true; });
+        QTimer::singleShot(periods, &window(), [&isOver] { isOver = true; });
         return waitFor([&isOver] { return isOver; }) && openAttempts() == before;
     }
 
@@ -99,7 +82,21 @@ struct Rig : MainWindowRig
         return told.size() % 2 == 1 && sensor().progFrames() <= 5 ? QString() : u"OK"_s;
     };
     QStringList told; ///< the texts of the boxes
-    QTimer poll;
+
+private:
+    const ModalAnswer<QMessageBox> m_user{
+        [this](QMessageBox& box) {
+            const QString caption = answer();
+            if (caption.isEmpty())
+                return;
+            told << box.text();
+            for (auto* button : box.findChildren<QPushButton*>()) {
+                if (button->text().remove(u'&') == caption)
+                    return QTest::mouseClick(button, Qt::LeftButton);
+            }
+            box.close();
+        },
+        false};
 };
 
 } // namespace

@@ -1,5 +1,6 @@
 #include "app/Commands.h"
 #include "app/NoticeStrip.h"
+#include "support/ChangedVariable.h"
 #include "support/FileContent.h"
 #include "support/MainWindowRig.h"
 #include "support/ModalAnswer.h"
@@ -23,11 +24,11 @@ struct Rig : MainWindowRig
 {
     Rig() { settings().write(kOtherBounds + kPlainWrites); }
 
-    [[nodiscard]] QString notice() { return page<QLabel>("noticeText").text(); }
     [[nodiscard]] bool isNotIdentified()
     {
         start();
-        return waitFor([this] { return notice().startsWith(u"Not identified: "); }) && waitIdle();
+        return waitFor([this] { return noticeText().startsWith(u"Not identified: "); }) &&
+               waitIdle();
     }
     /// The items of the menu that offers types.
     [[nodiscard]] QStringList types()
@@ -49,10 +50,7 @@ struct Rig : MainWindowRig
     }
     [[nodiscard]] bool isConnected(qsizetype times)
     {
-        return waitFor([&] {
-                   return logged().count(u"SSI Type: 2"_s) == times && link().isIdentified();
-               }) &&
-               waitIdle();
+        return waitFor([&] { return connects() == times && link().isIdentified(); }) && waitIdle();
     }
 };
 
@@ -67,7 +65,7 @@ private Q_SLOTS:
     {
         Rig rig;
         QVERIFY(rig.isNotIdentified());
-        QCOMPARE(rig.notice(),
+        QCOMPARE(rig.noticeText(),
                  u"Not identified: the sensor answered with firmware revision 3A (decimal 58). "
                  "Ranges set: type 0: 10 to 1F, type 1: 20 to 2F, type 2: 50 to 5F."_s);
         QCOMPARE(rig.types(),
@@ -77,11 +75,11 @@ private Q_SLOTS:
         rig.choose(u"Type 2"_s);
         QVERIFY(rig.isConnected(1));
         const QString chosen = u"Firmware revision 3A is used as type 2: chosen by hand."_s;
-        QCOMPARE(rig.notice(), chosen);
+        QCOMPARE(rig.noticeText(), chosen);
         auto& strip = rig.page<NoticeStrip>();
         strip.show({.text = [] { return u"Verified"_s; }});
         strip.clear();
-        QCOMPARE(rig.notice(), chosen); // which an outcome only covers
+        QCOMPARE(rig.noticeText(), chosen); // which an outcome only covers
         QVERIFY(rig.clickCommand(kConnectCommand));
         QVERIFY(rig.isConnected(2));
         const QStringList lines = rig.logged();
@@ -90,17 +88,17 @@ private Q_SLOTS:
 
         (void)rig.types();
         rig.choose(u"Type 1"_s); // the other one was wrong
-        QVERIFY(waitFor([&rig] { return rig.notice().contains(u"as type 1"_s); }));
+        QVERIFY(waitFor([&rig] { return rig.noticeText().contains(u"as type 1"_s); }));
         QVERIFY(rig.waitIdle());
 
         // Another revision answers, then the first one again.
         QVERIFY(rig.link().isTypeByHand());
         rig.sensor().setParameter('V', "4A0203");
         QVERIFY(rig.clickCommand(kConnectCommand));
-        QVERIFY(waitFor([&rig] { return rig.notice().contains(u"revision 4A"); }));
+        QVERIFY(waitFor([&rig] { return rig.noticeText().contains(u"revision 4A"); }));
         rig.sensor().setParameter('V', "3A0203");
         QVERIFY(rig.waitIdle() && rig.clickCommand(kConnectCommand));
-        QVERIFY(waitFor([&rig] { return rig.notice().contains(u"revision 3A"); }));
+        QVERIFY(waitFor([&rig] { return rig.noticeText().contains(u"revision 3A"); }));
         QVERIFY(!rig.link().isIdentified());
     }
 
@@ -111,7 +109,7 @@ private Q_SLOTS:
         (void)rig.types();
         rig.choose(u"Always type 2: from now on 3A to 5F, so far 50 to 5F"_s);
         QVERIFY(rig.isConnected(1));
-        QCOMPARE(rig.notice(), QString());
+        QCOMPARE(rig.noticeText(), QString());
         QVERIFY(!rig.logged().contains(kByHand) && !rig.link().isTypeByHand());
         QVERIFY(contentOf(rig.settings().path()).contains("\"Type2Low\"=dword:0000003a\r\n"));
     }
@@ -120,9 +118,8 @@ private Q_SLOTS:
     void copyOfTheSitesSettingsIsMadeOnlyIfTheUserWantsIt()
     {
         const TestFolder folder;
-        const QByteArray former = qgetenv("XDG_CONFIG_HOME");
         Rig rig;
-        qputenv("XDG_CONFIG_HOME", folder.path({}).toUtf8());
+        const ChangedVariable config("XDG_CONFIG_HOME", folder.path({}).toUtf8());
         qunsetenv("PELORIN_REGISTRY");
         const QString own = folder.path(u"pelorin/pelorin.reg"_s);
         QVERIFY(rig.isNotIdentified());
@@ -139,7 +136,6 @@ private Q_SLOTS:
                      answer == std::string_view("answer0"));
         }
         QVERIFY(rig.isConnected(1));
-        qputenv("XDG_CONFIG_HOME", former);
     }
 };
 

@@ -26,8 +26,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QByteArray kProductKey = "[HKEY_LOCAL_MACHINE\\SOFTWARE\\Korvex Systems\\Pelorin]\r\n";
-
 } // namespace
 
 class TestMainWindow : public QObject

@@ -126,8 +126,7 @@ struct Run
     std::unique_ptr<PelorinApp> app;
 };
 
-const QByteArray kKey = "[HKEY_LOCAL_MACHINE\\SOFTWARE\\Korvex Systems\\Pelorin]\r\n";
-const QByteArray kPath = kKey + "\"Path\"=\"C:\\\\Pelorin\"\r\n";
+const QByteArray kPath = kProductKey + "\"Path\"=\"C:\\\\Pelorin\"\r\n";
 const QByteArray kHelp = "[HKEY_LOCAL_MACHINE\\SOFTWARE\\Korvex Systems\\Pelorin\\Help Files]\r\n";
 /// COM5 is mapped to a device that is not there.
 const QByteArray kPorts = "[HKEY_LOCAL_MACHINE\\HARDWARE\\DEVICEMAP\\SERIALCOMM]\r\n"
@@ -340,8 +339,8 @@ private Q_SLOTS:
     void whatCannotBeUsedIsNamed()
     {
         const QByteArray rest = kHelp + kPorts;
-        const QByteArray elsewhere = kKey + "\"Path\"=\"elsewhere\"\r\n" + rest;
-        const QByteArray cut = kKey + "\"Path\"=\"C:\\\\Pelorin\r\n" + rest;
+        const QByteArray elsewhere = kProductKey + "\"Path\"=\"elsewhere\"\r\n" + rest;
+        const QByteArray cut = kProductKey + "\"Path\"=\"C:\\\\Pelorin\r\n" + rest;
         const QByteArray german = "[Setup]\nCOMPort=7\nLanguage=2\n";
         const QByteArray unknown = "[Setup]\nCOMPort=7\nLanguage=3\n";
         const QByteArray broken = "[Setup\nCOMPort=7\n";
@@ -354,7 +353,7 @@ private Q_SLOTS:
         const Turn signal{u"No help files are configured."_s, kSignal};
         const QString noProfile = u"The profile PROFILE is damaged."_s;
         check({
-            {"no path", {}, kSeven, -1, kSeven, {noPath}, kKey + rest},
+            {"no path", {}, kSeven, -1, kSeven, {noPath}, kProductKey + rest},
             {"no languages", {}, kSeven, -1, kSeven, {noEnglish}, elsewhere},
             {"unknown language", {}, unknown, -1, unknown, {noUnknown}},
             {"settings", {}, unknown, -1, unknown, {damaged, noPath}, cut},

@@ -5,6 +5,7 @@
 #include "pages/SerialPortComboBox.h"
 #include "pages/SettingsDialog.h"
 #include "platform/core/SettingsLocation.h"
+#include "support/ChangedVariable.h"
 #include "support/FileContent.h"
 #include "support/FileDialogUser.h"
 #include "support/FileSizeLimit.h"
@@ -126,7 +127,7 @@ private Q_SLOTS:
                  dialog.click("manualPowerBox");
              },
              "\"ManualPowerMode\"=dword:00000001\r\n",
-             [](SettingsRig& rig) { return rig.logged().count(u"SSI Type: 2"_s) == 2; }},
+             [](SettingsRig& rig) { return rig.connects() == 2; }},
             {"page for temperature compensation",
              [](const Dialog& dialog) {
                  dialog.chooseTab(kGeneral);
@@ -274,7 +275,7 @@ private Q_SLOTS:
         }));
         QVERIFY(waitFor([&] { return asked == 1 && !QApplication::activeModalWidget(); }));
         QVERIFY(rig.waitIdle() && rig.openAttempts() == attempts && rig.link().openedPort() == 0);
-        QVERIFY(rig.page<QLabel>("noticeText").text().startsWith(u"No port is open"));
+        QVERIFY(rig.noticeText().startsWith(u"No port is open"));
         QVERIFY(rig.change([](const Dialog& dialog) {
             dialog.type("high2Edit", u"3e"_s);
             dialog.accept(); // after which there is nothing to connect
@@ -286,10 +287,10 @@ private Q_SLOTS:
 
     void streamAndDisplayUnitGiveWay()
     {
-        SettingsRig rig({.type = 2}, "[HKEY_LOCAL_MACHINE\\SOFTWARE\\Korvex Systems\\Pelorin]\r\n"
-                                     "\"EnableQDL3\"=dword:1\r\n\"QDL3Comport\"=\"COM9\"\r\n"
-                                     "[HKEY_LOCAL_MACHINE\\HARDWARE\\DEVICEMAP\\SERIALCOMM]\r\n"
-                                     "\"simulator:display\"=\"COM9\"\r\n");
+        SettingsRig rig({.type = 2}, kProductKey +
+                                         "\"EnableQDL3\"=dword:1\r\n\"QDL3Comport\"=\"COM9\"\r\n"
+                                         "[HKEY_LOCAL_MACHINE\\HARDWARE\\DEVICEMAP\\SERIALCOMM]\r\n"
+                                         "\"simulator:display\"=\"COM9\"\r\n");
         QVERIFY(rig.startConnected() && rig.clickCommand(kDisplayUnitCommand));
         QVERIFY(waitFor([&rig] { return rig.isDisplayOpen(); }));
         QString told;
@@ -319,8 +320,7 @@ private Q_SLOTS:
 
     void tablesAreGivenUpByTheUserAlone()
     {
-        const QByteArray own = "[HKEY_LOCAL_MACHINE\\SOFTWARE\\Korvex Systems\\Pelorin]\r\n"
-                               "\"EnableTempComp\"=dword:1\r\n";
+        const QByteArray own = kProductKey + "\"EnableTempComp\"=dword:1\r\n";
         SettingsRig rig({.type = 2}, own);
         QVERIFY(rig.startConnected() && rig.choosePage(kTempCompPage));
         rig.page<QTableWidget>("lookupList").item(2, 1)->setText(u"20"_s);
@@ -398,10 +398,9 @@ private Q_SLOTS:
     void ownFileIsMadeAndGivenUpAgain()
     {
         const TestFolder folder;
-        const QByteArray former = qgetenv("XDG_CONFIG_HOME");
         SettingsRig rig;
         QVERIFY(rig.startConnected());
-        qputenv("XDG_CONFIG_HOME", folder.path({}).toUtf8());
+        const ChangedVariable config("XDG_CONFIG_HOME", folder.path({}).toUtf8());
         qunsetenv("PELORIN_REGISTRY");
         const QString own = folder.path(u"pelorin/pelorin.reg"_s);
         QVERIFY(rig.change([&](const Dialog& dialog) {
@@ -432,7 +431,6 @@ private Q_SLOTS:
         }));
         QVERIFY(!QFileInfo::exists(own) && QFileInfo::exists(own + u".old2"_s));
         QCOMPARE(contentOf(own + u".old"_s), "former");
-        qputenv("XDG_CONFIG_HOME", former);
     }
 };
 

@@ -75,7 +75,7 @@ private Q_SLOTS:
             BackupRig rig(type);
             QVERIFY(rig.startConnected() && rig.folder.put(kFile, kBackup));
             QCOMPARE(rig.run(Mode::Restore), QString());
-            QVERIFY(waitFor([&] { return rig.logged().filter(u"SSI Type"_s).size() == 2; }));
+            QVERIFY(waitFor([&] { return rig.connects() == 2; }));
             QVERIFY(rig.waitIdle());
             const QString written = writes.first(count).join(u' ') + u" EN VA "_s; // connects
             QCOMPARE(rig.frames().left(written.size()), written);
@@ -152,7 +152,7 @@ private Q_SLOTS:
             QVERIFY(waitFor([&] { return rig.link().linkFailed() == 0; }));
         };
         QCOMPARE(rig.run(Mode::Restore, kFile, loseLink), languageString(strings::kLinkLost));
-        QVERIFY(waitFor([&] { return rig.logged().filter(u"SSI Type"_s).size() == 2; }));
+        QVERIFY(waitFor([&] { return rig.connects() == 2; }));
         QVERIFY(rig.waitIdle()); // it is connected again
 
         rig.sensor().setParameter('D', "4E0519");

@@ -1,6 +1,5 @@
 #include "app/BackupCommands.h"
 #include "app/Commands.h"
-#include "app/NoticeStrip.h"
 #include "backup/ReviewDialog.h"
 #include "platform/core/ComPortNames.h"
 #include "sensor/BackupFile.h"
@@ -17,7 +16,6 @@
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QRadioButton>
-#include <QRegularExpression>
 #include <QSignalSpy>
 #include <QTableWidget>
 
@@ -146,11 +144,6 @@ public:
         return ended;
     }
 
-    [[nodiscard]] QString written()
-    {
-        static const QRegularExpression write(QStringLiteral("^.N"));
-        return frames().split(QLatin1Char(' ')).filter(write).join(QLatin1Char(' '));
-    }
     /// @return what the user is told in a box; empty if nothing
     [[nodiscard]] QString putBack(const JournalEntry& entry)
     {
@@ -162,11 +155,6 @@ public:
         });
         window().findChild<BackupCommands*>()->putBack(begun.writing->entry().id);
         return waitIdle() ? told : QStringLiteral("does not end");
-    }
-    [[nodiscard]] NoticeStrip& strip() { return *window().findChild<NoticeStrip*>(); }
-    [[nodiscard]] qsizetype connects()
-    {
-        return logged().filter(QStringLiteral("SSI Type")).size();
     }
 
 private:
@@ -257,11 +245,11 @@ private Q_SLOTS:
                 QVERIFY(rig.startConnected() && rig.choosePage(2));
                 QVERIFY(rig.run(kRestoreBackupCommand, row.saved, row.steps, row.answer));
                 QCOMPARE(rig.boxes.join(QLatin1Char('|')), row.box);
-                QCOMPARE(rig.written(), QLatin1String(row.written));
+                QCOMPARE(rig.writtenFrames(), QLatin1String(row.written));
                 const bool writes = *row.written != '\0';
                 QCOMPARE(rig.connects(), writes ? kConnected : 1);
                 QCOMPARE(rig.window().currentPage(), writes ? 0 : 2);
-                QCOMPARE(rig.strip().text().startsWith(QLatin1String("Verified")), writes);
+                QCOMPARE(rig.noticeText().startsWith(QLatin1String("Verified")), writes);
             });
     }
 
@@ -333,8 +321,8 @@ private Q_SLOTS:
                 QVERIFY(waitFor([&] { return rig.connects() == row.connects; }));
                 QVERIFY(rig.waitIdle());
                 QCOMPARE(rig.boxes.join(QLatin1Char('|')), row.box);
-                QCOMPARE(rig.written(), QLatin1String(row.written));
-                QCOMPARE(rig.strip().text().left(int(qstrlen(row.told))), QLatin1String(row.told));
+                QCOMPARE(rig.writtenFrames(), QLatin1String(row.written));
+                QCOMPARE(rig.noticeText().left(int(qstrlen(row.told))), QLatin1String(row.told));
                 QCOMPARE(rig.window().currentPage(), 0);
                 QCOMPARE(rig.statusText(), QLatin1String(row.status));
             });
@@ -352,10 +340,10 @@ private Q_SLOTS:
         QVERIFY(waitFor([&] { return rig.window().currentPage() == 0; }) && rig.waitIdle());
         QVERIFY(rig.run(kRestoreBackupCommand, "N000123", clickWrite));
         QVERIFY(waitFor([&] { return rig.connects() == kConnected; }) && rig.waitIdle());
-        QCOMPARE(rig.written(), QStringLiteral("NN000123 EN"));
-        QVERIFY2(rig.strip().text().startsWith(QLatin1String("Not checked")) &&
-                     rig.strip().text().contains(QLatin1String("was not restarted")),
-                 qPrintable(rig.strip().text()));
+        QCOMPARE(rig.writtenFrames(), QStringLiteral("NN000123 EN"));
+        QVERIFY2(rig.noticeText().startsWith(QLatin1String("Not checked")) &&
+                     rig.noticeText().contains(QLatin1String("was not restarted")),
+                 qPrintable(rig.noticeText()));
         QCOMPARE(rig.window().currentPage(), 0);
     }
 
@@ -373,7 +361,7 @@ private Q_SLOTS:
         });
         QVERIFY(rig.clickCommand(kRestoreBackupCommand));
         QVERIFY(waitFor([&] { return closed.size() == 1; }) && user.wasShown());
-        QCOMPARE(rig.written(), QString());
+        QCOMPARE(rig.writtenFrames(), QString());
         QVERIFY(Journal().entries().isEmpty());
     }
 
@@ -396,7 +384,7 @@ private Q_SLOTS:
             click(review, 2);
         }));
         QCOMPARE(rig.boxes, QStringList());
-        QCOMPARE(rig.written(), QString());
+        QCOMPARE(rig.writtenFrames(), QString());
         QCOMPARE(rig.connects(), 1);
         QCOMPARE(rig.window().currentPage(), 2);
         const auto lines = rig.folder.content(csv).split('\n');
@@ -445,11 +433,10 @@ private Q_SLOTS:
             QCOMPARE(labelText(review, 1062), QString());
             clickWrite(review);
         });
-        auto* button = rig.strip().findChild<QPushButton*>(QStringLiteral("noticeButton2"));
-        QTest::mouseClick(button, Qt::LeftButton);
-        QVERIFY(waitFor([&] { return rig.strip().text().startsWith(QLatin1String("Verified")); }));
+        QTest::mouseClick(&rig.page<QPushButton>("noticeButton2"), Qt::LeftButton);
+        QVERIFY(waitFor([&] { return rig.noticeText().startsWith(QLatin1String("Verified")); }));
         QVERIFY(rig.waitIdle());
-        QCOMPARE(rig.written(), QStringLiteral("FNSN012345 DN4A0519 EN"));
+        QCOMPARE(rig.writtenFrames(), QStringLiteral("FNSN012345 DN4A0519 EN"));
         const JournalEntry entry = Journal().entries().constFirst();
         QCOMPARE(int(entry.by), int(WriteRequest::By::PutBack));
         QCOMPARE(entry.values.at('F'), QByteArray("SN999999"));
@@ -481,7 +468,7 @@ private Q_SLOTS:
         QVERIFY(rig.putBack(entry).contains(QLatin1String("Not usable: Factory Value O (O)")));
         rig.link().forgetIdentification();
         QVERIFY(rig.putBack(entry).contains(QLatin1String("not identified")));
-        QCOMPARE(rig.written(), QString());
+        QCOMPARE(rig.writtenFrames(), QString());
     }
 };
 

@@ -53,8 +53,7 @@ protected:
         QVERIFY2(kept.isDone(), qPrintable(kept.message()));
     }
 
-    const QByteArray kInstalled = "[HKEY_LOCAL_MACHINE\\SOFTWARE\\Korvex Systems\\Pelorin]\r\n"
-                                  "\"Path\"=\"C:\\\\Pelorin\"\r\n";
+    const QByteArray kInstalled = kProductKey + "\"Path\"=\"C:\\\\Pelorin\"\r\n";
     const TestFolder m_folder{};
     const TestRegistry m_settings{kInstalled + kSimulatedBounds +
                                   "[HKEY_LOCAL_MACHINE\\HARDWARE\\DEVICEMAP\\SERIALCOMM]\r\n"

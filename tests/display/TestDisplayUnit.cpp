@@ -251,9 +251,8 @@ private:
     void prepare(const QByteArray& settings)
     {
         m_registry.write("[HKEY_LOCAL_MACHINE\\HARDWARE\\DEVICEMAP\\SERIALCOMM]\r\n"
-                         "\"simulator:display\"=\"COM96\"\r\n\"simulator:sensor\"=\"COM7\"\r\n"
-                         "[HKEY_LOCAL_MACHINE\\SOFTWARE\\Korvex Systems\\Pelorin]\r\n" +
-                         settings);
+                         "\"simulator:display\"=\"COM96\"\r\n\"simulator:sensor\"=\"COM7\"\r\n" +
+                         kProductKey + settings);
         Pacing::setSpeeds({20, 200, 5});
         m_dialog = std::make_unique<DisplayUnitDialog>(nullptr, m_factory, 7);
         m_fault = {};

@@ -28,8 +28,6 @@ namespace {
 constexpr int kRow = 1;
 const QString kOwn = u"020018"_s;
 const QString kNoPosition = u"****"_s;
-const QByteArray kManualPower =
-    "[HKEY_LOCAL_MACHINE\\SOFTWARE\\Korvex Systems\\Pelorin]\r\n\"ManualPowerMode\"=dword:1\r\n";
 const QByteArray kOtherPort = "[HKEY_LOCAL_MACHINE\\HARDWARE\\DEVICEMAP\\SERIALCOMM]\r\n"
                               "\"simulator:sensor?type=1\"=\"COM999\"\r\n";
 
@@ -42,20 +40,19 @@ constexpr std::array kMoments{"DN060018", "", "DN020018"};
 struct Rig : MainWindowRig
 {
     explicit Rig(const SimulatedSensor::Options& options = {.type = 0})
-        : MainWindowRig(options, options.supply == Supply::ByRts ? kOtherPort : kManualPower)
+        : MainWindowRig(options, options.supply == Supply::ByRts ? kOtherPort : kManualPower),
+          m_user(
+              [this, byHand = options.supply != Supply::ByRts](QMessageBox& box) {
+                  if (byHand && told.size() == 1 && sensor().progFrames() <= 5)
+                      return;
+                  told << box.text();
+                  if (auto* button = box.button(QMessageBox::Ok))
+                      QTest::mouseClick(button, Qt::LeftButton);
+                  else
+                      QTest::keyClick(&box, Qt::Key_Escape);
+              },
+              false)
     {
-        QObject::connect(
-            &m_poll, &QTimer::timeout, &m_poll, [this, byHand = options.supply != Supply::ByRts] {
-                auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-                if (!box || (byHand && told.size() == 1 && sensor().progFrames() <= 5))
-                    return;
-                told << box->text();
-                if (auto* button = box->button(QMessageBox::Ok))
-                    QTest::mouseClick(button, Qt::LeftButton);
-                else
-                    QTest::keyClick(box, Qt::Key_Escape);
-            });
-        m_poll.start(2);
     }
 
     [[nodiscard]] QString shown()
@@ -95,7 +92,7 @@ struct Rig : MainWindowRig
     QStringList told; ///< the boxes' texts
 
 private:
-    QTimer m_poll;
+    const ModalAnswer<QMessageBox> m_user;
 };
 
 } // namespace

@@ -31,9 +31,6 @@ namespace {
 
 using Fault = SimulatedFault::Kind;
 
-const QByteArray kSwitch =
-    "[HKEY_LOCAL_MACHINE\\SOFTWARE\\Korvex Systems\\Pelorin]\r\n\"SafeWrites\"=dword:0000000";
-
 /// The page of the output setup, or that of the factory parameters, in the real main window on a
 /// type 2 sensor. The user changes one value, shown as "25" or "20": the data bits to 24, or the
 /// suffix of the cycle code to 7F.
@@ -42,11 +39,14 @@ class Rig : public MainWindowRig
 public:
     /// @param offset what the sensor has; with one that is not 0 Apply asks about its multiplier
     explicit Rig(bool factory, const char* offset = "000000", bool safe = true)
-        : MainWindowRig({.type = 2}, kSwitch + (safe ? "1\r\n" : "0\r\n")), m_factory(factory)
+        : MainWindowRig({.type = 2}, safe ? kSafeWrites : kPlainWrites), m_factory(factory)
     {
         sensor().setParameter('N', offset);
         wrapPorts([this](std::unique_ptr<ComPort> port) {
-            return std::make_unique<Port>(std::move(port), *this);
+            return std::make_unique<WatchedPort>(std::move(port), [this](std::string_view bytes) {
+                if (bytes.starts_with("CN"))
+                    afterClosing();
+            });
         });
     }
 
@@ -133,35 +133,12 @@ public:
     {
         return *strip().findChild<QPushButton*>(QStringLiteral("noticeButton%1").arg(number));
     }
-    /// The frames since the last call that write or close.
-    [[nodiscard]] QString writes()
-    {
-        return frames().split(u' ').filter(QRegularExpression(QStringLiteral("^.N"))).join(u' ');
-    }
     /// A file is where the journal's folder goes.
     [[nodiscard]] bool blockJournal() const { return putContent(journalFolder(), ""); }
     [[nodiscard]] QList<JournalEntry> journal() const { return Journal().entries(); }
 
 private:
     static constexpr int kValueRow = 7;
-
-    class Port final : public PortDecorator
-    {
-    public:
-        Port(std::unique_ptr<ComPort> port, Rig& rig) : PortDecorator(std::move(port)), m_rig(rig)
-        {
-        }
-        WriteResult write(std::string_view bytes) override
-        {
-            const WriteResult result = PortDecorator::write(bytes);
-            if (bytes.starts_with("CN"))
-                m_rig.afterClosing();
-            return result;
-        }
-
-    private:
-        Rig& m_rig;
-    };
 
     [[nodiscard]] QTableWidget& list()
     {
@@ -219,7 +196,7 @@ private Q_SLOTS:
                 QVERIFY(rig.open());
                 row.before(rig);
                 QCOMPARE(rig.apply(), QString());
-                const QString notice = rig.strip().text();
+                const QString notice = rig.noticeText();
                 QVERIFY2(notice.startsWith(QLatin1String(row.outcome)) &&
                              notice.contains(QLatin1String(row.reason)),
                          qPrintable(notice));
@@ -231,7 +208,7 @@ private Q_SLOTS:
                 QCOMPARE(rig.applyButton().isEnabled(), row.again || !row.current);
                 QCOMPARE(rig.journal().size(), 1);
                 if (!row.current)
-                    QVERIFY(!rig.apply().isEmpty() && rig.writes().isEmpty());
+                    QVERIFY(!rig.apply().isEmpty() && rig.writtenFrames().isEmpty());
             }
         });
     }
@@ -294,9 +271,9 @@ private Q_SLOTS:
                 row.before(rig);
                 const QString told = rig.apply();
                 QVERIFY2(told.contains(QLatin1String(row.told)), qPrintable(told));
-                QCOMPARE(rig.writes(), QString());
+                QCOMPARE(rig.writtenFrames(), QString());
                 QCOMPARE(rig.lightText() == lit, row.lit);
-                QVERIFY(rig.strip().text().startsWith(QStringLiteral("Nothing was written.")));
+                QVERIFY(rig.noticeText().startsWith(QStringLiteral("Nothing was written.")));
                 QCOMPARE(rig.journal().size(), 0);
                 QCOMPARE(rig.shown(), rig.entered()); // it can be tried again
                 rig.sensor().clearFaults();
@@ -308,7 +285,7 @@ private Q_SLOTS:
                 QVERIFY(waitFor([&] { return rig.shown() == rig.former() || !row.lit; }));
                 QVERIFY(rig.waitIdle() && rig.edit());
                 QCOMPARE(rig.apply(), QString());
-                QVERIFY(rig.strip().text().startsWith(QStringLiteral("Verified: ")));
+                QVERIFY(rig.noticeText().startsWith(QStringLiteral("Verified: ")));
             }
         });
     }
@@ -345,7 +322,7 @@ private Q_SLOTS:
                 QVERIFY2(told.contains(QLatin1String(row.told)), qPrintable(told));
                 QVERIFY(waitFor([&] { return rig.window().currentPage() == 0; }));
                 QVERIFY(rig.waitIdle());
-                const QString notice = rig.strip().text();
+                const QString notice = rig.noticeText();
                 QVERIFY2(notice.startsWith(QLatin1String(row.outcome)), qPrintable(notice));
                 QVERIFY(rig.choosePage(factory ? 4 : 2));
                 QCOMPARE(rig.shown(), *row.told ? rig.former() : rig.entered());
@@ -364,9 +341,9 @@ private Q_SLOTS:
                 QVERIFY2(question.contains(journalFolder()), qPrintable(question));
                 const bool written = *answer == 'W';
                 QCOMPARE(rig.hasEntered(), written);
-                QCOMPARE(rig.writes().isEmpty(), !written);
-                QVERIFY(rig.strip().text().startsWith(written ? QStringLiteral("Verified: ")
-                                                              : QStringLiteral("Nothing was")));
+                QCOMPARE(rig.writtenFrames().isEmpty(), !written);
+                QVERIFY(rig.noticeText().startsWith(written ? QStringLiteral("Verified: ")
+                                                            : QStringLiteral("Nothing was")));
                 QCOMPARE(rig.applyButton().isEnabled(), !written);
             }
         }
@@ -380,7 +357,7 @@ private Q_SLOTS:
             const QSignalSpy closed(&rig.window(), &PelorinMainWindow::closed);
             QTest::mouseClick(&rig.applyButton(), Qt::LeftButton);
             QString writes;
-            QVERIFY(waitFor([&] { return !(writes += rig.writes()).isEmpty(); }));
+            QVERIFY(waitFor([&] { return !(writes += rig.writtenFrames()).isEmpty(); }));
             rig.window().close();
             QVERIFY(waitFor([&] { return closed.size() == 1; }));
             QVERIFY(rig.hasEntered());
@@ -403,7 +380,7 @@ private Q_SLOTS:
             QVERIFY(waitFor([&] { return closed.size() == 1; }));
             QVERIFY(QFile::remove(journalFolder()));
             QVERIFY(question.wasShown());
-            QCOMPARE(rig.writes(), QString());
+            QCOMPARE(rig.writtenFrames(), QString());
         }
     }
 
@@ -439,16 +416,16 @@ private Q_SLOTS:
                 QVERIFY(rig.open());
                 rig.fail(Fault::Deaf, rig.frame());
                 QVERIFY(rig.apply("Keep the Length").startsWith(QStringLiteral("The data format")));
-                const QString heard = rig.writes();
+                const QString heard = rig.writtenFrames();
                 rig.sensor().clearFaults();
                 row.before(rig);
                 const QString told = rig.press(rig.stripButton(1));
                 QCOMPARE(told.isEmpty(), row.written);
                 const QString lost = QString::fromStdString(rig.frame()) + u"[^ ]* "_qs;
-                QCOMPARE(rig.writes().remove(QRegularExpression(lost)),
+                QCOMPARE(rig.writtenFrames().remove(QRegularExpression(lost)),
                          row.written ? heard : QString());
-                QVERIFY2(rig.strip().text().startsWith(QLatin1String(row.notice)),
-                         qPrintable(rig.strip().text()));
+                QVERIFY2(rig.noticeText().startsWith(QLatin1String(row.notice)),
+                         qPrintable(rig.noticeText()));
                 QCOMPARE(rig.hasEntered(), row.written);
                 if (row.written)
                     QCOMPARE(rig.shown(), rig.entered());
@@ -479,7 +456,7 @@ private Q_SLOTS:
                 QVERIFY(rig.open());
                 const QString question = rig.apply(row.answer);
                 QVERIFY(question.startsWith(QStringLiteral("The data format has the multiplier")));
-                const QString writes = rig.writes();
+                const QString writes = rig.writtenFrames();
                 QCOMPARE(writes.isEmpty(), !*row.offset);
                 QVERIFY2(writes.contains(QLatin1String(row.offset)), qPrintable(writes));
                 QCOMPARE(rig.applyButton().isEnabled(), writes.isEmpty());

@@ -2,6 +2,7 @@
 #include "platform/core/PortNumbers.h"
 #include "platform/core/Profile.h"
 #include "platform/core/UserFolders.h"
+#include "support/ChangedVariable.h"
 #include "support/Rows.h"
 #include "support/TestFolder.h"
 #include "support/TestRegistry.h"
@@ -103,9 +104,10 @@ private Q_SLOTS:
 
         QVERIFY(keepPortNumber(102, u"/dev/settings"_s).isDone());
         QVERIFY(contentOf(m_settings.path()).contains("\"/dev/settings\"=\"COM102\""));
-        qunsetenv("PELORIN_REGISTRY"); // the user has no file of their own
-        QVERIFY(keepPortNumber(104, u"/dev/profile"_s).isDone());
-        qputenv("PELORIN_REGISTRY", m_settings.path().toUtf8());
+        {
+            const ChangedVariable noFile("PELORIN_REGISTRY", {}); // the user has none of their own
+            QVERIFY(keepPortNumber(104, u"/dev/profile"_s).isDone());
+        }
         QCOMPARE(Profile().readTexts(u"Ports"_s).value(u"COM104"_s), u"/dev/profile"_s);
         QCOMPARE(ComPortNames().devicePath(u"COM104"_s), u"/dev/profile"_s);
     }

@@ -25,6 +25,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <QTest>
 #include <QWindow>
 #include <QtTest/qtestspontaneevent.h>
@@ -162,6 +163,12 @@ public:
             frames << QString::fromStdString(frame);
         return frames.join(u' ');
     }
+    /// Those of them that write or close.
+    [[nodiscard]] QString writtenFrames()
+    {
+        static const QRegularExpression write(QStringLiteral("^.N"));
+        return frames().split(u' ').filter(write).join(u' ');
+    }
 
     [[nodiscard]] QString statusText() { return page<QLabel>("messagePane").text(); }
     /// What the strip above the page says.
@@ -169,6 +176,11 @@ public:
     /// What the light says, in words.
     [[nodiscard]] QString lightText() { return page<QLabel>("linkLight").accessibleDescription(); }
     [[nodiscard]] QStringList logged() { return logLines(m_link.commLog()); }
+    /// How often a sensor has been connected and identified.
+    [[nodiscard]] qsizetype connects()
+    {
+        return logged().filter(QStringLiteral("SSI Type")).size();
+    }
 
     /// A page of the window, or one of its other parts by name.
     template <class Part>

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "support/ChangedVariable.h"
+
 #include <QByteArray>
 #include <QFile>
 #include <QTemporaryDir>
@@ -11,14 +13,7 @@ class TestRegistry
 {
 public:
     /// @param text what the file holds behind its first line
-    explicit TestRegistry(const QByteArray& text) : m_path(m_folder.filePath(fileName()))
-    {
-        write(text);
-        qputenv("PELORIN_REGISTRY", m_path.toUtf8());
-    }
-    TestRegistry(const TestRegistry&) = delete;
-    TestRegistry& operator=(const TestRegistry&) = delete;
-    ~TestRegistry() { qunsetenv("PELORIN_REGISTRY"); }
+    explicit TestRegistry(const QByteArray& text) { write(text); }
 
     void write(const QByteArray& text) const
     {
@@ -30,11 +25,13 @@ public:
     [[nodiscard]] const QString& path() const { return m_path; }
 
 private:
-    [[nodiscard]] static QString fileName() { return QStringLiteral("test.reg"); }
-
     QTemporaryDir m_folder;
-    QString m_path;
+    const QString m_path = m_folder.filePath(QStringLiteral("test.reg"));
+    const test::ChangedVariable m_variable{"PELORIN_REGISTRY", m_path.toUtf8()};
 };
+
+/// The program's key, before values of it.
+inline const QByteArray kProductKey = "[HKEY_LOCAL_MACHINE\\SOFTWARE\\Korvex Systems\\Pelorin]\r\n";
 
 /// Bounds that identify the simulated sensors of all three types.
 inline const QByteArray kSimulatedBounds =
@@ -44,9 +41,10 @@ inline const QByteArray kSimulatedBounds =
     "\"Type2Low\"=dword:00000030\r\n\"Type2High\"=dword:0000003f\r\n";
 
 /// Writes without reading before and after, which most tests do not need; and with it.
-inline const QByteArray kPlainWrites = "[HKEY_LOCAL_MACHINE\\SOFTWARE\\Korvex Systems\\Pelorin]\r\n"
-                                       "\"SafeWrites\"=dword:00000000\r\n";
-inline const QByteArray kSafeWrites = "[HKEY_LOCAL_MACHINE\\SOFTWARE\\Korvex Systems\\Pelorin]\r\n"
-                                      "\"SafeWrites\"=dword:00000001\r\n";
+inline const QByteArray kPlainWrites = kProductKey + "\"SafeWrites\"=dword:00000000\r\n";
+inline const QByteArray kSafeWrites = kProductKey + "\"SafeWrites\"=dword:00000001\r\n";
+
+/// The user switches the supply.
+inline const QByteArray kManualPower = kProductKey + "\"ManualPowerMode\"=dword:1\r\n";
 
 } // namespace pelorin

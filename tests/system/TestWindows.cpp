@@ -341,14 +341,14 @@ private:
         QCOMPARE(faultsOf(window, foreign), QString());
     }
 
-    MainWindowRig m_rig{{.type = 2},
-                        "[HKEY_LOCAL_MACHINE\\SOFTWARE\\Korvex Systems\\Pelorin]\r\n"
-                        "\"EnableQDL3\"=\"1\"\r\n\"EnableTempComp\"=\"1\"\r\n"
-                        "\"QDL3Comport\"=\"simulator:display\"\r\n"
-                        "[HKEY_LOCAL_MACHINE\\SOFTWARE\\Korvex Systems\\Pelorin\\Package Parameters"
-                        "\\Package0]\r\n\"Name\"=\"Rod\"\r\n"
-                        "[HKEY_LOCAL_MACHINE\\HARDWARE\\DEVICEMAP\\SERIALCOMM]\r\n"
-                        "\"/dev/none\"=\"COM9\"\r\n"};
+    MainWindowRig m_rig{
+        {.type = 2},
+        kProductKey + "\"EnableQDL3\"=\"1\"\r\n\"EnableTempComp\"=\"1\"\r\n"
+                      "\"QDL3Comport\"=\"simulator:display\"\r\n"
+                      "[HKEY_LOCAL_MACHINE\\SOFTWARE\\Korvex Systems\\Pelorin\\Package Parameters"
+                      "\\Package0]\r\n\"Name\"=\"Rod\"\r\n"
+                      "[HKEY_LOCAL_MACHINE\\HARDWARE\\DEVICEMAP\\SERIALCOMM]\r\n"
+                      "\"/dev/none\"=\"COM9\"\r\n"};
 };
 
 QTEST_MAIN(TestWindows)

@@ -24,8 +24,7 @@ namespace {
 
 constexpr int kLookupList = 1058, kWriteButton = 1060, kReadButton = 1061, kArrayList = 1063;
 
-const QByteArray kEnabled =
-    "[HKEY_LOCAL_MACHINE\\SOFTWARE\\Korvex Systems\\Pelorin]\r\n\"EnableTempComp\"=dword:0000000";
+const QByteArray kEnabled = kProductKey + "\"EnableTempComp\"=dword:0000000";
 const QString kTable = u"table.csv"_s;
 
 /// The page in the main window, and a folder for files.

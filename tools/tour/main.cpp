@@ -5,14 +5,13 @@
 
 #include "app/PelorinApp.h"
 #include "app/PelorinMainWindow.h"
-#include "platform/core/ComPortFactory.h"
 #include "platform/core/Demonstration.h"
 #include "platform/core/Pacing.h"
 #include "platform/core/Profile.h"
 #include "platform/core/ProgramOptions.h"
 #include "platform/core/ProgramSettings.h"
-#include "platform/core/TermiosComPort.h"
 #include "platform/ui/ReadableStyle.h"
+#include "simulator/PortFactory.h"
 #include "simulator/SimulatedPorts.h"
 
 #include <QApplication>
@@ -96,11 +95,7 @@ int main(int argc, char* argv[])
     const int language = values.value(kLanguage).toInt();
     (void)Profile().write({{languageEntry(), language}}); // for the start; then by menu
     SimulatedPorts simulators;
-    ComPortFactory factory([](const QString& device) {
-        return std::make_unique<TermiosComPort>(device.toStdString());
-    });
-    factory.addScheme(QStringLiteral("simulator:"),
-                      [&simulators](const QString& name) { return simulators.makePort(name); });
+    const ComPortFactory factory = realAndSimulatedPorts(simulators);
     if (!startWithoutPort(factory, folder))
         return EXIT_FAILURE;
     PelorinApp pelorin(factory);

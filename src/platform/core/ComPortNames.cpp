@@ -46,7 +46,7 @@ int fixedNumber(const QString& device)
 
 bool isSimulatedDevice(const QString& device)
 {
-    return device.startsWith(QLatin1String("simulator:"));
+    return device.startsWith(kSimulatedScheme);
 }
 
 /// The device behind a link; a device that does not exist stands for itself.
@@ -57,6 +57,13 @@ QString resolved(const QString& device)
 }
 
 } // namespace
+
+QString PresentPort::details() const
+{
+    QStringList texts{shortName, adapter.description, adapter.manufacturer, adapter.serialNumber};
+    texts.removeAll(QString());
+    return texts.join(QStringLiteral(", "));
+}
 
 ComPortNames::ComPortNames() : ComPortNames(RegistryFile::read(registryFilePath())) {}
 

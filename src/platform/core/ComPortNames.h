@@ -12,6 +12,9 @@ namespace pelorin {
 
 class RegistryFile;
 
+/// How the names of devices begin that are built into the program.
+inline constexpr QLatin1String kSimulatedScheme("simulator:");
+
 /// A port that can be chosen now.
 struct PresentPort
 {
@@ -20,6 +23,9 @@ struct PresentPort
     QString shortName;    ///< without its folder: "ttyUSB0"
     SerialDevice adapter; ///< what the system knows of it
     bool simulated = false;
+
+    /// "ttyUSB0, FT232R USB UART, FTDI, A50285BI": name and adapter, as far as they are known.
+    [[nodiscard]] QString details() const;
 };
 
 /// Which COM number stands for which device. The settings' key SERIALCOMM comes first; any other

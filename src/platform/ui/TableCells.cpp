@@ -3,7 +3,7 @@
 #include <QAction>
 #include <QClipboard>
 #include <QGuiApplication>
-#include <QTableView>
+#include <QTableWidget>
 
 namespace pelorin {
 
@@ -67,6 +67,15 @@ QAction* addCopyAction(QTableView& table)
     QObject::connect(copy, &QAction::triggered, &table,
                      [&table] { QGuiApplication::clipboard()->setText(cellsText(table)); });
     return copy;
+}
+
+QTableWidgetItem& setReadOnlyCell(QTableWidget& table, int row, int column, const QString& text)
+{
+    auto* item = new QTableWidgetItem(text);
+    item->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable);
+    item->setToolTip(text);
+    table.setItem(row, column, item);
+    return *item;
 }
 
 } // namespace pelorin

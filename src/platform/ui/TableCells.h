@@ -7,11 +7,13 @@
 
 class QAction;
 class QTableView;
+class QTableWidget;
+class QTableWidgetItem;
 
 namespace pelorin {
 
-/// Cells of tables as text, the way spreadsheets exchange them: tabs between the columns, each row
-/// a line.
+/// Cells of tables, and their text the way spreadsheets exchange it: tabs between the columns, each
+/// row a line.
 
 /// The cells that are selected, or all where none are. A cell inside their block that is not
 /// selected is empty.
@@ -23,5 +25,10 @@ namespace pelorin {
 /// Gives a table the key and the menu item that copy cellsText to the clipboard.
 /// @return the item, whose caption is the caller's
 QAction* addCopyAction(QTableView& table);
+
+/// Makes a cell that is only read. Its tooltip has the text, too, which may be longer than the
+/// cell.
+QTableWidgetItem& setReadOnlyCell(QTableWidget& table, int row, int column,
+                                  const QString& text = {});
 
 } // namespace pelorin
