@@ -189,7 +189,6 @@ void WritingPage::planEnded(const Outcome& outcome)
 {
     if (outcome.isDone()) {
         m_baseline = runner().changes();
-        m_seen.clear();
         for (const auto& [id, value] : runner().known()) {
             if (m_ids.contains(id))
                 m_seen[id] = value;

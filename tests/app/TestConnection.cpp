@@ -19,9 +19,6 @@
 #include <QRegularExpression>
 #include <QSignalSpy>
 
-#include <atomic>
-#include <cerrno>
-
 using namespace pelorin;
 using namespace pelorin::test;
 using namespace Qt::StringLiterals;
@@ -353,31 +350,17 @@ private Q_SLOTS:
     /// It exists then, whatever the question says that comes after eleven attempts.
     void portThatIsBackAndCannotBeUsedIsToldOnce()
     {
-        std::atomic<bool> isRefusing = false;
-        struct Port : PortDecorator
-        {
-            Port(std::unique_ptr<ComPort> port, const std::atomic<bool>& isRefusing)
-                : PortDecorator(std::move(port)), refusing(isRefusing)
-            {
-            }
-            int setLine(const LineSettings& line) override
-            {
-                return refusing ? EINVAL : PortDecorator::setLine(line);
-            }
-            const std::atomic<bool>& refusing;
-        };
         Rig rig;
-        rig.wrapPorts([&](std::unique_ptr<ComPort> port) {
-            return std::make_unique<Port>(std::move(port), isRefusing);
+        std::atomic<bool> refuses = false;
+        rig.wrapPorts([&refuses](std::unique_ptr<ComPort> port) {
+            return std::make_unique<RefusingPort>(std::move(port), refuses);
         });
         QVERIFY(rig.startConnected());
-        rig.answer = [&rig, &isRefusing] {
-            if (rig.told.isEmpty())
-                return u"OK"_s;
-            isRefusing = false;
-            return u"Retry"_s;
+        rig.answer = [&] {
+            refuses = rig.told.isEmpty();
+            return refuses ? u"OK"_s : u"Retry"_s;
         };
-        isRefusing = true;
+        refuses = true;
         rig.sensor().setFault({Fault::Vanish, 0});
         rig.clickRefresh();
         QVERIFY(waitFor([&rig] { return rig.link().linkFailed() == 1; }));

@@ -2,6 +2,8 @@
 
 #include "platform/core/ComPort.h"
 
+#include <atomic>
+#include <cerrno>
 #include <functional>
 #include <memory>
 #include <mutex>
@@ -66,6 +68,24 @@ private:
 
     const std::shared_ptr<std::mutex> m_hold;
     const Call m_held;
+};
+
+/// A port whose line cannot be set as long as a test wants that.
+class RefusingPort final : public PortDecorator
+{
+public:
+    RefusingPort(std::unique_ptr<ComPort> port, const std::atomic<bool>& refuses)
+        : PortDecorator(std::move(port)), m_refuses(refuses)
+    {
+    }
+
+    int setLine(const LineSettings& line) override
+    {
+        return m_refuses ? EINVAL : PortDecorator::setLine(line);
+    }
+
+private:
+    const std::atomic<bool>& m_refuses;
 };
 
 /// A port that calls a function, on the worker's thread, when bytes have gone out.
