@@ -1,6 +1,7 @@
 #include "Chapters.h"
 
 #include "app/Commands.h"
+#include "pages/PositionTrace.h"
 #include "platform/core/LanguageStrings.h"
 #include "platform/core/Strings.h"
 #include "platform/ui/HelpWindow.h"
@@ -50,6 +51,9 @@ Steps information(Tour& tour)
 
 Steps livePosition(Tour& tour)
 {
+    const auto isTraceFull = [&tour] {
+        return tour.find<PositionTrace>("positionTrace").from() >= 0;
+    };
     return {
         Tour::print(QStringLiteral("Magnet position")),
         tour.page(kPosition),
@@ -63,7 +67,8 @@ Steps livePosition(Tour& tour)
                          return light.accessibleDescription() ==
                                 languageString(strings::kLightConnected);
                      }),
-        tour.picture("position"),
+        tour.key("positionTrace", Qt::Key_Plus), // 10 s
+        Tour::when(isTraceFull, tour.picture("position")),
         tour.click("recordButton"),
         tour.file(QStringLiteral("recording.csv")),
         tour.printChanged("positionBox"),
