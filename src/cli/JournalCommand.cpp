@@ -92,7 +92,13 @@ Result putBack(Invocation& invocation, const JournalEntry& entry)
         return refused(refusal.text, refusal.parameter);
     Restoration restoration{.scope = *scope, .values = entry.values, .isEarlierState = true};
     restoration.values.emplace('V', entry.version);
-    const bool replaces = !entry.end && !invocation.options().dryRun && session.isSensorOf(entry);
+    bool replaces = !entry.end && !invocation.options().dryRun;
+    if (replaces) { // the factory text tells, as long as it is not put back, too
+        SensorValues text;
+        if (Result read = session.read(readPlan("F"), text); !read.isDone())
+            return read;
+        replaces = session.isSensorOf(entry);
+    }
     const Written written = restore(invocation, restoration);
     if (!replaces || !written.replaced)
         return written.result;

@@ -118,7 +118,9 @@ Written restore(Invocation& invocation, const Restoration& restoration)
     }
     request.order = choice.order;
     request.values = choice.values;
-    return writeRestored(invocation, std::move(request));
+    Written written = writeRestored(invocation, std::move(request));
+    written.replaced = written.replaced && restoration.scope == Scope::All;
+    return written;
 }
 
 } // namespace pelorin::cli

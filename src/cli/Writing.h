@@ -16,7 +16,8 @@ class Output;
 struct Written
 {
     Result result{};
-    bool replaced = false; ///< whether anything has left, or all was there already
+    bool replaced = false; ///< whether anything has left, or all was there already; of a part of
+                           ///< what was saved never
 };
 
 /// The options of every command that writes.

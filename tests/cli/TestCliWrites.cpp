@@ -327,12 +327,13 @@ private Q_SLOTS:
         state.version = "3A0102";
         state.ssiType = 2;
         state.written = {{'N', "000001"}};
-        const auto leaveUnfinished = [&](const QString& values) {
+        const auto leaveUnfinished = [&](const QString& values, const char* text = "SN012345") {
             state.values = *BackupFile::valuesOf(m_folder.content(values));
-            state.values['F'] = "SN012345";
+            state.values['F'] = text;
             return Journal().begin(state).writing->entry().id;
         };
         const QString sameId = leaveUnfinished(u"good.dat"_s), id = leaveUnfinished(u"other.dat"_s);
+        const QString othersId = leaveUnfinished(u"other.dat"_s, "SN999999");
         state.values['K'] = "1";
         state.device = u"elsewhere"_s;
         const QString oddId = Journal().begin(state).writing->entry().id;
@@ -343,7 +344,7 @@ private Q_SLOTS:
             return run.end() == 0 ? run.errors : u"failed"_s;
         };
         const QStringList read{u"read"_s, u"V"_s, u"--port"_s, kSensor};
-        QCOMPARE(errorsOf(read).count(u'\n'), 2);
+        QCOMPARE(errorsOf(read).count(u'\n'), 3);
         QVERIFY(errorsOf(read).contains(u"journal show "_s + id));
         QVERIFY(errorsOf({u"journal"_s, u"list"_s}).contains(Journal().folder()));
         const QString back = u"journal put-back "_s + id;
@@ -357,12 +358,20 @@ private Q_SLOTS:
               u"refused"_s},
              {"no value", u"journal put-back "_s + oddId + u" --all --yes --port "_s + kSensor, 8,
               u"error/parameter"_s, u"K"_s},
-             {"nothing differs", u"journal put-back "_s + sameId + u" --all --port "_s + kSensor, 0,
-              u"plan"_s},
-             {"put back", back + u" --all --yes --port "_s + kSensor, 0, u"values/0/raw"_s,
-              u"4A0518"_s}},
+             {"a part", back + u" --output-only --yes --port "_s + kSensor, 0, u"values/0/raw"_s,
+              u"4A0518"_s},
+             {"another sensor's",
+              u"journal put-back "_s + othersId + u" --all --yes --port "_s + kSensor, 0,
+              u"values/0/raw"_s, u"4A0518"_s}},
             m_folder.path(u"."_s), kFast);
-        QCOMPARE(errorsOf(read), QString());
+        QCOMPARE(errorsOf(read).count(u'\n'), 3); // all are still to be told
+        checkRows({{"nothing differs",
+                    u"journal put-back "_s + sameId + u" --all --port "_s + kSensor, 0, u"plan"_s},
+                   {"put back", back + u" --all --yes --port "_s + kSensor, 0, u"values/0/raw"_s,
+                    u"4A0518"_s}},
+                  m_folder.path(u"."_s), kFast);
+        QCOMPARE(errorsOf(read).count(u'\n'), 1);
+        QVERIFY(errorsOf(read).contains(othersId));
     }
 
     void theSeriesOfTheManualWritesALineForEachSensor()
