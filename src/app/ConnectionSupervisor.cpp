@@ -307,10 +307,12 @@ void ConnectionSupervisor::tryAgain()
     m_reconnectBusy = true;
 }
 
-/// A port that is there and cannot be used is told of once; one that is not has its question.
+/// A port that is there and cannot be used is told of once; one that is not has its question. An
+/// attempt that another port has taken the place of has no result.
 void ConnectionSupervisor::tellWhy()
 {
-    if (m_link.hasFoundDevice() && !std::exchange(m_failureTold, true))
+    if (m_reconnectTimer.isActive() && m_link.hasFoundDevice() &&
+        !std::exchange(m_failureTold, true))
         m_gate.addNotice(m_link.openFailure());
 }
 

@@ -86,7 +86,7 @@ void WriteReport::tell(const WriteResult& result)
 
 void WriteReport::endVerified()
 {
-    if (m_verifiedShown)
+    if (m_verifiedShown && m_strip.isOf(nullptr)) // no other has taken its place
         m_strip.clear();
 }
 

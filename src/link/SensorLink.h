@@ -61,7 +61,7 @@ public:
     RequestId reopen();
     /// What the user is told about the last open; null if it has not failed.
     [[nodiscard]] QString openFailure() const;
-    /// Whether the last open found the device, even if it could not be used.
+    /// Whether the last open, which has ended, got as far as setting the device up.
     [[nodiscard]] bool hasFoundDevice() const;
 
     /// Ends the worker, which cuts short what it is doing and closes its port; fails what was
