@@ -24,10 +24,6 @@ using namespace pelorin;
 using namespace pelorin::test;
 using namespace Qt::StringLiterals;
 
-namespace {
-
-} // namespace
-
 class TestMainWindow : public QObject
 {
     Q_OBJECT

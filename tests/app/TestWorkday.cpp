@@ -6,7 +6,6 @@
 #include "pages/SelectPortDialog.h"
 #include "pages/SerialPortComboBox.h"
 #include "sensor/BackupFile.h"
-#include "sensor/SensorTypes.h"
 #include "support/TestFolder.h"
 
 #include <QComboBox>
