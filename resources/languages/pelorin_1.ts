@@ -2585,5 +2585,9 @@ From then on %1 is read, and %2 no longer.</translation>
         <source>The port is another one than that of the sensor that was written to.</source>
         <translation>The port is another one than that of the sensor that was written to.</translation>
     </message>
+    <message id="2267">
+        <source>Pelorin ends without its port. If you stay, it goes on without one.</source>
+        <translation>Pelorin ends without its port. If you stay, it goes on without one.</translation>
+    </message>
 </context>
 </TS>

@@ -2585,5 +2585,9 @@ Da allora viene letto %1, e %2 non più.</translation>
         <source>The port is another one than that of the sensor that was written to.</source>
         <translation>La porta non è quella del sensore in cui si è scritto.</translation>
     </message>
+    <message id="2267">
+        <source>Pelorin ends without its port. If you stay, it goes on without one.</source>
+        <translation>Senza la sua porta, Pelorin termina. Se si rimane, continua senza porta.</translation>
+    </message>
 </context>
 </TS>

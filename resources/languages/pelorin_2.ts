@@ -489,7 +489,7 @@ Abort ends the program, Retry tries the same port again, Ignore lets you select 
     <message id="196">
         <source>&amp;Restore Backup…</source>
         <extracomment>Menu item</extracomment>
-        <translation>Sicherung &amp;zurückschreiben …</translation>
+        <translation>Sicherung &amp;wiederherstellen …</translation>
     </message>
     <message id="197">
         <source>Send Command &amp;E</source>
@@ -2584,6 +2584,10 @@ Von da an wird %1 gelesen und %2 nicht mehr.</translation>
     <message id="2266">
         <source>The port is another one than that of the sensor that was written to.</source>
         <translation>Die Schnittstelle ist eine andere als die des Sensors, in den geschrieben wurde.</translation>
+    </message>
+    <message id="2267">
+        <source>Pelorin ends without its port. If you stay, it goes on without one.</source>
+        <translation>Ohne seine Schnittstelle wird Pelorin beendet. Wenn Sie bleiben, geht es ohne Schnittstelle weiter.</translation>
     </message>
 </context>
 </TS>

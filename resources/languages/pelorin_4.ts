@@ -2585,5 +2585,9 @@ Désormais %1 est lu, et %2 ne l'est plus.</translation>
         <source>The port is another one than that of the sensor that was written to.</source>
         <translation>Le port n'est pas celui du capteur dans lequel on a écrit.</translation>
     </message>
+    <message id="2267">
+        <source>Pelorin ends without its port. If you stay, it goes on without one.</source>
+        <translation>Sans son port, Pelorin se termine. Si vous restez, il continue sans port.</translation>
+    </message>
 </context>
 </TS>

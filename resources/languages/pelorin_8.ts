@@ -2585,5 +2585,9 @@ Desde entonces se lee %1, y %2 ya no.</translation>
         <source>The port is another one than that of the sensor that was written to.</source>
         <translation>El puerto no es el del sensor en el que se escribió.</translation>
     </message>
+    <message id="2267">
+        <source>Pelorin ends without its port. If you stay, it goes on without one.</source>
+        <translation>Sin su puerto, Pelorin termina. Si permanece, sigue sin puerto.</translation>
+    </message>
 </context>
 </TS>

@@ -17,19 +17,19 @@ Closing::Closing(QWidget& window, Shared shared)
 {
 }
 
-void Closing::askFirst(const std::function<void()>& stayed)
+void Closing::askFirst(const QString& reason, const std::function<void()>& stayed)
 {
     QMetaObject::invokeMethod(
-        this, [this, stayed] { ask(stayed); }, Qt::QueuedConnection);
+        this, [this, reason, stayed] { ask(reason, stayed); }, Qt::QueuedConnection);
 }
 
-void Closing::ask(const std::function<void()>& stayed)
+void Closing::ask(const QString& reason, const std::function<void()>& stayed)
 {
     CommandGate& gate = m_shared.gate;
     if (gate.isCloseWanted())
         return;
     if (!CommandGate::isDialogOpen() &&
-        m_shared.pages.mayDiscard(gate, PagePane::Leaving::Window)) {
+        m_shared.pages.mayDiscard(gate, PagePane::Leaving::Window, reason)) {
         m_window.close();
     } else if (!gate.isCloseWanted()) { // nor during the question
         stayed();

@@ -40,8 +40,10 @@ public:
 
     /// Closes the window once the user has agreed to lose what is entered. Asks from the event
     /// loop: no other close, as that of a signal, would reach the window while it handles this one.
+    /// @param reason why the window closes, where the user has not asked for it
     /// @param stayed runs if the window stays open
-    void askFirst(const std::function<void()>& stayed = [] {});
+    void askFirst(
+        const QString& reason = {}, const std::function<void()>& stayed = [] {});
     /// Does what can be done by now. Once the gate knows that the window is to close.
     void goOn();
     /// The same from the event loop, if the window is to close.
@@ -61,7 +63,7 @@ private:
         Done
     };
 
-    void ask(const std::function<void()>& stayed);
+    void ask(const QString& reason, const std::function<void()>& stayed);
     void enter(Stage stage);
     void endDialogs();
     void shutDown();

@@ -172,11 +172,13 @@ QStringList PagePane::questionsBefore(Leaving leaving) const
     return questions;
 }
 
-bool PagePane::mayDiscard(CommandGate& gate, Leaving leaving)
+bool PagePane::mayDiscard(CommandGate& gate, Leaving leaving, const QString& reason)
 {
-    const QStringList questions = questionsBefore(leaving);
+    QStringList questions = questionsBefore(leaving);
     if (questions.isEmpty())
         return true;
+    if (!reason.isEmpty())
+        questions.prepend(reason);
     const CommandGate::Scope scope(gate);
     const int answer =
         askWithButtons(window(), questions.join(QStringLiteral("\n\n")),

@@ -49,8 +49,10 @@ public:
         return !questionsBefore(leaving).isEmpty();
     }
     /// What the user has entered is discarded by nobody else: asks.
+    /// @param reason why it would go, where the user has not asked for that
     /// @return whether there is nothing of that (any more)
-    [[nodiscard]] bool mayDiscard(CommandGate& gate, Leaving leaving = Leaving::Page);
+    [[nodiscard]] bool mayDiscard(CommandGate& gate, Leaving leaving = Leaving::Page,
+                                  const QString& reason = {});
     /// Where the help tells of the shown page; empty without one.
     [[nodiscard]] QString helpAnchor() const;
 

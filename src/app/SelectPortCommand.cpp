@@ -49,8 +49,9 @@ void SelectPortCommand::change(int port)
 
 void SelectPortCommand::giveUp()
 {
-    m_parts.closing.askFirst(
-        [this] { m_parts.connection.leavePort([this] { Q_EMIT portLeft(); }); });
+    m_parts.closing.askFirst(languageString(strings::kEndsWithoutPort), [this] {
+        m_parts.connection.leavePort([this] { Q_EMIT portLeft(); });
+    });
 }
 
 } // namespace pelorin

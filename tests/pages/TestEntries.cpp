@@ -3,6 +3,8 @@
 #include "pages/OutputSetupPage.h"
 #include "pages/PageRig.h"
 #include "pages/SelectPortDialog.h"
+#include "platform/core/LanguageStrings.h"
+#include "platform/core/Strings.h"
 #include "support/Rows.h"
 #include "support/WaitFor.h"
 
@@ -285,7 +287,8 @@ private Q_SLOTS:
                 QVERIFY(waitFor([&rig] { return !rig.link().hasOpened(); }));
             },
             "Cancel"); // of the question about the port; Escape stays
-        QCOMPARE(asked.mid(1), QStringList(kAsked));
+        QCOMPARE(asked.mid(1), QStringList(languageString(strings::kEndsWithoutPort) +
+                                           QStringLiteral("\n\n") + kAsked));
         QVERIFY(rig.waitIdle() && rig.window().isVisible());
         QCOMPARE(rig.marked() + rig.bits(), QStringLiteral("Read: 2524"));
     }

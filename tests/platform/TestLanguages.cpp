@@ -41,7 +41,8 @@ const QString kMarked =
 /// have them. Nor those of the command line and of single values and log lines, below.
 const QString kNoFaults =
     u"117 167 184 240 244 245 263 1102 1503 1610 1703 1706 1707 1714 1715 1716 1749 1750 1756 1758 "
-    "1771 1774 1776 1785 1910 1911 1912 1926 1927 1928 1936 1941 1965 1973 1975 1977 2149 2152"_s;
+    "1771 1774 1776 1785 1910 1911 1912 1926 1927 1928 1936 1941 1965 1973 1975 1977 2149 2152 "
+    "2267"_s;
 
 /// Whether the help has to explain an English text.
 bool tellsOfAFault(const QString& number, const QString& text)

@@ -408,6 +408,7 @@ inline constexpr int kAskToDiscard = 1781;
 inline constexpr int kStay = 1782;
 inline constexpr int kDiscard = 1783;
 inline constexpr int kAskToDiscardTables = 2260;
+inline constexpr int kEndsWithoutPort = 2267; ///< before these questions
 inline constexpr int kAskToReadOver = 2261;
 inline constexpr int kValueRead = 1784;
 inline constexpr int kNoneRead = 1785;
