@@ -173,7 +173,7 @@ void PelorinMainWindow::connectConnection()
     connect(m_notices, &ConnectionNotices::commandWanted, this, &PelorinMainWindow::chooseCommand);
 
     SensorHeader* header = &m_pages->header();
-    connect(m_connection, &Supervisor::sensorLeft, m_report, &WriteReport::endVerified);
+    connect(m_connection, &Supervisor::sensorLeft, m_report, &WriteReport::leaveSensor);
     connect(m_connection, &Supervisor::sensorLeft, header, &SensorHeader::forgetSensor);
     connect(m_connection, &Supervisor::sensorLeft, m_notices, [this] {
         if (m_link.linkFailed() == 1) // a Connect tells at its end
@@ -237,7 +237,8 @@ void PelorinMainWindow::chooseCommand(int command)
         return;
     const auto leaving =
         command == kExitCommand ? PagePane::Leaving::Window : PagePane::Leaving::Page;
-    if (losesEntries(command) && m_pages->losesEntries(leaving) &&
+    const bool opensFirst = command == kSelectPortCommand && !m_link.hasOpened(); // entries stay
+    if (losesEntries(command) && !opensFirst && m_pages->losesEntries(leaving) &&
         (!m_gate.isFree() || !m_pages->mayDiscard(m_gate, leaving)))
         return;
     postCommand(command);
@@ -314,6 +315,7 @@ void PelorinMainWindow::runCommand(int command)
 
 void PelorinMainWindow::refresh()
 {
+    m_report->endNotWritten();
     if (SensorPage* page = m_pages->shownPage())
         page->getCurrentValues();
 }

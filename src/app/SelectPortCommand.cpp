@@ -22,7 +22,9 @@ SelectPortCommand::SelectPortCommand(QWidget& window, Parts parts)
 void SelectPortCommand::run()
 {
     const int formerPort = m_parts.link.openedPort();
-    SelectPortDialog dialog(&m_window, formerPort);
+    if (formerPort != 0)
+        m_lastPort = formerPort;
+    SelectPortDialog dialog(&m_window, m_lastPort);
     if (dialog.exec() != QDialog::Accepted ||
         (m_parts.link.isOpen() && dialog.selectedPort() == formerPort))
         return;
@@ -49,6 +51,8 @@ void SelectPortCommand::change(int port)
 
 void SelectPortCommand::giveUp()
 {
+    if (m_lastPort == 0)
+        m_lastPort = m_parts.link.openedPort();
     m_parts.closing.askFirst(languageString(strings::kEndsWithoutPort), [this] {
         m_parts.connection.leavePort([this] { Q_EMIT portLeft(); });
     });

@@ -48,6 +48,7 @@ private:
 
     QWidget& m_window;
     const Parts m_parts;
+    int m_lastPort = 0; ///< which is offered while there is none
 };
 
 } // namespace pelorin

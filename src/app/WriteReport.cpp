@@ -49,7 +49,7 @@ WriteReport::WriteReport(QWidget& window, const Shared& shared)
             m_strip.clear();
     });
     connect(&m_strip, &NoticeStrip::emptied, this, [this] {
-        m_verifiedShown = false;
+        m_shown.reset();
         showWaiting();
     });
     m_writer.setQuestion([this](const QString& reason, const std::function<void(bool)>& answer) {
@@ -81,12 +81,18 @@ void WriteReport::tell(const WriteResult& result)
         }
     }
     m_strip.show(std::move(notice));
-    m_verifiedShown = result.kind == Kind::Verified;
+    m_shown = result.kind;
 }
 
-void WriteReport::endVerified()
+void WriteReport::leaveSensor()
 {
-    if (m_verifiedShown && m_strip.isOf(nullptr)) // no other has taken its place
+    if ((m_shown == Kind::Verified || m_shown == Kind::NotWritten) && m_strip.isOf(nullptr))
+        m_strip.clear(); // unless another has taken its place
+}
+
+void WriteReport::endNotWritten()
+{
+    if (m_shown == Kind::NotWritten && m_strip.isOf(nullptr))
         m_strip.clear();
 }
 

@@ -7,6 +7,7 @@
 #include <QObject>
 #include <QStringList>
 
+#include <optional>
 #include <vector>
 
 namespace pelorin {
@@ -34,8 +35,10 @@ public:
     /// @param window owns the report, and is under its questions
     WriteReport(QWidget& window, const Shared& shared);
 
-    /// Another sensor may be connected from here on: that one was verified says nothing of it.
-    void endVerified();
+    /// Another sensor may be connected from here on: verified, or not written, is over.
+    void leaveSensor();
+    /// A page is read anew: that nothing was written to what it had read before is over.
+    void endNotWritten();
 
     /// Tells what earlier runs of the program could not tell, once.
     void tellUntold();
@@ -70,8 +73,8 @@ private:
     CommandGate& m_gate;
     NoticeStrip& m_strip;
     LinkStatusBar& m_statusBar;
-    std::vector<Waiting> m_waiting; ///< for the strip to be empty
-    bool m_verifiedShown = false;
+    std::vector<Waiting> m_waiting;           ///< for the strip to be empty
+    std::optional<WriteResult::Kind> m_shown; ///< the outcome in the strip
     bool m_untoldTold = false;
     QStringList m_offered; ///< entries
 };

@@ -290,6 +290,12 @@ private Q_SLOTS:
         QCOMPARE(asked.mid(1), QStringList(languageString(strings::kEndsWithoutPort) +
                                            QStringLiteral("\n\n") + kAsked));
         QVERIFY(rig.waitIdle() && rig.window().isVisible());
+        rig.sensor().comeBack();
+        const ModalAnswer<SelectPortDialog> lastPort(
+            [](SelectPortDialog& dialog) { QTest::keyClick(&dialog, Qt::Key_Return); });
+        QVERIFY(rig.clickCommand(kSelectPortCommand)); // and no question
+        QVERIFY(waitFor([&rig] { return rig.link().isIdentified(); }) && rig.waitIdle());
+        QCOMPARE(rig.link().portNumber(), MainWindowRig::kPort);
         QCOMPARE(rig.marked() + rig.bits(), QStringLiteral("Read: 2524"));
     }
 
