@@ -1344,9 +1344,9 @@ Without that it cannot be put back. Write all the same?</translation>
         <translation>The calibration is the saved one: it looks like the same sensor. Suggested: all parameters.</translation>
     </message>
     <message id="1750">
-        <source>The calibration is not the saved one (%1): this may be another sensor. Choose what is to be written.</source>
+        <source>The calibration is not the saved one (%1): this may be another sensor.</source>
         <extracomment>%1 parameters</extracomment>
-        <translation>The calibration is not the saved one (%1): this may be another sensor. Choose what is to be written.</translation>
+        <translation>The calibration is not the saved one (%1): this may be another sensor.</translation>
     </message>
     <message id="1751">
         <source>All parameters: the sensor becomes what was saved, its calibration included</source>
@@ -2588,6 +2588,15 @@ From then on %1 is read, and %2 no longer.</translation>
     <message id="2267">
         <source>Pelorin ends without its port. If you stay, it goes on without one.</source>
         <translation>Pelorin ends without its port. If you stay, it goes on without one.</translation>
+    </message>
+    <message id="2268">
+        <source>Another sensor answers than the one that was connected. Connect it first. Nothing was written.</source>
+        <translation>Another sensor answers than the one that was connected. Connect it first. Nothing was written.</translation>
+    </message>
+    <message id="2269">
+        <source>Saved, and not taken over, since this type of sensor does not have it: %1.</source>
+        <extracomment>%1 parameters</extracomment>
+        <translation>Saved, and not taken over, since this type of sensor does not have it: %1.</translation>
     </message>
 </context>
 </TS>

@@ -1344,9 +1344,9 @@ Senza di ciò non può essere ripristinato. Scrivere comunque?</translation>
         <translation>La calibrazione è quella salvata: sembra lo stesso sensore. Proposta: tutti i parametri.</translation>
     </message>
     <message id="1750">
-        <source>The calibration is not the saved one (%1): this may be another sensor. Choose what is to be written.</source>
+        <source>The calibration is not the saved one (%1): this may be another sensor.</source>
         <extracomment>%1 parameters</extracomment>
-        <translation>La calibrazione non è quella salvata (%1): può essere un altro sensore. Scegliere che cosa scrivere.</translation>
+        <translation>La calibrazione non è quella salvata (%1): può essere un altro sensore.</translation>
     </message>
     <message id="1751">
         <source>All parameters: the sensor becomes what was saved, its calibration included</source>
@@ -2588,6 +2588,15 @@ Da allora viene letto %1, e %2 non più.</translation>
     <message id="2267">
         <source>Pelorin ends without its port. If you stay, it goes on without one.</source>
         <translation>Senza la sua porta, Pelorin termina. Se si rimane, continua senza porta.</translation>
+    </message>
+    <message id="2268">
+        <source>Another sensor answers than the one that was connected. Connect it first. Nothing was written.</source>
+        <translation>Risponde un sensore diverso da quello collegato. Collegarlo prima. Non è stato scritto nulla.</translation>
+    </message>
+    <message id="2269">
+        <source>Saved, and not taken over, since this type of sensor does not have it: %1.</source>
+        <extracomment>%1 parameters</extracomment>
+        <translation>Salvato e non ripreso, perché questo tipo di sensore non lo ha: %1.</translation>
     </message>
 </context>
 </TS>

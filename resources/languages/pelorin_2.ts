@@ -1344,9 +1344,9 @@ Ohne das kann es nicht zurückgeschrieben werden. Trotzdem schreiben?</translati
         <translation>Der Abgleich ist der gesicherte: Es sieht nach demselben Sensor aus. Vorschlag: alle Parameter.</translation>
     </message>
     <message id="1750">
-        <source>The calibration is not the saved one (%1): this may be another sensor. Choose what is to be written.</source>
+        <source>The calibration is not the saved one (%1): this may be another sensor.</source>
         <extracomment>%1 parameters</extracomment>
-        <translation>Der Abgleich ist nicht der gesicherte (%1): Dies kann ein anderer Sensor sein. Wählen Sie, was geschrieben werden soll.</translation>
+        <translation>Der Abgleich ist nicht der gesicherte (%1): Dies kann ein anderer Sensor sein.</translation>
     </message>
     <message id="1751">
         <source>All parameters: the sensor becomes what was saved, its calibration included</source>
@@ -2588,6 +2588,15 @@ Von da an wird %1 gelesen und %2 nicht mehr.</translation>
     <message id="2267">
         <source>Pelorin ends without its port. If you stay, it goes on without one.</source>
         <translation>Ohne seine Schnittstelle wird Pelorin beendet. Wenn Sie bleiben, geht es ohne Schnittstelle weiter.</translation>
+    </message>
+    <message id="2268">
+        <source>Another sensor answers than the one that was connected. Connect it first. Nothing was written.</source>
+        <translation>Es antwortet ein anderer Sensor als der verbundene. Verbinden Sie ihn zuerst. Es wurde nichts geschrieben.</translation>
+    </message>
+    <message id="2269">
+        <source>Saved, and not taken over, since this type of sensor does not have it: %1.</source>
+        <extracomment>%1 parameters</extracomment>
+        <translation>Gesichert und nicht übernommen, da dieser Sensortyp es nicht hat: %1.</translation>
     </message>
 </context>
 </TS>

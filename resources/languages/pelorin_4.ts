@@ -1344,9 +1344,9 @@ Sans cela, il ne peut pas être rétabli. Écrire malgré tout ?</translation>
         <translation>L'étalonnage est celui qui a été sauvegardé : il semble que ce soit le même capteur. Proposé : tous les paramètres.</translation>
     </message>
     <message id="1750">
-        <source>The calibration is not the saved one (%1): this may be another sensor. Choose what is to be written.</source>
+        <source>The calibration is not the saved one (%1): this may be another sensor.</source>
         <extracomment>%1 parameters</extracomment>
-        <translation>L'étalonnage n'est pas celui qui a été sauvegardé (%1) : c'est peut-être un autre capteur. Choisissez ce qui doit être écrit.</translation>
+        <translation>L'étalonnage n'est pas celui qui a été sauvegardé (%1) : c'est peut-être un autre capteur.</translation>
     </message>
     <message id="1751">
         <source>All parameters: the sensor becomes what was saved, its calibration included</source>
@@ -2588,6 +2588,15 @@ Désormais %1 est lu, et %2 ne l'est plus.</translation>
     <message id="2267">
         <source>Pelorin ends without its port. If you stay, it goes on without one.</source>
         <translation>Sans son port, Pelorin se termine. Si vous restez, il continue sans port.</translation>
+    </message>
+    <message id="2268">
+        <source>Another sensor answers than the one that was connected. Connect it first. Nothing was written.</source>
+        <translation>Le capteur qui répond n'est pas celui qui était connecté. Connectez-le d'abord. Rien n'a été écrit.</translation>
+    </message>
+    <message id="2269">
+        <source>Saved, and not taken over, since this type of sensor does not have it: %1.</source>
+        <extracomment>%1 parameters</extracomment>
+        <translation>Sauvegardé et non repris, car ce type de capteur ne l'a pas : %1.</translation>
     </message>
 </context>
 </TS>

@@ -1344,9 +1344,9 @@ Sin eso no se puede restablecer. ¿Escribir de todos modos?</translation>
         <translation>La calibración es la guardada: parece el mismo sensor. Propuesta: todos los parámetros.</translation>
     </message>
     <message id="1750">
-        <source>The calibration is not the saved one (%1): this may be another sensor. Choose what is to be written.</source>
+        <source>The calibration is not the saved one (%1): this may be another sensor.</source>
         <extracomment>%1 parameters</extracomment>
-        <translation>La calibración no es la guardada (%1): puede ser otro sensor. Elija qué se debe escribir.</translation>
+        <translation>La calibración no es la guardada (%1): puede ser otro sensor.</translation>
     </message>
     <message id="1751">
         <source>All parameters: the sensor becomes what was saved, its calibration included</source>
@@ -2588,6 +2588,15 @@ Desde entonces se lee %1, y %2 ya no.</translation>
     <message id="2267">
         <source>Pelorin ends without its port. If you stay, it goes on without one.</source>
         <translation>Sin su puerto, Pelorin termina. Si permanece, sigue sin puerto.</translation>
+    </message>
+    <message id="2268">
+        <source>Another sensor answers than the one that was connected. Connect it first. Nothing was written.</source>
+        <translation>Responde otro sensor que el que estaba conectado. Conéctelo primero. No se escribió nada.</translation>
+    </message>
+    <message id="2269">
+        <source>Saved, and not taken over, since this type of sensor does not have it: %1.</source>
+        <extracomment>%1 parameters</extracomment>
+        <translation>Guardado y no aplicado, porque este tipo de sensor no lo tiene: %1.</translation>
     </message>
 </context>
 </TS>

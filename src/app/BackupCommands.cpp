@@ -189,6 +189,8 @@ BackupCommands::End BackupCommands::review(Mode mode, const Saved& saved)
     ReadSensorDialog reading(&m_window, runner(), m_formats, mode);
     if (reading.exec() != QDialog::Accepted)
         return {.message = reading.message()};
+    if (mode != Mode::Compare && textOf(reading.values(), 'V') != link().versionText())
+        return {.message = languageString(strings::kOtherAnswers)};
     const ReviewDialog::Review shown{.purpose = purposeOf(mode),
                                      .source = saved.source,
                                      .ssiType = link().ssiType(),

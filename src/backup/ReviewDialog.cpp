@@ -210,6 +210,13 @@ void ReviewDialog::renderTexts()
     }
     if (m_review.purpose != Purpose::PutBack && !missing.isEmpty())
         notes << languageString(strings::kNotInBackup).arg(parametersInWords(missing));
+    QByteArray unknown;
+    for (const auto& [id, value] : m_review.saved) {
+        if (!sensorType(m_review.ssiType).has(id))
+            unknown += id;
+    }
+    if (isRestore() && !unknown.isEmpty())
+        notes << languageString(strings::kNotOfThisType).arg(parametersInWords(unknown));
     if (!onlyShows() && asksForStream(m_review.saved))
         notes << languageString(strings::kStreamNotWritten);
     show(kSourceControl, m_review.source);

@@ -42,7 +42,7 @@ const QString kMarked =
 const QString kNoFaults =
     u"117 167 184 240 244 245 263 1102 1503 1610 1703 1706 1707 1714 1715 1716 1749 1750 1756 1758 "
     "1771 1774 1776 1785 1910 1911 1912 1926 1927 1928 1936 1941 1965 1973 1975 1977 2149 2152 "
-    "2267"_s;
+    "2267 2269"_s;
 
 /// Whether the help has to explain an English text.
 bool tellsOfAFault(const QString& number, const QString& text)

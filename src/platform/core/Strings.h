@@ -345,6 +345,7 @@ inline constexpr int kOutputSettingsOnly = 1752;
 inline constexpr int kWriteButton = 1753;
 inline constexpr int kComparisonFilter = 1754;
 inline constexpr int kNotInBackup = 1755;
+inline constexpr int kNotOfThisType = 2269;
 inline constexpr int kNotAsThen = 1756;
 inline constexpr int kOffsetToBeCalculated = 1757;
 inline constexpr int kNothingDiffers = 1758;
@@ -380,6 +381,7 @@ inline constexpr int kCounts = 1724;
 inline constexpr int kNoticeName = 1725;
 inline constexpr int kAnotherConnected = 1726;
 inline constexpr int kAnotherPort = 2266;
+inline constexpr int kOtherAnswers = 2268;
 
 // Earlier states of sensors
 inline constexpr int kEarlierStatesItem = 1760;
