@@ -51,8 +51,7 @@ void SelectPortCommand::change(int port)
 
 void SelectPortCommand::giveUp()
 {
-    if (m_lastPort == 0)
-        m_lastPort = m_parts.link.openedPort();
+    m_lastPort = m_parts.link.openedPort(); // of a change that failed the one before
     m_parts.closing.askFirst(languageString(strings::kEndsWithoutPort), [this] {
         m_parts.connection.leavePort([this] { Q_EMIT portLeft(); });
     });
